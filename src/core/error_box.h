@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/run_time_error.h"
+
+#include <string_view>
+#include <utility>
+
+namespace quelmont {
+
+/// Box of a routine's error handler: "Error in " and the routine's name, "Error: " and the
+/// description.
+void ShowErrorBox(std::string_view routine, const RunTimeError& error);
+
+/// Box of a failed surface or system operation, under the title "Windows API Error".
+void ShowApiErrorBox(std::string_view text);
+
+/// Between the two calls, which enclose a draw, each box of the kinds above is shown once: a point
+/// that fails would otherwise bring as many boxes as the map has points. Repeats are counted, and
+/// EndDrawBoxes tells their number in one last box.
+void BeginDrawBoxes();
+void EndDrawBoxes();
+
+/// Runs a routine that has an error handler. Returns false after a failure, whose box was shown.
+template <typename Body>
+bool Guarded(std::string_view routine, Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const RunTimeError& error) {
+        ShowErrorBox(routine, error);
+        return false;
+    }
+}
+
+} // namespace quelmont

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+/// The two files that the program has open at most: number 1 is the input, number 2 the output.
+/// The handler of Escape closes both by number, whoever opened them.
+
+namespace quelmont {
+
+constexpr int InputFileNumber = 1;
+constexpr int OutputFileNumber = 2;
+
+enum class OpenMode {
+    Input,  ///< reads a file that must exist
+    Output, ///< writes a file anew
+    Append, ///< writes behind what a file holds
+    Binary, ///< writes at any place of a file and keeps what it holds
+};
+
+/// Opens a file under a number. RunTimeError: "File not found" (only Input), "Path not found",
+/// "Permission denied", "Path/File access error" for what is no plain file, "File already open".
+void OpenFile(int number, const std::string& name, OpenMode mode);
+
+/// Closes a file; a number that is not open is no error. RunTimeError "Disk full" or
+/// "Device I/O error" when what was buffered cannot be written; the number is free all the same.
+void CloseFile(int number);
+
+bool IsFileOpen(int number);
+
+/// Reads up to the size of the span and returns how many bytes there were, less only at the end of
+/// the file. RunTimeError "Bad file name or number", "Device I/O error".
+std::size_t ReadFile(int number, std::span<std::byte> bytes);
+
+/// RunTimeError "Disk full", "Device I/O error", "Bad file name or number".
+void WriteFile(int number, std::span<const std::byte> bytes);
+
+/// Moves to a byte counted from 0.
+void SeekFile(int number, std::int64_t position);
+
+/// Bytes of the open file.
+std::int64_t FileLength(int number);
+
+/// What a file number reads and writes: by default a file of the system. Tests put a device of
+/// their own under the numbers, one that fails after so many bytes, say.
+class FileDevice {
+public:
+    virtual ~FileDevice() = default;
+    virtual std::size_t Read(std::span<std::byte> bytes) = 0;
+    virtual void Write(std::span<const std::byte> bytes) = 0;
+    virtual void Seek(std::int64_t position) = 0;
+    virtual std::int64_t Length() = 0;
+    /// Flushes and closes; afterwards only the destructor is called.
+    virtual void Close() = 0;
+};
+using FileDeviceMaker = std::unique_ptr<FileDevice> (*)(const std::string& name, OpenMode mode);
+
+/// Replaces the maker of devices; nullptr goes back to the system's files.
+void SetFileDeviceMaker(FileDeviceMaker maker);
+
+} // namespace quelmont

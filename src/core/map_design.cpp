@@ -1,0 +1,7 @@
+#include "core/map_design.h"
+
+namespace quelmont {
+
+MapDesign Design;
+
+} // namespace quelmont

@@ -1,0 +1,246 @@
+#pragma once
+
+#include "core/coordinates.h"
+#include "core/map_file_entry.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+class DrawSurface;
+
+/// What a calculation that refused the design leaves for the open dialog: the control concerned,
+/// the controls whose last accepted text is to be put back, and the button pressed in the box.
+struct Refusal {
+    std::string Field;                 ///< empty when nothing was refused
+    std::vector<std::string> Restored; ///< controls that Cancel writes back
+    bool Retry = false;                ///< Retry gives the focus to Field
+};
+
+/// Points and seconds of a draw, for whoever wants to report them.
+struct DrawStatistics {
+    struct MapFile {
+        std::string Name;
+        double Seconds = 0.0;
+        std::int64_t PointsRead = 0;
+        std::int64_t PointsPlotted = 0;
+    };
+    double GridSeconds = 0.0;
+    std::int64_t GridPointsPlotted = 0;
+    std::vector<MapFile> MapFiles;
+};
+
+/// The state of the whole program: one map design, and what the last draw made of it.
+///
+/// There is exactly one, Design. Every routine reads and writes its fields by name; nothing passes
+/// a design along. Flags stand in files as -1 and 0. Sections follow the flow of the data.
+struct MapDesign {
+    // ---- Projection. Written by the projection menu and the design file reader, read everywhere.
+    std::int16_t ProjNum = 2;                 ///< sparse number, stored in design files
+    std::string ProjName = "Equirectangular"; ///< name in reports
+    std::array<bool, 43> ProjGridSet = {};    ///< by ProjNum: GridText was accepted for it
+    std::int16_t ProjMenuLast = 0;            ///< last index of the projection menu
+    std::int16_t ProjNumPrev = 0;             ///< the projection before the last change
+
+    // ---- Texts of the design. Written by the boundary dialogs and the design file reader, read by
+    // CalcGraticule, CalcGraticuleInterrupt, CalcUtmZone, CalcUtmGrid.
+    /// 0 north, 1 south, 2 latitude spacing, 3 west, 4 east, 5 longitude spacing, 6 central
+    /// latitude, 7 central longitude, 8 range, 9 height of the view point in kilometres.
+    std::array<std::string, 10> GridText = {};
+    std::array<std::string, 2> StdParText = {}; ///< northern, southern standard parallel
+    /// 0 and 1 counts of interruptions north and south, 2 left boundary, 3 to 5 and 6 to 8 the
+    /// interruptions of each hemisphere.
+    std::array<std::string, 10> LobeText = {};
+    /// 0 central longitude, 1 latitude of origin, 2 false easting, 3 false northing, 4 scale
+    /// factor, 5 north, 6 south, 7 spacing of northings, 8 west, 9 east, 10 spacing of eastings.
+    std::array<std::string, 11> UtmText = {};
+    std::string SpheroidName;
+
+    // ---- Bounds and grid. Written by CalcGraticule, CalcGraticuleInterrupt, CalcUtmGrid, read by
+    // ParamSelect, PlotGrid, MapPlot. Seconds and degrees; whole metres on UTM.
+    std::int32_t LatNorthSec = 0, LatSouthSec = 0, LatGridSec = 0;
+    double LatNorth = 0.0, LatSouth = 0.0, LatGrid = 0.0;
+    std::string LatNorthText, LatSouthText, LatGridText;
+    std::int32_t LatGridCount = 0;               ///< grid spacings between south and north
+    std::int32_t LonWestSec = 0, LonEastSec = 0; ///< true longitudes
+    double LonWest = 0.0, LonEast = 0.0;
+    std::string LonWestText, LonEastText;
+    std::int32_t LonZeroSec = 0, LonSpanSec = 0; ///< relative longitudes of the boundaries
+    double LonZero = 0.0, LonSpan = 0.0;
+    std::int32_t LonGridSec = 0;
+    double LonGrid = 0.0;
+    std::string LonGridText;
+    std::int32_t LonGridCount = 0;
+    double LonMiddle = 0.0; ///< true longitude of the middle of the map, degrees
+
+    // ---- Centre of the map. Written by the same routines.
+    std::int32_t LatCentralSec = 0, LonCentralSec = 0;                    ///< as typed
+    double LatCentral = 0.0;                                              ///< degrees
+    double LatCentralRad = 0.0, CosLatCentral = 0.0, SinLatCentral = 0.0; ///< not on UTM
+    double LonCentral = 0.0; ///< degrees, relative; the true central longitude on UTM
+    std::string LatCentralText, LonCentralText;
+    std::int32_t RangeSec = 0; ///< angular radius of an azimuthal map
+    double CosRange = 0.0;
+    double VpDistanceKm = 0.0; ///< height of the view point above the surface
+    Refusal LastRefusal;       ///< of the last CalcGraticule or CalcUtmGrid
+
+    // ---- Standard parallels. Written by ParamStdParallel and its dialog, read by ParamSelect.
+    double StdParNorth = 0.0, StdParSouth = 0.0; ///< degrees
+    std::string StdParNorthText, StdParSouthText;
+
+    // ---- Working constants of the projections. Written by ParamSelect, read by ProjectSelect.
+    double CosStdPar = 0.0;
+    double ConeConstant = 0.0; ///< angle on the map per angle of longitude
+    double ConicG = 0.0;       ///< degrees
+    double ConicF = 0.0, ConicC = 0.0;
+    double ConicRho0 = 0.0; ///< radius of the parallel at LatCentral
+    double VpP = 0.0;       ///< distance of the view point from the earth's centre, earth radii
+    /// By ProjNum - 26: a point is visible if the cosine of its distance from the centre is above.
+    std::array<double, 6> HorizonCos = {};
+
+    // ---- Spheroid and zone. Written by CalcUtmZone, read by UtmForward and MapPlot. Metres.
+    double SpheroidA = 0.0, SpheroidF = 0.0, SpheroidE2 = 0.0, SpheroidEp2 = 0.0;
+    double UtmK0 = 0.0, UtmFalseEasting = 0.0, UtmFalseNorthing = 0.0;
+    double UtmMeridianC0 = 0.0, UtmMeridianC1 = 0.0, UtmMeridianC2 = 0.0, UtmMeridianC3 = 0.0;
+    double UtmM0 = 0.0; ///< meridian arc at the latitude of origin
+
+    // ---- Lobes of the interrupted projection. Written by its dialog, read by the draw cycle and
+    // CalcGraticuleInterrupt.
+    std::array<std::string, 10> LobeLonText = {};
+    std::array<double, 10> LobeLonDeg = {};
+    std::array<std::int32_t, 10> LobeLonSec = {};
+    std::array<double, 10> LobeCentral = {}; ///< x of each lobe, projection units
+    double LobeOffsetX = 0.0;                ///< x of the lobe being drawn, else 0
+    bool LobeFirst = false;                  ///< first pass of the draw
+    bool LobeLast = false;                   ///< last pass of the draw
+
+    // ---- Point cell: the calling convention of ProjectSelect.
+    double ProjLat = 0.0, ProjLon = 0.0; ///< in: degrees, relative longitude; metres on UTM
+    double ProjX = 0.0, ProjY = 0.0;     ///< out: projection units
+    bool ProjOffMap = false;             ///< out: no place on the map. Also set by a validation that refused
+    std::int16_t ProjTestMode = 0;       ///< 0 project, 2 resume after a test, else test only
+    std::int16_t PointStatus = 0;        ///< 0 go on, 1 new line, 2 beyond horizon, 4 in range, 5 outside it
+    std::int16_t LineStart = 0;          ///< 3: the next point is a move, whatever PointStatus says
+    std::int32_t PointLatSec = 0, PointLonSec = 0; ///< point of a reader or circle, relative frame
+    std::int32_t PointLatSecPrev = 0, PointLonSecPrev = 0;
+    bool StartLine = false;    ///< the current point begins a line of its source
+    bool UtmPointPath = false; ///< points are seconds that become degrees before they are projected
+
+    // ---- Extent and fit. Extent written by ParamSelect, the fit by ScaleScreen.
+    double MapXMin = 0.0, MapXMax = 1.0, MapYMin = 0.0, MapYMax = 1.0; ///< projection units
+    double XAxisLength = 1.0; ///< length of the x axis in transformed output
+    double AsciiScale = 0.0;
+    double MapReduce = 1.0; ///< share of the drawing area that the map fills, 0.1 to 1
+    std::int32_t LogicalWidth = 0, LogicalHeight = 0;
+    std::int16_t LogicalOriginX = 0, LogicalOriginY = 0;
+    std::int32_t LogicalMarginX = 0, LogicalMarginY = 0;
+    double LogicalScale = 0.0;                      ///< logical units per projection unit
+    std::int32_t ClientWidth = 0, ClientHeight = 0; ///< drawing area less one pixel, twips
+    double ScreenOriginX = 0.0, ScreenOriginY = 0.0, ScreenScaleX = 0.0, ScreenScaleY = 0.0;
+
+    // ---- Measures of the screen. Written by ConstantDefs.
+    float TwipsPerPixelX = 0.0F, TwipsPerPixelY = 0.0F;
+    std::int32_t ScreenPixelsX = 0, ScreenPixelsY = 0;
+    std::int32_t FullScreenX = 0, FullScreenY = 0; ///< drawing area of a maximised window, pixels
+
+    // ---- Output. Flags armed by the File menu, cleared at the end of a draw.
+    bool OutputCgm = false, OutputDxf = false, OutputWmf = false, OutputAscii = false;
+    bool OutputGc = false, OutputSc = false;
+    bool PrintingNow = false; ///< the surface is the printer
+    std::string CgmFileName, DxfFileName, WmfFileName, BmpFileName, GcFileName, ScFileName, CnfFileName;
+    std::string OutputFileName;             ///< file that this draw has open, empty when none
+    std::vector<std::string> AsciiFileName; ///< output names: of the grid, then of each map file
+    std::int16_t GridOutputCount = 0;       ///< entries of AsciiFileName that the grid takes
+
+    // ---- The device in use. Written by PlotGrid and MapPlot, read by PrintToScreen.
+    DrawSurface* Surface = nullptr;
+    float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
+    std::int16_t CurrentSymbolType = SymbolLine;
+    ColorValue PenColor = 0;
+    std::int32_t PenWidth = 1;                              ///< device pixels
+    std::int32_t SymbolRadius = 0;                          ///< twips
+    std::int16_t SymbolRadiusFile = 0, BorderWidthFile = 0; ///< logical units
+    std::int32_t PointCount = 0;     ///< vertices in the chain that a file writer has open
+    bool LineBreakPending = false;   ///< the next point opens a chain in the file
+    bool LineWidthsScaled = false;   ///< widths are a share of the drawing, not device pixels
+    std::int16_t MaxChainPoints = 0; ///< most vertices of one polyline in a file
+    std::int16_t TextScalePercent = 0;
+
+    // ---- Colours, grid. Written by their dialogs.
+    std::int16_t BackColorIndex = 0;
+    ColorValue BackColor = 0;
+    std::int16_t GridColorIndex = 0;
+    ColorValue GridColor = 0;
+    float GridLineWidth = 0.0F;    ///< twips
+    std::int16_t GridTypeCode = 0; ///< 1 to 5
+    std::string GridTypeText;
+
+    // ---- Circles. Written by their dialogs, read by MapPlot.
+    std::int16_t GcColorIndex = 0, ScColorIndex = 0;
+    ColorValue GcColor = 0, ScColor = 0;
+    float GcLineWidth = 0.0F, ScLineWidth = 0.0F; ///< twips
+    std::array<std::string, 4> GcText = {};       ///< latitude and longitude of start, then of end
+    double GcStartLat = 0.0, GcStartLon = 0.0, GcEndLat = 0.0, GcEndLon = 0.0; ///< degrees
+    std::array<std::string, 3> ScText = {}; ///< centre's latitude, longitude, radius
+    double ScRadiusDeg = 0.0;
+    std::int16_t ScSymbolCount = 0;
+
+    // ---- Text. Written by the text dialogs.
+    float TextStep = 0.0F; ///< step of an arrow key, twips
+    std::array<std::int16_t, 23> FontSizes = {};
+    std::int32_t TextCursorX = 0, TextCursorY = 0; ///< twips
+    bool TextOnShow = false;
+
+    // ---- Digital map files. Written by their dialogs, read by MapPlot. Entry 0 is the first file.
+    std::vector<InputFileEntry> InputFiles;
+    std::int16_t MapFileCount = 0;
+    std::int16_t MapFeatureMax = 0;
+
+    // ---- Page of a printed map. In units of PrintUnitTwips.
+    std::int32_t PrintUnitTwips = 0;
+    double PrintLeft = 0.0, PrintTop = 0.0, PrintWidth = 0.0, PrintHeight = 0.0;
+    bool PrintCentreX = false, PrintCentreY = false;
+
+    // ---- Run state of a draw. Written by the draw cycle and the handler of Escape.
+    std::string PlotStopReason; ///< "" normally, "Escape", "GridDiskError"
+    double PlotSeconds = 0.0;   ///< at the end of a draw: how long it took
+    bool MapDrawing = false;
+    bool PageEnding = false; ///< a printer page is being closed
+    bool PrintAbort = false; ///< Escape was pressed in printing
+    std::string SavedCaption;
+    bool DialogCancelled = false; ///< left by a dialog's Cancel; the caller reads and clears it
+    bool BoundsChanged = false;   ///< a boundary dialog changed what the map shows
+    DrawStatistics Statistics;    ///< of the last draw
+
+    // ---- Places. Written at start-up. Folders end in a separator.
+    std::string VersionText, AppPath, HelpFile, MapFileDefault;
+};
+
+/// The design.
+extern MapDesign Design;
+
+/// The six projections bounded by a circle about their centre.
+inline bool IsAzimuthal(std::int16_t projNum) { return projNum >= 26 && projNum <= 31; }
+
+constexpr std::int16_t ProjMercator = 1;
+constexpr std::int16_t ProjEquirectangular = 2;
+constexpr std::int16_t ProjEquidistantConic = 6;
+constexpr std::int16_t ProjConformalConic = 7;
+constexpr std::int16_t ProjAlbers = 8;
+constexpr std::int16_t ProjHammer = 12;
+constexpr std::int16_t ProjRobinson = 16;
+constexpr std::int16_t ProjUtm = 17;
+constexpr std::int16_t ProjGnomonic = 26;
+constexpr std::int16_t ProjStereographic = 27;
+constexpr std::int16_t ProjOrthographic = 28;
+constexpr std::int16_t ProjVerticalPerspective = 29;
+constexpr std::int16_t ProjAzimuthalEquidistant = 30;
+constexpr std::int16_t ProjAzimuthalEqualArea = 31;
+constexpr std::int16_t ProjCylindricalEqualArea = 40;
+constexpr std::int16_t ProjMollweide = 41;
+constexpr std::int16_t ProjInterruptedMollweide = 42;
+
+} // namespace quelmont

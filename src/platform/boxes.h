@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+namespace quelmont {
+
+enum class BoxButtons { Ok, RetryCancel, YesNo };
+enum class BoxIcon { Exclamation, Information };
+enum class BoxAnswer { Ok, Retry, Cancel, Yes, No };
+
+/// Message boxes. The only way in which the logic speaks to a person.
+class Boxes {
+public:
+    virtual ~Boxes() = default;
+
+    /// Shows a modal box and returns the button that closed it. A box closed without a button
+    /// answers Ok, Cancel or No, whichever it has. Texts are UTF-8; "\n" breaks a line.
+    virtual BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons,
+                          BoxIcon icon) = 0;
+};
+
+} // namespace quelmont

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace quelmont {
+
+/// A pen, brush or font of a surface. 0 is no object: the answer of an operation that failed.
+using SurfaceHandle = std::uint32_t;
+
+/// A device point in pixels of its surface, y downward.
+struct SurfacePoint {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    bool operator==(const SurfacePoint&) const = default;
+};
+
+/// Pen styles of CreatePen.
+constexpr int PenStyleSolid = 0;
+constexpr int PenStyleNull = 5; ///< draws nothing
+
+/// GetStockObject's number of the brush that fills nothing.
+constexpr int StockNullBrush = 5;
+
+/// SetPolyFillMode's modes: alternate (even-odd) and winding.
+constexpr int FillAlternate = 1;
+constexpr int FillWinding = 2;
+
+/// The one way to paint: the window's back image, a picture file, a printer page, a metafile.
+///
+/// A surface has a current pen, a current brush, a current position and a fill mode. Coordinates
+/// are device pixels, y downward, and may lie far outside the surface. Colours are 0x00BBGGRR;
+/// the bits above the lowest 24 are ignored. An operation that answers bool answers false when it
+/// failed and then has drawn nothing.
+class DrawSurface {
+public:
+    virtual ~DrawSurface() = default;
+
+    /// Sets the current position and draws nothing.
+    virtual void MoveToEx(std::int32_t x, std::int32_t y) = 0;
+    /// Draws with the pen from the current position to (x, y), without the end pixel, and moves
+    /// there. A line of length zero draws nothing.
+    virtual void LineTo(std::int32_t x, std::int32_t y) = 0;
+    /// Draws the segments between the points; the current position stays.
+    virtual bool Polyline(std::span<const SurfacePoint> points) = 0;
+    /// Closed outline with the pen, inside with the brush.
+    virtual bool Polygon(std::span<const SurfacePoint> points) = 0;
+    /// Outline with the pen, inside with the brush; the right and the bottom edge are outside.
+    virtual bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) = 0;
+    /// The ellipse in that box: outline with the pen, inside with the brush.
+    virtual bool Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) = 0;
+    virtual void SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) = 0;
+
+    /// Makes a pen, width in pixels (below 1 counts as 1). Returns 0 on failure.
+    virtual SurfaceHandle CreatePen(int style, std::int32_t width, std::uint32_t color) = 0;
+    virtual SurfaceHandle CreateSolidBrush(std::uint32_t color) = 0;
+    virtual SurfaceHandle GetStockObject(int number) = 0;
+    /// Makes the pen or brush current and returns the one before it, 0 if the handle is unknown.
+    virtual SurfaceHandle SelectObject(SurfaceHandle object) = 0;
+    /// Frees an object. False for an unknown handle and for one that is current.
+    virtual bool DeleteObject(SurfaceHandle object) = 0;
+    /// Sets the rule by which crossing outlines are filled; returns the mode before, 0 on failure.
+    virtual int SetPolyFillMode(int mode) = 0;
+};
+
+} // namespace quelmont

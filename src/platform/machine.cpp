@@ -1,0 +1,10 @@
+#include "platform/machine.h"
+
+namespace quelmont {
+
+MachineInterfaces& Machine() {
+    static MachineInterfaces machine;
+    return machine;
+}
+
+} // namespace quelmont

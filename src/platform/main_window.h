@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quelmont {
+
+class DrawSurface;
+
+/// The menus of the main window. mnuBar holds the titles on the menu bar itself.
+enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout };
+
+/// Shapes of the mouse pointer, by the window system's numbers.
+enum class MousePointer { Normal = 0, Hourglass = 11 };
+
+/// A window's frame in twips: place of its upper left corner and size, frame included.
+struct WindowPlace {
+    double left = 0.0;
+    double top = 0.0;
+    double width = 0.0;
+    double height = 0.0;
+    bool operator==(const WindowPlace&) const = default;
+};
+
+/// The program's one window: a menu bar over a drawing area with a persistent back image.
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+
+    virtual std::string Caption() const = 0;
+    virtual void SetCaption(std::string_view caption) = 0;
+
+    /// Size of the drawing area in twips.
+    virtual double ScaleWidth() const = 0;
+    virtual double ScaleHeight() const = 0;
+
+    virtual WindowPlace Place() const = 0;
+    virtual void SetPlace(const WindowPlace& place) = 0;
+    virtual bool IsZoomed() const = 0;
+    virtual void Maximise() = 0;
+    /// Asks the window to close; in a draw it closes when the draw has returned.
+    virtual void Close() = 0;
+
+    virtual void SetMousePointer(MousePointer shape) = 0;
+
+    /// Shows the back image as it now is.
+    virtual void Refresh() = 0;
+    /// Gives the back image the size of the drawing area and fills it with the background colour.
+    virtual void Cls() = 0;
+    /// While on, what is drawn goes to the back image.
+    virtual void SetAutoRedraw(bool on) = 0;
+    /// The back image as a surface.
+    virtual DrawSurface& Surface() = 0;
+
+    virtual void SetMenuEnabled(Menu menu, int index, bool enabled) = 0;
+    virtual void SetMenuChecked(Menu menu, int index, bool checked) = 0;
+    virtual bool MenuChecked(Menu menu, int index) const = 0;
+};
+
+} // namespace quelmont
