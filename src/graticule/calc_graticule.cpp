@@ -1,0 +1,158 @@
+#include "graticule/calc_graticule.h"
+
+#include "core/angle_text.h"
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "graticule/graticule_fields.h"
+#include "platform/machine.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* NorthPole = "90    00    00    N";
+constexpr const char* SouthPole = "90    00    00    S";
+
+void ReadTexts() {
+    Design.LatCentralSec = LatitudeSeconds(Design.GridText[6]);
+    Design.LonCentralSec = LongitudeSeconds(Design.GridText[7]);
+    Design.RangeSec = ArcSeconds(Design.GridText[8]);
+    Design.VpDistanceKm = ValueOf(Design.GridText[9]);
+    Design.LatNorthSec = LatitudeSeconds(Design.GridText[0]);
+    Design.LatSouthSec = LatitudeSeconds(Design.GridText[1]);
+    Design.LatGridSec = ArcSeconds(Design.GridText[2]);
+    Design.LonWestSec = LongitudeSeconds(Design.GridText[3]);
+    Design.LonEastSec = LongitudeSeconds(Design.GridText[4]);
+    Design.LonGridSec = ArcSeconds(Design.GridText[5]);
+}
+
+/// The text of a boundary half a circle from the centre: whole degrees of its own, minutes and
+/// seconds of the centre.
+std::string BoundaryText(std::int32_t seconds) {
+    const std::string centre = Design.GridText[7];
+    std::string text = FormatNumber(std::abs(seconds) / SecPerDegree, "000");
+    text += "    " + std::string(Columns(centre, 8, 9)) + "    " + std::string(Columns(centre, 14, 15));
+    text += "    ";
+    text += seconds < 0 ? 'W' : 'E';
+    return text;
+}
+
+/// An azimuthal map is bounded by a circle and not by the figures of a rectangle.
+void BoundWholeGlobe() {
+    Design.GridText[0] = NorthPole;
+    Design.GridText[1] = SouthPole;
+    Design.LatNorthSec = LatitudeSeconds(Design.GridText[0]);
+    Design.LatSouthSec = LatitudeSeconds(Design.GridText[1]);
+    Design.LonEastSec = Design.LonCentralSec + SecPerHalfCircle;
+    if (Design.LonEastSec > SecPerHalfCircle) {
+        Design.LonEastSec -= SecPerCircle;
+    }
+    Design.GridText[4] = BoundaryText(Design.LonEastSec);
+    Design.LonWestSec = Design.LonCentralSec - SecPerHalfCircle;
+    if (Design.LonWestSec < -SecPerHalfCircle) {
+        Design.LonWestSec += SecPerCircle;
+    }
+    Design.GridText[3] = BoundaryText(Design.LonWestSec);
+}
+
+void Refuse(const char* title, const char* text, const char* field, std::vector<std::string> restored) {
+    const BoxAnswer answer = Machine().boxes->Ask(title, text, BoxButtons::RetryCancel, BoxIcon::Exclamation);
+    Design.LastRefusal = {field, std::move(restored), answer == BoxAnswer::Retry};
+    Design.ProjOffMap = true;
+}
+
+constexpr const char* NorthBelowSouth =
+    "The NORTHERNMOST BOUNDARY of the grid is south of the SOUTHERNMOST BOUNDARY.";
+constexpr const char* NorthEqualsSouth =
+    "The NORTHERNMOST and SOUTHERNMOST BOUNDARIES of the grid are equal.";
+constexpr const char* LatitudeGridAzimuthal = "The DEGREES OF LATITUDE BETWEEN GRID MARKS must yield an "
+                                              "integer when divided into 180 degrees.";
+constexpr const char* LatitudeGrid = "The DEGREES OF LATITUDE BETWEEN GRID MARKS do not yield an integral "
+                                     "number of divisions along the latitude axis.";
+constexpr const char* LongitudeGridAzimuthal = "The DEGREES OF LONGITUDE BETWEEN GRID MARKS must yield an "
+                                               "integer when divided into 360 degrees.";
+constexpr const char* LongitudeGrid = "The DEGREES OF LONGITUDE BETWEEN GRID MARKS do not yield an integral "
+                                      "number of divisions along the longitude axis.";
+constexpr const char* ZeroRange =
+    "Quelmont cannot plot a map in which the westernmost longitude is 180\u00B0E and the easternmost "
+    "longitude is 180\u00B0W, since the longitude range of this map is zero.\n\nTry setting the westernmost "
+    "longitude to 180\u00B0W and the easternmost longitude to 180\u00B0E.";
+
+/// True when the design was refused; the first test that fails wins.
+bool Refused() {
+    const bool azimuthal = IsAzimuthal(Design.ProjNum);
+    const std::int32_t latRest =
+        Remainder(std::abs(Design.LatNorthSec - Design.LatSouthSec), Design.LatGridSec);
+    const std::int32_t lonRest =
+        Remainder(std::abs(Design.LonSpanSec - Design.LonZeroSec), Design.LonGridSec);
+    if (Design.LatNorthSec < Design.LatSouthSec) {
+        Refuse("Error: Latitude", NorthBelowSouth, "LatN", {"LatN", "LatS"});
+    } else if (Design.LatNorthSec == Design.LatSouthSec) {
+        Refuse("Error: Latitude", NorthEqualsSouth, "LatN", {"LatN", "LatS"});
+    } else if (latRest != 0) {
+        Refuse("Error: Degrees of latitude", azimuthal ? LatitudeGridAzimuthal : LatitudeGrid, "LatGr",
+               {"LatGr"});
+    } else if (lonRest != 0) {
+        Refuse("Error: Degrees of longitude", azimuthal ? LongitudeGridAzimuthal : LongitudeGrid, "LonGr",
+               {"LonGr"});
+    } else if (Design.LonEastSec == -SecPerHalfCircle && Design.LonWestSec == SecPerHalfCircle) {
+        Refuse("Error: Longitude", ZeroRange, "LonW", {"LonW", "LonE"});
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void ConstantGrid() {
+    Guarded("ConstantGrid", [] {
+        const std::string height = Design.GridText[9];
+        Design.GridText = {NorthPole,
+                           SouthPole,
+                           "030    00    00",
+                           "180    00    00    W",
+                           "180    00    00    E",
+                           "045    00    00",
+                           "40    00    00    N",
+                           "000    00    00    W",
+                           "180    00    00",
+                           "00035840"};
+        if (Design.ProjGridSet[ProjVerticalPerspective]) {
+            Design.GridText[9] = height;
+        }
+    });
+}
+
+void CalcGraticule() {
+    Guarded("CalcGraticule", [] {
+        Design.LastRefusal = {};
+        ReadTexts();
+        if (IsAzimuthal(Design.ProjNum)) {
+            BoundWholeGlobe();
+        }
+        SpanLongitudes();
+        if (Refused()) {
+            return;
+        }
+        CountDivisions();
+        DegreesFromSeconds();
+        CompactTexts(Design.GridText[3], Design.GridText[4]);
+        if (IsAzimuthal(Design.ProjNum)) {
+            Design.LatCentral = static_cast<double>(Design.LatCentralSec) / SecPerDegree;
+            Design.LonMiddle = static_cast<double>(Design.LonCentralSec) / SecPerDegree;
+            Design.CosRange = std::cos(Design.RangeSec * DegToRad / SecPerDegree);
+        } else {
+            CentreOfRectangle();
+        }
+        CentralTerms();
+    });
+}
+
+} // namespace quelmont

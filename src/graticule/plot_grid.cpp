@@ -1,0 +1,189 @@
+#include "graticule/plot_grid.h"
+
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/file_numbers.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "graticule/grid_pass.h"
+#include "output/device_pen.h"
+#include "output/fan_out.h"
+#include "platform/machine.h"
+
+#include <cmath>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* Routine = "PlotGrid";
+/// Sites of the pens in the routine, as its messages name them.
+constexpr int SiteBackground = 1;
+constexpr int SiteGrid = 2;
+constexpr int SiteRelease = 3;
+constexpr int SiteError = 4;
+
+void SelectDevice() {
+    Design.Surface = &Machine().window->Surface();
+    Design.DevicePixelX = Design.TwipsPerPixelX;
+    Design.DevicePixelY = Design.TwipsPerPixelY;
+}
+
+/// A rectangle of the background colour over the whole drawing area and its margins.
+void PaintBackground() {
+    DrawSurface& surface = *Design.Surface;
+    const SurfaceHandle brush = surface.CreateSolidBrush(ColorBits(Design.BackColor));
+    SurfaceHandle before = 0;
+    if (brush == 0) {
+        ShowApiErrorBox("CreateSolidBrush(1) error in PlotGrid");
+    } else {
+        before = surface.SelectObject(brush);
+    }
+    MakeDevicePen(PenStyleNull, 1, Design.BackColor, SiteBackground, Routine);
+    if (Design.LobeFirst && !surface.Rectangle(-Design.LogicalMarginX, -Design.LogicalMarginY,
+                                               Design.LogicalWidth + Design.LogicalMarginX,
+                                               Design.LogicalHeight + Design.LogicalMarginY)) {
+        ShowApiErrorBox("Rectangle(1) error in PlotGrid");
+    }
+    if (before != 0) {
+        surface.SelectObject(before);
+    }
+    if (brush != 0 && !surface.DeleteObject(brush)) {
+        ShowApiErrorBox("DeleteObject(0) error in PlotGrid");
+    }
+}
+
+void MakeGridPen() {
+    ReleaseDevicePen(SiteBackground, Routine);
+    Design.PenColor = Design.GridColor;
+    Design.PenWidth = RoundToInt32(Divide(Design.GridLineWidth, Design.TwipsPerPixelY));
+    MakeDevicePen(PenStyleSolid, Design.PenWidth, Design.PenColor, SiteGrid, Routine);
+}
+
+/// The file of the pass on file number 2; slot counts the grid's names in AsciiFileName from 1.
+void OpenExport(GridPass& pass, std::size_t slot) {
+    if (Design.OutputAscii) {
+        if (slot > Design.AsciiFileName.size()) {
+            throw RunTimeError(ErrorSubscript);
+        }
+        pass.DiskOut = true;
+        Design.OutputFileName = Design.AsciiFileName[slot - 1];
+        OpenFile(OutputFileNumber, Design.OutputFileName, OpenMode::Output);
+    } else if (Design.OutputCgm) {
+        pass.DiskOut = true;
+        OpenFile(OutputFileNumber, Design.CgmFileName, OpenMode::Binary);
+    } else if (Design.OutputDxf) {
+        pass.DiskOut = true;
+        OpenFile(OutputFileNumber, Design.DxfFileName, OpenMode::Append);
+    } else if (Design.OutputWmf) {
+        pass.DiskOut = true;
+    }
+}
+
+/// The circle is laid straight on the map frame, every third degree. False when it is all that the
+/// pass draws.
+bool BoundaryCircle(const GridPass& pass) {
+    const bool outerParallelServes = std::fabs(Design.LatCentral) == 90.0 &&
+                                     Remainder(Design.RangeSec, Design.LatGridSec) == 0 &&
+                                     Design.ProjNum != ProjVerticalPerspective && Design.GridTypeCode == 3 &&
+                                     Design.RangeSec < SecPerHalfCircle;
+    const bool lines = Design.CurrentSymbolType == SymbolLine;
+    if (outerParallelServes || (!lines && Design.GridTypeCode != 4)) {
+        return true;
+    }
+    Design.LineStart = 3;
+    for (int angle = 0; angle <= 360; angle += 3) {
+        Design.ProjX = Design.MapXMax * std::cos(angle * DegToRad);
+        Design.ProjY = Design.MapXMax * std::sin(angle * DegToRad);
+        PlotProjected(pass);
+    }
+    if (lines && (Design.GridTypeCode == 1 || Design.GridTypeCode == 2)) {
+        return false;
+    }
+    if (pass.DiskOut) {
+        PrintLineBrkDisk();
+    }
+    return true;
+}
+
+/// One run of the plotting routine. False when Escape was pressed; file number 2 is the business of
+/// the draw cycle then.
+bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
+    GridPass pass;
+    pass.steps = steps;
+    pass.LonList.assign(1, 0.0);
+    Design.CurrentSymbolType = mode;
+    Design.PointStatus = 0;
+    OpenExport(pass, slot);
+    pass.ClipLatMax = Design.LatNorth;
+    pass.ClipLatMin = Design.LatSouth;
+    pass.ClipLonMax = Design.LonSpan;
+    pass.ClipLonMin = Design.LonZero;
+    bool more = true;
+    if (IsAzimuthal(Design.ProjNum)) {
+        AzimuthalBounds(pass);
+        more = BoundaryCircle(pass);
+    }
+    if (more && (!Parallels(pass) || !Meridians(pass))) {
+        return false;
+    }
+    CloseFile(OutputFileNumber);
+    return true;
+}
+
+void RunPasses() {
+    const double latPoints = LatPointsPerMark();
+    const double lonPoints = LonPointsPerMark();
+    const double latStep = Divide(Design.LatGrid, latPoints);
+    const double lonStep = Divide(Design.LonGrid, lonPoints);
+    const GridSteps boundary{Design.LatNorth - Design.LatSouth, Design.LonSpan - Design.LonZero, latStep,
+                             lonStep};
+    const GridSteps lines{Design.LatGrid, Design.LonGrid, latStep, lonStep};
+    const GridSteps points{Design.LatGrid, Design.LonGrid, Design.LatGrid, Design.LonGrid};
+    switch (Design.GridTypeCode) {
+    case 1:
+        if (RunPass(SymbolLine, boundary, 2)) {
+            RunPass(SymbolDot, points, 1);
+        }
+        break;
+    case 2:
+        RunPass(SymbolLine, boundary, 1);
+        break;
+    case 3:
+        RunPass(SymbolLine, lines, 1);
+        break;
+    case 4:
+        RunPass(SymbolDot, points, 1);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+void PlotGrid() {
+    int releaseSite = SiteRelease;
+    try {
+        if (Design.LobeFirst) {
+            Design.OutputFileName.clear();
+        }
+        Design.UtmPointPath = false;
+        PrintFileHeader();
+        if (Design.PlotStopReason == "GridDiskError") {
+            return;
+        }
+        SelectDevice();
+        PaintBackground();
+        MakeGridPen();
+        RunPasses();
+    } catch (const RunTimeError& error) {
+        Design.PlotStopReason = "GridDiskError";
+        ShowErrorBox(Routine, error);
+        releaseSite = SiteError;
+        Guarded(Routine, [] { CloseFile(OutputFileNumber); });
+    }
+    ReleaseDevicePen(releaseSite, Routine);
+}
+
+} // namespace quelmont

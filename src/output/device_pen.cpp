@@ -1,0 +1,53 @@
+#include "output/device_pen.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "platform/draw_surface.h"
+
+#include <string>
+
+namespace quelmont {
+
+namespace {
+
+struct DevicePen {
+    DrawSurface* surface = nullptr;
+    SurfaceHandle made = 0;
+    SurfaceHandle before = 0;
+};
+
+DevicePen pen;
+
+void Report(std::string_view operation, int site, std::string_view routine) {
+    ShowApiErrorBox(std::string(operation) + "(" + std::to_string(site) + ") error in " +
+                    std::string(routine));
+}
+
+} // namespace
+
+void MakeDevicePen(int style, std::int32_t width, ColorValue color, int site, std::string_view routine) {
+    const SurfaceHandle made = Design.Surface->CreatePen(style, width, ColorBits(color));
+    if (made == 0) {
+        Report("CreatePen", site, routine);
+        return;
+    }
+    pen = DevicePen{Design.Surface, made, Design.Surface->SelectObject(made)};
+}
+
+void ReleaseDevicePen(int site, std::string_view routine) {
+    const DevicePen released = pen;
+    pen = DevicePen{};
+    if (released.made == 0) {
+        return;
+    }
+    if (released.before != 0) {
+        released.surface->SelectObject(released.before);
+    }
+    if (!released.surface->DeleteObject(released.made)) {
+        Report("DeleteObject", site, routine);
+    }
+}
+
+void ResetDevicePen() { pen = DevicePen{}; }
+
+} // namespace quelmont

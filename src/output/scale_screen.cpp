@@ -1,0 +1,75 @@
+#include "output/scale_screen.h"
+
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "platform/machine.h"
+
+namespace quelmont {
+
+namespace {
+
+/// A maximised window in logical units, whatever the resolution of the screen.
+constexpr double FullLogicalWidth = 32000.0;
+constexpr double FullLogicalHeight = 23100.0;
+
+void MeasureWindow() {
+    const double w = Machine().window->ScaleWidth();
+    const double h = Machine().window->ScaleHeight();
+    const double fullWidth = static_cast<double>(Design.TwipsPerPixelX) * Design.FullScreenX;
+    const double fullHeight = static_cast<double>(Design.TwipsPerPixelY) * Design.FullScreenY;
+    Design.LogicalWidth = RoundToInt32(Divide(w * FullLogicalWidth, fullWidth));
+    Design.LogicalHeight = RoundToInt32(Divide(h * FullLogicalHeight, fullHeight));
+    Design.ClientWidth = RoundToInt32(w - Design.TwipsPerPixelX);
+    Design.ClientHeight = RoundToInt32(h - Design.TwipsPerPixelY);
+}
+
+void FitHeight(double mapAspect) {
+    const double r = Design.MapReduce;
+    const double mapHeight = Design.MapYMax - Design.MapYMin;
+    Design.LogicalScale = Divide(Design.LogicalHeight * r, mapHeight);
+    Design.LogicalOriginX =
+        RoundToInt16((Design.LogicalWidth - Divide(Design.LogicalHeight * r, mapAspect)) / 2.0);
+    Design.LogicalOriginY = RoundToInt16((1.0 - r) * Design.LogicalHeight / 2.0);
+    Design.ScreenOriginX = (Design.ClientWidth - Divide(Design.ClientHeight * r, mapAspect)) / 2.0;
+    Design.ScreenScaleX = Divide(Design.ClientHeight * r, mapHeight);
+    Design.ScreenOriginY = ((r + 1.0) / 2.0) * Design.ClientHeight;
+    Design.ScreenScaleY = Divide(Design.ClientHeight * r, mapHeight);
+}
+
+void FitWidth(double mapAspect) {
+    const double r = Design.MapReduce;
+    const double mapWidth = Design.MapXMax - Design.MapXMin;
+    Design.LogicalScale = Divide(Design.LogicalWidth * r, mapWidth);
+    Design.LogicalOriginX = RoundToInt16((1.0 - r) * Design.LogicalWidth / 2.0);
+    Design.LogicalOriginY = RoundToInt16((Design.LogicalHeight - mapAspect * r * Design.LogicalWidth) / 2.0);
+    Design.ScreenOriginX = ((1.0 - r) / 2.0) * Design.ClientWidth;
+    Design.ScreenScaleX = Divide(Design.ClientWidth * r, mapWidth);
+    Design.ScreenOriginY =
+        Design.ClientHeight - (Design.ClientHeight - Design.ClientWidth * r * mapAspect) / 2.0;
+    Design.ScreenScaleY = Divide(Design.ClientWidth * r, mapWidth);
+}
+
+} // namespace
+
+bool ScaleScreen() {
+    return Guarded("ScaleScreen", [] {
+        MeasureWindow();
+        const double mapAspect = Divide(Design.MapYMax - Design.MapYMin, Design.MapXMax - Design.MapXMin);
+        const double winAspect = Divide(Design.ClientHeight, Design.ClientWidth);
+        const double logAspect = Divide(Design.LogicalHeight, Design.LogicalWidth);
+        if (winAspect > logAspect) {
+            Design.LogicalWidth = RoundToInt32(Divide(Design.LogicalHeight, winAspect));
+        } else {
+            Design.LogicalHeight = RoundToInt32(winAspect * Design.LogicalWidth);
+        }
+        if (mapAspect > winAspect) {
+            FitHeight(mapAspect);
+        } else {
+            FitWidth(mapAspect);
+        }
+    });
+}
+
+} // namespace quelmont

@@ -1,0 +1,130 @@
+#include "output/symbols.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "platform/draw_surface.h"
+
+#include <array>
+
+namespace quelmont {
+
+namespace {
+
+/// Distances of an equilateral triangle's base and apex from its centre, for half a side of 1.
+/// Three digits, on every device, so that the triangle is the same everywhere.
+constexpr double TriangleBase = 0.577;
+constexpr double TriangleApex = 1.155;
+
+struct SymbolBox {
+    std::int32_t x, y;
+    std::int32_t left, right, top, bottom;
+    std::int16_t base, apex; ///< of the triangle
+};
+
+SymbolBox BoxAround(std::int32_t x, std::int32_t y) {
+    const double radius = Design.SymbolRadius;
+    const double radiusX = radius / Design.DevicePixelX;
+    const double radiusY = radius / Design.DevicePixelY;
+    return {x,
+            y,
+            RoundToInt32(x - radiusX),
+            RoundToInt32(x + radiusX),
+            RoundToInt32(y - radiusY),
+            RoundToInt32(y + radiusY),
+            RoundToInt16(y + (TriangleBase * radius) / Design.DevicePixelY),
+            RoundToInt16(y - (TriangleApex * radius) / Design.DevicePixelY)};
+}
+
+void ReportUnless(bool done, std::string_view text) {
+    if (!done) {
+        ShowApiErrorBox(text);
+    }
+}
+
+/// The strokes of plus and cross return through the centre, so that one stroke draws both arms.
+void Stroke(const std::array<SurfacePoint, 6>& points, std::string_view failure) {
+    ReportUnless(Design.Surface->Polyline(points), failure);
+}
+
+void Shape(const SymbolBox& b) {
+    DrawSurface& surface = *Design.Surface;
+    switch (Design.CurrentSymbolType) {
+    case SymbolPlus:
+        Stroke({{{b.left, b.y}, {b.right, b.y}, {b.x, b.y}, {b.x, b.top}, {b.x, b.bottom}, {b.x, b.y}}},
+               "Polyline(1) error in PrintToScreen");
+        break;
+    case SymbolCross:
+        Stroke({{{b.left, b.bottom},
+                 {b.right, b.top},
+                 {b.x, b.y},
+                 {b.left, b.top},
+                 {b.right, b.bottom},
+                 {b.x, b.y}}},
+               "Polyline(2) error in PrintToScreen");
+        break;
+    case SymbolOpenSquare:
+    case SymbolFilledSquare:
+        ReportUnless(surface.Rectangle(b.left, b.top, b.right, b.bottom),
+                     "Rectangle(1) error in PrintToScreen");
+        break;
+    case SymbolOpenDiamond:
+    case SymbolFilledDiamond: {
+        const std::array<SurfacePoint, 4> corners{
+            {{b.left, b.y}, {b.x, b.bottom}, {b.right, b.y}, {b.x, b.top}}};
+        ReportUnless(surface.Polygon(corners), "Polygon(2) error in PrintToScreen");
+        break;
+    }
+    case SymbolOpenTriangle:
+    case SymbolFilledTriangle: {
+        const std::array<SurfacePoint, 3> corners{{{b.left, b.base}, {b.x, b.apex}, {b.right, b.base}}};
+        ReportUnless(surface.Polygon(corners), "Polygon(3) error in PrintToScreen");
+        break;
+    }
+    case SymbolOpenCircle:
+    case SymbolFilledCircle:
+        ReportUnless(surface.Ellipse(b.left, b.top, b.right, b.bottom), "Ellipse(1) error in PrintToScreen");
+        break;
+    default:
+        break;
+    }
+}
+
+bool IsFilled(std::int16_t symbolType) {
+    return symbolType == SymbolFilledSquare || symbolType == SymbolFilledDiamond ||
+           symbolType == SymbolFilledTriangle || symbolType == SymbolFilledCircle;
+}
+
+} // namespace
+
+void DrawSymbol(std::int32_t x, std::int32_t y) {
+    const SymbolBox box = BoxAround(x, y);
+    DrawSurface& surface = *Design.Surface;
+    const bool filled = IsFilled(Design.CurrentSymbolType);
+
+    SurfaceHandle made = 0;
+    SurfaceHandle before = 0;
+    if (filled) {
+        made = surface.CreateSolidBrush(ColorBits(Design.PenColor));
+        ReportUnless(made != 0, "CreateSolidBrush(1) error in PrintToScreen");
+        before = made != 0 ? surface.SelectObject(made) : 0;
+    } else {
+        before = surface.SelectObject(surface.GetStockObject(StockNullBrush));
+    }
+    const int modeBefore = surface.SetPolyFillMode(FillAlternate);
+    ReportUnless(modeBefore != 0, "SetPolyFillMode(1) error in PrintToScreen");
+
+    Shape(box);
+
+    if (modeBefore != 0) {
+        ReportUnless(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2) error in PrintToScreen");
+    }
+    if (before != 0) {
+        surface.SelectObject(before);
+    }
+    if (made != 0) {
+        ReportUnless(surface.DeleteObject(made), "DeleteObject(1) error in PrintToScreen");
+    }
+}
+
+} // namespace quelmont

@@ -1,0 +1,111 @@
+#include "core/map_design.h"
+#include "projection/azimuthal_terms.h"
+#include "projection/forward.h"
+
+#include <cmath>
+
+namespace quelmont {
+
+namespace {
+
+/// A cosine this near to -1 is the antipode itself: rounding puts it to either side of -1, and at
+/// -1 exactly the scale of the three whole-globe projections has no value.
+constexpr double AntipodeCosine = -1.0 + 1e-12;
+
+/// What a test leaves for the call that resumes it.
+struct AzimuthalTerms {
+    double cosLat = 0.0;
+    double sinLat = 0.0;
+    double cosDLon = 0.0;
+    double sinDLon = 0.0;
+    double cosC = 0.0; ///< cosine of the distance from the centre
+};
+
+AzimuthalTerms terms;
+
+bool ShowsAntipode() {
+    return Design.ProjNum == ProjStereographic || Design.ProjNum == ProjAzimuthalEquidistant ||
+           Design.ProjNum == ProjAzimuthalEqualArea;
+}
+
+void ComputeTerms() {
+    const double phi = Design.ProjLat * DegToRad;
+    const double dLon = (Design.ProjLon - Design.LonCentral) * DegToRad;
+    terms.cosLat = std::cos(phi);
+    terms.sinLat = std::sin(phi);
+    terms.cosDLon = std::cos(dLon);
+    terms.sinDLon = std::sin(dLon);
+    // Snyder 1987, eq. 5-3.
+    terms.cosC = (terms.cosLat * Design.CosLatCentral) * terms.cosDLon + terms.sinLat * Design.SinLatCentral;
+    if (std::fabs(terms.cosC) > 1.0) {
+        terms.cosC = Sign(terms.cosC);
+    }
+}
+
+bool BeyondHorizon() {
+    const auto index = static_cast<std::size_t>(Design.ProjNum - ProjGnomonic);
+    return !(terms.cosC > Design.HorizonCos[index]) || (terms.cosC <= AntipodeCosine && ShowsAntipode());
+}
+
+/// Distance from the centre over its sine, for the equidistant projection. Snyder 1987, eq. 25-2.
+double EquidistantScale(double cosC) {
+    if (cosC == 1.0) {
+        return 1.0;
+    }
+    const double s = std::sqrt(1.0 - cosC * cosC);
+    double c = QuarterPi + QuarterPi;
+    if (std::fabs(cosC) >= 1e-08) {
+        c = std::atan(s / cosC);
+        if (c < 0.0) {
+            c = c + Pi;
+        }
+    }
+    return c / s;
+}
+
+/// Scale of the point, k' in Snyder 1987: eq. 22-3, 21-4, 20-3 and following, 23-3, 25-2, 24-2.
+double Scale() {
+    const double cosC = terms.cosC;
+    switch (Design.ProjNum) {
+    case ProjGnomonic:
+        return 1.0 / cosC;
+    case ProjStereographic:
+        return 2.0 / (cosC + 1.0);
+    case ProjOrthographic:
+        return 1.0;
+    case ProjVerticalPerspective:
+        return (Design.VpP - 1.0) / (Design.VpP - cosC);
+    case ProjAzimuthalEquidistant:
+        return EquidistantScale(cosC);
+    default:
+        return std::sqrt(2.0 / (cosC + 1.0));
+    }
+}
+
+} // namespace
+
+void ResetAzimuthalTerms() { terms = AzimuthalTerms{}; }
+
+void ForwardAzimuthal() {
+    if (Design.ProjTestMode == 2) {
+        Design.ProjTestMode = 0;
+    } else {
+        ComputeTerms();
+        if (BeyondHorizon()) {
+            Design.PointStatus = 2;
+            Design.ProjOffMap = true;
+            return;
+        }
+        if (Design.ProjTestMode != 0) {
+            Design.PointStatus = terms.cosC < Design.CosRange ? 5 : 4;
+            Design.ProjOffMap = true;
+            return;
+        }
+    }
+    const double k = Scale();
+    StoreProjected(
+        (terms.cosLat * k) * terms.sinDLon,
+        (terms.sinLat * Design.CosLatCentral - (terms.cosLat * Design.SinLatCentral) * terms.cosDLon) * k);
+}
+
+} // namespace quelmont

@@ -1,0 +1,36 @@
+#include "core/map_design.h"
+#include "projection/forward.h"
+
+#include <cmath>
+
+namespace quelmont {
+
+void ForwardMercator() {
+    const double x = (Design.ProjLon - Design.LonZero) * DegToRad;
+    // Snyder 1987, eq. 7-2. The poles lie at infinity; the boundary dialog keeps them off the map.
+    const double tangent = std::tan(Design.ProjLat * HalfDegToRad + QuarterPi);
+    if (!(tangent > 0.0)) {
+        Design.ProjX = x;
+        ReportProjectSelect(ErrorInvalidCall);
+        return;
+    }
+    StoreProjected(x, std::log(tangent));
+}
+
+void ForwardEquirectangular() {
+    StoreProjected(((Design.ProjLon - Design.LonZero) * DegToRad) * Design.CosStdPar,
+                   Design.ProjLat * DegToRad);
+}
+
+void ForwardCylindricalEqualArea() {
+    const double x = ((Design.ProjLon - Design.LonZero) * DegToRad) * Design.CosStdPar;
+    if (Design.CosStdPar == 0.0) {
+        Design.ProjX = x;
+        ReportProjectSelect(ErrorDivisionByZero);
+        return;
+    }
+    // Snyder 1987, eq. 10-1, 10-2 for a latitude of true scale.
+    StoreProjected(x, std::sin(Design.ProjLat * DegToRad) / Design.CosStdPar);
+}
+
+} // namespace quelmont

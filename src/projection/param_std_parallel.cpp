@@ -1,0 +1,48 @@
+#include "core/angle_text.h"
+#include "core/map_design.h"
+#include "projection/param_select.h"
+
+namespace quelmont {
+
+namespace {
+
+/// One latitude of true scale, on the side of the equator that does not matter.
+void OneTrueLatitude(double north, double south) {
+    if (north > 0.0 && south >= 0.0) {
+        Design.StdParNorth = (north + south) / 2.0;
+    } else if (north <= 0.0 && south < 0.0) {
+        Design.StdParNorth = -(north + south) / 2.0;
+    } else if (north > 0.0 && south < 0.0) {
+        Design.StdParNorth = -south <= north ? north / 2.0 : -south / 2.0;
+    }
+    Design.StdParSouth = -Design.StdParNorth;
+}
+
+/// Two parallels a sixth of the map's height inside it.
+void TwoParallels(double north, double south) {
+    const double d = north - south;
+    Design.StdParNorth = north - d / 6.0;
+    Design.StdParSouth = d / 6.0 + south;
+    // Parallels symmetric about the equator would make the cone a cylinder.
+    if (-Design.StdParNorth == Design.StdParSouth) {
+        Design.StdParSouth = 0.0;
+    }
+}
+
+} // namespace
+
+void ParamStdParallel() {
+    // The bounds are finite and within 90 degrees, so that no statement here can fail but
+    // DegMinSec, which shows its own box.
+    if (Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea) {
+        OneTrueLatitude(Design.LatNorth, Design.LatSouth);
+    } else {
+        TwoParallels(Design.LatNorth, Design.LatSouth);
+    }
+    DegMinSec(Design.StdParNorth, Design.StdParNorthText, "LAT", 4);
+    Design.StdParText[0] = Design.StdParNorthText;
+    DegMinSec(Design.StdParSouth, Design.StdParSouthText, "LAT", 4);
+    Design.StdParText[1] = Design.StdParSouthText;
+}
+
+} // namespace quelmont

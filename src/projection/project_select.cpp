@@ -1,0 +1,64 @@
+#include "projection/project_select.h"
+
+#include "core/map_design.h"
+#include "projection/forward.h"
+
+namespace quelmont {
+
+void ProjectSelect() {
+    Design.ProjOffMap = false;
+    switch (Design.ProjNum) {
+    case ProjMercator:
+        return ForwardMercator();
+    case ProjUtm:
+        // The map readers and the grid have turned the point into metres already.
+        Design.ProjX = Design.ProjLon;
+        Design.ProjY = Design.ProjLat;
+        return;
+    case ProjEquirectangular:
+        return ForwardEquirectangular();
+    case ProjCylindricalEqualArea:
+        return ForwardCylindricalEqualArea();
+    case ProjHammer:
+        return ForwardHammer();
+    case ProjMollweide:
+    case ProjInterruptedMollweide:
+        return ForwardMollweide();
+    case ProjRobinson:
+        return ForwardRobinson();
+    case ProjEquidistantConic:
+    case ProjConformalConic:
+    case ProjAlbers:
+        return ForwardConic();
+    case ProjGnomonic:
+    case ProjStereographic:
+    case ProjOrthographic:
+    case ProjVerticalPerspective:
+    case ProjAzimuthalEquidistant:
+    case ProjAzimuthalEqualArea:
+        return ForwardAzimuthal();
+    default:
+        return;
+    }
+}
+
+void StoreProjected(double x, double y) {
+    // A difference of finite values is finite or overflows; of anything else it is not a number.
+    if (std::isfinite(x) && std::isfinite(y)) {
+        Design.ProjX = x;
+        Design.ProjY = y;
+        return;
+    }
+    if (std::isfinite(x)) {
+        Design.ProjX = x;
+    } else {
+        ReportProjectSelect(ErrorOverflow);
+    }
+    if (std::isfinite(y)) {
+        Design.ProjY = y;
+    } else {
+        ReportProjectSelect(ErrorOverflow);
+    }
+}
+
+} // namespace quelmont
