@@ -41,7 +41,7 @@ void BeginDrawBoxes() { State() = DrawBoxes{true, {}, 0}; }
 
 void EndDrawBoxes() {
     const long repeats = State().repeats;
-    State() = DrawBoxes{};
+    ResetDrawBoxes();
     if (repeats > 0) {
         Machine().boxes->Ask("Errors while drawing",
                              "The messages shown while this map was drawn occurred " +
@@ -49,5 +49,7 @@ void EndDrawBoxes() {
                              BoxButtons::Ok, BoxIcon::Exclamation);
     }
 }
+
+void ResetDrawBoxes() { State() = DrawBoxes{}; }
 
 } // namespace quelmont

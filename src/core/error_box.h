@@ -19,6 +19,8 @@ void ShowApiErrorBox(std::string_view text);
 /// EndDrawBoxes tells their number in one last box.
 void BeginDrawBoxes();
 void EndDrawBoxes();
+/// Forgets a draw's boxes and their repeats, without a word.
+void ResetDrawBoxes();
 
 /// Runs a routine that has an error handler. Returns false after a failure, whose box was shown.
 template <typename Body>

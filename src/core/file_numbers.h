@@ -22,7 +22,9 @@ enum class OpenMode {
 };
 
 /// Opens a file under a number. RunTimeError: "File not found" (only Input), "Path not found",
-/// "Permission denied", "Path/File access error" for what is no plain file, "File already open".
+/// "Permission denied", "Path/File access error" for what is no plain file, "File already open" for
+/// a number in use and for a file that would be written while the other number has it open, "Bad
+/// file name or number".
 void OpenFile(int number, const std::string& name, OpenMode mode);
 
 /// Closes a file; a number that is not open is no error. RunTimeError "Disk full" or
@@ -32,13 +34,16 @@ void CloseFile(int number);
 bool IsFileOpen(int number);
 
 /// Reads up to the size of the span and returns how many bytes there were, less only at the end of
-/// the file. RunTimeError "Bad file name or number", "Device I/O error".
+/// the file. RunTimeError "Bad file name or number", "Bad file mode" on a file opened for output,
+/// "Device I/O error". Nothing is buffered: ask for large blocks.
 std::size_t ReadFile(int number, std::span<std::byte> bytes);
 
-/// RunTimeError "Disk full", "Device I/O error", "Bad file name or number".
+/// RunTimeError "Disk full", "Device I/O error", "Bad file name or number", "Bad file mode" on a file
+/// opened for input. Small writes are collected, so a full disk may show later, at a seek, at
+/// FileLength or at CloseFile; the bytes concerned are then given up and the failure is told once.
 void WriteFile(int number, std::span<const std::byte> bytes);
 
-/// Moves to a byte counted from 0.
+/// Moves to a byte counted from 0; "Invalid procedure call or argument" before it.
 void SeekFile(int number, std::int64_t position);
 
 /// Bytes of the open file.

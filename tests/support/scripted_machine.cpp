@@ -1,0 +1,152 @@
+#include "support/scripted_machine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace quelmont {
+
+namespace {
+
+std::vector<BoxAnswer> AnswersOf(BoxButtons buttons) {
+    // The last one is what closing the box without a button answers.
+    switch (buttons) {
+    case BoxButtons::RetryCancel:
+        return {BoxAnswer::Retry, BoxAnswer::Cancel};
+    case BoxButtons::YesNo:
+        return {BoxAnswer::Yes, BoxAnswer::No};
+    case BoxButtons::Ok:
+        break;
+    }
+    return {BoxAnswer::Ok};
+}
+
+std::string Name(BoxAnswer answer) {
+    switch (answer) {
+    case BoxAnswer::Ok:
+        return "Ok";
+    case BoxAnswer::Retry:
+        return "Retry";
+    case BoxAnswer::Cancel:
+        return "Cancel";
+    case BoxAnswer::Yes:
+        return "Yes";
+    case BoxAnswer::No:
+        return "No";
+    }
+    return "?";
+}
+
+} // namespace
+
+std::ostream& operator<<(std::ostream& stream, const AskedBox& box) {
+    stream << '"' << box.title << "\": \"" << box.text << "\" [";
+    const std::vector<BoxAnswer> answers = AnswersOf(box.buttons);
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        stream << (i == 0 ? "" : " ") << Name(answers[i]);
+    }
+    return stream << (box.icon == BoxIcon::Exclamation ? "] exclamation" : "] information") << ", answered "
+                  << Name(box.answer);
+}
+
+ScriptedBoxes::~ScriptedBoxes() {
+    if (!answers.empty()) {
+        ADD_FAILURE() << answers.size() << " answers were scripted for boxes that never came";
+    }
+}
+
+BoxAnswer ScriptedBoxes::Ask(std::string_view title, std::string_view text, BoxButtons buttons,
+                             BoxIcon icon) {
+    const std::vector<BoxAnswer> possible = AnswersOf(buttons);
+    BoxAnswer answer = possible.back();
+    if (!answers.empty()) {
+        answer = answers.front();
+        answers.pop_front();
+        if (std::find(possible.begin(), possible.end(), answer) == possible.end()) {
+            ADD_FAILURE() << "the box \"" << title << "\" has no button " << Name(answer);
+            answer = possible.back();
+        }
+    }
+    asked.push_back(AskedBox{std::string(title), std::string(text), buttons, icon, answer});
+    return answer;
+}
+
+ScriptedForms::~ScriptedForms() {
+    for (const auto& [className, waiting] : scripts) {
+        if (!waiting.empty()) {
+            ADD_FAILURE() << waiting.size() << " scripts for " << className << " were never used";
+        }
+    }
+}
+
+void ScriptedForms::Show(Form& form) {
+    shown.push_back(form.ClassName());
+    std::deque<Steps>& waiting = scripts[form.ClassName()];
+    if (waiting.empty()) {
+        ADD_FAILURE() << form.ClassName() << " was shown without a script";
+        form.PressCancel();
+        return;
+    }
+    const Steps steps = std::move(waiting.front());
+    waiting.pop_front();
+    steps(form);
+    if (!form.Closed()) {
+        ADD_FAILURE() << "the script left " << form.ClassName() << " open";
+        form.PressCancel();
+    }
+}
+
+void ScriptedWindow::SetCaption(std::string_view text) {
+    caption = text;
+    captions.emplace_back(text);
+}
+
+void ScriptedWindow::SetMousePointer(MousePointer shape) {
+    pointer = shape;
+    pointers.push_back(shape);
+}
+
+void ScriptedWindow::Refresh() {
+    ++refreshes;
+    surface.Note(SurfaceOp::Refresh);
+}
+
+void ScriptedWindow::Cls() {
+    ++clears;
+    surface.Note(SurfaceOp::Cls);
+}
+
+bool ScriptedWindow::MenuChecked(Menu menu, int index) const {
+    const auto found = menusChecked.find({menu, index});
+    return found != menusChecked.end() && found->second;
+}
+
+bool ScriptedWindow::MenuEnabled(Menu menu, int index) const {
+    const auto found = menusEnabled.find({menu, index});
+    return found == menusEnabled.end() || found->second;
+}
+
+void ScriptedPump::DoEvents() {
+    ++calls;
+    const auto [first, last] = actions.equal_range(calls);
+    std::vector<std::function<void()>> now;
+    std::for_each(first, last, [&](const auto& entry) { now.push_back(entry.second); });
+    for (const auto& action : now) {
+        action();
+    }
+}
+
+double ScriptedClock::SecondsSinceMidnight() const {
+    const double reading = seconds;
+    seconds += secondsPerReading;
+    return reading;
+}
+
+ScriptedMachine::ScriptedMachine() : before(Machine()) {
+    Machine() = MachineInterfaces{&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+}
+
+ScriptedMachine::~ScriptedMachine() { Machine() = before; }
+
+} // namespace quelmont
