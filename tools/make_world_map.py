@@ -374,8 +374,7 @@ def world(folder):
     """Return {rank: [line, ...]} of the finished lines, in minutes."""
     continents, islands = land_rings(folder)
     raw = {rank: joined(lines) for rank, lines in border_lines(folder).items()}
-    for rank in (OTHER, *PROVINCE_RANKS.values()):
-        raw[rank] = without_sea_borders(raw[rank], continents + islands)
+    raw[OTHER] = without_sea_borders(raw[OTHER], continents + islands)
     ends = line_ends(raw)
     for rank, rings in ((COAST, continents), (ISLAND, islands), (LAKE, lake_rings(folder))):
         raw[rank] = [piece for ring in rings for piece in cut_at_seam(ring)]

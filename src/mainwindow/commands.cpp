@@ -1,0 +1,104 @@
+#include "mainwindow/commands.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "mainwindow/main_menu.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/map_reduce.h"
+#include "platform/machine.h"
+
+#include <string>
+
+namespace quelmont {
+
+namespace {
+
+constexpr int DrawItem = 3;
+constexpr int StopItem = 5;
+constexpr int ExitItem = 17;
+constexpr int PlotTimeItem = 4;
+
+void DrawMapClicked() {
+    MapReduceForm form;
+    Machine().forms->Show(form);
+    if (Design.DialogCancelled) {
+        Design.DialogCancelled = false;
+        return;
+    }
+    Machine().window->Cls();
+    MapDraw();
+}
+
+void ShowPlotTime() {
+    Machine().boxes->Ask("Plot Time",
+                         "Time to plot map:  " + FormatNumber(Design.PlotSeconds, "####0.0") + " seconds",
+                         BoxButtons::Ok, BoxIcon::Information);
+}
+
+/// A number in a caption: the general form without its leading blank.
+std::string Plain(double value) {
+    const std::string text = GeneralText(value);
+    return text.substr(text.find_first_not_of(' '));
+}
+
+} // namespace
+
+void mnuBar_Click(int Index) {
+    if (Index == DrawItem) {
+        DrawMapClicked();
+    } else if (Index == StopItem) {
+        StopDrawing();
+    }
+}
+
+void mnuInput_Click(int Index) {
+    MarkMenuItem(Menu::mnuInput, Index);
+    if (Index == ExitItem) {
+        Machine().window->Close();
+    }
+}
+
+void mnuDesign_Click(int Index) {
+    MarkMenuItem(Menu::mnuDesign, Index);
+    if (Index == PixelSizeItem) {
+        MainWindow& window = *Machine().window;
+        window.SetMenuChecked(Menu::mnuDesign, PixelSizeItem,
+                              !window.MenuChecked(Menu::mnuDesign, PixelSizeItem));
+        ToggleCaption();
+    }
+}
+
+void mnuAbout_Click(int Index) {
+    MarkMenuItem(Menu::mnuAbout, Index);
+    if (Index == PlotTimeItem) {
+        ShowPlotTime();
+    }
+}
+
+void ToggleCaption() {
+    MainWindow& window = *Machine().window;
+    std::string caption = window.Caption();
+    const std::size_t bar = caption.find('|');
+    if (bar != std::string::npos) {
+        caption.erase(0, bar + 1);
+    }
+    if (window.MenuChecked(Menu::mnuDesign, PixelSizeItem) && Design.TwipsPerPixelX > 0.0F) {
+        caption = Plain(window.ScaleWidth() / Design.TwipsPerPixelX) + "," +
+                  Plain(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" + caption;
+    }
+    window.SetCaption(caption);
+}
+
+void Form_MouseDown(double x, double y) {
+    if (Design.MapDrawing) {
+        return;
+    }
+    Guarded("Form_MouseDown", [&] {
+        Design.TextCursorX = RoundToInt32(x);
+        Design.TextCursorY = RoundToInt32(y);
+    });
+}
+
+} // namespace quelmont

@@ -1,0 +1,205 @@
+#include "mainwindow/map_draw.h"
+
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/file_numbers.h"
+#include "core/map_design.h"
+#include "graticule/calc_graticule.h"
+#include "graticule/plot_grid.h"
+#include "mainwindow/main_menu.h"
+#include "mapinput/map_plot.h"
+#include "output/device_pen.h"
+#include "output/fan_out.h"
+#include "output/scale_screen.h"
+#include "platform/machine.h"
+
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* StopCaption = "Quelmont: click on Stop or press Esc to stop plotting";
+constexpr int StopItem = 5;
+constexpr double SecondsPerDay = 86400.0;
+
+double Now() { return Machine().clock->SecondsSinceMidnight(); }
+
+/// The clock starts again at midnight.
+double SecondsSince(double start) {
+    const double seconds = Now() - start;
+    return seconds < 0.0 ? seconds + SecondsPerDay : seconds;
+}
+
+void EnableMenus(bool drawing) {
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        Machine().window->SetMenuEnabled(Menu::mnuBar, entry.index, (entry.index == StopItem) == drawing);
+    }
+}
+
+void DisarmExports() {
+    Design.OutputAscii = false;
+    Design.OutputCgm = false;
+    Design.OutputDxf = false;
+    Design.OutputWmf = false;
+    Design.OutputGc = false;
+}
+
+void Begin() {
+    Design.PenWidth = 1;
+    Design.AsciiScale = Divide(Design.XAxisLength, Design.MapXMax - Design.MapXMin);
+    ScaleScreen();
+    const auto outputs = static_cast<std::size_t>(Design.MapFileCount + Design.GridOutputCount);
+    if (Design.AsciiFileName.size() < outputs) {
+        Design.AsciiFileName.resize(outputs);
+    }
+    ResetLineState();
+    Design.Statistics = {};
+    Design.PlotSeconds = Now();
+    Design.MapDrawing = true;
+    EnableMenus(true);
+    Machine().window->SetAutoRedraw(true);
+    Design.LobeOffsetX = 0.0;
+    Design.LobeFirst = true;
+    Design.LobeLast = true;
+    Machine().window->SetMousePointer(MousePointer::Hourglass);
+    Design.SavedCaption = Machine().window->Caption();
+}
+
+void PlotGridTimed() {
+    const double start = Now();
+    PlotGrid();
+    Design.Statistics.GridSeconds += SecondsSince(start);
+}
+
+/// True when a stage was stopped; the draw then ends, and the reason is taken off.
+bool Stopped(bool gridFailed) {
+    if (Design.PlotStopReason == "Escape" || (gridFailed && Design.PlotStopReason == "GridDiskError")) {
+        Design.PlotStopReason.clear();
+        return true;
+    }
+    return false;
+}
+
+/// One pass over the grid and the map files. False when the draw was stopped.
+bool Pass() {
+    Machine().window->SetCaption(StopCaption);
+    PlotGridTimed();
+    if (Stopped(true)) {
+        return false;
+    }
+    Machine().window->Refresh();
+    MapPlot();
+    if (Stopped(false)) {
+        return false;
+    }
+    Machine().clock->Beep();
+    return true;
+}
+
+/// The lobes that have a height: northern ones, then southern ones. One number is left free between
+/// the hemispheres, where the right boundary of one list and the left of the other stand together.
+std::vector<std::int16_t> LobesToDraw() {
+    const int north = LobeInterruptions(0);
+    const int south = LobeInterruptions(1);
+    std::vector<std::int16_t> lobes;
+    for (int lobe = 1; lobe <= north + 3 + south; ++lobe) {
+        if (lobe == north + 2) {
+            continue;
+        }
+        CalcGraticuleInterrupt(static_cast<std::int16_t>(lobe));
+        if (Design.LatNorthSec > Design.LatSouthSec) {
+            lobes.push_back(static_cast<std::int16_t>(lobe));
+        }
+    }
+    return lobes;
+}
+
+void LobePasses() {
+    const std::vector<std::int16_t> lobes = LobesToDraw();
+    for (const std::int16_t lobe : lobes) {
+        Design.LobeFirst = lobe == lobes.front();
+        Design.LobeLast = lobe == lobes.back();
+        CalcGraticuleInterrupt(lobe);
+        Design.LobeOffsetX = Design.LobeCentral[static_cast<std::size_t>(lobe)];
+        if (!Pass()) {
+            return;
+        }
+    }
+}
+
+void End() {
+    Design.PlotSeconds = SecondsSince(Design.PlotSeconds);
+    Design.LobeOffsetX = 0.0;
+    Design.LobeLast = true;
+    ReleaseDevicePen(1, "MapDraw");
+    DisarmExports();
+    ResetLineState();
+    MainWindow& window = *Machine().window;
+    window.Refresh();
+    window.SetAutoRedraw(false);
+    Design.PenWidth = 1;
+    Design.MapDrawing = false;
+    window.SetMousePointer(MousePointer::Normal);
+    window.SetCaption(Design.SavedCaption);
+    EnableMenus(false);
+    ReleaseDevicePen(2, "MapDraw");
+    Design.PlotStopReason.clear();
+}
+
+} // namespace
+
+void MapDraw() {
+    if (Design.MapDrawing) {
+        return;
+    }
+    BeginDrawBoxes();
+    if (Guarded("MapDraw", Begin)) {
+        Guarded("MapDraw", [] {
+            if (Design.ProjNum == ProjInterruptedMollweide) {
+                LobePasses();
+            } else {
+                Pass();
+            }
+        });
+        End();
+    } else {
+        DisarmExports();
+    }
+    EndDrawBoxes();
+}
+
+void EscapeKey() {
+    if (Design.PrintingNow && Design.PageEnding) {
+        Design.PrintAbort = true;
+        return;
+    }
+    DisarmExports();
+    Design.OutputSc = false;
+    if (!Design.MapDrawing && !Design.PrintingNow) {
+        return;
+    }
+    Guarded("Form_KeyDown", [] { CloseFile(InputFileNumber); });
+    Guarded("Form_KeyDown", [] { CloseFile(OutputFileNumber); });
+    if (!Design.OutputFileName.empty()) {
+        std::error_code ignored;
+        std::filesystem::remove(Design.OutputFileName, ignored);
+        Design.OutputFileName.clear();
+    }
+    Design.PlotStopReason = "Escape";
+    Design.MapDrawing = false;
+    if (Design.PrintingNow) {
+        Design.PrintAbort = true;
+    }
+    ResetLineState();
+}
+
+void StopDrawing() {
+    Machine().window->Refresh();
+    Machine().window->SetAutoRedraw(false);
+    EscapeKey();
+}
+
+} // namespace quelmont

@@ -1,0 +1,142 @@
+#include "mainwindow/settings.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "mainwindow/profile_file.h"
+#include "platform/machine.h"
+
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* FileName = "Qmnt.ini";
+constexpr const char* Section = "Quelmont";
+/// A place whose sizes are beyond it comes from a damaged file, twips.
+constexpr double LargestPlace = 1.0e6;
+constexpr double SmallestSize = 1440.0;
+
+std::string ProgramFile() { return Machine().places->ProgramFolder() + FileName; }
+
+std::optional<std::string> UserFile() {
+    const std::string folder = Machine().places->SettingsFolder();
+    return folder.empty() ? std::nullopt : std::optional(folder + FileName);
+}
+
+std::string Setting(const char* key) {
+    if (const auto user = UserFile()) {
+        if (const auto value = ReadProfileString(*user, Section, key)) {
+            return *value;
+        }
+    }
+    return ReadProfileString(ProgramFile(), Section, key).value_or("");
+}
+
+/// The numbers of a text separated by blanks; what is no number or too large counts as 0.
+std::vector<double> Numbers(const std::string& text) {
+    std::vector<double> numbers;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        double number = 0.0;
+        try {
+            number = ValueOf(word);
+        } catch (const RunTimeError&) {
+            number = 0.0;
+        }
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+std::array<double, 2> ScreenTwips() {
+    return {static_cast<double>(Design.ScreenPixelsX) * Design.TwipsPerPixelX,
+            static_cast<double>(Design.ScreenPixelsY) * Design.TwipsPerPixelY};
+}
+
+bool ScreenShrank() {
+    const std::vector<double> before = Numbers(Setting("ScreenSize"));
+    const std::array<double, 2> now = ScreenTwips();
+    return before.size() >= 2 && (now[0] < before[0] || now[1] < before[1]);
+}
+
+void ReadPlace() {
+    const std::vector<double> n = Numbers(Setting("MainWindow"));
+    if (n.size() < 4 || n[2] < SmallestSize || n[3] < SmallestSize) {
+        return;
+    }
+    for (const double number : n) {
+        if (std::fabs(number) > LargestPlace) {
+            return;
+        }
+    }
+    Machine().window->SetPlace({n[0], n[1], n[2], n[3]});
+}
+
+std::string Plain(double value) {
+    const std::string text = GeneralText(value);
+    return text.substr(text.find_first_not_of(' '));
+}
+
+bool IsFlagSet(const std::string& text) {
+    const std::vector<double> numbers = Numbers(text);
+    return (!numbers.empty() && numbers[0] != 0.0) || text == "True" || text == "true";
+}
+
+bool WriteSetting(const char* key, const std::string& value) {
+    if (WriteProfileString(ProgramFile(), Section, key, value)) {
+        return true;
+    }
+    const auto user = UserFile();
+    if (!user) {
+        return false;
+    }
+    std::error_code ignored;
+    std::filesystem::create_directories(Machine().places->SettingsFolder(), ignored);
+    return WriteProfileString(*user, Section, key, value);
+}
+
+} // namespace
+
+void ReadSettings() {
+    const std::vector<double> units = Numbers(Setting("PrinterUnits"));
+    if (!units.empty() && units[0] >= 1.0 && units[0] <= LargestPlace) {
+        Design.PrintUnitTwips = RoundToInt32(units[0]);
+    }
+    if (ScreenShrank()) {
+        return;
+    }
+    ReadPlace();
+    if (IsFlagSet(Setting("WindowMaximized"))) {
+        Machine().window->Maximise();
+    }
+}
+
+void WriteSettings() {
+    const MainWindow& window = *Machine().window;
+    const WindowPlace place = window.Place();
+    const std::array<double, 2> screen = ScreenTwips();
+    const std::array<std::pair<const char*, std::string>, 4> settings = {{
+        {"PrinterUnits", std::to_string(Design.PrintUnitTwips)},
+        {"ScreenSize", Plain(screen[0]) + " " + Plain(screen[1])},
+        {"MainWindow", Plain(place.left) + " " + Plain(place.top) + " " + Plain(place.width) + " " +
+                           Plain(place.height)},
+        {"WindowMaximized", window.IsZoomed() ? "-1" : "0"},
+    }};
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+        if (!WriteSetting(settings[i].first, settings[i].second)) {
+            ShowApiErrorBox("WritePrivateProfileString(" + std::to_string(i + 1) +
+                            ") error in Quelmont: Form_Unload");
+        }
+    }
+}
+
+} // namespace quelmont

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace quelmont {
+
+/// Takes the printing unit and the window's place from "Qmnt.ini", and leaves what it does not find
+/// there as it is.
+///
+/// The file is looked for in the settings folder first, then in the program's. The place and the
+/// maximised state count only if the screen is at least as large as it was. No fault of the file is
+/// worth a box.
+void ReadSettings();
+
+/// Writes the four keys when the window closes: to the program's folder, or to the settings folder
+/// when that one cannot be written. Each key that cannot be written shows
+/// "WritePrivateProfileString(n) error in Quelmont: Form_Unload".
+void WriteSettings();
+
+} // namespace quelmont

@@ -1,0 +1,51 @@
+#include "mainwindow/start_up.h"
+
+#include "core/constant_defs.h"
+#include "core/map_design.h"
+#include "graticule/calc_graticule.h"
+#include "mainwindow/main_menu.h"
+#include "mapinput/feature_rows.h"
+#include "output/scale_screen.h"
+#include "platform/machine.h"
+#include "projection/param_select.h"
+#include "projection/projection_table.h"
+
+namespace quelmont {
+
+namespace {
+
+constexpr int EquirectangularItem = 1;
+constexpr int NoItem = -1;
+
+void ResetMenus() {
+    Design.ProjMenuLast = 19;
+    MarkMenuItem(Menu::mnuProj, EquirectangularItem);
+    MarkMenuItem(Menu::mnuProjMollweide, NoItem);
+    MarkMenuItem(Menu::mnuDesign, NoItem);
+    MarkMenuItem(Menu::mnuInput, NoItem);
+    MarkMenuItem(Menu::mnuAbout, NoItem);
+    Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        Machine().window->SetMenuEnabled(Menu::mnuBar, entry.index, entry.text != "&Stop");
+    }
+}
+
+} // namespace
+
+void StartUp() {
+    Design.SavedCaption = FindProjection(ProjEquirectangular)->caption;
+    Machine().window->SetCaption(Design.SavedCaption);
+    Design.AppPath = Machine().places->ProgramFolder();
+    Design.HelpFile = Design.AppPath + "Qmnt.chm";
+    ResetMenus();
+    Design.MapFileDefault = Design.AppPath + "Qmnt4.map";
+    ConstantDefs();
+    ConstantGrid();
+    CalcGraticule();
+    ParamStdParallel();
+    ParamSelect();
+    ScaleScreen();
+    Design.InputFiles = {NewMapFileEntry(Design.MapFileDefault)};
+}
+
+} // namespace quelmont
