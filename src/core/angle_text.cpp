@@ -56,6 +56,9 @@ std::string_view Columns(std::string_view text, std::size_t first, std::size_t l
 
 void DegMinSec(double Value, std::string& Text, std::string_view Kind, std::int16_t Gap) {
     Guarded("DegMinSec", [&] {
+        if (Gap < 0) {
+            throw RunTimeError(ErrorInvalidCall);
+        }
         const double absolute = std::fabs(Value);
         std::int32_t degrees = RoundToInt32(std::floor(absolute));
         const double rest = absolute - degrees;

@@ -13,7 +13,8 @@ namespace quelmont {
 
 /// Writes an angle of Value degrees as fixed-column text with Gap blanks between the groups.
 /// Kind is "LAT", "LON" or "ARC". Seconds are rounded; 60 of them carry. A value of exactly 0 has
-/// the letter "N" or "E". A failure shows "Error in DegMinSec" and leaves Text as it was.
+/// the letter "N" or "E". A failure (a Gap below 0, degrees beyond int32) shows "Error in DegMinSec"
+/// and leaves Text as it was.
 void DegMinSec(double Value, std::string& Text, std::string_view Kind, std::int16_t Gap);
 
 /// Seconds of arc of a text; a group without digits counts as 0. "S" in column 19 or "W" in column

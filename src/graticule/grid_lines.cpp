@@ -85,12 +85,21 @@ void OneParallel(GridPass& pass) {
     BreakDisk(pass);
 }
 
+/// Plots an end of a straight meridian. One lies so near the antipode that ProjectSelect takes it
+/// for the antipode itself: the terms of a test are projected untested.
+void PlotStraightEnd(GridPass& pass, double lat) {
+    Design.ProjLat = lat;
+    Design.ProjTestMode = -1;
+    ProjectSelect();
+    Design.ProjTestMode = 2;
+    Design.PointStatus = 0;
+    PlotPoint(pass);
+}
+
 /// A straight diameter or radius of a whole-globe map, drawn from two points.
 void TwoPoints(GridPass& pass, double start, double end) {
-    Design.ProjLat = start;
-    PlotPoint(pass);
-    Design.ProjLat = start + std::fabs(start - end);
-    PlotPoint(pass);
+    PlotStraightEnd(pass, start);
+    PlotStraightEnd(pass, start + std::fabs(start - end));
 }
 
 void MeridianThroughAntipode(GridPass& pass) {

@@ -48,6 +48,9 @@ void Form::MoveFocus(std::string_view name) {
     }
     wanted.clear();
     Run(focus, ControlEvent::LostFocus);
+    if (closed) {
+        return;
+    }
     focus = wanted.empty() ? std::string(name) : wanted;
     wanted.clear();
     Run(focus, ControlEvent::GotFocus);

@@ -1,6 +1,6 @@
 #include "support/failing_file.h"
 
-#include "core/run_time_error.h"
+#include "support/run_time_errors.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +9,6 @@
 
 namespace quelmont {
 namespace {
-
-template <typename Body>
-int ErrorOf(Body&& body) {
-    try {
-        body();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-}
 
 std::span<const std::byte> Bytes(std::string_view text) { return std::as_bytes(std::span(text)); }
 

@@ -1,0 +1,222 @@
+#include "platform/form.h"
+
+#include "support/scripted_machine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+/// A form with a heading, two fields to turn and two buttons, which writes down every handler that
+/// runs. A test may hang something more on a handler.
+class Recorder : public Form {
+public:
+    Recorder() : Form("Recorder", "Recorder of handlers") {
+        Add({.name = "Heading", .kind = ControlKind::Label, .text = "Percent"});
+        Add({.name = "First", .kind = ControlKind::Spin, .value = 50, .minimum = 10, .maximum = 100});
+        Add({.name = "Second", .kind = ControlKind::Spin, .value = 1, .minimum = 1, .maximum = 9});
+        Add({.name = "OK", .kind = ControlKind::Button, .text = "OK"});
+        Add({.name = "Cancel", .kind = ControlKind::Button, .text = "Cancel"});
+        for (const char* const name : {"First", "Second", "OK", "Cancel"}) {
+            Note(name, ControlEvent::GotFocus, "GotFocus");
+            Note(name, ControlEvent::LostFocus, "LostFocus");
+            Note(name, ControlEvent::Click, "Click");
+            Note(name, ControlEvent::Change, "Change");
+        }
+        SetDefaultButton("OK");
+        SetCancelButton("Cancel");
+        SetHelpPage(42);
+    }
+
+    void Also(const std::string& handler, std::function<void()> action) { also[handler] = std::move(action); }
+    void Disable(std::string_view name) { Edit(name).enabled = false; }
+    using Form::Close;
+    using Form::SetFocus;
+
+    std::vector<std::string> ran;
+
+private:
+    void Note(const char* name, ControlEvent event, const char* eventName) {
+        const std::string handler = std::string(name) + "_" + eventName;
+        On(name, event, [this, handler] {
+            ran.push_back(handler);
+            if (also.contains(handler)) {
+                also[handler]();
+            }
+        });
+    }
+
+    std::map<std::string, std::function<void()>> also;
+};
+
+TEST(FormFocus, BeginsAtTheFirstControlThatCanHaveIt) {
+    const Recorder form;
+    EXPECT_EQ(form.Focus(), "First");
+}
+
+TEST(FormFocus, MovesWithBothHandlers) {
+    Recorder form;
+    form.MoveFocus("Second");
+    EXPECT_EQ(form.Focus(), "Second");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "Second_GotFocus"));
+}
+
+TEST(FormFocus, MoveToWhereItIsDoesNothing) {
+    Recorder form;
+    form.MoveFocus("First");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormFocus, HandlerMayCallItBack) {
+    Recorder form;
+    form.Also("First_LostFocus", [&] { form.SetFocus("First"); });
+    form.MoveFocus("Second");
+    EXPECT_EQ(form.Focus(), "First");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "First_GotFocus"));
+}
+
+TEST(FormFocus, ControlThatGetsItMayPassItOn) {
+    Recorder form;
+    form.Also("OK_GotFocus", [&] { form.SetFocus("Second"); });
+    form.MoveFocus("OK");
+    EXPECT_EQ(form.Focus(), "Second");
+}
+
+TEST(FormFocus, DisabledControlDoesNotGetIt) {
+    Recorder form;
+    form.Disable("Second");
+    form.MoveFocus("Second");
+    EXPECT_EQ(form.Focus(), "First");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormFocus, FormClosedByTheFieldLeftGivesItToNobody) {
+    Recorder form;
+    form.Also("First_LostFocus", [&] { form.Close(); });
+    form.MoveFocus("Second");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus"));
+}
+
+TEST(FormButtons, PressMovesTheFocusThenClicks) {
+    Recorder form;
+    form.Press("OK");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "OK_GotFocus", "OK_Click"));
+}
+
+TEST(FormButtons, FieldThatKeepsTheFocusSwallowsTheClick) {
+    Recorder form;
+    form.Also("First_LostFocus", [&] { form.SetFocus("First"); });
+    form.Press("OK");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "First_GotFocus"));
+    EXPECT_EQ(form.Focus(), "First");
+}
+
+TEST(FormButtons, ButtonWithTheFocusIsClickedWithoutMoving) {
+    Recorder form;
+    form.MoveFocus("OK");
+    form.ran.clear();
+    form.Press("OK");
+    EXPECT_THAT(form.ran, ElementsAre("OK_Click"));
+}
+
+TEST(FormButtons, ButtonThatClosesTheFormAsItGetsTheFocusIsNotClicked) {
+    Recorder form;
+    form.Also("OK_GotFocus", [&] { form.Close(); });
+    form.Press("OK");
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "OK_GotFocus"));
+}
+
+TEST(FormButtons, ClickMaySendTheFocusElsewhere) {
+    Recorder form;
+    form.Also("OK_Click", [&] { form.SetFocus("Second"); });
+    form.Press("OK");
+    EXPECT_EQ(form.Focus(), "Second");
+}
+
+TEST(FormButtons, DisabledButtonIsNotPressed) {
+    Recorder form;
+    form.Disable("OK");
+    form.Press("OK");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormButtons, ReturnPressesTheDefaultButton) {
+    Recorder form;
+    form.PressDefault();
+    EXPECT_THAT(form.ran, ElementsAre("First_LostFocus", "OK_GotFocus", "OK_Click"));
+}
+
+TEST(FormCancel, ChecksNoField) {
+    Recorder form;
+    form.Also("Cancel_Click", [&] { form.Close(); });
+    form.PressCancel();
+    EXPECT_THAT(form.ran, ElementsAre("Cancel_Click"));
+    EXPECT_TRUE(form.Closed());
+}
+
+TEST(FormCancel, ClosedFormHearsNothingMore) {
+    Recorder form;
+    form.Close();
+    form.PressCancel();
+    form.Press("OK");
+    form.MoveFocus("Second");
+    form.Spin("First", 60);
+    EXPECT_THAT(form.ran, IsEmpty());
+    EXPECT_EQ(form.At("First").value, 50);
+}
+
+TEST(FormSpin, StaysWithinItsRange) {
+    Recorder form;
+    form.Spin("First", 60);
+    EXPECT_EQ(form.At("First").value, 60);
+    form.Spin("First", 101);
+    EXPECT_EQ(form.At("First").value, 100);
+    form.Spin("First", -5);
+    EXPECT_EQ(form.At("First").value, 10);
+    EXPECT_THAT(form.ran, ElementsAre("First_Change", "First_Change", "First_Change"));
+}
+
+TEST(FormSpin, DisabledOneDoesNotTurn) {
+    Recorder form;
+    form.Disable("First");
+    form.Spin("First", 60);
+    EXPECT_EQ(form.At("First").value, 50);
+}
+
+TEST(FormHelp, OpensThePageOfTheDialog) {
+    ScriptedMachine machine;
+    const Recorder form;
+    form.PressF1();
+    EXPECT_THAT(machine.help.shown, ElementsAre(Pair(HelpContext, 42)));
+}
+
+TEST(FormControls, UnknownNameIsAMistake) {
+    Recorder form;
+    EXPECT_THROW(static_cast<void>(form.At("Nowhere")), std::out_of_range);
+    EXPECT_THROW(form.Press("Nowhere"), std::out_of_range);
+}
+
+TEST(FormWatcher, HearsOfEveryHandlerAndOfTheClose) {
+    Recorder form;
+    int heard = 0;
+    bool seenClosed = false;
+    form.SetWatcher([&] {
+        ++heard;
+        seenClosed = form.Closed();
+    });
+    form.Spin("First", 60);
+    EXPECT_EQ(heard, 1);
+    form.Close();
+    EXPECT_EQ(heard, 2);
+    EXPECT_TRUE(seenClosed);
+}
+
+} // namespace
+} // namespace quelmont
