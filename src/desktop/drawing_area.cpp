@@ -11,6 +11,8 @@ namespace {
 
 /// What a widget's place is off a whole device pixel by rounding alone.
 constexpr qreal Tolerance = 1e-6;
+/// How much of the theme's text colour the hint has: dimmed, but still to be read.
+constexpr float HintStrength = 0.6F;
 
 int FirstWhole(qreal place) { return static_cast<int>(std::ceil(place - Tolerance)); }
 int LastWhole(qreal place) { return static_cast<int>(std::floor(place + Tolerance)); }
@@ -50,7 +52,9 @@ void DrawingArea::Clear(std::uint32_t color) {
 
 void DrawingArea::PaintHint() {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    QColor dimmed = palette().color(QPalette::WindowText);
+    dimmed.setAlphaF(HintStrength);
+    painter.setPen(dimmed);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Hint());
 }
 

@@ -175,8 +175,8 @@ void FormView::keyPressEvent(QKeyEvent* event) {
 
 void FormView::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (!shown) {
-        shown = true;
+    if (!seen) {
+        seen = true;
         MoveToMiddle();
         FollowFocus();
         for (QAbstractSpinBox* spin : spins) {

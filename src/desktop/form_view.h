@@ -62,7 +62,7 @@ private:
     Form& form;
     std::vector<Binding> bindings;
     std::vector<QAbstractSpinBox*> spins;
-    bool shown = false;
+    bool seen = false;
 };
 
 /// Shows forms as dialogs.

@@ -8,7 +8,7 @@
 
 namespace quelmont {
 
-MapReduceView::MapReduceView(Form& form, QWidget* parent) : FormView(form, parent) {
+MapReduceView::MapReduceView(Form& shown, QWidget* parent) : FormView(shown, parent) {
     auto* column = new QVBoxLayout(this);
     column->setSizeConstraint(QLayout::SetFixedSize);
     const int gap = fontMetrics().height();

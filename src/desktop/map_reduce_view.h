@@ -7,7 +7,7 @@ namespace quelmont {
 /// "Select Map Size": the explanation, the percentage, the two buttons.
 class MapReduceView final : public FormView {
 public:
-    MapReduceView(Form& form, QWidget* parent);
+    MapReduceView(Form& shown, QWidget* parent);
 };
 
 } // namespace quelmont

@@ -52,8 +52,11 @@ WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(cl
         } else {
             QAction* action = bar.addAction(Text(entry.text));
             items[{Menu::mnuBar, index}] = Item{action, entry.ready};
-            QObject::connect(action, &QAction::triggered, action,
-                             [this, index] { Triggered(Menu::mnuBar, index); });
+            QObject::connect(action, &QAction::triggered, action, [this, &bar, index] {
+                // The title would stay lit as long as the command runs.
+                bar.setActiveAction(nullptr);
+                Triggered(Menu::mnuBar, index);
+            });
         }
     }
 }
