@@ -37,6 +37,10 @@ void ShowErrorBox(std::string_view routine, const RunTimeError& error) {
 
 void ShowApiErrorBox(std::string_view text) { ShowOnce("Windows API Error", std::string(text)); }
 
+void ShowDrawBox(std::string_view title, std::string_view text) {
+    ShowOnce(std::string(title), std::string(text));
+}
+
 void BeginDrawBoxes() { State() = DrawBoxes{true, {}, 0}; }
 
 void EndDrawBoxes() {

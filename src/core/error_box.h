@@ -14,7 +14,10 @@ void ShowErrorBox(std::string_view routine, const RunTimeError& error);
 /// Box of a failed surface or system operation, under the title "Windows API Error".
 void ShowApiErrorBox(std::string_view text);
 
-/// Between the two calls, which enclose a draw, each box of the kinds above is shown once: a point
+/// Any other box that a draw may bring more than once.
+void ShowDrawBox(std::string_view title, std::string_view text);
+
+/// Between the two calls, which enclose a draw, each of these boxes is shown once: a point
 /// that fails would otherwise bring as many boxes as the map has points. Repeats are counted, and
 /// EndDrawBoxes tells their number in one last box.
 void BeginDrawBoxes();

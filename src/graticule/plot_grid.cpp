@@ -7,6 +7,7 @@
 #include "core/rounding.h"
 #include "graticule/grid_pass.h"
 #include "output/device_pen.h"
+#include "output/draw_target.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
 
@@ -22,12 +23,6 @@ constexpr int SiteBackground = 1;
 constexpr int SiteGrid = 2;
 constexpr int SiteRelease = 3;
 constexpr int SiteError = 4;
-
-void SelectDevice() {
-    Design.Surface = &Machine().window->Surface();
-    Design.DevicePixelX = Design.TwipsPerPixelX;
-    Design.DevicePixelY = Design.TwipsPerPixelY;
-}
 
 /// A rectangle of the background colour over the whole drawing area and its margins.
 void PaintBackground() {
@@ -60,26 +55,6 @@ void MakeGridPen() {
     MakeDevicePen(PenStyleSolid, Design.PenWidth, Design.PenColor, SiteGrid, Routine);
 }
 
-/// The file of the pass on file number 2; slot counts the grid's names in AsciiFileName from 1.
-void OpenExport(GridPass& pass, std::size_t slot) {
-    if (Design.OutputAscii) {
-        if (slot > Design.AsciiFileName.size()) {
-            throw RunTimeError(ErrorSubscript);
-        }
-        pass.DiskOut = true;
-        Design.OutputFileName = Design.AsciiFileName[slot - 1];
-        OpenFile(OutputFileNumber, Design.OutputFileName, OpenMode::Output);
-    } else if (Design.OutputCgm) {
-        pass.DiskOut = true;
-        OpenFile(OutputFileNumber, Design.CgmFileName, OpenMode::Binary);
-    } else if (Design.OutputDxf) {
-        pass.DiskOut = true;
-        OpenFile(OutputFileNumber, Design.DxfFileName, OpenMode::Append);
-    } else if (Design.OutputWmf) {
-        pass.DiskOut = true;
-    }
-}
-
 /// The circle is laid straight on the map frame, every third degree. False when it is all that the
 /// pass draws.
 bool BoundaryCircle(const GridPass& pass) {
@@ -106,7 +81,7 @@ bool BoundaryCircle(const GridPass& pass) {
     return true;
 }
 
-/// One run of the plotting routine. False when Escape was pressed; file number 2 is the business of
+/// One run of the plotting routine; slot counts the grid's names in AsciiFileName from 1. False when Escape was pressed; file number 2 is the business of
 /// the draw cycle then.
 bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     GridPass pass;
@@ -114,7 +89,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     pass.LonList.assign(1, 0.0);
     Design.CurrentSymbolType = mode;
     Design.PointStatus = 0;
-    OpenExport(pass, slot);
+    pass.DiskOut = OpenExport(slot);
     pass.ClipLatMax = Design.LatNorth;
     pass.ClipLatMin = Design.LatSouth;
     pass.ClipLonMax = Design.LonSpan;

@@ -1,6 +1,7 @@
 #include "mainwindow/map_draw.h"
 
 #include "core/checked_math.h"
+#include "core/elapsed.h"
 #include "core/error_box.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
@@ -23,15 +24,10 @@ namespace {
 
 constexpr const char* StopCaption = "Quelmont: click on Stop or press Esc to stop plotting";
 constexpr int StopItem = 5;
-constexpr double SecondsPerDay = 86400.0;
 
 double Now() { return Machine().clock->SecondsSinceMidnight(); }
 
-/// The clock starts again at midnight.
-double SecondsSince(double start) {
-    const double seconds = Now() - start;
-    return seconds < 0.0 ? seconds + SecondsPerDay : seconds;
-}
+double SecondsSince(double start) { return ElapsedSeconds(start, Now()); }
 
 void EnableMenus(bool drawing) {
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {

@@ -1,0 +1,172 @@
+#include "output/symbols.h"
+
+#include "core/error_box.h"
+#include "core/run_time_error.h"
+#include "output/print_to_screen.h"
+#include "output_fixture.h"
+#include "support/run_time_errors.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr std::uint32_t Orange = 0x0080FF;
+
+/// Symbols of a radius of 45 twips about pixel (100, 80): 3 pixels wide and, pixels being 15 by 7.5
+/// twips, 6 high. left 97, right 103, top 74, bottom 86; base 80 + 0.577 * 45 / 7.5 = 83.46, apex
+/// 80 - 1.155 * 45 / 7.5 = 73.07.
+class Symbols : public OutputTest {
+protected:
+    Symbols() {
+        Design.DevicePixelY = 7.5F;
+        Design.SymbolRadius = 45;
+        Design.PenColor = SolidColor(Orange);
+    }
+    std::string Draw(SymbolType type) {
+        Design.CurrentSymbolType = type;
+        surface.Forget();
+        DrawSymbol(100, 80);
+        return Drawn();
+    }
+    /// What stands around a shape that is not filled. Brush 2 is the surface's own.
+    static std::string Open(const std::string& shape) {
+        return "GetStockObject(5, 3)\nSelectObject(3)\nSetPolyFillMode(1, 1)\n" + shape +
+               "\nSetPolyFillMode(1, 1)\nSelectObject(2)\n";
+    }
+    /// The same of a filled one, whose brush is handle 4, 0x0080FF = 33023.
+    static std::string Filled(const std::string& shape) {
+        return "CreateSolidBrush(33023, 4)\nSelectObject(4)\nSetPolyFillMode(1, 1)\n" + shape +
+               "\nSetPolyFillMode(1, 1)\nSelectObject(2)\nDeleteObject(4)\n";
+    }
+    void ExpectBox(const std::string& text) {
+        EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Windows API Error", text}));
+    }
+};
+
+TEST_F(Symbols, PlusIsOneStrokeThroughTheCentre) {
+    EXPECT_EQ(Draw(SymbolPlus), Open("Polyline(97, 80, 103, 80, 100, 80, 100, 74, 100, 86, 100, 80)"));
+}
+
+TEST_F(Symbols, CrossIsOneStrokeThroughTheCentre) {
+    EXPECT_EQ(Draw(SymbolCross), Open("Polyline(97, 86, 103, 74, 100, 80, 97, 74, 103, 86, 100, 80)"));
+}
+
+TEST_F(Symbols, SquareIsARectangle) {
+    EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(97, 74, 103, 86)"));
+    EXPECT_EQ(Draw(SymbolFilledSquare), Filled("Rectangle(97, 74, 103, 86)"));
+}
+
+TEST_F(Symbols, DiamondStandsOnItsCorner) {
+    EXPECT_EQ(Draw(SymbolOpenDiamond), Open("Polygon(97, 80, 100, 86, 103, 80, 100, 74)"));
+    EXPECT_EQ(Draw(SymbolFilledDiamond), Filled("Polygon(97, 80, 100, 86, 103, 80, 100, 74)"));
+}
+
+TEST_F(Symbols, TriangleHasItsApexAbove) {
+    EXPECT_EQ(Draw(SymbolOpenTriangle), Open("Polygon(97, 83, 100, 73, 103, 83)"));
+    EXPECT_EQ(Draw(SymbolFilledTriangle), Filled("Polygon(97, 83, 100, 73, 103, 83)"));
+}
+
+TEST_F(Symbols, CircleIsAnEllipseInTheBox) {
+    EXPECT_EQ(Draw(SymbolOpenCircle), Open("Ellipse(97, 74, 103, 86)"));
+    EXPECT_EQ(Draw(SymbolFilledCircle), Filled("Ellipse(97, 74, 103, 86)"));
+}
+
+TEST_F(Symbols, UnknownTypeHasNoShape) {
+    EXPECT_EQ(Draw(SymbolText), "GetStockObject(5, 3)\nSelectObject(3)\nSetPolyFillMode(1, 1)\n"
+                                "SetPolyFillMode(1, 1)\nSelectObject(2)\n");
+}
+
+TEST_F(Symbols, RadiusZeroIsAPoint) {
+    Design.SymbolRadius = 0;
+    EXPECT_EQ(Draw(SymbolOpenDiamond), Open("Polygon(100, 80, 100, 80, 100, 80, 100, 80)"));
+}
+
+TEST_F(Symbols, HalfPixelsRoundToTheEvenNeighbour) {
+    // 37.5 twips are 2.5 pixels: 97.5 and 102.5.
+    Design.DevicePixelY = 15.0F;
+    Design.DevicePixelX = 18.0F;
+    EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(98, 77, 102, 83)"));
+}
+
+TEST_F(Symbols, EachFailingShapeHasItsOwnMessage) {
+    const std::pair<SymbolType, std::string> expected[] = {
+        {SymbolPlus, "Polyline(1) error in PrintToScreen"},
+        {SymbolCross, "Polyline(2) error in PrintToScreen"},
+        {SymbolOpenSquare, "Rectangle(1) error in PrintToScreen"},
+        {SymbolFilledSquare, "Rectangle(1) error in PrintToScreen"},
+        {SymbolOpenDiamond, "Polygon(2) error in PrintToScreen"},
+        {SymbolFilledDiamond, "Polygon(2) error in PrintToScreen"},
+        {SymbolOpenTriangle, "Polygon(3) error in PrintToScreen"},
+        {SymbolFilledTriangle, "Polygon(3) error in PrintToScreen"},
+        {SymbolOpenCircle, "Ellipse(1) error in PrintToScreen"},
+        {SymbolFilledCircle, "Ellipse(1) error in PrintToScreen"},
+    };
+    for (const SurfaceOp op :
+         {SurfaceOp::Polyline, SurfaceOp::Polygon, SurfaceOp::Rectangle, SurfaceOp::Ellipse}) {
+        surface.FailAt(op, 0);
+    }
+    for (const auto& [type, text] : expected) {
+        Draw(type);
+        ExpectBox(text);
+        EXPECT_EQ(surface.LiveObjects(), 0);
+        EXPECT_EQ(surface.CurrentBrushHandle(), 2U) << "the surface's own brush is back";
+    }
+}
+
+TEST_F(Symbols, WithoutABrushTheShapeIsDrawnAllTheSame) {
+    surface.FailAt(SurfaceOp::CreateSolidBrush, 1);
+    EXPECT_EQ(Draw(SymbolFilledSquare), "CreateSolidBrush(33023) failed\nSetPolyFillMode(1, 1)\n"
+                                        "Rectangle(97, 74, 103, 86)\nSetPolyFillMode(1, 1)\n");
+    ExpectBox("CreateSolidBrush(1) error in PrintToScreen");
+}
+
+TEST_F(Symbols, FillModeThatCannotBeSetIsNotPutBack) {
+    surface.FailAt(SurfaceOp::SetPolyFillMode, 1);
+    Draw(SymbolOpenSquare);
+    EXPECT_EQ(surface.Count(SurfaceOp::SetPolyFillMode), 1);
+    ExpectBox("SetPolyFillMode(1) error in PrintToScreen");
+}
+
+TEST_F(Symbols, FillModeThatCannotBePutBackIsTold) {
+    surface.FailAt(SurfaceOp::SetPolyFillMode, 2);
+    Draw(SymbolOpenSquare);
+    ExpectBox("SetPolyFillMode(2) error in PrintToScreen");
+}
+
+TEST_F(Symbols, BrushThatCannotBeDeletedIsTold) {
+    surface.FailAt(SurfaceOp::DeleteObject, 1);
+    Draw(SymbolFilledCircle);
+    ExpectBox("DeleteObject(1) error in PrintToScreen");
+}
+
+TEST_F(Symbols, FillModeOfTheSurfaceComesBack) {
+    surface.SetPolyFillMode(FillWinding);
+    Draw(SymbolOpenSquare);
+    EXPECT_EQ(surface.PolyFillMode(), FillWinding);
+}
+
+TEST_F(Symbols, TriangleTooFarOutOverflows) {
+    Design.CurrentSymbolType = SymbolOpenTriangle;
+    Design.SymbolRadius = 400'000;
+    EXPECT_EQ(ErrorOf([] { DrawSymbol(100, 80); }), ErrorOverflow);
+    EXPECT_EQ(Drawn(), "") << "nothing was selected that would have to be given back";
+}
+
+TEST_F(Symbols, SymbolsThatFailAlikeInOneDrawShowOneBox) {
+    surface.FailAt(SurfaceOp::Rectangle, 0);
+    BeginDrawBoxes();
+    Draw(SymbolOpenSquare);
+    Draw(SymbolOpenSquare);
+    Draw(SymbolOpenSquare);
+    ExpectBox("Rectangle(1) error in PrintToScreen");
+    EndDrawBoxes();
+    EXPECT_EQ(machine.boxes.asked.size(), 1U);
+    EXPECT_NE(machine.boxes.asked.at(0).text.find(" 2 more times"), std::string::npos);
+}
+
+} // namespace
+} // namespace quelmont
