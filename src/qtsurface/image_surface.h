@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/draw_surface.h"
+#include "qtsurface/pixel_grid.h"
+
+#include <QImage>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quelmont {
+
+/// A surface whose picture lies in memory: the window's back image and the picture of a file.
+/// Lines are not antialiased.
+///
+/// It begins with a black pen of one pixel and a white brush, as GetStockObject's objects are: they
+/// can be selected for ever and are never freed. A pen is solid or null, one pixel wide or round;
+/// its width is 32767 at most. The outline of a rectangle or an ellipse runs through the centres of
+/// the outermost pixels of its box, whatever the pen's width.
+class ImageSurface final : public DrawSurface {
+public:
+    /// A black picture. Sizes in pixels, 0 to 32767; RunTimeError "Invalid procedure call or
+    /// argument" outside that, "Out of memory".
+    ImageSurface(std::int32_t width, std::int32_t height);
+
+    std::int32_t Width() const { return grid.width; }
+    std::int32_t Height() const { return grid.height; }
+
+    /// Gives the picture another size, with the failures of the constructor, and fills it.
+    /// Pens, brushes and the current position stay.
+    void Resize(std::int32_t width, std::int32_t height, std::uint32_t color);
+    /// Fills the picture with a colour, 0x00BBGGRR.
+    void Clear(std::uint32_t color);
+
+    /// The picture as it is, for painting it at once: the pixels are the surface's own and go with
+    /// its next change of size. Image().copy() is a picture to keep.
+    QImage Image() const;
+
+    /// Writes the picture as a PNG file. The file appears under its name when it is whole, and an
+    /// earlier one of that name stays until then. Uses file number 2.
+    /// RunTimeError "Path not found", "Permission denied", "Disk full", "Path/File access error"
+    /// when the name is that of a folder or a device, and what else a file can fail with.
+    void SavePng(const std::string& path) const;
+
+    void MoveToEx(std::int32_t x, std::int32_t y) override { position = {x, y}; }
+    void LineTo(std::int32_t x, std::int32_t y) override;
+    bool Polyline(std::span<const SurfacePoint> points) override;
+    bool Polygon(std::span<const SurfacePoint> points) override;
+    bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
+    bool Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
+    void SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) override;
+    SurfaceHandle CreatePen(int style, std::int32_t width, std::uint32_t color) override;
+    SurfaceHandle CreateSolidBrush(std::uint32_t color) override;
+    SurfaceHandle GetStockObject(int number) override;
+    SurfaceHandle SelectObject(SurfaceHandle object) override;
+    bool DeleteObject(SurfaceHandle object) override;
+    int SetPolyFillMode(int mode) override;
+
+private:
+    struct Pen {
+        bool draws = true;
+        std::int32_t width = 1;
+        std::uint32_t pixel = 0;
+        std::optional<RoundPen> round; ///< from two pixels on
+    };
+    struct Brush {
+        bool fills = true;
+        std::uint32_t pixel = 0;
+    };
+
+    SurfaceHandle Keep(std::variant<Pen, Brush> object);
+    void Segment(SurfacePoint from, SurfacePoint to) const;
+
+    std::vector<std::uint32_t> pixels;
+    PixelGrid grid;
+    std::map<SurfaceHandle, std::variant<Pen, Brush>> objects;
+    SurfaceHandle lastHandle = 0;
+    SurfaceHandle currentPen = 0;
+    SurfaceHandle currentBrush = 0;
+    const Pen* pen = nullptr; ///< the current ones; the map never moves them
+    const Brush* brush = nullptr;
+    SurfacePoint position;
+    int fillMode = FillAlternate;
+};
+
+} // namespace quelmont

@@ -1,0 +1,102 @@
+#include "qtsurface/pixel_grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace quelmont {
+
+void FillSpan(const PixelGrid& grid, std::int64_t row, std::int64_t first, std::int64_t last,
+              std::uint32_t pixel) {
+    if (row < 0 || row >= grid.height) {
+        return;
+    }
+    first = std::max<std::int64_t>(first, 0);
+    last = std::min<std::int64_t>(last, grid.width - 1);
+    std::uint32_t* const line = grid.pixels + row * grid.width;
+    for (std::int64_t x = first; x <= last; ++x) {
+        line[x] = pixel;
+    }
+}
+
+namespace {
+
+/// Where a polygon's edge cuts a row.
+struct Crossing {
+    double x;
+    int direction; ///< 1 downward, -1 upward
+};
+
+std::vector<Crossing> Crossings(std::span<const SurfacePoint> points, std::int64_t row) {
+    std::vector<Crossing> crossings;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        SurfacePoint upper = points[i];
+        SurfacePoint lower = points[(i + 1) % points.size()];
+        const int direction = upper.y < lower.y ? 1 : -1;
+        if (direction < 0) {
+            std::swap(upper, lower);
+        }
+        if (row >= upper.y && row < lower.y) {
+            const double slope =
+                (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
+            crossings.push_back({upper.x + static_cast<double>(row - upper.y) * slope, direction});
+        }
+    }
+    std::sort(crossings.begin(), crossings.end(),
+              [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+    return crossings;
+}
+
+} // namespace
+
+void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, int fillMode,
+                 std::uint32_t pixel) {
+    if (points.empty()) {
+        return;
+    }
+    const auto [highest, lowest] = std::minmax_element(
+        points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.y < b.y; });
+    const std::int64_t firstRow = std::max(highest->y, 0);
+    const std::int64_t endRow = std::min(lowest->y, grid.height);
+    for (std::int64_t row = firstRow; row < endRow; ++row) {
+        const std::vector<Crossing> crossings = Crossings(points, row);
+        int winding = 0;
+        for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
+            winding += fillMode == FillWinding ? crossings[i].direction : 1;
+            const bool inside = fillMode == FillWinding ? winding != 0 : winding % 2 != 0;
+            if (inside) {
+                FillSpan(grid, row, static_cast<std::int64_t>(std::ceil(crossings[i].x)),
+                         static_cast<std::int64_t>(std::ceil(crossings[i + 1].x)) - 1, pixel);
+            }
+        }
+    }
+}
+
+void FillEllipse(const PixelGrid& grid, const EllipseShape& ellipse, std::uint32_t pixel) {
+    const auto halfWidth = [](double semiX, double semiY, double distance) {
+        const double share = distance / semiY;
+        return semiX * std::sqrt(std::max(0.0, 1.0 - share * share));
+    };
+    const auto firstRow = static_cast<std::int64_t>(std::ceil(ellipse.centreY - ellipse.semiY));
+    const auto lastRow = static_cast<std::int64_t>(std::floor(ellipse.centreY + ellipse.semiY));
+    const std::int64_t endRow = std::min<std::int64_t>(lastRow + 1, grid.height);
+    for (std::int64_t row = std::max<std::int64_t>(firstRow, 0); row < endRow; ++row) {
+        const double distance = static_cast<double>(row) - ellipse.centreY;
+        const double outer = halfWidth(ellipse.semiX, ellipse.semiY, distance);
+        const auto first = static_cast<std::int64_t>(std::ceil(ellipse.centreX - outer));
+        const auto last = static_cast<std::int64_t>(std::floor(ellipse.centreX + outer));
+        if (ellipse.holeX > 0.0 && ellipse.holeY > std::fabs(distance)) {
+            const double hole = halfWidth(ellipse.holeX, ellipse.holeY, distance);
+            const auto holeFirst = static_cast<std::int64_t>(std::floor(ellipse.centreX - hole)) + 1;
+            const auto holeLast = static_cast<std::int64_t>(std::ceil(ellipse.centreX + hole)) - 1;
+            if (holeFirst <= holeLast) {
+                FillSpan(grid, row, first, holeFirst - 1, pixel);
+                FillSpan(grid, row, holeLast + 1, last, pixel);
+                continue;
+            }
+        }
+        FillSpan(grid, row, first, last, pixel);
+    }
+}
+
+} // namespace quelmont

@@ -1,0 +1,128 @@
+#include "core/file_numbers.h"
+#include "core/run_time_error.h"
+#include "qtsurface/picture.h"
+#include "support/failing_file.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <iterator>
+
+#include <sys/stat.h>
+
+namespace quelmont {
+namespace {
+
+/// The error of a picture saved under a name, 0 when there was none.
+int ErrorOfSaving(const ImageSurface& surface, const std::string& path) {
+    try {
+        surface.SavePng(path);
+        return 0;
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    }
+}
+
+class PngFile : public testing::Test {
+protected:
+    PngFile() { sheet.Line({0, 1}, {4, 1}); }
+
+    auto FilesInFolder() const {
+        const std::filesystem::directory_iterator files(folder.Path());
+        return std::distance(begin(files), end(files));
+    }
+
+    Sheet sheet{4, 3};
+    TemporaryFolder folder;
+};
+
+TEST_F(PngFile, HoldsThePicture) {
+    sheet.surface.SavePng(folder / "a.png");
+    const QImage read(QString::fromStdString(folder / "a.png"));
+    ASSERT_EQ(read.size(), QSize(4, 3));
+    for (int y = 0; y < 3; ++y) {
+        for (int x = 0; x < 4; ++x) {
+            EXPECT_EQ(read.pixel(x, y), sheet.surface.Image().pixel(x, y));
+        }
+    }
+    EXPECT_EQ(FilesInFolder(), 1);
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+}
+
+TEST_F(PngFile, ReplacesAnEarlierOne) {
+    WriteWholeFile(folder / "a.png", "earlier");
+    sheet.surface.SavePng(folder / "a.png");
+    EXPECT_EQ(ReadWholeFile(folder / "a.png").substr(1, 3), "PNG");
+    EXPECT_EQ(FilesInFolder(), 1);
+}
+
+TEST_F(PngFile, IsTheSameForTheSamePicture) {
+    sheet.surface.SavePng(folder / "a.png");
+    sheet.surface.SavePng(folder / "b.png");
+    EXPECT_EQ(ReadWholeFile(folder / "a.png"), ReadWholeFile(folder / "b.png"));
+}
+
+TEST_F(PngFile, LinkStaysALink) {
+    WriteWholeFile(folder / "real.png", "earlier");
+    std::filesystem::create_symlink("real.png", folder / "link.png");
+    sheet.surface.SavePng(folder / "link.png");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.png"));
+    EXPECT_EQ(ReadWholeFile(folder / "real.png").substr(1, 3), "PNG");
+}
+
+TEST_F(PngFile, NeedsItsFolder) {
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "missing/a.png"), ErrorPathNotFound);
+    WriteWholeFile(folder / "file", "");
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "file/a.png"), ErrorPathNotFound);
+}
+
+TEST_F(PngFile, DoesNotReplaceAFolder) {
+    std::filesystem::create_directory(folder / "a.png");
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "a.png"), ErrorPathFileAccess);
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "a.png"));
+    EXPECT_EQ(FilesInFolder(), 1);
+}
+
+TEST_F(PngFile, DoesNotReplaceADevice) {
+    ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "pipe.png"), ErrorPathFileAccess);
+    std::filesystem::create_symlink("/dev/full", folder / "full.png");
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "full.png"), ErrorPathFileAccess);
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    EXPECT_EQ(FilesInFolder(), 2);
+}
+
+TEST_F(PngFile, EarlierOneOutlivesAFullDisk) {
+    WriteWholeFile(folder / "a.png", "earlier");
+    FailingFiles files;
+    files.FailWritingAfter(20, ErrorDiskFull);
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "a.png"), ErrorDiskFull);
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    EXPECT_EQ(ReadWholeFile(folder / "a.png"), "earlier");
+}
+
+TEST_F(PngFile, EarlierOneOutlivesAFailureAtTheVeryEnd) {
+    WriteWholeFile(folder / "a.png", "earlier");
+    FailingFiles files;
+    files.FailClosing(ErrorDeviceIo);
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "a.png"), ErrorDeviceIo);
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    EXPECT_EQ(ReadWholeFile(folder / "a.png"), "earlier");
+}
+
+TEST_F(PngFile, LeavesAFileAloneThatIsOpenUnderItsNumber) {
+    OpenFile(OutputFileNumber, folder / "other", OpenMode::Output);
+    EXPECT_EQ(ErrorOfSaving(sheet.surface, folder / "a.png"), ErrorFileAlreadyOpen);
+    EXPECT_TRUE(IsFileOpen(OutputFileNumber));
+    CloseFile(OutputFileNumber);
+}
+
+TEST(EmptyPicture, IsNotSaved) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(ErrorOfSaving(ImageSurface(0, 5), folder / "a.png"), ErrorInvalidCall);
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.png"));
+}
+
+} // namespace
+} // namespace quelmont
