@@ -44,6 +44,8 @@ public:
     /// The control of that name; std::out_of_range when the form has none.
     const Control& At(std::string_view name) const;
     const std::string& Focus() const { return focus; }
+    /// The button that Enter presses; empty when there is none.
+    const std::string& DefaultButton() const { return defaultButton; }
     bool Closed() const { return closed; }
     /// The page of the help that F1 opens.
     int HelpPage() const { return helpPage; }

@@ -13,7 +13,9 @@ enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbo
 /// Shapes of the mouse pointer, by the window system's numbers.
 enum class MousePointer { Normal = 0, Hourglass = 11 };
 
-/// A window's frame in twips: place of its upper left corner and size, frame included.
+/// A window on the screen in twips: the upper left corner of its frame, and the size of what is
+/// inside the frame. A frame's thickness is known only once the window is seen; a size that
+/// included it would grow or shrink each time the window comes back.
 struct WindowPlace {
     double left = 0.0;
     double top = 0.0;

@@ -1,0 +1,3 @@
+#include "desktop/desktop.h"
+
+int main(int argc, char** argv) { return quelmont::RunDesktop(argc, argv); }

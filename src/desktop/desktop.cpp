@@ -1,0 +1,54 @@
+#include "desktop/desktop.h"
+
+#include "mainwindow/settings.h"
+#include "mainwindow/start_up.h"
+#include "platform/machine.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+// The macro wants to stand outside every namespace.
+static void InitialiseResources() { Q_INIT_RESOURCE(quelmont); }
+
+namespace quelmont {
+
+namespace {
+
+/// Qt ends the process when it finds no display. Until the application stands, its messages are
+/// about that alone, and one line of ours tells it better.
+void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+    if (type == QtFatalMsg) {
+        std::fputs("quelmont: there is no display to open a window on\n", stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
+} // namespace
+
+Desktop::Desktop() : boxes(window), forms(window), screen(window) {
+    InitialiseResources();
+    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+}
+
+Desktop::~Desktop() { Machine() = {}; }
+
+void Desktop::Start() {
+    StartUp();
+    ReadSettings();
+    window.show();
+}
+
+int RunDesktop(int argc, char** argv) {
+    QApplication::setApplicationName(QStringLiteral("quelmont"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quelmont"));
+    const QtMessageHandler before = qInstallMessageHandler(NoDisplay);
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(before);
+    Desktop desktop;
+    desktop.Start();
+    return QApplication::exec();
+}
+
+} // namespace quelmont

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "desktop/desktop_machine.h"
+#include "desktop/desktop_window.h"
+#include "desktop/form_view.h"
+
+namespace quelmont {
+
+/// The program on a desktop: its window and its machine, which is in Machine() as long as it lives.
+/// Needs a QApplication.
+class Desktop {
+public:
+    Desktop();
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// Brings up the default design, puts the window where it last was, and shows it.
+    void Start();
+
+    DesktopWindow& Window() { return window; }
+
+private:
+    DesktopWindow window;
+    DesktopBoxes boxes;
+    DesktopForms forms;
+    DesktopPump pump;
+    DesktopScreen screen;
+    DesktopPlaces places;
+    DesktopClock clock;
+    DesktopPrinters printers;
+    DesktopHelp help;
+};
+
+/// The whole program, from its command line to its exit code. Without a display: one line on
+/// standard error and 1.
+int RunDesktop(int argc, char** argv);
+
+} // namespace quelmont

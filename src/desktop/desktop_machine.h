@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/boxes.h"
+#include "platform/system.h"
+
+#include <QElapsedTimer>
+
+class QMainWindow;
+class QWidget;
+
+/// The parts of the desktop's machine that are small. Each needs a QApplication.
+
+namespace quelmont {
+
+class DesktopBoxes final : public Boxes {
+public:
+    explicit DesktopBoxes(QWidget& parent_) : parent(parent_) {}
+    BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) override;
+
+private:
+    QWidget& parent;
+};
+
+/// Enters the event loop at most every five milliseconds, however often it is called.
+class DesktopPump final : public Pump {
+public:
+    void DoEvents() override;
+
+private:
+    QElapsedTimer sinceTurn;
+};
+
+/// The screen that the window is on when the program starts. Twips stand against device pixels: 15
+/// on a screen of 96 units an inch and ratio 1, 7.5 at ratio 2.
+class DesktopScreen final : public Screen {
+public:
+    explicit DesktopScreen(const QMainWindow& window);
+    float TwipsPerPixelX() const override { return twipsPerPixelX; }
+    float TwipsPerPixelY() const override { return twipsPerPixelY; }
+    int PixelsX() const override { return pixelsX; }
+    int PixelsY() const override { return pixelsY; }
+    int FullScreenX() const override { return fullScreenX; }
+    int FullScreenY() const override { return fullScreenY; }
+
+private:
+    float twipsPerPixelX;
+    float twipsPerPixelY;
+    int pixelsX;
+    int pixelsY;
+    int fullScreenX;
+    int fullScreenY;
+};
+
+class DesktopPlaces final : public Places {
+public:
+    std::string ProgramFolder() const override;
+    /// "quelmont/" in the user's configuration folder.
+    std::string SettingsFolder() const override;
+    std::string Version() const override;
+};
+
+class DesktopClock final : public Clock {
+public:
+    /// Local time.
+    double SecondsSinceMidnight() const override;
+    void Beep() override;
+};
+
+/// Printing is still to come, so no printer is looked for.
+class DesktopPrinters final : public Printers {
+public:
+    bool Any() const override { return false; }
+};
+
+/// There are no help pages yet.
+class DesktopHelp final : public Help {
+public:
+    void Show(int /*command*/, int /*context*/) override {}
+};
+
+} // namespace quelmont

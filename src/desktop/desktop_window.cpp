@@ -1,0 +1,215 @@
+#include "desktop/desktop_window.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "core/standard_colors.h"
+#include "desktop/window_place.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/settings.h"
+#include "platform/machine.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMenuBar>
+#include <QScreen>
+
+namespace quelmont {
+
+namespace {
+
+constexpr qint64 RepaintMilliseconds = 33;
+constexpr int StopTitle = 5;
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const char* name : {":/quelmont-32.png", ":/quelmont-64.png", ":/quelmont-256.png"}) {
+        icon.addFile(QString::fromLatin1(name));
+    }
+    return icon;
+}
+
+void RunCommand(Menu menu, int index) {
+    switch (menu) {
+    case Menu::mnuBar:
+        Guarded("mnuBar_Click", [&] { mnuBar_Click(index); });
+        break;
+    case Menu::mnuInput:
+        Guarded("mnuInput_Click", [&] { mnuInput_Click(index); });
+        break;
+    case Menu::mnuDesign:
+        Guarded("mnuDesign_Click", [&] { mnuDesign_Click(index); });
+        break;
+    case Menu::mnuAbout:
+        Guarded("mnuAbout_Click", [&] { mnuAbout_Click(index); });
+        break;
+    case Menu::mnuProj:
+    case Menu::mnuProjMollweide:
+        break;
+    }
+}
+
+} // namespace
+
+DesktopWindow::DesktopWindow()
+    : area(new DrawingArea), menus(*menuBar(), [this](Menu menu, int index) { Clicked(menu, index); }) {
+    setWindowIcon(ProgramIcon());
+    setMinimumSize(SmallestWindow);
+    resize(DesignedSize(screen()->availableSize()));
+    menuBar()->setNativeMenuBar(false);
+    // Escape also reaches a draw when the keyboard is with the menu bar.
+    menuBar()->installEventFilter(this);
+    setCentralWidget(area);
+    area->OnPressed([this](QPointF place) { Pressed(place); });
+    area->OnResized([this] {
+        if (Machine().window == this) {
+            ToggleCaption();
+        }
+    });
+    area->setFocus();
+    // The drawing area has its size before it is seen: the first fit of the map needs it.
+    layout()->activate();
+}
+
+DesktopWindow::~DesktopWindow() = default;
+
+std::string DesktopWindow::Caption() const { return windowTitle().toStdString(); }
+
+void DesktopWindow::SetCaption(std::string_view caption) {
+    setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+}
+
+double DesktopWindow::ScaleWidth() const {
+    return area->DeviceSize().width() * static_cast<double>(Machine().screen->TwipsPerPixelX());
+}
+
+double DesktopWindow::ScaleHeight() const {
+    return area->DeviceSize().height() * static_cast<double>(Machine().screen->TwipsPerPixelY());
+}
+
+WindowPlace DesktopWindow::Place() const {
+    const bool normal = !isMaximized() && !isMinimized() && !isFullScreen();
+    const QPoint frame = geometry().topLeft() - frameGeometry().topLeft();
+    const QSize size = normal ? this->size() : normalGeometry().size();
+    QPoint corner = normal ? pos() : normalGeometry().topLeft() - frame;
+    if (!TellsPlaces()) {
+        corner = restoredCorner;
+    }
+    const double twips = TwipsPerUnit(*screen());
+    return {corner.x() * twips, corner.y() * twips, size.width() * twips, size.height() * twips};
+}
+
+void DesktopWindow::SetPlace(const WindowPlace& place) {
+    const double twips = TwipsPerUnit(*screen());
+    restoredCorner = {RoundToInt32(place.left / twips), RoundToInt32(place.top / twips)};
+    const QSize size(RoundToInt32(place.width / twips), RoundToInt32(place.height / twips));
+    const QRect fitted = BroughtBack(QRect(restoredCorner, size.expandedTo(SmallestWindow)));
+    resize(fitted.size());
+    if (TellsPlaces()) {
+        move(fitted.topLeft());
+    }
+    layout()->activate();
+}
+
+void DesktopWindow::Maximise() { setWindowState(windowState() | Qt::WindowMaximized); }
+
+void DesktopWindow::SetMousePointer(MousePointer shape) {
+    if (shape == MousePointer::Hourglass) {
+        area->setCursor(Qt::WaitCursor);
+    } else {
+        area->unsetCursor();
+    }
+}
+
+void DesktopWindow::Repaint() {
+    repaintDue = false;
+    area->repaint();
+    sinceRepaint.start();
+}
+
+void DesktopWindow::Refresh() {
+    if (autoRedraw && sinceRepaint.isValid() && sinceRepaint.elapsed() < RepaintMilliseconds) {
+        repaintDue = true;
+    } else {
+        Repaint();
+    }
+}
+
+void DesktopWindow::SetAutoRedraw(bool on) {
+    autoRedraw = on;
+    if (on && !(area->HasPicture() && area->Fits())) {
+        Cls();
+    }
+    if (!on && repaintDue) {
+        Repaint();
+    }
+}
+
+void DesktopWindow::Cls() { area->Clear(ColorBits(Design.BackColor)); }
+
+void DesktopWindow::Clicked(Menu menu, int index) {
+    if (menu == Menu::mnuBar && index == StopTitle) {
+        mnuBar_Click(index);
+        return;
+    }
+    if (busy) {
+        return;
+    }
+    busy = true;
+    RunCommand(menu, index);
+    busy = false;
+    if (closeWanted) {
+        closeWanted = false;
+        close();
+    }
+}
+
+void DesktopWindow::Pressed(QPointF devicePixels) {
+    if (!busy) {
+        Form_MouseDown(devicePixels.x() * Design.TwipsPerPixelX, devicePixels.y() * Design.TwipsPerPixelY);
+    }
+}
+
+void DesktopWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        EscapeKey();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void DesktopWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && !event->isAutoRepeat()) {
+        Machine().help->Show(HelpContents, 0);
+    } else {
+        QMainWindow::keyReleaseEvent(event);
+    }
+}
+
+bool DesktopWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (busy && watched == menuBar() && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        EscapeKey();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void DesktopWindow::closeEvent(QCloseEvent* event) {
+    if (busy) {
+        EscapeKey();
+        closeWanted = true;
+        event->ignore();
+        return;
+    }
+    if (!unloaded) {
+        unloaded = true;
+        WriteSettings();
+    }
+    event->accept();
+}
+
+} // namespace quelmont

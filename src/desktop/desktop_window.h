@@ -1,0 +1,73 @@
+#pragma once
+
+#include "desktop/drawing_area.h"
+#include "desktop/window_menus.h"
+#include "platform/main_window.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+
+namespace quelmont {
+
+/// The program's window on the screen.
+///
+/// It opens at 1024 x 740, or four fifths of a smaller screen, and is never smaller than 480 x 340.
+/// One command runs at a time. While one runs, only the menu bar, Escape and the close button act,
+/// and closing stops a draw and waits until the command has returned.
+class DesktopWindow final : public QMainWindow, public MainWindow {
+public:
+    DesktopWindow();
+    ~DesktopWindow() override;
+
+    DrawingArea& Area() { return *area; }
+    QAction* Action(Menu menu, int index) const { return menus.Action(menu, index); }
+    /// A command runs.
+    bool Busy() const { return busy; }
+
+    std::string Caption() const override;
+    void SetCaption(std::string_view caption) override;
+    double ScaleWidth() const override;
+    double ScaleHeight() const override;
+    WindowPlace Place() const override;
+    /// Brings a window that would lie off every screen back to the first one.
+    void SetPlace(const WindowPlace& place) override;
+    bool IsZoomed() const override { return isMaximized(); }
+    void Maximise() override;
+    void Close() override { close(); }
+    void SetMousePointer(MousePointer shape) override;
+    /// While something is drawn, at most some thirty times a second.
+    void Refresh() override;
+    void Cls() override;
+    void SetAutoRedraw(bool on) override;
+    DrawSurface& Surface() override { return area->Surface(); }
+    void SetMenuEnabled(Menu menu, int index, bool enabled) override {
+        menus.SetEnabled(menu, index, enabled);
+    }
+    void SetMenuChecked(Menu menu, int index, bool checked) override {
+        menus.SetChecked(menu, index, checked);
+    }
+    bool MenuChecked(Menu menu, int index) const override { return menus.Checked(menu, index); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Clicked(Menu menu, int index);
+    void Pressed(QPointF devicePixels);
+    void Repaint();
+
+    DrawingArea* area;
+    WindowMenus menus;
+    QElapsedTimer sinceRepaint;
+    QPoint restoredCorner; ///< kept where the window system tells no places
+    bool autoRedraw = false;
+    bool repaintDue = false;
+    bool busy = false;
+    bool closeWanted = false;
+    bool unloaded = false;
+};
+
+} // namespace quelmont

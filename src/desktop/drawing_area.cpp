@@ -1,0 +1,97 @@
+#include "desktop/drawing_area.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace quelmont {
+
+namespace {
+
+/// What a widget's place is off a whole device pixel by rounding alone.
+constexpr qreal Tolerance = 1e-6;
+/// How much of the theme's text colour the hint has: dimmed, but still to be read.
+constexpr float HintStrength = 0.6F;
+
+int FirstWhole(qreal place) { return static_cast<int>(std::ceil(place - Tolerance)); }
+int LastWhole(qreal place) { return static_cast<int>(std::floor(place + Tolerance)); }
+
+QString Hint() { return QStringLiteral("Choose a projection, then Draw Map (Alt+D)"); }
+
+} // namespace
+
+DrawingArea::DrawingArea(QWidget* parent) : QWidget(parent) {
+    setAccessibleName(QStringLiteral("Map"));
+    setAccessibleDescription(Hint());
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+DrawingArea::~DrawingArea() = default;
+
+QRect DrawingArea::DeviceRect() const {
+    const qreal now = devicePixelRatioF();
+    const QPoint corner = mapTo(window(), QPoint(0, 0));
+    const int left = FirstWhole(corner.x() * now);
+    const int top = FirstWhole(corner.y() * now);
+    const int right = LastWhole((corner.x() + width()) * now);
+    const int bottom = LastWhole((corner.y() + height()) * now);
+    return {left, top, std::max(right - left, 1), std::max(bottom - top, 1)};
+}
+
+QSize DrawingArea::DeviceSize() const { return DeviceRect().size(); }
+
+void DrawingArea::Clear(std::uint32_t color) {
+    const QSize size = DeviceSize();
+    surface.Resize(size.width(), size.height(), color);
+    hasPicture = true;
+    ratio = devicePixelRatioF();
+    setAccessibleDescription(QString());
+    update();
+}
+
+void DrawingArea::PaintHint() {
+    QPainter painter(this);
+    QColor dimmed = palette().color(QPalette::WindowText);
+    dimmed.setAlphaF(HintStrength);
+    painter.setPen(dimmed);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Hint());
+}
+
+void DrawingArea::PaintPicture() {
+    QPainter painter(this);
+    if (ratio == devicePixelRatioF()) {
+        // The area may begin inside a device pixel; the picture begins at the first whole one, so
+        // that no pixel of it is spread over two.
+        const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * ratio;
+        painter.scale(1.0 / ratio, 1.0 / ratio);
+        painter.translate(DeviceRect().topLeft() - corner);
+    } else {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.scale(1.0 / ratio, 1.0 / ratio);
+    }
+    painter.drawImage(0, 0, surface.Image());
+}
+
+void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
+    if (HasPicture()) {
+        PaintPicture();
+    } else {
+        PaintHint();
+    }
+}
+
+void DrawingArea::mousePressEvent(QMouseEvent* event) {
+    if (pressed) {
+        pressed(event->position() * devicePixelRatioF());
+    }
+}
+
+void DrawingArea::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (resized) {
+        resized();
+    }
+}
+
+} // namespace quelmont

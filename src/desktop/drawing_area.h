@@ -1,0 +1,58 @@
+#pragma once
+
+#include "qtsurface/image_surface.h"
+
+#include <QWidget>
+
+#include <cstdint>
+#include <functional>
+
+namespace quelmont {
+
+/// The inside of the main window: shows the back image, pixel for pixel on the screen.
+///
+/// The back image keeps the size of its last clearing. A larger area shows the theme's colour
+/// beside it, a smaller one a part of it. It has device pixels; on a screen of another ratio than
+/// the one that it was drawn for it is shown scaled.
+class DrawingArea final : public QWidget {
+public:
+    explicit DrawingArea(QWidget* parent = nullptr);
+    ~DrawingArea() override;
+
+    /// The whole device pixels inside the area.
+    QSize DeviceSize() const;
+
+    /// Gives the back image the area's size and fills it with a colour, 0x00BBGGRR.
+    /// RunTimeError "Out of memory".
+    void Clear(std::uint32_t color);
+    /// False before the first clearing.
+    bool HasPicture() const { return hasPicture; }
+    /// True when the back image is as large as the area.
+    bool Fits() const { return DeviceSize() == QSize(surface.Width(), surface.Height()); }
+    /// The back image; of no size before the first clearing.
+    ImageSurface& Surface() { return surface; }
+    const ImageSurface& Surface() const { return surface; }
+
+    /// Called with a place in device pixels when the mouse is pressed.
+    void OnPressed(std::function<void(QPointF)> handler) { pressed = std::move(handler); }
+    /// Called when the area has got another size.
+    void OnResized(std::function<void()> handler) { resized = std::move(handler); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QRect DeviceRect() const;
+    void PaintHint();
+    void PaintPicture();
+
+    ImageSurface surface{0, 0};
+    bool hasPicture = false;
+    qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
+    std::function<void(QPointF)> pressed;
+    std::function<void()> resized;
+};
+
+} // namespace quelmont

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/main_window.h"
+
+#include <functional>
+#include <map>
+#include <utility>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace quelmont {
+
+/// The menus of the main window on the screen.
+class WindowMenus {
+public:
+    using Clicked = std::function<void(Menu, int)>;
+
+    /// Fills the bar. A menu that is opened is a click on its title.
+    WindowMenus(QMenuBar& bar, Clicked clicked);
+
+    /// Enables an item; one with nothing behind it stays disabled.
+    void SetEnabled(Menu menu, int index, bool enabled);
+    void SetChecked(Menu menu, int index, bool checked);
+    bool Checked(Menu menu, int index) const;
+
+    /// The action of an item; null for a separator.
+    QAction* Action(Menu menu, int index) const;
+
+private:
+    struct Item {
+        QAction* action = nullptr;
+        bool ready = false;
+        bool checked = false;
+    };
+
+    void Fill(QMenu& target, Menu menu);
+    void AddItem(QMenu& target, Menu menu, int index);
+    void Triggered(Menu menu, int index);
+    void Show(const Item& item, Menu menu, int index);
+
+    Clicked clicked;
+    std::map<std::pair<Menu, int>, Item> items;
+};
+
+} // namespace quelmont
