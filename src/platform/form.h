@@ -28,9 +28,9 @@ struct Control {
 ///
 /// The form owns the focus. Moving it runs LostFocus of the control that loses it, then GotFocus of
 /// the one that gets it, unless a handler has called for the focus meanwhile (SetFocus): then it
-/// goes where the handler wanted it; and unless a handler has closed the form. A button that is pressed first
-/// gets the focus, and is clicked only if it got it, so that the field left last is checked. Cancelling
-/// (Escape, the close button) moves no focus and checks no field.
+/// goes where the handler wanted it. A handler that closes the form ends the move. A button that is
+/// pressed first gets the focus, and is clicked only if it got it, so that the field left last is
+/// checked. Cancelling (Escape, the close button) moves no focus and checks no field.
 class Form {
 public:
     Form(std::string className, std::string caption);

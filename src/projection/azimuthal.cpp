@@ -103,6 +103,11 @@ void ForwardAzimuthal() {
         }
     }
     const double k = Scale();
+    if (!std::isfinite(k)) {
+        // Without the scale neither coordinate can be computed.
+        ReportProjectSelect(ErrorDivisionByZero);
+        return;
+    }
     StoreProjected(
         (terms.cosLat * k) * terms.sinDLon,
         (terms.sinLat * Design.CosLatCentral - (terms.cosLat * Design.SinLatCentral) * terms.cosDLon) * k);

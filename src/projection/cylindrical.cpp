@@ -10,7 +10,7 @@ void ForwardMercator() {
     // Snyder 1987, eq. 7-2. The poles lie at infinity; the boundary dialog keeps them off the map.
     const double tangent = std::tan(Design.ProjLat * HalfDegToRad + QuarterPi);
     if (!(tangent > 0.0)) {
-        Design.ProjX = x;
+        StoreX(x);
         ReportProjectSelect(ErrorInvalidCall);
         return;
     }
@@ -25,7 +25,7 @@ void ForwardEquirectangular() {
 void ForwardCylindricalEqualArea() {
     const double x = ((Design.ProjLon - Design.LonZero) * DegToRad) * Design.CosStdPar;
     if (Design.CosStdPar == 0.0) {
-        Design.ProjX = x;
+        StoreX(x);
         ReportProjectSelect(ErrorDivisionByZero);
         return;
     }

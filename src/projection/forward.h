@@ -2,6 +2,9 @@
 
 #include "core/checked_math.h"
 #include "core/error_box.h"
+#include "core/map_design.h"
+
+#include <cmath>
 
 /// The forward formulas behind ProjectSelect, a family per file, each on the point cell of Design:
 /// they read ProjLat and ProjLon and write ProjX and ProjY, on the unit sphere.
@@ -11,8 +14,20 @@
 
 namespace quelmont {
 
-/// Unless both values are finite, stores them one by one, with the error box for each that is not.
-void StoreProjected(double x, double y);
+/// Stores a coordinate, or shows the error box when it is not finite.
+void StoreX(double x);
+void StoreY(double y);
+
+/// Stores both coordinates: the end of every formula.
+inline void StoreProjected(double x, double y) {
+    if (std::isfinite(x) && std::isfinite(y)) {
+        Design.ProjX = x;
+        Design.ProjY = y;
+    } else {
+        StoreX(x);
+        StoreY(y);
+    }
+}
 
 /// Shows the box of a failed statement of ProjectSelect.
 inline void ReportProjectSelect(int errorNumber) { ShowErrorBox("ProjectSelect", RunTimeError(errorNumber)); }

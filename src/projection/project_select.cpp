@@ -42,18 +42,15 @@ void ProjectSelect() {
     }
 }
 
-void StoreProjected(double x, double y) {
-    // A difference of finite values is finite or overflows; of anything else it is not a number.
-    if (std::isfinite(x) && std::isfinite(y)) {
-        Design.ProjX = x;
-        Design.ProjY = y;
-        return;
-    }
+void StoreX(double x) {
     if (std::isfinite(x)) {
         Design.ProjX = x;
     } else {
         ReportProjectSelect(ErrorOverflow);
     }
+}
+
+void StoreY(double y) {
     if (std::isfinite(y)) {
         Design.ProjY = y;
     } else {

@@ -40,7 +40,7 @@ double MollweideTheta(double latitude, double phi) {
         const double cosine = std::cos(twice);
         const double d = (target - twice - sine) / (cosine + cosine + 2.0);
         t = d + t;
-        // A step that is not a number also ends the loop; the finiteness test then reports it.
+        // A step that is not a number also ends the loop.
         if (!(std::fabs(d) >= 1e-14)) {
             break;
         }
@@ -55,6 +55,11 @@ void ForwardMollweide() {
     const double phi = Design.ProjLat * DegToRad;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
     const double theta = MollweideTheta(Design.ProjLat, phi);
+    if (!std::isfinite(theta)) {
+        // A hair's breadth from a pole the slope of Newton's rule is zero.
+        ReportProjectSelect(ErrorDivisionByZero);
+        return;
+    }
     StoreProjected(((Sqrt2 + Sqrt2) * lam * std::cos(theta)) / Pi + Design.LobeOffsetX,
                    std::sin(theta) * Sqrt2);
 }
