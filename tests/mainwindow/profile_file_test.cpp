@@ -76,7 +76,7 @@ TEST_F(ProfileFile, WhatCannotBeWrittenIsToldByTheAnswer) {
 
 TEST_F(ProfileFile, DamagedFileIsReadAsFarAsItGoes) {
     WriteWholeFile(file,
-                   std::string("\0\xFF\xFE[[[]]=\n=\n[\n]\n[Quelmont\nKey=1\n[Quelmont]\nKey\nKey=2", 49));
+                   std::string("\0\xFF\xFE[[[]]=\n=\n[\n]\n[Quelmont\nKey=1\n[Quelmont]\nKey\nKey=2", 52));
     EXPECT_EQ(Read("Key"), "2");
 }
 

@@ -5,12 +5,88 @@
 #include "graticule/utm_grid.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/start_up.h"
-#include "mapinput/map_fixture.h"
+#include "output/device_pen.h"
+#include "output/fan_out.h"
+#include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 
+#include <array>
+#include <cstdlib>
+
 namespace quelmont {
+
+namespace {
+
+const FreshRoom FreshOutput([] {
+    ResetDevicePen();
+    Writers() = {};
+});
+const FreshRoom FreshProjection(ResetAzimuthalTerms);
+
+/// A record of a minute-grid file: code, latitude and longitude in minutes, low bytes first.
+std::string MinuteGridRecord(int code, int lat, int lon) {
+    std::string bytes;
+    for (const int number : {code, lat, lon}) {
+        bytes += static_cast<char>(number & 0xFF);
+        bytes += static_cast<char>((number >> 8) & 0xFF);
+    }
+    return bytes;
+}
+
+std::string LongitudeText(int degrees) {
+    return std::to_string(1000 + std::abs(degrees)).substr(1) + "    00    00    " +
+           (degrees < 0 ? "W" : "E");
+}
+
+/// Two interruptions in each hemisphere of a map from 20 E all round the world.
+void AcceptLobes() {
+    const std::array<int, 8> boundaries = {20, 100, -100, 20, 20, 140, -70, 20};
+    Design.LobeText = {"2", "2", LongitudeText(20)};
+    Design.LobeText[3] = LongitudeText(100);
+    Design.LobeText[4] = LongitudeText(-100);
+    Design.LobeText[6] = LongitudeText(140);
+    Design.LobeText[7] = LongitudeText(-70);
+    for (std::size_t i = 0; i < boundaries.size(); ++i) {
+        Design.LobeLonText[i] = LongitudeText(boundaries[i]);
+        Design.LobeLonDeg[i] = boundaries[i];
+        Design.LobeLonSec[i] = boundaries[i] * SecPerDegree;
+    }
+    LonInterruptOffset();
+}
+
+/// What the projection's dialog puts in place of the defaults.
+void ProposeBounds(std::int16_t projNum) {
+    ConstantGrid();
+    switch (projNum) {
+    case ProjMercator:
+        Design.GridText[0] = "80    00    00    N";
+        Design.GridText[1] = "80    00    00    S";
+        Design.GridText[2] = "020    00    00";
+        break;
+    case ProjConformalConic:
+        Design.GridText[1] = "60    00    00    S";
+        break;
+    case ProjGnomonic:
+        Design.GridText[8] = "060    00    00";
+        break;
+    case ProjStereographic:
+    case ProjOrthographic:
+        Design.GridText[8] = "090    00    00";
+        break;
+    case ProjInterruptedMollweide:
+        Design.GridText[2] = "010    00    00";
+        Design.GridText[3] = "020    00    00    E";
+        Design.GridText[4] = "020    00    00    E";
+        Design.GridText[5] = "010    00    00";
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
 
 StartedProgram::StartedProgram() {
     PutMap(8);
@@ -23,7 +99,8 @@ void StartedProgram::PutMap(int records) {
     for (int i = 0; i < records; ++i) {
         // A zigzag about the equator in steps of ten degrees, begun anew at the western edge.
         const int step = i % 36;
-        bytes += Record(step == 0 ? 1000 : 0, (step % 2 == 0 ? 20 : -20) * 60, (step * 10 - 175) * 60);
+        bytes +=
+            MinuteGridRecord(step == 0 ? 1000 : 0, (step % 2 == 0 ? 20 : -20) * 60, (step * 10 - 175) * 60);
     }
     files.Put("/program/Qmnt4.map", bytes);
 }
@@ -48,14 +125,7 @@ void StartedProgram::ExpectIdle(const std::string& caption) {
 void AcceptProjection(std::int16_t projNum) {
     Design.ProjNum = projNum;
     Design.ProjName = FindProjection(projNum)->ProjName;
-    ConstantGrid();
-    if (projNum == ProjMercator) {
-        Design.GridText[0] = "80    00    00    N";
-        Design.GridText[1] = "80    00    00    S";
-        Design.GridText[2] = "020    00    00";
-    } else if (projNum == ProjInterruptedMollweide) {
-        Design.GridText[5] = "010    00    00";
-    }
+    ProposeBounds(projNum);
     if (projNum == ProjUtm) {
         CalcUtmZone();
         CalcUtmGrid();
@@ -64,24 +134,7 @@ void AcceptProjection(std::int16_t projNum) {
     }
     ParamStdParallel();
     if (projNum == ProjInterruptedMollweide) {
-        Design.LobeText = {"2",
-                           "2",
-                           "180    00    00    W",
-                           "100    00    00    W",
-                           "040    00    00    E",
-                           "000    00    00    E",
-                           "070    00    00    W",
-                           "020    00    00    E",
-                           "000    00    00    E"};
-        const std::vector<int> boundaries = {-180, -100, 40, 180, -180, -70, 20, 180};
-        for (std::size_t i = 0; i < boundaries.size(); ++i) {
-            const int degrees = boundaries[i];
-            const std::string digits = std::to_string(1000 + std::abs(degrees)).substr(1);
-            Design.LobeLonText[i] = digits + "    00    00    " + (degrees < 0 ? "W" : "E");
-            Design.LobeLonDeg[i] = degrees;
-            Design.LobeLonSec[i] = degrees * SecPerDegree;
-        }
-        LonInterruptOffset();
+        AcceptLobes();
     }
     ParamSelect();
 }
