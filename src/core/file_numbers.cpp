@@ -214,7 +214,7 @@ private:
         WriteThrough(waiting);
     }
 
-    void WriteThrough(std::span<const std::byte> bytes) {
+    void WriteThrough(std::span<const std::byte> bytes) const {
         while (!bytes.empty()) {
             const ssize_t count = write(descriptor, bytes.data(), bytes.size());
             if (count < 0 && errno == EINTR) {

@@ -14,7 +14,7 @@ void AddItem(std::string& line, std::int32_t number) {
     line += ' ';
 }
 
-void AddItem(std::string& line, NextZone) {
+void AddItem(std::string& line, NextZone /*zone*/) {
     constexpr std::size_t zone = 14;
     line.append(zone - line.size() % zone, ' ');
 }

@@ -161,7 +161,9 @@ TEST_F(FileNumbers, FileThatIsReadIsNotWritten) {
     WriteWholeFile(name, "the map");
     OpenFile(InputFileNumber, name, OpenMode::Input);
     EXPECT_EQ(ErrorOf([&] {
-                  OpenFile(OutputFileNumber, folder / "../" + folder.Path().substr(5) + "/file",
+                  OpenFile(OutputFileNumber,
+                           (folder / "../") + std::filesystem::path(folder.Path()).filename().string() +
+                               "/file",
                            OpenMode::Output);
               }),
               ErrorFileAlreadyOpen)

@@ -38,10 +38,11 @@ void VisitLines(const std::filesystem::path& root, const std::string& top, const
         }
         const std::string path = entry.path().lexically_relative(root / top).generic_string();
         const std::string folder = path.find('/') == std::string::npos ? "" : FirstPart(path);
+        const std::string prefix = top + "/" + path + ":";
         std::ifstream file(entry.path());
         std::string line;
         for (int number = 1; std::getline(file, line); ++number) {
-            visit(folder, top + "/" + path + ":" + std::to_string(number), line);
+            visit(folder, prefix + std::to_string(number), line);
         }
     }
 }
