@@ -10,7 +10,6 @@
 #include "graticule/utm_grid.h"
 #include "mapinput/feature_rows.h"
 #include "projection/param_select.h"
-#include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 

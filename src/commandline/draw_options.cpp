@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <string_view>
 
@@ -107,12 +108,20 @@ std::string Lists() {
     return text + "\n";
 }
 
+/// The help without what the parser knows about each option beside its name and its values.
+class PlainFormatter : public CLI::Formatter {
+public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        return option->get_type_name().empty() ? "" : " " + option->get_type_name();
+    }
+};
+
 /// The options, group by group, bound to one DrawOptions.
 class OptionTable {
 public:
     OptionTable(DrawOptions& options_, const std::string& version);
     void Read(std::vector<std::string> arguments);
-    std::string Help() const { return app.help(); }
+    std::string Help() const;
     std::string Version() const { return app.version(); }
 
 private:
@@ -139,14 +148,25 @@ private:
 
 OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : options(options_) {
     constexpr std::size_t columns = 32;
+    app.formatter(std::make_shared<PlainFormatter>());
     app.get_formatter()->column_width(columns);
-    app.set_version_flag("--version", "quelmont-draw " + version);
+    app.get_formatter()->label("Positionals", "Argument");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag("--version", "quelmont-draw " + version, "Print the version and exit");
     app.footer(Lists() + Notes);
     AddPicture();
     AddProjection();
     AddUtm();
     AddGrid();
     AddMaps();
+}
+
+std::string OptionTable::Help() const {
+    std::string help = app.help();
+    for (std::size_t gap = help.find("\n\n\n"); gap != std::string::npos; gap = help.find("\n\n\n", gap)) {
+        help.erase(gap, 1);
+    }
+    return help;
 }
 
 CLI::Option* OptionTable::Add(const std::string& name, const char* type, const char* description, Take take) {
@@ -253,7 +273,7 @@ void OptionTable::AddMaps() {
     group = "Map files, drawn in their order; the others belong to the --map before them";
     CLI::Option* const map =
         Add("--map", "FILE", "A map file, instead of the default map",
-            [this](const std::string& value) { options.maps.push_back({.file = value}); });
+            [this](const std::string& value) { options.maps.emplace_back().file = value; });
     map->trigger_on_parse();
     app.add_flag("--no-map", options.noMap, "No map file at all")->group(group)->excludes(map);
     AddOfMap("--symbol", "1..12",
