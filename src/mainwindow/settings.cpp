@@ -92,10 +92,12 @@ bool IsFlagSet(const std::string& text) {
 }
 
 bool WriteSetting(const char* key, const std::string& value) {
-    if (WriteProfileString(ProgramFile(), Section, key, value)) {
+    const auto user = UserFile();
+    // A key that is read from the user's file is written there, or the old value would come back.
+    const bool readFromUser = user && ReadProfileString(*user, Section, key);
+    if (!readFromUser && WriteProfileString(ProgramFile(), Section, key, value)) {
         return true;
     }
-    const auto user = UserFile();
     if (!user) {
         return false;
     }

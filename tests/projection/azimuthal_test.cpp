@@ -126,17 +126,15 @@ TEST_F(Azimuthal, PointBeyondTheHorizonKeepsTheCoordinates) {
     }
 }
 
+/// On a map about the pole whose cosine is taken as 0, the equator has a cosC of exactly 0.
 TEST_F(Azimuthal, GnomonicStopsAtTheHorizonItself) {
-    Disc(ProjGnomonic, 0.0, 60.0);
-    Design.CosLatCentral = 1.0;
-    Design.SinLatCentral = 0.0;
-    Design.LonCentral = 0.0;
-    // cos(dLon) of a quarter circle by the program's Pi is just above zero, and of three quarters
-    // just below it; there is no longitude where it is zero, so the latitude gives it.
+    Disc(ProjGnomonic, 90.0, 60.0);
     Design.CosLatCentral = 0.0;
-    ProjectAt(0.0, 0.0);
-    EXPECT_TRUE(Design.ProjOffMap) << "cosC is 0 exactly";
+    ProjectAt(0.0, 100.0);
+    EXPECT_TRUE(Design.ProjOffMap);
     EXPECT_EQ(Design.PointStatus, 2);
+    ProjectAt(1e-9, 100.0);
+    EXPECT_FALSE(Design.ProjOffMap);
 }
 
 TEST_F(Azimuthal, OrthographicShowsItsRim) {

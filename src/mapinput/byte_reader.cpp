@@ -1,0 +1,29 @@
+#include "mapinput/byte_reader.h"
+
+#include "core/file_numbers.h"
+#include "core/run_time_error.h"
+
+#include <cstring>
+
+namespace quelmont {
+
+ByteReader::ByteReader() : block(BlockSize) {}
+
+bool ByteReader::Fill(std::size_t count) {
+    if (atEnd || count > block.size()) {
+        return false;
+    }
+    const std::size_t kept = Buffered();
+    std::memmove(block.data(), block.data() + next, kept);
+    next = 0;
+    filled = kept;
+    const std::size_t wanted = block.size() - kept;
+    const std::size_t got = ReadFile(InputFileNumber, std::span(block).subspan(kept));
+    filled += got;
+    atEnd = got < wanted;
+    return Buffered() >= count;
+}
+
+void ByteReader::PastEnd() { throw RunTimeError(ErrorInputPastEnd); }
+
+} // namespace quelmont

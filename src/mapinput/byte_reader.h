@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quelmont {
+
+/// The bytes of the map file that is open under file number 1, from where it stands to its end,
+/// read in large blocks. Every reader takes its bytes from here and nothing else touches the file.
+class ByteReader {
+public:
+    ByteReader();
+
+    /// Whether at least so many bytes are left, count up to BlockSize. RunTimeError when the file
+    /// cannot be read.
+    bool Has(std::size_t count) { return Buffered() >= count || Fill(count); }
+
+    /// The next Size bytes, which stay valid until the next call. RunTimeError "Input past end of
+    /// file" when there are fewer; nothing is taken then.
+    template <std::size_t Size>
+    std::span<const std::byte, Size> Take() {
+        if (!Has(Size)) [[unlikely]] {
+            PastEnd();
+        }
+        const std::byte* bytes = block.data() + next;
+        next += Size;
+        return std::span<const std::byte, Size>(bytes, Size);
+    }
+
+    static constexpr std::size_t BlockSize = std::size_t{256} * 1024;
+
+private:
+    std::size_t Buffered() const { return filled - next; }
+    bool Fill(std::size_t count);
+    [[noreturn]] static void PastEnd();
+
+    std::vector<std::byte> block;
+    std::size_t next = 0;   ///< of the block's bytes, the first that was not taken
+    std::size_t filled = 0; ///< bytes in the block
+    bool atEnd = false;     ///< the file has no more
+};
+
+/// A signed number of two bytes, the low one first.
+constexpr std::int16_t LittleInt16(std::byte low, std::byte high) {
+    return static_cast<std::int16_t>(
+        static_cast<std::uint16_t>(std::to_integer<unsigned>(low) | std::to_integer<unsigned>(high) << 8U));
+}
+
+} // namespace quelmont

@@ -1,0 +1,268 @@
+#include "core/checked_math.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "graticule/az_interpolate.h"
+#include "mapinput/map_point.h"
+#include "projection/project_select.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+/// Cuts the segment from the previous point to the current one at the map's edge, so that a line
+/// runs to the edge and not merely to its last point inside. All in source coordinates.
+
+namespace quelmont {
+
+namespace {
+
+/// A segment of up to this many degrees that ends beyond the eastern boundary is taken to cross it.
+constexpr std::int32_t Sec20 = 20 * SecPerDegree;
+
+/// The longitude of the segment at a latitude, the quotient first. RunTimeError "Division by zero"
+/// along a parallel.
+std::int32_t LonOfSegmentAt(std::int32_t lat) {
+    const double slope = Divide(static_cast<double>(Design.PointLonSecPrev) - Design.PointLonSec,
+                                static_cast<double>(Design.PointLatSecPrev) - Design.PointLatSec);
+    return RoundToInt32(slope * (static_cast<double>(lat) - Design.PointLatSec) + Design.PointLonSec);
+}
+
+/// The latitude of the segment at a longitude. RunTimeError "Division by zero" along a meridian.
+std::int32_t LatOfSegmentAt(std::int32_t lon) {
+    const double slope = Divide(static_cast<double>(Design.PointLatSecPrev) - Design.PointLatSec,
+                                static_cast<double>(Design.PointLonSecPrev) - Design.PointLonSec);
+    return RoundToInt32(slope * (static_cast<double>(lon) - Design.PointLonSec) + Design.PointLatSec);
+}
+
+/// The step in longitude, taken before anything is changed.
+std::int64_t StepInLongitude() {
+    return static_cast<std::int64_t>(Design.PointLonSec) - Design.PointLonSecPrev;
+}
+
+std::int32_t CircleOf(std::int64_t LonStep) { return LonStep > 0 ? SecPerCircle : -SecPerCircle; }
+
+bool AllRoundTheWorld() {
+    return static_cast<std::int64_t>(Design.LonSpanSec) - Design.LonZeroSec == SecPerCircle;
+}
+
+} // namespace
+
+// ---- Maps bounded by parallels and meridians.
+
+void MapPoint::ClipRectangle() {
+    if (PointInBounds && PrevInBounds) {
+        JoinInside();
+    } else if (PointInBounds) {
+        EnterRectangle();
+    } else if (PrevInBounds) {
+        LeaveRectangle();
+    }
+}
+
+void MapPoint::JoinInside() {
+    const std::int64_t LonStep = StepInLongitude();
+    if (std::abs(LonStep) < SecPer340) {
+        PlotPoint();
+    } else if (std::abs(LonStep) == SecPerCircle && std::abs(Design.LonWestSec) == SecPerHalfCircle) {
+        // Both edges are the 180th meridian. The pen stays where it is, and so does the point: the
+        // next segment starts on this side.
+        Design.PointLonSec = Design.PointLonSecPrev;
+        PlotPoint();
+    } else if ((LonStep < 0 && Design.PointLonSecPrev > SecPer340) ||
+               (LonStep > 0 && Design.PointLonSec > SecPer340)) {
+        CrossSeam(LonStep);
+    }
+    // Any other leap of 340 degrees fits no seam and draws nothing.
+}
+
+void MapPoint::CrossSeam(std::int64_t LonStep) {
+    const Place point{Design.PointLatSec, Design.PointLonSec};
+    const std::int32_t circle = CircleOf(LonStep);
+    const std::int32_t nearEdge = LonStep > 0 ? Design.LonZeroSec : Design.LonSpanSec;
+    const std::int32_t farEdge = LonStep > 0 ? Design.LonSpanSec : Design.LonZeroSec;
+    // A leap of exactly a full circle runs along the edge.
+    const bool alongEdge = std::abs(LonStep) == SecPerCircle;
+
+    Design.PointLonSec -= circle;
+    EdgeLat = alongEdge ? point.lat : LatOfSegmentAt(nearEdge);
+    PlotEdge(nearEdge);
+    Design.PointLatSec = point.lat;
+    Design.PointLonSec = point.lon;
+    BreakLine();
+
+    Design.PointLonSecPrev += circle;
+    EdgeLat = alongEdge ? point.lat : LatOfSegmentAt(farEdge);
+    PlotEdge(farEdge);
+    Design.PointLonSecPrev -= circle;
+    Design.PointLatSec = point.lat;
+    Design.PointLonSec = point.lon;
+    PlotPoint();
+}
+
+void MapPoint::EnterRectangle() {
+    if (Design.StartLine) {
+        PlotPoint();
+        return;
+    }
+    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const std::int64_t LonStep = StepInLongitude();
+    bool acrossSeam = false;
+    if (prev.lon <= Design.LonSpanSec) {
+        acrossSeam = EdgeByLatitude(prev.lat, Design.PointLonSecPrev, -LonStep);
+    } else if (std::abs(LonStep) <= Sec20) {
+        ClipToCorner(prev.lat, prev.lon);
+    } else if (std::abs(LonStep) >= SecPer340) {
+        Design.PointLonSecPrev -= SecPerCircle;
+        ClipToCorner(prev.lat, Design.PointLonSecPrev);
+    }
+    // Between 20 and 340 degrees nothing tells on which side the segment entered: it starts at the
+    // last cut point, wherever that was.
+    DrawFromCut(prev, acrossSeam);
+}
+
+void MapPoint::LeaveRectangle() {
+    if (Design.StartLine) {
+        return;
+    }
+    const Place point{Design.PointLatSec, Design.PointLonSec};
+    const std::int64_t LonStep = StepInLongitude();
+    bool acrossSeam = false;
+    if (point.lon <= Design.LonSpanSec) {
+        acrossSeam = EdgeByLatitude(point.lat, Design.PointLonSec, LonStep);
+    } else if (LonStep <= Sec20) {
+        ClipToCorner(point.lat, point.lon);
+    } else if (LonStep >= SecPer340) {
+        Design.PointLonSec -= SecPerCircle;
+        ClipToCorner(point.lat, Design.PointLonSec);
+    }
+    DrawToCut(point, acrossSeam);
+}
+
+// ---- Maps bounded by northings and eastings: no seam, and metres know no 20 degrees.
+
+void MapPoint::ClipMetres() {
+    const auto cut = [this](Place outside) {
+        if (outside.lon >= Design.LonZeroSec && outside.lon <= Design.LonSpanSec) {
+            EdgeByLatitude(outside.lat);
+        } else {
+            ClipToCorner(outside.lat, outside.lon);
+        }
+    };
+    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const Place point{Design.PointLatSec, Design.PointLonSec};
+    if (PointInBounds && (PrevInBounds || Design.StartLine)) {
+        PlotPoint();
+    } else if (PointInBounds) {
+        cut(prev);
+        DrawFromCut(prev, false);
+    } else if (PrevInBounds && !Design.StartLine) {
+        cut(point);
+        DrawToCut(point, false);
+    }
+}
+
+// ---- Maps bounded by a circle.
+
+void MapPoint::ClipCircle() {
+    TestCircle();
+    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const Place point{Design.PointLatSec, Design.PointLonSec};
+    if (PointInBounds && (PrevInBounds || Design.StartLine)) {
+        PlotPoint();
+    } else if (PointInBounds) {
+        Design.ProjTestMode = 0; // the cut point comes first and was not tested
+        AzInterpolate(EdgeLat, EdgeLon);
+        DrawFromCut(prev, false);
+    } else if (PrevInBounds && !Design.StartLine) {
+        AzInterpolate(EdgeLat, EdgeLon);
+        DrawToCut(point, false);
+    }
+}
+
+void MapPoint::TestCircle() {
+    Design.PointStatus = Design.StartLine ? 1 : 0;
+    Design.ProjLat = static_cast<double>(Design.PointLatSec) / SecPerDegree;
+    Design.ProjLon = static_cast<double>(Design.PointLonSec) / SecPerDegree;
+    Design.ProjTestMode = -1;
+    ProjectSelect();
+    Design.ProjTestMode = 0;
+    if (Design.PointStatus == 2 || Design.PointStatus == 5) {
+        PointInBounds = false;
+    } else if (Design.PointStatus == 4) {
+        PointInBounds = true;
+        Design.ProjTestMode = 2; // the terms are kept for the call that projects the point
+    }
+    Design.PointStatus = 0;
+}
+
+// ---- Cut points.
+
+void MapPoint::EdgeByLatitude(std::int32_t outsideLat) {
+    EdgeLat = outsideLat > Design.LatNorthSec ? Design.LatNorthSec : Design.LatSouthSec;
+    EdgeLon = LonOfSegmentAt(EdgeLat);
+}
+
+/// The same on a map all round the world, whose seam the segment may cross: outsideLon is then moved
+/// by a full circle to where the segment is straight. LonStep is the step from the inner end to the
+/// outer one. True when the seam was crossed.
+bool MapPoint::EdgeByLatitude(std::int32_t outsideLat, std::int32_t& outsideLon, std::int64_t LonStep) {
+    const bool acrossSeam = std::abs(LonStep) >= SecPer340 && AllRoundTheWorld();
+    if (acrossSeam) {
+        outsideLon -= CircleOf(LonStep);
+    }
+    EdgeByLatitude(outsideLat);
+    if (acrossSeam && EdgeLon < Design.LonZeroSec) {
+        EdgeLon += SecPerCircle;
+    } else if (acrossSeam && EdgeLon > Design.LonSpanSec) {
+        EdgeLon -= SecPerCircle;
+    }
+    return acrossSeam;
+}
+
+void MapPoint::ClipToCorner(std::int32_t outsideLat, std::int32_t outsideLon) {
+    EdgeLon = std::clamp(outsideLon, Design.LonZeroSec, Design.LonSpanSec);
+    // A segment along the very edge, which a full circle brought there, has no one latitude on it.
+    EdgeLat = Design.PointLonSec == Design.PointLonSecPrev ? outsideLat : LatOfSegmentAt(EdgeLon);
+    if (EdgeLat > Design.LatNorthSec) {
+        EdgeLat = Design.LatNorthSec;
+        EdgeLon = LonOfSegmentAt(EdgeLat);
+    } else if (EdgeLat < Design.LatSouthSec) {
+        EdgeLat = Design.LatSouthSec;
+        EdgeLon = LonOfSegmentAt(EdgeLat);
+    }
+}
+
+void MapPoint::DrawFromCut(Place prev, bool acrossSeam) {
+    const Place point{Design.PointLatSec, Design.PointLonSec};
+    BreakLine();
+    Design.PointLatSec = EdgeLat;
+    Design.PointLonSec = EdgeLon;
+    Design.PointLatSecPrev = EdgeLat;
+    Design.PointLonSecPrev = EdgeLon;
+    PlotPoint();
+    Design.PointLatSec = point.lat;
+    Design.PointLonSec = point.lon;
+    if (acrossSeam) {
+        JoinInside();
+    } else {
+        PlotPoint();
+    }
+    Design.PointLatSecPrev = prev.lat;
+    Design.PointLonSecPrev = prev.lon;
+}
+
+void MapPoint::DrawToCut(Place point, bool acrossSeam) {
+    PointInBounds = true;
+    Design.PointLatSec = EdgeLat;
+    Design.PointLonSec = EdgeLon;
+    if (acrossSeam) {
+        JoinInside();
+    } else {
+        PlotPoint();
+    }
+    PointInBounds = false;
+    Design.PointLatSec = point.lat;
+    Design.PointLonSec = point.lon;
+    BreakLine();
+}
+
+} // namespace quelmont

@@ -1,0 +1,46 @@
+#include "mapinput/map_pen.h"
+
+#include "core/checked_math.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "output/device_pen.h"
+#include "output/symbol_size.h"
+#include "platform/draw_surface.h"
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* Routine = "MapPlot";
+
+/// Symbols whose pen draws an outline of its own width.
+bool HasBorder(std::int16_t symbolType) {
+    switch (symbolType) {
+    case SymbolPlus:
+    case SymbolCross:
+    case SymbolOpenSquare:
+    case SymbolOpenDiamond:
+    case SymbolOpenTriangle:
+    case SymbolOpenCircle:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites) {
+    SetSymbolSize(Feature, FileIndex);
+    const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
+    const FeatureStyle& style = file.Features[static_cast<std::size_t>(Feature)];
+    Design.PenColor = style.Color;
+    const std::int16_t width = HasBorder(Design.CurrentSymbolType) ? style.BorderWidth : style.LineWidth;
+    Design.PenWidth = RoundToInt32(Divide(width, Design.TwipsPerPixelY));
+    DeleteMapPen(sites.deleteObject);
+    MakeDevicePen(PenStyleSolid, Design.PenWidth, Design.PenColor, sites.createPen, Routine);
+}
+
+void DeleteMapPen(int site) { ReleaseDevicePen(site, Routine); }
+
+} // namespace quelmont

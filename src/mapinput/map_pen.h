@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quelmont {
+
+/// Places in the plotting of map files where a pen is made or deleted, by the numbers that the
+/// messages of a failure show.
+struct PenSites {
+    int deleteObject;
+    int createPen;
+};
+
+// clang-format off
+constexpr int SiteEndOfMap = 1;
+constexpr int SiteMinuteGridEnd = 2;
+constexpr PenSites SitesMinuteGridLine = {3, 1};
+constexpr int SiteAfterError = 15;
+// clang-format on
+
+/// Replaces the pen by one in the style of a feature, and sets the symbol sizes.
+///
+/// Feature is a row of the file's styles, FileIndex counts the files from 1.
+/// Reads   CurrentSymbolType, TwipsPerPixelY, and as SetSymbolSize.
+/// Writes  PenColor, PenWidth (device pixels: the width of lines, dots and filled symbols, the
+///         outline of the others), and as SetSymbolSize.
+/// A pen that cannot be made or deleted shows its box and the plot goes on. RunTimeError as
+/// SetSymbolSize.
+void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites);
+
+/// Deletes the pen in use, if there is one.
+void DeleteMapPen(int site);
+
+} // namespace quelmont

@@ -1,0 +1,202 @@
+#include "mapinput/map_plot.h"
+
+#include "core/elapsed.h"
+#include "core/error_box.h"
+#include "core/file_names.h"
+#include "core/file_numbers.h"
+#include "core/map_design.h"
+#include "mapinput/map_pen.h"
+#include "mapinput/map_point.h"
+#include "mapinput/minute_grid_reader.h"
+#include "output/draw_target.h"
+#include "output/fan_out.h"
+#include "platform/machine.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* Routine = "MapPlot";
+
+/// Plots the file that is open under file number 1. False when Escape was pressed.
+using MapFileReader = bool (*)(MapPoint& point, std::int32_t FileIndex);
+
+/// Which files are read, and by whom.
+struct MapFileFormat {
+    std::string_view letters; ///< the last three of the name, in capitals; empty for any other
+    bool lookedUp;            ///< whatever keeps a name from being found is "File not found"
+    bool onlyFirstFeature;    ///< passed over unless the first feature is shown
+    bool onlyUtm;             ///< passed over on other projections
+    MapFileReader reader;     ///< nullptr: the format is known but cannot be read
+};
+
+// clang-format off
+constexpr std::array Formats = std::to_array<MapFileFormat>({
+    // letters looked up  first feature  UTM    reader
+    {"DAT",    false,     true,          false, nullptr       },
+    {"GRF",    false,     false,         false, nullptr       },
+    {"GRV",    true,      false,         false, nullptr       },
+    {"PNT",    true,      false,         false, ReadMinuteGrid},
+    {"ALL",    true,      false,         false, ReadMinuteGrid},
+    {"CCI",    true,      false,         false, ReadMinuteGrid},
+    {"MAP",    true,      false,         false, ReadMinuteGrid},
+    {"PKD",    true,      false,         false, nullptr       },
+    {"PKV",    true,      false,         false, nullptr       },
+    {"MPS",    true,      true,          false, nullptr       },
+    {"MP1",    false,     true,          false, nullptr       },
+    {"UTM",    false,     true,          true,  nullptr       },
+    {"",       false,     true,          false, nullptr       },
+});
+// clang-format on
+static_assert(Formats.back().letters.empty(), "the last row takes every other name");
+
+const MapFileFormat& FormatOf(std::string_view fileName) {
+    const std::string letters = LastThreeLetters(fileName);
+    const auto found = std::find_if(Formats.begin(), Formats.end() - 1,
+                                    [&](const MapFileFormat& row) { return row.letters == letters; });
+    return *found;
+}
+
+void OpenMapFile(const std::string& name, bool lookedUp) {
+    try {
+        OpenFile(InputFileNumber, name, OpenMode::Input);
+    } catch (const RunTimeError& error) {
+        if (lookedUp && error.Number() == ErrorPathNotFound) {
+            throw RunTimeError(ErrorFileNotFound);
+        }
+        throw;
+    }
+}
+
+/// Whether the open line of the export is ended when a file has been read; ASCII files are simply
+/// closed, and so are the symbols of a CGM.
+bool EndsLineOnDisk() {
+    return Design.PointCount > 0 && ((Design.OutputCgm && Design.CurrentSymbolType == SymbolLine) ||
+                                     Design.OutputDxf || Design.OutputWmf);
+}
+
+/// One call of MapPlot.
+class MapPlotRun {
+public:
+    void Run();
+
+private:
+    enum class After { NextFile, ClosingStep };
+
+    After PlotFile(std::int32_t index);
+    After ReadMapFile(std::int32_t index);
+    void ShowFailure(const RunTimeError& error) const;
+    void AddStatistics(std::int32_t index, double start) const;
+    static void Close();
+
+    MapPoint point;
+    std::string caption; ///< of the window, as the draw cycle set it
+    std::string fileName;
+};
+
+void MapPlotRun::Run() {
+    try {
+        caption = Machine().window->Caption();
+        Design.StartLine = false;
+        for (std::int32_t index = 1; index <= Design.MapFileCount; ++index) {
+            if (PlotFile(index) == After::ClosingStep) {
+                break;
+            }
+        }
+        Design.PenWidth = 1;
+    } catch (const RunTimeError& error) {
+        ShowFailure(error);
+        DeleteMapPen(SiteAfterError);
+    }
+    Close();
+}
+
+MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
+    if (static_cast<std::size_t>(index) > Design.InputFiles.size()) {
+        throw RunTimeError(ErrorSubscript);
+    }
+    const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(index - 1)];
+    fileName = file.MapFileName;
+    Machine().window->SetCaption(caption + " " + ParseFileName(fileName).title);
+    SelectDevice();
+    point.BeginFile();
+    Design.CurrentSymbolType = file.MapFileType;
+    // The first names belong to the grid.
+    OpenExport(static_cast<std::size_t>(Design.GridOutputCount + index));
+
+    const double start = Machine().clock->SecondsSinceMidnight();
+    const auto count = [&] { AddStatistics(index, start); };
+    After after = After::ClosingStep;
+    try {
+        after = ReadMapFile(index);
+    } catch (const RunTimeError&) {
+        count();
+        throw;
+    }
+    count();
+    if (after == After::NextFile) {
+        if (EndsLineOnDisk()) {
+            PrintLineBrkDisk();
+        }
+        CloseFile(OutputFileNumber);
+        CloseFile(InputFileNumber);
+    }
+    return after;
+}
+
+MapPlotRun::After MapPlotRun::ReadMapFile(std::int32_t index) {
+    const MapFileFormat& format = FormatOf(fileName);
+    const bool firstShown = Design.InputFiles[static_cast<std::size_t>(index - 1)].Features[1].Shown;
+    if ((format.onlyUtm && Design.ProjNum != ProjUtm) || (format.onlyFirstFeature && !firstShown)) {
+        return After::NextFile;
+    }
+    if (format.reader == nullptr) {
+        ShowDrawBox("Error in MapPlot",
+                    "Error: This version cannot read the format of the file " + fileName + ".");
+        return After::ClosingStep;
+    }
+    OpenMapFile(fileName, format.lookedUp);
+    return format.reader(point, index) ? After::NextFile : After::ClosingStep;
+}
+
+void MapPlotRun::ShowFailure(const RunTimeError& error) const {
+    if (error.Number() == ErrorFileNotFound) {
+        ShowDrawBox("File not found error in MapPlot",
+                    fileName + "\n\nThe above file, listed in the Open Digital Map File item\n"
+                               "of the File menu, was not found.");
+    } else {
+        ShowErrorBox(Routine, error);
+    }
+}
+
+void MapPlotRun::AddStatistics(std::int32_t index, double start) const {
+    auto& files = Design.Statistics.MapFiles;
+    if (files.size() < static_cast<std::size_t>(index)) {
+        files.resize(static_cast<std::size_t>(index));
+    }
+    DrawStatistics::MapFile& entry = files[static_cast<std::size_t>(index - 1)];
+    entry.Name = fileName;
+    entry.Seconds += ElapsedSeconds(start, Machine().clock->SecondsSinceMidnight());
+    entry.PointsRead += point.PointsRead;
+    entry.PointsPlotted += point.PointsPlotted;
+}
+
+void MapPlotRun::Close() {
+    Guarded(Routine, [] { CloseFile(OutputFileNumber); });
+    Guarded(Routine, [] { CloseFile(InputFileNumber); });
+    if (Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast) {
+        Design.OutputFileName.clear();
+    }
+    DeleteMapPen(SiteEndOfMap);
+}
+
+} // namespace
+
+void MapPlot() { MapPlotRun().Run(); }
+
+} // namespace quelmont

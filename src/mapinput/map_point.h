@@ -1,0 +1,96 @@
+#pragma once
+
+#include "core/coordinates.h"
+
+#include <cstdint>
+
+namespace quelmont {
+
+/// What a point has to pass to be drawn, by projection.
+enum class ClippingFamily {
+    Rectangle, ///< bounded by parallels and meridians
+    Metres,    ///< bounded by northings and eastings: UTM
+    Circle,    ///< bounded by a circle about the centre: the azimuthal projections
+    None,      ///< an unknown projection draws nothing
+};
+
+/// The road of a point of a map file or circle from its source to the devices: bounds, clipping,
+/// projection, drawing. One object serves one call of MapPlot.
+///
+/// A source writes PointLatSec and PointLonSec of Design, true seconds of arc, and calls TestBounds,
+/// for the first point of a line StartNewLine, and PlotStep.
+///
+/// Longitudes are relative from TestBounds on: 0 on the western boundary, growing eastward. On UTM
+/// latitudes and longitudes become northings and eastings in whole metres there.
+///
+/// RunTimeError where a position has no value or does not fit its field.
+class MapPoint {
+public:
+    /// Begins a map file: takes the projection's family and clears what belongs to one file.
+    void BeginFile();
+
+    /// Turns the point into the map's frame and tests it against its bounds, which are inside.
+    /// A full circle is added once at most: on a map from 180 west, 180 east is the eastern edge.
+    void TestBounds();
+
+    /// The point begins a line of its source.
+    void StartNewLine();
+
+    /// Draws to the point from the one before it, or as much of that as lies on the map; the point
+    /// is the previous one then. False when Escape was pressed.
+    bool PlotStep();
+
+    /// Counts a point that was read. Every 800th lets the picture be shown and events run; false
+    /// when Escape was pressed meanwhile.
+    bool CountPoint() { return ++PointsRead % PointsPerTurn != 0 || LetEventsRun(); }
+
+    std::int64_t PointsRead = 0;    ///< of the file
+    std::int64_t PointsPlotted = 0; ///< of the file, cut points included
+    bool PointInBounds = false;
+    bool PrevInBounds = false;
+
+private:
+    static constexpr int PointsPerTurn = 800;
+
+    /// A place in the frame of PointLatSec and PointLonSec.
+    struct Place {
+        std::int32_t lat, lon;
+    };
+
+    static bool LetEventsRun();
+    void ConvertToMetres();
+
+    /// Projects the point and hands it to the devices.
+    void PlotPoint();
+    void PlotEdge(std::int32_t lon);
+    /// The next point that is drawn begins a new line.
+    static void BreakLine();
+
+    // Clipping, a family each: both ends of the segment inside, entering the map, leaving it.
+    void ClipRectangle();
+    void EnterRectangle();
+    void LeaveRectangle();
+    void ClipMetres();
+    void ClipCircle();
+    void TestCircle();
+
+    /// Draws between two points inside, around the globe if that is the way of the segment.
+    void JoinInside();
+    void CrossSeam(std::int64_t LonStep);
+
+    // The cut point, EdgeLat and EdgeLon, of the segment whose outer end is given.
+    void EdgeByLatitude(std::int32_t outsideLat);
+    bool EdgeByLatitude(std::int32_t outsideLat, std::int32_t& outsideLon, std::int64_t LonStep);
+    void ClipToCorner(std::int32_t outsideLat, std::int32_t outsideLon);
+
+    /// Draws the part of the segment on one side of the cut point. What was changed to find the cut
+    /// is given back: prev is the true previous point, point the true current one.
+    void DrawFromCut(Place prev, bool acrossSeam);
+    void DrawToCut(Place point, bool acrossSeam);
+
+    ClippingFamily family = ClippingFamily::None;
+    /// The last cut point. A line that leaps over the hole of the rectangle family is cut there.
+    std::int32_t EdgeLat = 0, EdgeLon = 0;
+};
+
+} // namespace quelmont

@@ -1,0 +1,72 @@
+#include "mapinput/minute_grid_reader.h"
+
+#include "core/file_names.h"
+#include "core/map_design.h"
+#include "mapinput/byte_reader.h"
+#include "mapinput/map_pen.h"
+#include "mapinput/map_point.h"
+#include "mapinput/minute_grid_file.h"
+
+#include <array>
+
+namespace quelmont {
+
+namespace {
+
+constexpr std::int16_t MinuteGridRows = 10;
+
+/// How the features of one file are drawn.
+class ShownFeatures {
+public:
+    explicit ShownFeatures(const InputFileEntry& file)
+        : oneStyle(LastThreeLetters(file.MapFileName) == "PNT") {
+        const bool all = oneStyle && file.Features[1].Shown;
+        for (std::size_t feature = 1; feature < shown.size(); ++feature) {
+            shown[feature] = all || file.Features[feature].Shown;
+        }
+    }
+    bool Shows(std::int16_t feature) const { return shown[static_cast<std::size_t>(feature)]; }
+    /// The row whose style a feature is drawn in.
+    std::int16_t StyleOf(std::int16_t feature) const { return oneStyle ? std::int16_t{1} : feature; }
+
+private:
+    std::array<bool, MinuteGridRows + 1> shown = {}; ///< feature 0 never is
+    bool oneStyle;
+};
+
+} // namespace
+
+bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex) {
+    const ShownFeatures features(Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)]);
+    ByteReader bytes;
+    std::int16_t feature = 0;
+    bool shown = false;
+    while (bytes.Has(MinuteGridRecordSize)) {
+        const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
+        const int rank = RankOf(record.Code);
+        if (rank != 0) {
+            feature = FeatureOfRank(rank);
+            shown = features.Shows(feature);
+        }
+        if (!shown) {
+            if (!point.CountPoint()) {
+                return false;
+            }
+            continue;
+        }
+        Design.PointLatSec = record.Lat * SecPerMinute;
+        Design.PointLonSec = record.Lon * SecPerMinute;
+        point.TestBounds();
+        if (rank != 0) {
+            TakeFeaturePen(features.StyleOf(feature), FileIndex, SitesMinuteGridLine);
+            point.StartNewLine();
+        }
+        if (!point.PlotStep()) {
+            return false;
+        }
+    }
+    DeleteMapPen(SiteMinuteGridEnd);
+    return true;
+}
+
+} // namespace quelmont

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quelmont {
+
+class MapPoint;
+
+/// Plots the minute-grid file that is open under file number 1, in the styles of entry FileIndex of
+/// the list, counted from 1. False when Escape was pressed.
+///
+/// A rank other than 0 starts a line in the style of its feature. Each line begins with its own
+/// first point: none joins across features that are not shown. In a .pnt file all ranks are drawn in
+/// the style of feature 1, if that one is shown. A record that is not wholly there ends the file.
+/// RunTimeError when the file cannot be read or a point has no place.
+bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex);
+
+} // namespace quelmont

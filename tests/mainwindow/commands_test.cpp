@@ -1,0 +1,126 @@
+#include "mainwindow/commands.h"
+
+#include "mainwindow/main_menu.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/started_program.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Commands = StartedProgram;
+
+TEST_F(Commands, DrawMapAsksForTheSizeClearsAndDraws) {
+    machine.forms.Script("MapReduce", [](Form& form) {
+        form.Spin("MapReduction", 50);
+        form.Press("DrawMap");
+    });
+    mnuBar_Click(3);
+    EXPECT_EQ(Design.MapReduce, 0.5);
+    EXPECT_EQ(window.clears, 1);
+    EXPECT_EQ(surface.Calls().front().op, SurfaceOp::Cls);
+    EXPECT_EQ(machine.clock.beeps, 1);
+    ExpectIdle();
+}
+
+TEST_F(Commands, CancelledSizeDrawsNothing) {
+    machine.forms.Script("MapReduce", [](Form& form) {
+        form.Spin("MapReduction", 50);
+        form.Press("Cancel");
+    });
+    mnuBar_Click(3);
+    EXPECT_EQ(Design.MapReduce, 1.0);
+    EXPECT_FALSE(Design.DialogCancelled) << "it was read and cleared";
+    EXPECT_EQ(window.clears, 0);
+    EXPECT_EQ(machine.clock.beeps, 0);
+}
+
+TEST_F(Commands, TitlesOfMenusDoNothingElse) {
+    for (const int title : {0, 1, 2, 4}) {
+        mnuBar_Click(title);
+    }
+    EXPECT_THAT(machine.forms.shown, IsEmpty());
+    EXPECT_THAT(surface.Calls(), IsEmpty());
+}
+
+TEST_F(Commands, ExitClosesTheWindow) {
+    mnuInput_Click(17);
+    EXPECT_EQ(window.closes, 1);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuInput, 17));
+}
+
+TEST_F(Commands, LastItemUsedStaysChecked) {
+    mnuAbout_Click(4);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuAbout, 4));
+    mnuAbout_Click(3);
+    EXPECT_FALSE(window.MenuChecked(Menu::mnuAbout, 4));
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuAbout, 3));
+}
+
+TEST_F(Commands, PlotTimeIsToldInTenths) {
+    const auto told = [&](double seconds) {
+        Design.PlotSeconds = seconds;
+        mnuAbout_Click(4);
+        return machine.boxes.Taken();
+    };
+    const std::vector<AskedBox> boxes = told(1.25);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, "Time to plot map:  1.3 seconds");
+    EXPECT_EQ(boxes[0].icon, BoxIcon::Information);
+    EXPECT_EQ(boxes[0].buttons, BoxButtons::Ok);
+    EXPECT_EQ(told(0.0)[0].text, "Time to plot map:  0.0 seconds");
+    EXPECT_EQ(told(12345.678)[0].text, "Time to plot map:  12345.7 seconds");
+}
+
+TEST_F(Commands, PixelSizeStandsBeforeTheCaptionWhileItIsChecked) {
+    mnuDesign_Click(10);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 10));
+    EXPECT_EQ(window.caption, "1280,924 = x, y Pixels   |Quelmont: Equirectangular projection");
+    window.scaleWidth = 15012.0; // 1000.8 pixels of 15 twips
+    ToggleCaption();
+    EXPECT_EQ(window.caption, "1000.8,924 = x, y Pixels   |Quelmont: Equirectangular projection");
+    mnuDesign_Click(10);
+    EXPECT_FALSE(window.MenuChecked(Menu::mnuDesign, 10));
+    EXPECT_EQ(window.caption, "Quelmont: Equirectangular projection");
+}
+
+TEST_F(Commands, OtherItemsLeaveTheMarkOfThePixelSize) {
+    mnuDesign_Click(10);
+    mnuDesign_Click(12);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 10));
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 12));
+}
+
+TEST_F(Commands, ResizingWithoutTheMarkLeavesTheCaption) {
+    ToggleCaption();
+    EXPECT_EQ(window.caption, "Quelmont: Equirectangular projection");
+}
+
+TEST_F(Commands, CaptionWithAPixelSizeSurvivesADraw) {
+    mnuDesign_Click(10);
+    MapDraw();
+    ExpectIdle("1280,924 = x, y Pixels   |Quelmont: Equirectangular projection");
+}
+
+TEST_F(Commands, MouseSetsTheTextCursor) {
+    Form_MouseDown(150.5, 300.4);
+    EXPECT_EQ(Design.TextCursorX, 150) << "ties go to the even neighbour";
+    EXPECT_EQ(Design.TextCursorY, 300);
+}
+
+TEST_F(Commands, MouseIsIgnoredInADraw) {
+    machine.pump.At(1, [] { Form_MouseDown(150.0, 300.0); });
+    MapDraw();
+    EXPECT_EQ(Design.TextCursorX, 0);
+    EXPECT_EQ(Design.TextCursorY, 0);
+}
+
+} // namespace
+} // namespace quelmont

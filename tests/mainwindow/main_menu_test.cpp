@@ -1,0 +1,87 @@
+#include "mainwindow/main_menu.h"
+
+#include "mainwindow/started_program.h"
+#include "projection/projection_table.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <map>
+#include <string>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::string_view> Texts(Menu menu) {
+    std::vector<std::string_view> texts;
+    for (const MenuEntry& entry : MenuEntries(menu)) {
+        EXPECT_EQ(static_cast<std::size_t>(entry.index), texts.size()) << "indices have no gaps";
+        texts.push_back(entry.text);
+    }
+    return texts;
+}
+
+TEST(MainMenu, BarHasItsTitles) {
+    EXPECT_THAT(Texts(Menu::mnuBar),
+                ElementsAre("&File", "&Projection", "Design &Map", "&Draw Map", "&Help", "&Stop"));
+}
+
+TEST(MainMenu, FileMenuHasItsItems) {
+    EXPECT_THAT(Texts(Menu::mnuInput),
+                ElementsAre("&Open Digital Map File", "", "&Print Map", "Print Set&up", "", "Save as &BMP",
+                            "Save as &CGM", "Save as &DXF", "Save as &WMF", "Save as &ASCII", "",
+                            "Save &Great Circle", "Save &Small Circle", "", "Save &Map Design",
+                            "&Recall Map Design", "", "E&xit"));
+}
+
+TEST(MainMenu, DesignMenuHasItsItems) {
+    EXPECT_THAT(Texts(Menu::mnuDesign),
+                ElementsAre("Map &Boundaries", "Great &Circle", "&Small Circle", "", "Add &Text to Map",
+                            "&Labels", "", "B&ackground Color", "&Grid Color, Width, Type",
+                            "Line &Width Scaling", "Show Window &Pixel Size", "", "&Map Parameter Report",
+                            "G&reat Circle Report"));
+}
+
+TEST(MainMenu, ProjectionMenuFollowsTheTableOfProjections) {
+    for (const ProjectionEntry& entry : Projections) {
+        const bool lower = entry.mollweideIndex >= 0;
+        const auto texts = Texts(lower ? Menu::mnuProjMollweide : Menu::mnuProj);
+        EXPECT_EQ(texts[static_cast<std::size_t>(lower ? entry.mollweideIndex : entry.menuIndex)],
+                  entry.menuText);
+    }
+    EXPECT_EQ(Texts(Menu::mnuProj)[5], "Moll&weide equal-area");
+}
+
+class Mnemonics : public testing::TestWithParam<Menu> {};
+
+TEST_P(Mnemonics, AreUniqueInTheirMenu) {
+    std::map<char, std::string_view> users;
+    for (const std::string_view text : Texts(GetParam())) {
+        const std::size_t mark = text.find('&');
+        if (mark != std::string_view::npos) {
+            const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(text[mark + 1])));
+            const auto [user, fresh] = users.emplace(letter, text);
+            EXPECT_TRUE(fresh) << text << " and " << user->second;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Menus, Mnemonics,
+                         testing::Values(Menu::mnuBar, Menu::mnuInput, Menu::mnuProj, Menu::mnuProjMollweide,
+                                         Menu::mnuDesign, Menu::mnuAbout));
+
+using Marks = StartedProgram;
+
+TEST_F(Marks, OneItemOfAMenuIsMarked) {
+    MarkMenuItem(Menu::mnuProj, 6);
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuProj)) {
+        EXPECT_EQ(window.MenuChecked(Menu::mnuProj, entry.index), entry.index == 6);
+    }
+    EXPECT_FALSE(window.MenuChecked(Menu::mnuDesign, 6)) << "another menu's";
+}
+
+} // namespace
+} // namespace quelmont
