@@ -88,7 +88,22 @@ void DesktopTest::InDialog(std::function<void(QDialog&)> action) {
     timer->start(PollMilliseconds);
 }
 
+void DesktopTest::Activate() {
+    // Nobody gives the keyboard back to a window of this platform when a dialog has closed.
+    Window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+}
+
+bool DesktopTest::FillsTheWindow(const QImage& picture) {
+    const QRgb black = qRgb(0, 0, 0);
+    const int right = picture.width() - 1;
+    const int bottom = picture.height() - 1;
+    return (picture.pixel(0, bottom / 2) == black && picture.pixel(right, bottom / 2) == black) ||
+           (picture.pixel(right / 2, 0) == black && picture.pixel(right / 2, bottom) == black);
+}
+
 void DesktopTest::DrawByKeys() {
+    Activate();
     InDialog([](QDialog& dialog) { QTest::keyClick(dialog.focusWidget(), Qt::Key_Return); });
     QTest::keyClick(&Window(), Qt::Key_D, Qt::AltModifier);
 }

@@ -43,6 +43,10 @@ protected:
 
     /// Acts in the next dialog as soon as it is there.
     static void InDialog(std::function<void(QDialog&)> action);
+    /// Gives the keyboard to the window.
+    void Activate();
+    /// True when the map's frame touches the picture's edges, left and right or above and below.
+    static bool FillsTheWindow(const QImage& picture);
     /// Alt+D and Enter, with actions for the draw set up beforehand.
     void DrawByKeys();
 

@@ -118,7 +118,7 @@ TEST_F(MapSizeDialog, EveryWayOutButDrawMapCancels) {
         Open([&](QDialog& dialog) {
             QTest::keyClicks(dialog.focusWidget(), "45");
             way(dialog);
-            EXPECT_FALSE(dialog.isVisible());
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }));
         });
         EXPECT_EQ(Design.MapReduce, 1.0);
         EXPECT_EQ(clock.beeps, 0);
@@ -132,7 +132,7 @@ TEST_F(MapSizeDialog, MnemonicsLeadToTheControls) {
         QTest::keyClick(&dialog, Qt::Key_P, Qt::AltModifier);
         EXPECT_TRUE(Spin(dialog).hasFocus());
         QTest::keyClick(&dialog, Qt::Key_D, Qt::AltModifier);
-        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }));
     });
     EXPECT_EQ(clock.beeps, 1);
 }

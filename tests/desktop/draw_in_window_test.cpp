@@ -72,6 +72,7 @@ TEST_F(DrawInWindow, KeysBringTheWorldMap) {
     Machine().window = &Window();
     EXPECT_EQ(drawn, other.picture.Image());
     EXPECT_EQ(SeenOfArea(), drawn) << "what is seen is the picture";
+    EXPECT_TRUE(FillsTheWindow(drawn));
 }
 
 TEST_F(DrawInWindow, ClickOnTheBarBringsIt) {
@@ -135,7 +136,10 @@ TEST_F(DrawInWindow, StopIsReachedByMouse) {
 }
 
 TEST_F(DrawInWindow, StopIsReachedByItsKey) {
-    pump->At(5, [&] { QTest::keyClick(&Window(), Qt::Key_S, Qt::AltModifier); });
+    pump->At(5, [&] {
+        Activate();
+        QTest::keyClick(&Window(), Qt::Key_S, Qt::AltModifier);
+    });
     DrawByKeys();
     EXPECT_EQ(clock.beeps, 0);
     EXPECT_EQ(pump->calls, 5);
@@ -173,6 +177,7 @@ TEST_F(DrawInWindow, MouseOnTheMapIsIgnoredAndNoMenuOpens) {
         ClickTitle(0);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
         ClickTitle(3);
+        Activate();
         QTest::keyClick(&Window(), Qt::Key_D, Qt::AltModifier);
         QTest::keyClick(&Window(), Qt::Key_F, Qt::AltModifier);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);

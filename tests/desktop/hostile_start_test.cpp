@@ -145,7 +145,7 @@ TEST_F(HostileStart, InAFolderThatCannotBeWrittenWithoutHome) {
 }
 
 TEST_F(HostileStart, WithDamagedSettings) {
-    const std::string junk("\0\xFF[Quelmont\n=\nMainWindow=\xFF\xFE", 30);
+    const std::string junk("\0\xFF[Quelmont\n=\nMainWindow=\xFF\xFE", 27);
     for (const std::string& damaged :
          {std::string(), junk,
           std::string("[Quelmont]\nMainWindow=1 2\nScreenSize=x\nWindowMaximized=\x01\n"),

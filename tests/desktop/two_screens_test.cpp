@@ -54,9 +54,7 @@ TEST_F(TwoScreens, NextDrawIsSharpOnTheSecond) {
     EXPECT_EQ(Picture().size(), Area().DeviceSize());
     EXPECT_EQ(Picture().width(), Area().width() * 2);
     EXPECT_EQ(SeenOfArea(), Picture());
-    const QImage picture = Picture();
-    EXPECT_EQ(picture.pixel(picture.width() - 1, picture.height() / 2), qRgb(0, 0, 0))
-        << "the map fills the window";
+    EXPECT_TRUE(FillsTheWindow(Picture()));
 }
 
 } // namespace
