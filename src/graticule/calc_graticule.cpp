@@ -1,5 +1,6 @@
 #include "graticule/calc_graticule.h"
 
+#include "core/angle_field.h"
 #include "core/angle_text.h"
 #include "core/checked_math.h"
 #include "core/error_box.h"
@@ -7,7 +8,6 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "graticule/graticule_fields.h"
-#include "platform/machine.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -62,8 +62,8 @@ void BoundWholeGlobe() {
 }
 
 void Refuse(const char* title, const char* text, const char* field, std::vector<std::string> restored) {
-    const BoxAnswer answer = Machine().boxes->Ask(title, text, BoxButtons::RetryCancel, BoxIcon::Exclamation);
-    Design.LastRefusal = {field, std::move(restored), answer == BoxAnswer::Retry};
+    Design.LastRefusal = RefuseField(field, title, text);
+    Design.LastRefusal.Restored = std::move(restored);
     Design.ProjOffMap = true;
 }
 

@@ -1,12 +1,12 @@
 #include "graticule/utm_grid.h"
 
+#include "core/angle_field.h"
 #include "core/checked_math.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "graticule/graticule_fields.h"
-#include "platform/machine.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -27,9 +27,7 @@ void ReadTexts() {
 }
 
 bool Refuse(const char* text, const char* field) {
-    const BoxAnswer answer =
-        Machine().boxes->Ask("Error: UTM projection", text, BoxButtons::RetryCancel, BoxIcon::Exclamation);
-    Design.LastRefusal = {field, {field}, answer == BoxAnswer::Retry};
+    Design.LastRefusal = RefuseField(field, "Error: UTM projection", text);
     Design.ProjOffMap = true;
     return true;
 }

@@ -118,6 +118,27 @@ TEST_F(PngFile, LeavesAFileAloneThatIsOpenUnderItsNumber) {
     CloseFile(OutputFileNumber);
 }
 
+/// A picture of 32 columns and rows with as many colours, each a little redder or bluer.
+ImageSurface Colourful(int colors) {
+    ImageSurface surface(32, 32);
+    for (int i = 0; i < 1024; ++i) {
+        const auto shade = static_cast<std::uint32_t>(i % colors);
+        surface.SetPixel(i % 32, i / 32, (shade & 0xFFU) | (shade >> 8U << 16U));
+    }
+    return surface;
+}
+
+TEST(ColourfulPicture, KeepsItsColours) {
+    const TemporaryFolder folder;
+    for (const int colors : {1, 2, 255, 256, 257, 600}) {
+        const ImageSurface surface = Colourful(colors);
+        surface.SavePng(folder / "a.png");
+        const QImage read = QImage(QString::fromStdString(folder / "a.png"));
+        ASSERT_EQ(read.convertToFormat(QImage::Format_RGB32), surface.Image()) << colors;
+        EXPECT_EQ(read.format() == QImage::Format_RGB32, colors > 256) << colors;
+    }
+}
+
 TEST(EmptyPicture, IsNotSaved) {
     const TemporaryFolder folder;
     EXPECT_EQ(ErrorOfSaving(ImageSurface(0, 5), folder / "a.png"), ErrorInvalidCall);

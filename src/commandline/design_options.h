@@ -1,0 +1,15 @@
+#pragma once
+
+#include "commandline/draw_options.h"
+
+namespace quelmont {
+
+/// Puts the options into the design as the dialogs would: what was not given is what the dialog
+/// proposes, each text passes the check of its field, and the whole the checks of its acceptance.
+///
+/// StartUp must have run. Writes  what the dialogs of boundaries, standard parallels, lobes, UTM,
+/// grid, background and map files write, and the constants of the projection.
+/// False when a check refused the design; its box was shown.
+bool ApplyOptions(const DrawOptions& options);
+
+} // namespace quelmont

@@ -1,0 +1,119 @@
+#include "commandline/draw_command.h"
+
+#include "commandline/design_options.h"
+#include "commandline/draw_options.h"
+#include "commandline/headless_machine.h"
+#include "core/map_design.h"
+#include "core/run_time_error.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/start_up.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QString>
+
+#include <chrono>
+#include <new>
+#include <ostream>
+#include <utility>
+
+namespace quelmont {
+
+namespace {
+
+using Timer = std::chrono::steady_clock;
+
+double SecondsSince(Timer::time_point start) {
+    return std::chrono::duration<double>(Timer::now() - start).count();
+}
+
+constexpr const char* Program = "quelmont-draw: ";
+
+/// Writes what was asked for; a full disk behind the stream must not pass for success.
+int Answer(const std::string& text, std::ostream& output, std::ostream& errors) {
+    output << text << std::flush;
+    if (!output) {
+        errors << Program << "The standard output cannot be written.\n";
+        return ExitFailed;
+    }
+    return ExitDone;
+}
+
+std::string StatisticsLine(double pngSeconds, double totalSeconds) {
+    qint64 read = 0;
+    qint64 plotted = 0;
+    QJsonArray files;
+    for (const DrawStatistics::MapFile& file : Design.Statistics.MapFiles) {
+        read += file.PointsRead;
+        plotted += file.PointsPlotted;
+        files.append(QJsonObject{{"name", QString::fromStdString(file.Name)},
+                                 {"points_read", static_cast<qint64>(file.PointsRead)},
+                                 {"points_plotted", static_cast<qint64>(file.PointsPlotted)},
+                                 {"seconds", file.Seconds}});
+    }
+    const QJsonObject line{
+        {"points_read", read},
+        {"points_plotted", plotted},
+        {"grid_points_plotted", static_cast<qint64>(Design.Statistics.GridPointsPlotted)},
+        {"grid_seconds", Design.Statistics.GridSeconds},
+        {"map_files", files},
+        {"draw_seconds", Design.PlotSeconds},
+        {"png_seconds", pngSeconds},
+        {"total_seconds", totalSeconds},
+    };
+    return QJsonDocument(line).toJson(QJsonDocument::Compact).toStdString() + "\n";
+}
+
+int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors) {
+    const Timer::time_point start = Timer::now();
+    HeadlessMachine machine(options.window, options.screen.value_or(options.window), errors);
+    StartUp();
+    for (const std::string& name : OptionsWithoutMeaning(options)) {
+        errors << Program << name << " means nothing on this projection.\n";
+    }
+    if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
+        return ExitFailed;
+    }
+    machine.window.Cls();
+    MapDraw();
+
+    const Timer::time_point drawn = Timer::now();
+    try {
+        machine.window.Picture().SavePng(options.output);
+    } catch (const RunTimeError& error) {
+        errors << Program << options.output << ": " << error.Description() << '\n';
+        return ExitFailed;
+    }
+    const int answer = options.stats
+                           ? Answer(StatisticsLine(SecondsSince(drawn), SecondsSince(start)), output, errors)
+                           : ExitDone;
+    return machine.boxes.Count() > 0 ? ExitFailed : answer;
+}
+
+int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
+    const auto read = ReadDrawOptions(arguments, SystemPlaces().Version());
+    if (const auto* text = std::get_if<TextAnswer>(&read)) {
+        return Answer(text->text, output, errors);
+    }
+    if (const auto* wrong = std::get_if<WrongUsage>(&read)) {
+        errors << Program << wrong->reason << "\nquelmont-draw --help tells the options.\n";
+        return ExitWrongUsage;
+    }
+    return Draw(std::get<DrawOptions>(read), output, errors);
+}
+
+} // namespace
+
+int DrawCommand(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
+    try {
+        return Run(arguments, output, errors);
+    } catch (const RunTimeError& error) {
+        errors << Program << error.Description() << '\n';
+    } catch (const std::bad_alloc&) {
+        errors << Program << RunTimeError(ErrorOutOfMemory).Description() << '\n';
+    }
+    return ExitFailed;
+}
+
+} // namespace quelmont

@@ -1,0 +1,369 @@
+#include "commandline/draw_options.h"
+
+#include "commandline/option_values.h"
+#include "core/file_names.h"
+#include "mapinput/feature_rows.h"
+#include "projection/projection_table.h"
+#include "projection/utm.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+constexpr AngleFieldKind Latitude = AngleFieldKind::Latitude;
+constexpr AngleFieldKind Longitude = AngleFieldKind::Longitude;
+constexpr AngleFieldKind Arc = AngleFieldKind::Arc;
+
+/// An option whose value is the text of a field, by the field's index in its array of the design.
+struct AngleOption {
+    std::size_t index;
+    const char* name;
+    AngleFieldKind kind;
+    const char* description;
+};
+struct DigitsOption {
+    std::size_t index;
+    const char* name;
+    std::size_t width;
+    const char* description;
+};
+
+// clang-format off
+constexpr std::array GridAngles = std::to_array<AngleOption>({
+    {0, "--north",       Latitude,  "Northernmost latitude"},
+    {1, "--south",       Latitude,  "Southernmost latitude"},
+    {2, "--lat-grid",    Arc,       "Degrees of latitude between grid lines"},
+    {3, "--west",        Longitude, "Westernmost longitude"},
+    {4, "--east",        Longitude, "Easternmost longitude"},
+    {5, "--lon-grid",    Arc,       "Degrees of longitude between grid lines"},
+    {6, "--central-lat", Latitude,  "Centre of an azimuthal map"},
+    {7, "--central-lon", Longitude, "Centre of an azimuthal map"},
+    {8, "--range",       Arc,       "Radius of an azimuthal map, degrees of arc"},
+});
+constexpr DigitsOption Height{9, "--height-km", 8, "Height of a vertical perspective's view point"};
+
+constexpr std::array StdParAngles = std::to_array<AngleOption>({
+    {0, "--std-north", Latitude, "Northern standard parallel"},
+    {1, "--std-south", Latitude, "Southern standard parallel (conics)"},
+});
+
+constexpr std::array UtmAngles = std::to_array<AngleOption>({
+    {0, "--utm-central-lon", Longitude, "Central longitude of the zone"},
+    {1, "--utm-origin-lat",  Latitude,  "Latitude of origin"},
+});
+constexpr std::array UtmDigits = std::to_array<DigitsOption>({
+    { 2, "--utm-false-easting",  7, "False easting"},
+    { 3, "--utm-false-northing", 8, "False northing"},
+    { 5, "--utm-north",          8, "Northing of the northern boundary"},
+    { 6, "--utm-south",          8, "Northing of the southern boundary"},
+    { 7, "--utm-lat-grid",       8, "Metres between grid lines, south to north"},
+    { 8, "--utm-west",           7, "Easting of the western boundary"},
+    { 9, "--utm-east",           7, "Easting of the eastern boundary"},
+    {10, "--utm-lon-grid",       7, "Metres between grid lines, west to east"},
+});
+constexpr std::size_t UtmScale = 4;
+constexpr const char* UtmScaleName = "--utm-scale";
+constexpr const char* SpheroidName = "--spheroid";
+constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-south"};
+// clang-format on
+
+/// The most that a dialog lets a line or a symbol measure.
+constexpr int LargestPixels = 600;
+
+constexpr const char* Notes =
+    R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
+west are negative). What is not given stands as the dialogs of the window propose
+it: bounds and grid for the projection, standard parallels for the bounds.
+
+Examples:
+  quelmont-draw world.png
+      The whole world on the equirectangular projection.
+  quelmont-draw --projection mercator --north 48N --south 30N --west 7W --east 37E \
+      --lat-grid 6 --lon-grid 4 --window 1600x1000 mediterranean.png
+      A region, on a larger picture.
+  quelmont-draw --projection orthographic --central-lat 20S --central-lon 60W \
+      --map rivers.map --feature-color 0000FF --map towns.map --symbol 12 america.png
+      A globe, with map files and styles of one's own.
+
+Exit status: 0 done; 1 the design was refused, or a map file or the picture failed,
+as the messages tell; 2 the command line is wrong.)";
+
+std::string Lists() {
+    std::string text = "Projections, by number or name; the first words of a name will do:\n";
+    for (const ProjectionEntry& entry : Projections) {
+        const std::string number = std::to_string(entry.ProjNum);
+        text += std::string(4 - number.size(), ' ') + number + "  " + std::string(entry.ProjName) + "\n";
+    }
+    text += "\nSpheroids:\n";
+    for (const Spheroid& spheroid : Spheroids) {
+        text += "  " + std::string(spheroid.name) + "\n";
+    }
+    return text + "\n";
+}
+
+/// The help without what the parser knows about each option beside its name and its values.
+class PlainFormatter : public CLI::Formatter {
+public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        return option->get_type_name().empty() ? "" : " " + option->get_type_name();
+    }
+};
+
+/// The options, group by group, bound to one DrawOptions.
+class OptionTable {
+public:
+    OptionTable(DrawOptions& options_, const std::string& version);
+    void Read(std::vector<std::string> arguments);
+    std::string Help() const;
+    std::string Version() const { return app.version(); }
+
+private:
+    using Take = std::function<void(const std::string& value)>;
+
+    CLI::Option* Add(const std::string& name, const char* type, const char* description, Take take);
+    template <std::size_t Size>
+    void AddAngles(std::span<const AngleOption> table, std::array<std::optional<std::string>, Size>& texts);
+    template <std::size_t Size>
+    void AddDigits(const DigitsOption& option, const char* type,
+                   std::array<std::optional<std::string>, Size>& texts);
+    void AddOfMap(const std::string& name, const char* type, const char* description,
+                  std::function<void(MapFileOptions& map, const std::string& value)> take);
+    void AddProjection();
+    void AddUtm();
+    void AddGrid();
+    void AddMaps();
+    void AddPicture();
+
+    DrawOptions& options;
+    CLI::App app{"Draws a map without a window: coastlines, borders, rivers and a grid.", "quelmont-draw"};
+    const char* group = "";
+};
+
+OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : options(options_) {
+    constexpr std::size_t columns = 32;
+    app.formatter(std::make_shared<PlainFormatter>());
+    app.get_formatter()->column_width(columns);
+    app.get_formatter()->label("Positionals", "Argument");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag("--version", "quelmont-draw " + version, "Print the version and exit");
+    app.footer(Lists() + Notes);
+    AddPicture();
+    AddProjection();
+    AddUtm();
+    AddGrid();
+    AddMaps();
+}
+
+std::string OptionTable::Help() const {
+    std::string help = app.help();
+    for (std::size_t gap = help.find("\n\n\n"); gap != std::string::npos; gap = help.find("\n\n\n", gap)) {
+        help.erase(gap, 1);
+    }
+    return help;
+}
+
+CLI::Option* OptionTable::Add(const std::string& name, const char* type, const char* description, Take take) {
+    const auto takeOrTell = [name, take = std::move(take)](const std::string& value) {
+        try {
+            take(value);
+        } catch (const BadValue& bad) {
+            throw CLI::ValidationError(name, bad.what());
+        }
+    };
+    return app.add_option_function<std::string>(name, takeOrTell, description)->type_name(type)->group(group);
+}
+
+template <std::size_t Size>
+void OptionTable::AddAngles(std::span<const AngleOption> table,
+                            std::array<std::optional<std::string>, Size>& texts) {
+    for (const AngleOption& option : table) {
+        Add(option.name, "A", option.description, [&texts, option](const std::string& value) {
+            texts[option.index] = AngleValue(option.kind, value);
+        });
+    }
+}
+
+template <std::size_t Size>
+void OptionTable::AddDigits(const DigitsOption& option, const char* type,
+                            std::array<std::optional<std::string>, Size>& texts) {
+    Add(option.name, type, option.description, [&texts, option](const std::string& value) {
+        texts[option.index] = DigitsValue(value, option.width);
+    });
+}
+
+void OptionTable::AddPicture() {
+    group = "Picture";
+    Add("OUTPUT", "", "The picture to write, a .png file", [this](const std::string& value) {
+        if (!Capitals(value).ends_with(".PNG")) {
+            throw BadValue("\"" + value + "\" does not end in .png");
+        }
+        options.output = value;
+    })->required();
+    Add("--window", "WxH", "Size of the picture in pixels (1280x924)",
+        [this](const std::string& value) { options.window = SizeValue(value); });
+    Add("--screen", "WxH", "Size of a maximised window (as --window)",
+        [this](const std::string& value) { options.screen = SizeValue(value); });
+    Add("--percent", "10..100", "Share of the picture that the map fills (100)",
+        [this](const std::string& value) { options.percent = NumberValue(value, 10, 100); });
+    app.add_flag("--stats", options.stats, "Print points and seconds as a line of JSON")->group(group);
+}
+
+void OptionTable::AddProjection() {
+    group = "Projection and bounds";
+    Add("--projection", "NUM|NAME", "See the list below (2)",
+        [this](const std::string& value) { options.ProjNum = ProjectionValue(value); });
+    AddAngles(GridAngles, options.grid);
+    AddDigits(Height, "KM", options.grid);
+    AddAngles(StdParAngles, options.stdPar);
+    for (const std::size_t hemisphere : {0U, 1U}) {
+        Add(LobeNames[hemisphere], "A[,A[,A]]",
+            hemisphere == 0 ? "Interruptions of the interrupted projection, or none"
+                            : "The same in the south",
+            [this, hemisphere](const std::string& value) {
+                options.lobes[hemisphere] = InterruptionsValue(value);
+            });
+    }
+}
+
+void OptionTable::AddUtm() {
+    group = "UTM, in metres";
+    Add(SpheroidName, "NAME", "See the list below (Clarke 1866)",
+        [this](const std::string& value) { options.spheroid = SpheroidValue(value); });
+    AddAngles(UtmAngles, options.utm);
+    for (const DigitsOption& option : UtmDigits) {
+        AddDigits(option, "M", options.utm);
+    }
+    Add(UtmScaleName, "K", "Scale factor of the central longitude",
+        [this](const std::string& value) { options.utm[UtmScale] = ScaleFactorValue(value); });
+}
+
+void OptionTable::AddGrid() {
+    group = "Grid and background";
+    Add("--grid-type", "1..5", "1 boundary and points, 2 boundary, 3 lines, 4 points, 5 none (3)",
+        [this](const std::string& value) {
+            options.gridType = static_cast<std::int16_t>(NumberValue(value, 1, 5));
+        });
+    Add("--grid-color", "RRGGBB", "Colour of the grid (000000)",
+        [this](const std::string& value) { options.gridColor = ColorOf(value); });
+    Add("--grid-width", "PX", "Width of its lines (1)",
+        [this](const std::string& value) { options.gridWidth = NumberValue(value, 1, LargestPixels); });
+    Add("--background", "RRGGBB", "Colour of the background (FFFFFF)",
+        [this](const std::string& value) { options.background = ColorOf(value); });
+}
+
+/// An option that belongs to the --map before it. It is taken when it is read, not at the end.
+void OptionTable::AddOfMap(const std::string& name, const char* type, const char* description,
+                           std::function<void(MapFileOptions& map, const std::string& value)> take) {
+    Add(name, type, description, [this, take = std::move(take)](const std::string& value) {
+        if (options.maps.empty()) {
+            throw BadValue("no --map stands before it");
+        }
+        take(options.maps.back(), value);
+    })->trigger_on_parse();
+}
+
+void OptionTable::AddMaps() {
+    group = "Map files, drawn in their order; the others belong to the --map before them";
+    CLI::Option* const map =
+        Add("--map", "FILE", "A map file, instead of the default map",
+            [this](const std::string& value) { options.maps.emplace_back().file = value; });
+    map->trigger_on_parse();
+    app.add_flag("--no-map", options.noMap, "No map file at all")->group(group)->excludes(map);
+    AddOfMap("--symbol", "1..12",
+             "1 lines, 2 dots, 3 plus, 4 cross, 5/6 square, 7/8 diamond, 9/10\n"
+             "triangle, 11/12 circle, open/filled (1)",
+             [](MapFileOptions& file, const std::string& value) {
+                 file.symbol = static_cast<std::int16_t>(NumberValue(value, 1, 12));
+             });
+    AddOfMap("--feature-color", "RRGGBB", "One colour for all its features",
+             [](MapFileOptions& file, const std::string& value) { file.color = ColorOf(value); });
+    AddOfMap("--line-width", "PX", "Width of lines (1)", [](MapFileOptions& file, const std::string& value) {
+        file.lineWidth = NumberValue(value, 1, LargestPixels);
+    });
+    AddOfMap("--symbol-size", "PX", "Radius of symbols (3)",
+             [](MapFileOptions& file, const std::string& value) {
+                 file.symbolSize = NumberValue(value, 1, LargestPixels);
+             });
+    AddOfMap("--border-width", "PX", "Outline of open symbols (1)",
+             [](MapFileOptions& file, const std::string& value) {
+                 file.borderWidth = NumberValue(value, 1, LargestPixels);
+             });
+    AddOfMap("--hide", "N[,N...]", "Feature rows not to draw",
+             [](MapFileOptions& file, const std::string& value) {
+                 const std::vector<int> rows =
+                     NumbersValue(value, 1, static_cast<int>(FeatureRows(file.file).size()));
+                 file.hidden.insert(file.hidden.end(), rows.begin(), rows.end());
+             });
+}
+
+void OptionTable::Read(std::vector<std::string> arguments) {
+    // The parser takes them from the back.
+    std::reverse(arguments.begin(), arguments.end());
+    app.parse(std::move(arguments));
+}
+
+} // namespace
+
+std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vector<std::string>& arguments,
+                                                                  const std::string& version) {
+    DrawOptions options;
+    OptionTable table(options, version);
+    try {
+        table.Read(arguments);
+    } catch (const CLI::CallForHelp&) {
+        return TextAnswer{table.Help()};
+    } catch (const CLI::CallForVersion&) {
+        return TextAnswer{table.Version() + "\n"};
+    } catch (const CLI::ParseError& error) {
+        return WrongUsage{error.what()};
+    }
+    return options;
+}
+
+std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options) {
+    const bool utm = options.ProjNum == ProjUtm;
+    const bool azimuthal = IsAzimuthal(options.ProjNum);
+    const bool perspective = options.ProjNum == ProjVerticalPerspective;
+    std::vector<std::string> names;
+    const auto unless = [&](bool meaning, bool given, const char* name) {
+        if (given && !meaning) {
+            names.emplace_back(name);
+        }
+    };
+    for (const AngleOption& option : GridAngles) {
+        const bool spacing = option.index == 2 || option.index == 5;
+        const bool bound = option.index < 6;
+        const bool range = option.index == 8;
+        unless(azimuthal ? (spacing || !bound) && !(range && perspective) : bound && !utm,
+               options.grid[option.index].has_value(), option.name);
+    }
+    unless(perspective, options.grid[Height.index].has_value(), Height.name);
+    const bool cone = options.ProjNum == ProjEquidistantConic || options.ProjNum == ProjConformalConic ||
+                      options.ProjNum == ProjAlbers;
+    const bool trueScale =
+        options.ProjNum == ProjEquirectangular || options.ProjNum == ProjCylindricalEqualArea;
+    unless(cone || trueScale, options.stdPar[0].has_value(), StdParAngles[0].name);
+    unless(cone, options.stdPar[1].has_value(), StdParAngles[1].name);
+    for (const std::size_t hemisphere : {0U, 1U}) {
+        unless(options.ProjNum == ProjInterruptedMollweide, options.lobes[hemisphere].has_value(),
+               LobeNames[hemisphere]);
+    }
+    unless(utm, options.spheroid.has_value(), SpheroidName);
+    for (const AngleOption& option : UtmAngles) {
+        unless(utm, options.utm[option.index].has_value(), option.name);
+    }
+    for (const DigitsOption& option : UtmDigits) {
+        unless(utm, options.utm[option.index].has_value(), option.name);
+    }
+    unless(utm, options.utm[UtmScale].has_value(), UtmScaleName);
+    return names;
+}
+
+} // namespace quelmont

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/map_design.h"
+#include "core/standard_colors.h"
+#include "platform/draw_surface.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quelmont {
+
+/// A map file of the command line and what was said about it. Sizes in pixels.
+struct MapFileOptions {
+    std::string file;
+    std::optional<std::int16_t> symbol;
+    std::optional<ColorValue> color;
+    std::optional<int> lineWidth;
+    std::optional<int> symbolSize;
+    std::optional<int> borderWidth;
+    std::vector<int> hidden; ///< feature rows, from 1
+};
+
+/// The command line of quelmont-draw. Angles and metres are the texts of the fields that they stand
+/// for, as far as they were given; nothing of it is checked against the projection yet.
+struct DrawOptions {
+    std::string output;
+    std::int16_t ProjNum = ProjEquirectangular;
+    std::array<std::optional<std::string>, 10> grid = {};              ///< by index of GridText
+    std::array<std::optional<std::string>, 2> stdPar = {};             ///< of StdParText
+    std::optional<std::string> spheroid;                               ///< SpheroidName
+    std::array<std::optional<std::string>, 11> utm = {};               ///< of UtmText
+    std::array<std::optional<std::vector<std::string>>, 2> lobes = {}; ///< north, south
+    std::optional<std::int16_t> gridType;
+    std::optional<ColorValue> gridColor;
+    std::optional<int> gridWidth; ///< pixels
+    std::optional<ColorValue> background;
+    bool noMap = false;
+    std::vector<MapFileOptions> maps; ///< empty: the default map
+    SurfacePoint window{1280, 924};   ///< drawing area, pixels
+    std::optional<SurfacePoint> screen;
+    int percent = 100;
+    bool stats = false;
+};
+
+/// A command line that asks for a text, and what it is: --help, --version.
+struct TextAnswer {
+    std::string text;
+};
+/// A command line that cannot be understood, and why.
+struct WrongUsage {
+    std::string reason;
+};
+
+/// Reads a command line without the program's name.
+std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vector<std::string>& arguments,
+                                                                  const std::string& version);
+
+/// The options that were given and mean nothing on the projection chosen.
+std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options);
+
+} // namespace quelmont

@@ -1,0 +1,45 @@
+#include "commandline/headless_machine.h"
+
+#include "core/map_design.h"
+
+#include <ostream>
+
+namespace quelmont {
+
+namespace {
+
+/// At 96 pixels an inch.
+constexpr double TwipsPerPixel = 15.0;
+
+} // namespace
+
+BoxAnswer HeadlessBoxes::Ask(std::string_view title, std::string_view text, BoxButtons buttons,
+                             BoxIcon /*icon*/) {
+    ++count;
+    stream << title << '\n' << text << '\n';
+    return buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel
+           : buttons == BoxButtons::YesNo     ? BoxAnswer::No
+                                              : BoxAnswer::Ok;
+}
+
+double HeadlessWindow::ScaleWidth() const { return surface.Width() * TwipsPerPixel; }
+double HeadlessWindow::ScaleHeight() const { return surface.Height() * TwipsPerPixel; }
+
+void HeadlessWindow::Cls() { surface.Clear(ColorBits(Design.BackColor)); }
+
+bool HeadlessWindow::MenuChecked(Menu menu, int index) const {
+    const auto found = marks.find({menu, index});
+    return found != marks.end() && found->second;
+}
+
+float HeadlessScreen::TwipsPerPixelX() const { return static_cast<float>(TwipsPerPixel); }
+float HeadlessScreen::TwipsPerPixelY() const { return static_cast<float>(TwipsPerPixel); }
+
+HeadlessMachine::HeadlessMachine(SurfacePoint windowSize, SurfacePoint fullScreen, std::ostream& stream)
+    : boxes(stream), window(windowSize), screen(fullScreen), before(Machine()) {
+    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+}
+
+HeadlessMachine::~HeadlessMachine() { Machine() = before; }
+
+} // namespace quelmont

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/machine.h"
+#include "qtsurface/image_surface.h"
+#include "qtsurface/system_places.h"
+
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <utility>
+
+/// A machine without a person and without a screen, for a draw from the command line.
+
+namespace quelmont {
+
+/// Writes each box to a stream, its title and its text, and answers Cancel, No or Ok, whichever the
+/// box has.
+class HeadlessBoxes final : public Boxes {
+public:
+    explicit HeadlessBoxes(std::ostream& stream_) : stream(stream_) {}
+    BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) override;
+    /// Boxes since the start.
+    int Count() const { return count; }
+
+private:
+    std::ostream& stream;
+    int count = 0;
+};
+
+class HeadlessForms final : public Forms {
+public:
+    /// Cancels the form.
+    void Show(Form& form) override { form.PressCancel(); }
+};
+
+/// A window of a fixed size that is only its picture. A pixel measures 15 twips.
+class HeadlessWindow final : public MainWindow {
+public:
+    /// RunTimeError "Out of memory" for a picture that is too large.
+    explicit HeadlessWindow(SurfacePoint size) : surface(size.x, size.y) {}
+    const ImageSurface& Picture() const { return surface; }
+
+    std::string Caption() const override { return caption; }
+    void SetCaption(std::string_view text) override { caption = text; }
+    double ScaleWidth() const override;
+    double ScaleHeight() const override;
+    WindowPlace Place() const override { return {0.0, 0.0, ScaleWidth(), ScaleHeight()}; }
+    void SetPlace(const WindowPlace& /*place*/) override {}
+    bool IsZoomed() const override { return false; }
+    void Maximise() override {}
+    void Close() override {}
+    void SetMousePointer(MousePointer /*shape*/) override {}
+    void Refresh() override {}
+    void Cls() override;
+    void SetAutoRedraw(bool /*on*/) override {}
+    DrawSurface& Surface() override { return surface; }
+    void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
+    void SetMenuChecked(Menu menu, int index, bool checked) override { marks[{menu, index}] = checked; }
+    bool MenuChecked(Menu menu, int index) const override;
+
+private:
+    ImageSurface surface;
+    std::string caption;
+    std::map<std::pair<Menu, int>, bool> marks;
+};
+
+class HeadlessPump final : public Pump {
+public:
+    void DoEvents() override {}
+};
+
+/// A screen on which a maximised window has a drawing area of a given size, in pixels.
+class HeadlessScreen final : public Screen {
+public:
+    explicit HeadlessScreen(SurfacePoint fullScreen_) : fullScreen(fullScreen_) {}
+    float TwipsPerPixelX() const override;
+    float TwipsPerPixelY() const override;
+    int PixelsX() const override { return fullScreen.x; }
+    int PixelsY() const override { return fullScreen.y; }
+    int FullScreenX() const override { return fullScreen.x; }
+    int FullScreenY() const override { return fullScreen.y; }
+
+private:
+    SurfacePoint fullScreen;
+};
+
+class HeadlessPrinters final : public Printers {
+public:
+    bool Any() const override { return false; }
+};
+
+class HeadlessHelp final : public Help {
+public:
+    void Show(int /*command*/, int /*context*/) override {}
+};
+
+/// The parts together: in Machine() as long as it lives.
+class HeadlessMachine {
+public:
+    /// Sizes in pixels. Boxes go to the stream. RunTimeError as HeadlessWindow.
+    HeadlessMachine(SurfacePoint windowSize, SurfacePoint fullScreen, std::ostream& stream);
+    ~HeadlessMachine();
+    HeadlessMachine(const HeadlessMachine&) = delete;
+    HeadlessMachine& operator=(const HeadlessMachine&) = delete;
+
+    HeadlessBoxes boxes;
+    HeadlessForms forms;
+    HeadlessWindow window;
+    HeadlessPump pump;
+    HeadlessScreen screen;
+    SystemPlaces places;
+    SystemClock clock;
+    HeadlessPrinters printers;
+    HeadlessHelp help;
+
+private:
+    MachineInterfaces before;
+};
+
+} // namespace quelmont

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/angle_field.h"
+#include "core/standard_colors.h"
+#include "platform/draw_surface.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the values of options mean. Each reader throws BadValue for what it cannot understand.
+
+namespace quelmont {
+
+/// The value quoted, and what was expected: "\"40Q\" is no latitude such as ...".
+class BadValue : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The fixed-column text of an angle. A value is
+///  - degrees, minutes, seconds, joined by ":", the last two perhaps missing: 40N, 122:26:00W, 30:30;
+///  - decimal degrees: 37.5, rounded to the second;
+///  - the fixed-column text itself, taken as it stands.
+/// The first two may have a sign before them or one of the letters N, S, E, W behind them, in any
+/// case; without either they are north or east. An arc has neither. A number with more digits than
+/// its columns becomes the largest that they hold, which the check of no field lets pass.
+std::string AngleValue(AngleFieldKind kind, std::string_view value);
+
+/// Up to three longitudes of interruptions, separated by commas; none for "none".
+std::vector<std::string> InterruptionsValue(std::string_view value);
+
+/// A whole number of metres or kilometres, filled up with zeros to the width of its field.
+std::string DigitsValue(std::string_view value, std::size_t width);
+
+/// A scale factor above 0, as it stands.
+std::string ScaleFactorValue(std::string_view value);
+
+int NumberValue(std::string_view value, int least, int most);
+/// Whole numbers from least to most, separated by commas.
+std::vector<int> NumbersValue(std::string_view value, int least, int most);
+
+/// Six hexadecimal digits, red first, perhaps behind "#", as a stored design colour.
+ColorValue ColorOf(std::string_view value);
+
+/// Width and height in pixels, "1280x924", each from 2 to 32767.
+SurfacePoint SizeValue(std::string_view value);
+
+/// ProjNum by the number itself, the report name in any case, or the words at the front of a report
+/// name when no other name begins with them.
+std::int16_t ProjectionValue(std::string_view value);
+
+/// The name of a spheroid, from the name in any case.
+std::string SpheroidValue(std::string_view value);
+
+} // namespace quelmont

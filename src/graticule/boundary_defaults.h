@@ -1,0 +1,24 @@
+#pragma once
+
+namespace quelmont {
+
+/// What the dialog of the map's boundaries proposes for a projection whose bounds were not accepted
+/// yet: the whole world, less what the projection cannot show.
+///
+/// Reads   ProjNum, ProjGridSet.  Writes  GridText.
+void ProposeBounds();
+
+/// What the dialog of the interrupted projection proposes: two interruptions in each hemisphere, in
+/// the oceans of the north and of the south, on a map that begins and ends at 20 degrees east.
+///
+/// Writes  LobeText, entry 2 from GridText(3).
+void ProposeLobes();
+
+/// Puts the boundaries of the lobes in order: left boundary of the map, northern interruptions,
+/// right boundary, then the same for the south.
+///
+/// Reads   GridText(3) and (4), LobeText.  Writes  LobeLonText, LobeLonSec, LobeLonDeg.
+/// RunTimeError "Subscript out of range" for a count of interruptions beyond 3.
+void OrderLobes();
+
+} // namespace quelmont

@@ -1,0 +1,223 @@
+#include "core/map_design.h"
+#include "core/run_time_error.h"
+#include "graticule/calc_graticule.h"
+#include "graticule/grid_texts.h"
+#include "support/fresh_program.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The default interruptions: a map from 20 E all the way round, two interruptions each, so that
+/// lobes 1 to 3 lie in the north and 5 to 7 in the south.
+class Lobes : public FreshProgramTest {
+protected:
+    Lobes() {
+        StartDesign(ProjInterruptedMollweide);
+        Design.GridText[2] = "010    00    00";
+        Design.GridText[3] = "020    00    00    E";
+        Design.GridText[4] = "020    00    00    E";
+        Design.GridText[5] = "010    00    00";
+        SetRows({20, -100, 0, 20}, {20, 140, -70, 20});
+    }
+
+    /// Boundaries of each hemisphere in degrees, as the dialog leaves them.
+    static void SetRows(const std::vector<int>& north, const std::vector<int>& south) {
+        Design.LobeText[0] = std::to_string(north.size() - 2);
+        Design.LobeText[1] = std::to_string(south.size() - 2);
+        std::size_t at = 0;
+        for (const std::vector<int>* row : {&north, &south}) {
+            for (const int degrees : *row) {
+                Design.LobeLonText[at] = LongitudeText(degrees * 3600);
+                Design.LobeLonDeg[at] = degrees;
+                Design.LobeLonSec[at] = degrees * 3600;
+                ++at;
+            }
+        }
+    }
+};
+
+TEST_F(Lobes, NorthernLobeEndsAtTheEquator) {
+    CalcGraticuleInterrupt(1);
+    EXPECT_EQ(Design.LatNorthSec, 324000);
+    EXPECT_EQ(Design.LatSouthSec, 0);
+    EXPECT_EQ(Design.LatGridCount, 9);
+    EXPECT_EQ(Design.LonWestSec, 20 * 3600);
+    EXPECT_EQ(Design.LonEastSec, -100 * 3600);
+    EXPECT_EQ(Design.LonSpan, 240.0) << "across the 180th meridian";
+    EXPECT_EQ(Design.LonGridCount, 24);
+    EXPECT_EQ(Design.LonZero, 0.0);
+    EXPECT_EQ(Design.LonCentral, 120.0);
+    EXPECT_EQ(Design.LatCentral, 45.0);
+    EXPECT_EQ(Design.LonMiddle, 140.0);
+    EXPECT_EQ(Design.LatNorth, 90.0);
+    EXPECT_EQ(Design.LatSouth, 0.0);
+    EXPECT_EQ(Design.LatCentralText, "45 00 00 N");
+    EXPECT_EQ(Design.LonCentralText, "140 00 00 E");
+    EXPECT_EQ(Design.LonWestText, "020 00 00 E");
+    EXPECT_EQ(Design.LonEastText, "100 00 00 W");
+    EXPECT_EQ(Design.LatGridText, "010 00 00");
+    EXPECT_NEAR(Design.SinLatCentral, std::sqrt(0.5), 1e-15);
+}
+
+TEST_F(Lobes, EveryLobeHasTheBoundariesAtItsNumber) {
+    struct Row {
+        std::int16_t lobe;
+        double west, east, span, north, south;
+    };
+    // clang-format off
+    constexpr std::array<Row, 6> rows = {{
+        {1,   20.0, -100.0, 240.0, 90.0,   0.0},
+        {2, -100.0,    0.0, 100.0, 90.0,   0.0},
+        {3,    0.0,   20.0,  20.0, 90.0,   0.0},
+        {5,   20.0,  140.0, 120.0,  0.0, -90.0},
+        {6,  140.0,  -70.0, 150.0,  0.0, -90.0},
+        {7,  -70.0,   20.0,  90.0,  0.0, -90.0},
+    }};
+    // clang-format on
+    for (const Row& row : rows) {
+        CalcGraticuleInterrupt(row.lobe);
+        EXPECT_EQ(Design.LonWest, row.west) << row.lobe;
+        EXPECT_EQ(Design.LonEast, row.east) << row.lobe;
+        EXPECT_EQ(Design.LonSpan, row.span) << row.lobe;
+        EXPECT_EQ(Design.LatNorth, row.north) << row.lobe;
+        EXPECT_EQ(Design.LatSouth, row.south) << row.lobe;
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(Lobes, HemisphereLettersAreNotRead) {
+    Design.GridText[0] = "80    30    00    S";
+    Design.GridText[1] = "60    00    10    N";
+    CalcGraticuleInterrupt(2);
+    EXPECT_EQ(Design.LatNorthSec, 80 * 3600 + 1800);
+    CalcGraticuleInterrupt(5);
+    EXPECT_EQ(Design.LatSouthSec, -(60 * 3600 + 10));
+}
+
+TEST_F(Lobes, RowWithoutInterruptionsIsOneLobe) {
+    SetRows({20, 20}, {20, 20});
+    CalcGraticuleInterrupt(1);
+    EXPECT_EQ(Design.LonSpan, 360.0) << "equal boundaries are a full circle";
+    EXPECT_EQ(Design.LatSouth, 0.0);
+    CalcGraticuleInterrupt(3);
+    EXPECT_EQ(Design.LonSpan, 360.0);
+    EXPECT_EQ(Design.LatNorth, 0.0);
+}
+
+TEST_F(Lobes, ThreeInterruptionsEachFillTheList) {
+    SetRows({-180, -90, 0, 90, 180}, {-180, -100, -20, 80, 180});
+    CalcGraticuleInterrupt(4);
+    EXPECT_EQ(Design.LonWest, 90.0);
+    EXPECT_EQ(Design.LatNorth, 90.0);
+    CalcGraticuleInterrupt(9);
+    EXPECT_EQ(Design.LonWest, 80.0);
+    EXPECT_EQ(Design.LonEast, 180.0);
+    EXPECT_EQ(Design.LatNorth, 0.0);
+}
+
+TEST_F(Lobes, NumberOutsideTheListShowsTheBoxOfTheRoutine) {
+    for (const int lobe : {0, -1, 10, 32767}) {
+        CalcGraticuleInterrupt(static_cast<std::int16_t>(lobe));
+        EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Error in CalcGraticuleInterrupt",
+                                                                "Error: Subscript out of range"}));
+    }
+    Design.LobeText[0] = "4";
+    CalcGraticuleInterrupt(1);
+    EXPECT_THAT(machine.boxes.Taken(),
+                ElementsAre(AskedBox{"Error in CalcGraticuleInterrupt", "Error: Subscript out of range"}));
+}
+
+TEST_F(Lobes, CountsOfInterruptionsAreZeroToThree) {
+    Design.LobeText = {"0", "3"};
+    EXPECT_EQ(LobeInterruptions(0), 0);
+    EXPECT_EQ(LobeInterruptions(1), 3);
+    Design.LobeText[1] = "-1";
+    EXPECT_THROW(LobeInterruptions(1), RunTimeError);
+}
+
+// ---- Places of the lobes.
+
+/// x of the equator is 2 sqrt 2 / 180 for each degree from the middle of the whole map, which lies
+/// 180 degrees from its western boundary.
+double Place(double degreesFromWest) { return 2.0 * std::numbers::sqrt2 / 180.0 * (degreesFromWest - 180.0); }
+
+class LobePlaces : public Lobes {
+protected:
+    static void ExpectPlaces(std::initializer_list<double> expected) {
+        std::size_t at = 0;
+        for (const double place : expected) {
+            EXPECT_NEAR(Design.LobeCentral[at], place, 1e-14) << "lobe " << at;
+            ++at;
+        }
+        for (; at < Design.LobeCentral.size(); ++at) {
+            EXPECT_EQ(Design.LobeCentral[at], 0.0) << "lobe " << at;
+        }
+    }
+};
+
+/// In the north 20 E to 100 W to 0 to 20 E, that is 0, 240, 340, 360 degrees from the west; in the
+/// south 20 E to 140 E to 70 W to 20 E, that is 0, 120, 270, 360.
+TEST_F(LobePlaces, EachStandsWhereItsMiddleWouldOnTheWholeMap) {
+    CalcGraticule();
+    LonInterruptOffset();
+    ExpectPlaces(
+        {0.0, Place(120.0), Place(290.0), Place(350.0), 0.0, Place(60.0), Place(195.0), Place(315.0)});
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(LobePlaces, WholeHemispheresStandInTheMiddle) {
+    SetRows({20, 20}, {20, 20});
+    CalcGraticule();
+    Design.LobeCentral.fill(9.0);
+    LonInterruptOffset();
+    ExpectPlaces({0.0, 0.0, 0.0, 0.0});
+}
+
+TEST_F(LobePlaces, FullListHasNineLobes) {
+    Design.GridText[3] = "180    00    00    W";
+    Design.GridText[4] = "180    00    00    E";
+    SetRows({-180, -90, 0, 90, 180}, {-180, -100, -20, 80, 180});
+    CalcGraticule();
+    LonInterruptOffset();
+    ExpectPlaces({0.0, Place(45.0), Place(135.0), Place(225.0), Place(315.0), 0.0, Place(40.0), Place(120.0),
+                  Place(210.0), Place(310.0)});
+}
+
+/// A map from 170 E to 10 E, 200 degrees wide, whose middle lies 100 degrees from the west.
+TEST_F(LobePlaces, NarrowMapHasItsOwnMiddle) {
+    Design.GridText[3] = "170    00    00    E";
+    Design.GridText[4] = "010    00    00    E";
+    SetRows({170, -110, 10}, {170, 10});
+    CalcGraticule();
+    ASSERT_EQ(Design.LonCentral, 100.0);
+    LonInterruptOffset();
+    const double degree = 2.0 * std::numbers::sqrt2 / 180.0;
+    ExpectPlaces({0.0, degree * (40.0 - 100.0), degree * (140.0 - 100.0), 0.0, 0.0});
+}
+
+TEST_F(LobePlaces, OffsetOfAnEarlierLobePlaysNoPart) {
+    CalcGraticule();
+    Design.LobeOffsetX = 5.0;
+    LonInterruptOffset();
+    EXPECT_NEAR(Design.LobeCentral[1], Place(120.0), 1e-14);
+    EXPECT_EQ(Design.LobeOffsetX, 0.0);
+}
+
+TEST_F(LobePlaces, BadCountShowsTheBoxOfTheRoutine) {
+    Design.LobeText[1] = "7";
+    LonInterruptOffset();
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Error in LonInterruptOffset", "Error: Subscript out of range"}));
+}
+
+} // namespace
+} // namespace quelmont

@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+/// The sample maps of docs/look, each looked at by a person before it was put there, against what
+/// the program draws now. A map that fails leaves both pictures and their difference in the build
+/// folder.
+
+namespace {
+
+struct SampleMap {
+    std::string name;
+    std::string options; ///< of quelmont-draw, as a shell reads them
+};
+
+std::vector<SampleMap> SampleMaps() {
+    std::vector<SampleMap> maps;
+    std::ifstream list(std::string(QUELMONT_LOOK) + "/maps.txt");
+    for (std::string line; std::getline(list, line);) {
+        if (line.empty() || line.front() == '#') {
+            continue;
+        }
+        SampleMap map;
+        std::istringstream words(line);
+        words >> map.name;
+        std::getline(words, map.options);
+        maps.push_back(map);
+    }
+    return maps;
+}
+
+std::string WithDefaultMap(std::string options) {
+    const std::size_t at = options.find("DEFAULT");
+    if (at != std::string::npos) {
+        const std::filesystem::path program(QUELMONT_DRAW);
+        options.replace(at, 7, (program.parent_path() / "Qmnt4.map").string());
+    }
+    return options;
+}
+
+/// The two pictures' pixels that are not the same, red in a picture of their own.
+QImage Difference(const QImage& expected, const QImage& drawn, int& count) {
+    QImage difference(expected.size(), QImage::Format_RGB32);
+    difference.fill(Qt::white);
+    count = 0;
+    for (int y = 0; y < expected.height(); ++y) {
+        for (int x = 0; x < expected.width(); ++x) {
+            if (expected.pixel(x, y) != drawn.pixel(x, y)) {
+                difference.setPixel(x, y, qRgb(255, 0, 0));
+                ++count;
+            }
+        }
+    }
+    return difference;
+}
+
+class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
+
+} // namespace
+
+TEST(SampleMapList, HoldsEveryProjectionAndMore) {
+    // Seventeen projections, and maps of wide lines, of symbols and across the 180th meridian.
+    EXPECT_EQ(SampleMaps().size(), 20U);
+}
+
+TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
+    const SampleMap& map = GetParam();
+    const std::filesystem::path folder(QUELMONT_DIFFERENCES);
+    std::filesystem::create_directories(folder);
+    const std::string output = (folder / (map.name + ".png")).string();
+    const std::string command = std::string("\"") + QUELMONT_DRAW + "\" --window 640x462 " +
+                                WithDefaultMap(map.options) + " \"" + output + "\"";
+    ASSERT_EQ(std::system(command.c_str()), 0) << command;
+
+    const QImage expected(QString::fromStdString(std::string(QUELMONT_LOOK) + "/" + map.name + ".png"));
+    const QImage drawn(QString::fromStdString(output));
+    ASSERT_FALSE(expected.isNull());
+    ASSERT_EQ(drawn.size(), expected.size());
+    int count = 0;
+    const QImage difference = Difference(expected, drawn, count);
+    // Another library of mathematical functions may move a point across the middle between two
+    // pixels here and there.
+    constexpr int mostPixels = 640 * 462 / 2000;
+    EXPECT_LE(count, mostPixels);
+    if (count > mostPixels) {
+        difference.save(QString::fromStdString((folder / (map.name + "-difference.png")).string()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Docs, SampleMapPicture, testing::ValuesIn(SampleMaps()), [](const auto& info) {
+    std::string name = info.param.name;
+    for (char& c : name) {
+        c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
+    }
+    return name;
+});
