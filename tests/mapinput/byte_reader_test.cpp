@@ -92,8 +92,7 @@ TEST_F(ByteReaderTest, FailureOfTheFileComesThrough) {
 }
 
 TEST_F(ByteReaderTest, FileThatIsNotOpenIsAnError) {
-    ByteReader bytes;
-    EXPECT_EQ(ErrorOf([&] { bytes.Has(1); }), ErrorBadFileNumber);
+    EXPECT_EQ(ErrorOf([] { ByteReader(); }), ErrorBadFileNumber);
 }
 
 TEST(LittleInt16, LowByteComesFirst) {
