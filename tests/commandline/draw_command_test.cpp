@@ -1,0 +1,229 @@
+#include "commandline/draw_command.h"
+
+#include "core/core_state.h"
+#include "core/file_numbers.h"
+#include "core/map_design.h"
+#include "core/run_time_error.h"
+#include "output/device_pen.h"
+#include "projection/projection_table.h"
+#include "support/failing_file.h"
+#include "support/fresh_program.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <filesystem>
+#include <sstream>
+
+namespace quelmont {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const FreshRoom FreshOutput(ResetDevicePen);
+
+struct Outcome {
+    int code = -1;
+    std::string output;
+    std::string errors;
+};
+
+class DrawCommandOf : public FreshProgramTest {
+protected:
+    Outcome Run(std::vector<std::string> arguments) {
+        ResetCore();
+        std::ostringstream output;
+        std::ostringstream errors;
+        const int code = DrawCommand(arguments, output, errors);
+        EXPECT_FALSE(IsFileOpen(InputFileNumber));
+        EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+        return {code, output.str(), errors.str()};
+    }
+
+    QImage Picture(const char* name) const {
+        return QImage(QString::fromStdString(folder / name)).convertToFormat(QImage::Format_RGB32);
+    }
+
+    /// Pixels of a colour, 0xRRGGBB.
+    static int Count(const QImage& image, QRgb color) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                count += image.pixel(x, y) == (0xFF000000 | color) ? 1 : 0;
+            }
+        }
+        return count;
+    }
+
+    TemporaryFolder folder;
+    const std::string picture = folder / "a.png";
+};
+
+TEST_F(DrawCommandOf, NothingButAnOutputDrawsTheWorld) {
+    const Outcome outcome = Run({picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "");
+    const QImage image = Picture("a.png");
+    EXPECT_EQ(image.size(), QSize(1280, 924));
+    EXPECT_GT(Count(image, 0x000000), 5000); // the grid: nine meridians alone are 900 pixels each
+    EXPECT_GT(Count(image, 0x008000), 5000); // coasts
+    EXPECT_GT(Count(image, 0xFF0000), 1000); // borders
+}
+
+class EachProjection : public DrawCommandOf, public testing::WithParamInterface<ProjectionEntry> {};
+
+TEST_P(EachProjection, DrawsItsGridAndItsCoastsWithoutAWord) {
+    const Outcome outcome =
+        Run({"--projection", std::to_string(GetParam().ProjNum), "--window", "400x300", picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.errors, "");
+    const QImage image = Picture("a.png");
+    EXPECT_GT(Count(image, 0x000000), 500);
+    EXPECT_GT(Count(image, 0x008000), 500);
+    EXPECT_GT(Count(image, 0xFFFFFF), 400 * 300 / 2);
+}
+
+TEST_P(EachProjection, IsTheSameTwice) {
+    const std::vector<std::string> options{"--projection", std::to_string(GetParam().ProjNum), "--window",
+                                           "200x150"};
+    for (const char* name : {"a.png", "b.png"}) {
+        std::vector<std::string> arguments = options;
+        arguments.push_back(folder / name);
+        ASSERT_EQ(Run(arguments).code, ExitDone);
+    }
+    EXPECT_EQ(ReadWholeFile(folder / "a.png"), ReadWholeFile(folder / "b.png"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EachProjection, testing::ValuesIn(Projections),
+                         [](const auto& test) { return "Number" + std::to_string(test.param.ProjNum); });
+
+TEST_F(DrawCommandOf, TheGridAlone) {
+    // True to scale on the equator, 360 by 180 degrees fill the picture at one pixel a degree.
+    EXPECT_EQ(Run({"--no-map", "--std-north", "0", "--window", "361x181", picture}).code, ExitDone);
+    const QImage image = Picture("a.png");
+    for (int x = 0; x <= 360; ++x) {
+        EXPECT_EQ(image.pixel(x, 80), x % 45 == 0 ? 0xFF000000 : 0xFFFFFFFF) << x;
+    }
+    for (int y = 0; y <= 180; ++y) {
+        EXPECT_EQ(image.pixel(20, y), y % 30 == 0 ? 0xFF000000 : 0xFFFFFFFF) << y;
+    }
+}
+
+TEST_F(DrawCommandOf, ColoursAndTypeOfTheGrid) {
+    EXPECT_EQ(
+        Run({"--no-map", "--window", "200x150", "--grid-color", "FF8000", "--background", "000040", picture})
+            .code,
+        ExitDone);
+    const QImage lines = Picture("a.png");
+    EXPECT_GT(Count(lines, 0xFF8000), 1000);
+    EXPECT_EQ(Count(lines, 0xFF8000) + Count(lines, 0x000040), 200 * 150);
+    EXPECT_EQ(
+        Run({"--no-map", "--window", "200x150", "--grid-type", "5", "--background", "000040", picture}).code,
+        ExitDone);
+    EXPECT_EQ(Count(Picture("a.png"), 0x000040), 200 * 150);
+    EXPECT_EQ(Run({"--no-map", "--window", "200x150", "--grid-type", "4", picture}).code, ExitDone);
+    EXPECT_EQ(Count(Picture("a.png"), 0x000000), 9 * 7); // a dot at each crossing
+}
+
+TEST_F(DrawCommandOf, PercentLeavesMargins) {
+    EXPECT_EQ(Run({"--no-map", "--window", "200x150", "--percent", "50", picture}).code, ExitDone);
+    const QImage image = Picture("a.png");
+    EXPECT_EQ(Count(image.copy(0, 0, 49, 150), 0x000000), 0);
+    EXPECT_GT(Count(image.copy(49, 0, 3, 150), 0x000000), 40);
+}
+
+TEST_F(DrawCommandOf, RefusedDesignTellsItsBoxAndWritesNothing) {
+    WriteWholeFile(picture, "earlier");
+    const Outcome outcome = Run({"--stats", "--lat-grid", "7", picture});
+    EXPECT_EQ(outcome.code, ExitFailed);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "Error: Degrees of latitude\nThe DEGREES OF LATITUDE BETWEEN GRID MARKS do not "
+                              "yield an integral number of divisions along the latitude axis.\n");
+    EXPECT_EQ(ReadWholeFile(picture), "earlier");
+}
+
+TEST_F(DrawCommandOf, MissingMapFileTellsItsBoxAndWritesWhatCameBefore) {
+    const std::string missing = folder / "missing.map";
+    const std::string world = std::filesystem::canonical("/proc/self/exe").parent_path() / "Qmnt4.map";
+    ASSERT_EQ(Run({"--window", "400x300", picture}).code, ExitDone);
+    const Outcome outcome = Run({"--window", "400x300", "--map", world, "--map", missing, "--map", world,
+                                 "--feature-color", "FF00FE", folder / "b.png"});
+    EXPECT_EQ(outcome.code, ExitFailed);
+    EXPECT_EQ(outcome.errors, "File not found error in MapPlot\n" + missing +
+                                  "\n\nThe above file, listed in the Open Digital Map File item\nof the File "
+                                  "menu, was not found.\n");
+    EXPECT_EQ(Picture("b.png"), Picture("a.png"));
+}
+
+TEST_F(DrawCommandOf, StatisticsAreOneLineOfJson) {
+    const Outcome outcome = Run({"--window", "400x300", "--stats", picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.output.find('\n'), outcome.output.size() - 1);
+    const QJsonObject line = QJsonDocument::fromJson(QByteArray::fromStdString(outcome.output)).object();
+    const QJsonArray files = line["map_files"].toArray();
+    ASSERT_EQ(files.size(), 1);
+    const QJsonObject file = files[0].toObject();
+    EXPECT_TRUE(file["name"].toString().endsWith("/Qmnt4.map"));
+    EXPECT_GT(file["points_read"].toInteger(), 100000);
+    EXPECT_EQ(file["points_read"], line["points_read"]);
+    EXPECT_EQ(file["points_plotted"], line["points_plotted"]);
+    EXPECT_LE(line["points_plotted"].toInteger(), line["points_read"].toInteger() * 2);
+    EXPECT_GT(line["grid_points_plotted"].toInteger(), 0);
+    const double sum = line["grid_seconds"].toDouble(-1) + file["seconds"].toDouble(-1);
+    EXPECT_GT(file["seconds"].toDouble(), 0.0);
+    EXPECT_GE(line["draw_seconds"].toDouble(-1), sum);
+    EXPECT_GE(line["total_seconds"].toDouble(-1),
+              line["draw_seconds"].toDouble(-1) + line["png_seconds"].toDouble(-1));
+    EXPECT_GT(line["png_seconds"].toDouble(), 0.0);
+}
+
+TEST_F(DrawCommandOf, StatisticsAlsoTellOfAFailedFile) {
+    const Outcome outcome = Run({"--map", folder / "missing.map", "--stats", picture});
+    EXPECT_EQ(outcome.code, ExitFailed);
+    EXPECT_THAT(outcome.output, StartsWith("{"));
+}
+
+TEST_F(DrawCommandOf, OutputThatCannotBeWrittenIsTold) {
+    const Outcome missing = Run({"--no-map", "--stats", folder / "no/a.png"});
+    EXPECT_EQ(missing.code, ExitFailed);
+    EXPECT_EQ(missing.output, "");
+    EXPECT_EQ(missing.errors, "quelmont-draw: " + (folder / "no/a.png") + ": Path not found\n");
+    std::filesystem::create_directory(picture);
+    EXPECT_EQ(Run({"--no-map", picture}).errors, "quelmont-draw: " + picture + ": Path/File access error\n");
+}
+
+TEST_F(DrawCommandOf, WrongUsageSaysWhereHelpIs) {
+    const Outcome outcome = Run({"--north", "abc", picture});
+    EXPECT_EQ(outcome.code, ExitWrongUsage);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.errors, StartsWith("quelmont-draw: --north: \"abc\" is no latitude"));
+    EXPECT_THAT(outcome.errors, HasSubstr("quelmont-draw --help"));
+    EXPECT_FALSE(std::filesystem::exists(picture));
+}
+
+TEST_F(DrawCommandOf, OptionWithoutMeaningIsToldAndIgnored) {
+    const Outcome outcome = Run({"--no-map", "--range", "50", picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.errors, "quelmont-draw: --range means nothing on this projection.\n");
+}
+
+TEST_F(DrawCommandOf, StreamThatFailsIsAFailure) {
+    ResetCore();
+    std::ostringstream output;
+    output.setstate(std::ios::badbit);
+    std::ostringstream errors;
+    EXPECT_EQ(DrawCommand({"--help"}, output, errors), ExitFailed);
+    EXPECT_EQ(errors.str(), "quelmont-draw: The standard output cannot be written.\n");
+    EXPECT_EQ(DrawCommand({"--no-map", "--stats", picture}, output, errors), ExitFailed);
+}
+
+} // namespace
+} // namespace quelmont

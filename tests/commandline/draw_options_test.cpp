@@ -1,0 +1,282 @@
+#include "commandline/draw_options.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Words = std::vector<std::string>;
+
+DrawOptions Read(const Words& arguments) {
+    auto result = ReadDrawOptions(arguments, "3.00");
+    if (const auto* wrong = std::get_if<WrongUsage>(&result)) {
+        ADD_FAILURE() << wrong->reason;
+        return {};
+    }
+    return std::get<DrawOptions>(result);
+}
+
+/// Why a command line is wrong; empty when it is right.
+std::string Fault(const Words& arguments) {
+    const auto result = ReadDrawOptions(arguments, "3.00");
+    const auto* wrong = std::get_if<WrongUsage>(&result);
+    return wrong == nullptr ? "" : wrong->reason;
+}
+
+TEST(DrawOptionsOf, NothingAreTheDefaults) {
+    const DrawOptions options = Read({"a.png"});
+    EXPECT_EQ(options.output, "a.png");
+    EXPECT_EQ(options.ProjNum, 2);
+    EXPECT_EQ(options.window, (SurfacePoint{1280, 924}));
+    EXPECT_FALSE(options.screen);
+    EXPECT_EQ(options.percent, 100);
+    EXPECT_FALSE(options.stats);
+    EXPECT_FALSE(options.noMap);
+    EXPECT_THAT(options.maps, IsEmpty());
+    EXPECT_FALSE(options.gridType || options.gridColor || options.gridWidth || options.background);
+}
+
+struct TextCase {
+    const char* name;
+    const char* value;
+    std::optional<std::string> (*field)(const DrawOptions&);
+    const char* text;
+};
+
+class TextOptions : public testing::TestWithParam<TextCase> {};
+
+TEST_P(TextOptions, FillTheirField) {
+    const TextCase& option = GetParam();
+    EXPECT_EQ(option.field(Read({option.name, option.value, "a.png"})), option.text);
+    EXPECT_EQ(option.field(Read({"a.png", std::string(option.name) + "=" + option.value})), option.text);
+    EXPECT_EQ(option.field(Read({"a.png"})), std::nullopt);
+}
+
+TEST_P(TextOptions, RefuseWhatTheyCannotUnderstand) {
+    EXPECT_THAT(Fault({"a.png", GetParam().name, "?"}), HasSubstr(std::string(GetParam().name) + ": \"?\""));
+}
+
+TEST_P(TextOptions, ComeOnceAndWithAValue) {
+    const TextCase& option = GetParam();
+    EXPECT_NE(Fault({"a.png", option.name, option.value, option.name, option.value}), "");
+    EXPECT_NE(Fault({"a.png", option.name}), "");
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(All, TextOptions, testing::Values(
+    TextCase{"--north",              "70N",    [](const DrawOptions& o) { return o.grid[0]; }, "70    00    00    N"},
+    TextCase{"--south",              "-10.5",  [](const DrawOptions& o) { return o.grid[1]; }, "10    30    00    S"},
+    TextCase{"--lat-grid",           "10",     [](const DrawOptions& o) { return o.grid[2]; }, "010    00    00"},
+    TextCase{"--west",               "-20",    [](const DrawOptions& o) { return o.grid[3]; }, "020    00    00    W"},
+    TextCase{"--east",               "20",     [](const DrawOptions& o) { return o.grid[4]; }, "020    00    00    E"},
+    TextCase{"--lon-grid",           "5",      [](const DrawOptions& o) { return o.grid[5]; }, "005    00    00"},
+    TextCase{"--central-lat",        "20S",    [](const DrawOptions& o) { return o.grid[6]; }, "20    00    00    S"},
+    TextCase{"--central-lon",        "60W",    [](const DrawOptions& o) { return o.grid[7]; }, "060    00    00    W"},
+    TextCase{"--range",              "60",     [](const DrawOptions& o) { return o.grid[8]; }, "060    00    00"},
+    TextCase{"--height-km",          "1000",   [](const DrawOptions& o) { return o.grid[9]; }, "00001000"},
+    TextCase{"--std-north",          "45",     [](const DrawOptions& o) { return o.stdPar[0]; }, "45    00    00    N"},
+    TextCase{"--std-south",          "30",     [](const DrawOptions& o) { return o.stdPar[1]; }, "30    00    00    N"},
+    TextCase{"--spheroid",           "airy 1830", [](const DrawOptions& o) { return o.spheroid; }, "Airy 1830"},
+    TextCase{"--utm-central-lon",    "3W",     [](const DrawOptions& o) { return o.utm[0]; }, "003    00    00    W"},
+    TextCase{"--utm-origin-lat",     "49N",    [](const DrawOptions& o) { return o.utm[1]; }, "49    00    00    N"},
+    TextCase{"--utm-false-easting",  "400000", [](const DrawOptions& o) { return o.utm[2]; }, "0400000"},
+    TextCase{"--utm-false-northing", "1",      [](const DrawOptions& o) { return o.utm[3]; }, "00000001"},
+    TextCase{"--utm-scale",          "1.0",    [](const DrawOptions& o) { return o.utm[4]; }, "1.0"},
+    TextCase{"--utm-north",          "6200000", [](const DrawOptions& o) { return o.utm[5]; }, "06200000"},
+    TextCase{"--utm-south",          "0",      [](const DrawOptions& o) { return o.utm[6]; }, "00000000"},
+    TextCase{"--utm-lat-grid",       "100000", [](const DrawOptions& o) { return o.utm[7]; }, "00100000"},
+    TextCase{"--utm-west",           "300000", [](const DrawOptions& o) { return o.utm[8]; }, "0300000"},
+    TextCase{"--utm-east",           "800000", [](const DrawOptions& o) { return o.utm[9]; }, "0800000"},
+    TextCase{"--utm-lon-grid",       "5000",   [](const DrawOptions& o) { return o.utm[10]; }, "0005000"}));
+// clang-format on
+
+TEST(DrawOptionsOf, GridAndBackground) {
+    const DrawOptions options = Read({"--grid-type", "4", "--grid-color", "0000ff", "--grid-width", "3",
+                                      "--background", "123456", "a.png"});
+    EXPECT_EQ(options.gridType, 4);
+    EXPECT_EQ(options.gridColor, 0x02FF0000U);
+    EXPECT_EQ(options.gridWidth, 3);
+    EXPECT_EQ(options.background, 0x02563412U);
+}
+
+TEST(DrawOptionsOf, ThePicture) {
+    const DrawOptions options =
+        Read({"--window", "640x480", "--screen", "800x600", "--percent", "50", "--stats", "a.PNG"});
+    EXPECT_EQ(options.window, (SurfacePoint{640, 480}));
+    EXPECT_EQ(options.screen, (SurfacePoint{800, 600}));
+    EXPECT_EQ(options.percent, 50);
+    EXPECT_TRUE(options.stats);
+    EXPECT_EQ(options.output, "a.PNG");
+}
+
+TEST(DrawOptionsOf, Interruptions) {
+    const DrawOptions options = Read({"--lobes-north", "40W,20E", "--lobes-south", "none", "a.png"});
+    EXPECT_THAT(options.lobes[0],
+                testing::Optional(ElementsAre("040    00    00    W", "020    00    00    E")));
+    EXPECT_THAT(options.lobes[1], testing::Optional(IsEmpty()));
+}
+
+TEST(DrawOptionsOf, MapFilesBelongToTheMapBeforeThem) {
+    const DrawOptions options = Read(
+        {"--map",          "a.map", "--symbol", "12",  "--feature-color", "FF0000", "--map",         "b.map",
+         "--map",          "c.map", "--symbol", "1",   "--line-width",    "2",      "--symbol-size", "5",
+         "--border-width", "4",     "--hide",   "1,3", "--hide",          "10",     "a.png"});
+    ASSERT_EQ(options.maps.size(), 3U);
+    EXPECT_EQ(options.maps[0].file, "a.map");
+    EXPECT_EQ(options.maps[0].symbol, 12);
+    EXPECT_EQ(options.maps[0].color, 0x020000FFU);
+    EXPECT_FALSE(options.maps[0].lineWidth);
+    EXPECT_FALSE(options.maps[1].symbol);
+    EXPECT_THAT(options.maps[1].hidden, IsEmpty());
+    EXPECT_EQ(options.maps[2].symbol, 1);
+    EXPECT_EQ(options.maps[2].lineWidth, 2);
+    EXPECT_EQ(options.maps[2].symbolSize, 5);
+    EXPECT_EQ(options.maps[2].borderWidth, 4);
+    EXPECT_THAT(options.maps[2].hidden, ElementsAre(1, 3, 10));
+}
+
+TEST(WrongUsageOf, TheCommandLine) {
+    EXPECT_THAT(Fault({}), HasSubstr("OUTPUT"));
+    EXPECT_THAT(Fault({"a.gif"}), HasSubstr("does not end in .png"));
+    EXPECT_NE(Fault({"a.png", "b.png"}), "");
+    EXPECT_THAT(Fault({"a.png", "--nonsense", "1"}), HasSubstr("--nonsense"));
+    EXPECT_THAT(Fault({"a.png", "--projection", "Sinusoidal"}), HasSubstr("\"Sinusoidal\" is no projection"));
+    EXPECT_THAT(Fault({"a.png", "--spheroid", "GRS80"}), HasSubstr("is no spheroid"));
+    EXPECT_NE(Fault({"a.png", "--north", "--south", "5N"}), "");
+    EXPECT_NE(Fault({"a.png", "--stats=maybe"}), "");
+}
+
+TEST(WrongUsageOf, NumbersAndColours) {
+    const std::vector<std::pair<std::string, std::vector<std::string>>> bad{
+        {"--grid-type", {"0", "6", "lines"}}, {"--grid-color", {"red", "FFF"}},
+        {"--grid-width", {"0", "601", "-1"}}, {"--background", {"", "12345G"}},
+        {"--window", {"0x0", "100"}},         {"--screen", {"1x1", "99999x5"}},
+        {"--percent", {"9", "101"}},          {"--lobes-north", {"1,2,3,4"}},
+        {"--lobes-south", {"nothing"}},
+    };
+    for (const auto& [name, values] : bad) {
+        for (const std::string& value : values) {
+            EXPECT_THAT(Fault({"a.png", name, value}), HasSubstr(name)) << value;
+        }
+    }
+}
+
+TEST(WrongUsageOf, OptionsOfMapFiles) {
+    for (const std::string name :
+         {"--symbol", "--feature-color", "--line-width", "--symbol-size", "--border-width", "--hide"}) {
+        EXPECT_THAT(Fault({"a.png", name, name == "--feature-color" ? "FF0000" : "1"}),
+                    HasSubstr("no --map stands before it"))
+            << name;
+        EXPECT_THAT(Fault({"a.png", "--map", "a.map", name, "0x"}), HasSubstr(name));
+    }
+    EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--symbol", "13"}), HasSubstr("from 1 to 12"));
+    EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--line-width", "601"}), HasSubstr("from 1 to 600"));
+    // The rows of the format count: a .map file has ten, a .prn file one.
+    EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--hide", "11"}), HasSubstr("from 1 to 10"));
+    EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--hide", "2"}), HasSubstr("from 1 to 1"));
+    EXPECT_NE(Fault({"a.png", "--no-map", "--map", "a.map"}), "");
+    EXPECT_NE(Fault({"a.png", "--map"}), "");
+}
+
+TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
+    const auto result = ReadDrawOptions({"--help"}, "3.00");
+    ASSERT_TRUE(std::holds_alternative<TextAnswer>(result));
+    const std::string& help = std::get<TextAnswer>(result).text;
+    for (const char* name : {"OUTPUT",
+                             "--projection",
+                             "--north",
+                             "--south",
+                             "--lat-grid",
+                             "--west",
+                             "--east",
+                             "--lon-grid",
+                             "--central-lat",
+                             "--central-lon",
+                             "--range",
+                             "--height-km",
+                             "--std-north",
+                             "--std-south",
+                             "--spheroid",
+                             "--utm-central-lon",
+                             "--utm-origin-lat",
+                             "--utm-false-easting",
+                             "--utm-false-northing",
+                             "--utm-scale",
+                             "--utm-north",
+                             "--utm-south",
+                             "--utm-lat-grid",
+                             "--utm-west",
+                             "--utm-east",
+                             "--utm-lon-grid",
+                             "--lobes-north",
+                             "--lobes-south",
+                             "--grid-type",
+                             "--grid-color",
+                             "--grid-width",
+                             "--background",
+                             "--map",
+                             "--no-map",
+                             "--symbol",
+                             "--feature-color",
+                             "--line-width",
+                             "--symbol-size",
+                             "--border-width",
+                             "--hide",
+                             "--window",
+                             "--screen",
+                             "--percent",
+                             "--stats",
+                             "--help",
+                             "--version"}) {
+        EXPECT_THAT(help, HasSubstr(std::string(name) + " ")) << name;
+    }
+    EXPECT_THAT(help, HasSubstr("  40  Cylindrical Equal-Area\n"));
+    std::size_t examples = 0;
+    for (std::size_t at = help.find("\n  quelmont-draw "); at != std::string::npos;
+         at = help.find("\n  quelmont-draw ", at + 1)) {
+        ++examples;
+    }
+    EXPECT_EQ(examples, 3U);
+}
+
+TEST(VersionText, IsTheProgramsNameAndItsVersion) {
+    const auto result = ReadDrawOptions({"--version"}, "3.00");
+    ASSERT_TRUE(std::holds_alternative<TextAnswer>(result));
+    EXPECT_EQ(std::get<TextAnswer>(result).text, "quelmont-draw 3.00\n");
+}
+
+TEST(OptionsWithoutMeaning, DependOnTheProjection) {
+    const Words all{"a.png", "--north",       "1N",   "--lat-grid",  "1",         "--central-lat",
+                    "1N",    "--range",       "1",    "--height-km", "1",         "--std-north",
+                    "1",     "--std-south",   "1",    "--spheroid",  "Airy 1830", "--utm-scale",
+                    "1",     "--lobes-south", "none", "--projection"};
+    const auto without = [&](const char* projection) {
+        Words arguments = all;
+        arguments.emplace_back(projection);
+        return OptionsWithoutMeaning(Read(arguments));
+    };
+    EXPECT_THAT(without("mercator"),
+                ElementsAre("--central-lat", "--range", "--height-km", "--std-north", "--std-south",
+                            "--lobes-south", "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("equirectangular"),
+                ElementsAre("--central-lat", "--range", "--height-km", "--std-south", "--lobes-south",
+                            "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("albers"), ElementsAre("--central-lat", "--range", "--height-km", "--lobes-south",
+                                               "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("42"), ElementsAre("--central-lat", "--range", "--height-km", "--std-north",
+                                           "--std-south", "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("gnomonic"), ElementsAre("--north", "--height-km", "--std-north", "--std-south",
+                                                 "--lobes-south", "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("29"), ElementsAre("--north", "--range", "--std-north", "--std-south",
+                                           "--lobes-south", "--spheroid", "--utm-scale"));
+    EXPECT_THAT(without("utm"), ElementsAre("--north", "--lat-grid", "--central-lat", "--range",
+                                            "--height-km", "--std-north", "--std-south", "--lobes-south"));
+    EXPECT_THAT(OptionsWithoutMeaning(Read({"a.png"})), IsEmpty());
+}
+
+} // namespace
+} // namespace quelmont
