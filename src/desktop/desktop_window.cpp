@@ -166,7 +166,7 @@ void DesktopWindow::Clicked(Menu menu, int index) {
     }
 }
 
-void DesktopWindow::Pressed(QPointF devicePixels) {
+void DesktopWindow::Pressed(QPointF devicePixels) const {
     if (!busy) {
         Form_MouseDown(devicePixels.x() * Design.TwipsPerPixelX, devicePixels.y() * Design.TwipsPerPixelY);
     }

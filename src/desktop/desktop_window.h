@@ -57,7 +57,7 @@ protected:
 
 private:
     void Clicked(Menu menu, int index);
-    void Pressed(QPointF devicePixels);
+    void Pressed(QPointF devicePixels) const;
     void Repaint();
 
     DrawingArea* area;
