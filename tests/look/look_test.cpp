@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -20,6 +21,8 @@ struct SampleMap {
     std::string name;
     std::string options; ///< of quelmont-draw, as a shell reads them
 };
+
+void PrintTo(const SampleMap& map, std::ostream* out) { *out << map.name; }
 
 std::vector<SampleMap> SampleMaps() {
     std::vector<SampleMap> maps;
@@ -62,6 +65,14 @@ QImage Difference(const QImage& expected, const QImage& drawn, int& count) {
     return difference;
 }
 
+std::string NameOf(const testing::TestParamInfo<SampleMap>& map) {
+    std::string name = map.param.name;
+    for (char& c : name) {
+        c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
+    }
+    return name;
+}
+
 class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
 
 } // namespace
@@ -95,10 +106,4 @@ TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Docs, SampleMapPicture, testing::ValuesIn(SampleMaps()), [](const auto& info) {
-    std::string name = info.param.name;
-    for (char& c : name) {
-        c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
-    }
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Docs, SampleMapPicture, testing::ValuesIn(SampleMaps()), NameOf);
