@@ -24,6 +24,7 @@ namespace {
 
 constexpr qint64 RepaintMilliseconds = 33;
 constexpr int StopTitle = 5;
+constexpr Qt::WindowStates SpecialStates = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
 
 QIcon ProgramIcon() {
     QIcon icon;
@@ -92,25 +93,22 @@ double DesktopWindow::ScaleHeight() const {
 }
 
 WindowPlace DesktopWindow::Place() const {
-    const bool normal = !isMaximized() && !isMinimized() && !isFullScreen();
-    const QPoint frame = geometry().topLeft() - frameGeometry().topLeft();
+    const bool normal = !(windowState() & SpecialStates);
     const QSize size = normal ? this->size() : normalGeometry().size();
-    QPoint corner = normal ? pos() : normalGeometry().topLeft() - frame;
-    if (!TellsPlaces()) {
-        corner = restoredCorner;
-    }
+    const QPoint corner = normal && TellsPlaces() ? pos() : normalCorner;
     const double twips = TwipsPerUnit(*screen());
     return {corner.x() * twips, corner.y() * twips, size.width() * twips, size.height() * twips};
 }
 
 void DesktopWindow::SetPlace(const WindowPlace& place) {
     const double twips = TwipsPerUnit(*screen());
-    restoredCorner = {RoundToInt32(place.left / twips), RoundToInt32(place.top / twips)};
+    const QPoint corner(RoundToInt32(place.left / twips), RoundToInt32(place.top / twips));
     const QSize size(RoundToInt32(place.width / twips), RoundToInt32(place.height / twips));
-    const QRect fitted = BroughtBack(QRect(restoredCorner, size.expandedTo(SmallestWindow)));
+    const QRect fitted = BroughtBack(QRect(corner, size.expandedTo(SmallestWindow)));
+    normalCorner = fitted.topLeft();
     resize(fitted.size());
     if (TellsPlaces()) {
-        move(fitted.topLeft());
+        move(normalCorner);
     }
     layout()->activate();
 }
@@ -168,7 +166,7 @@ void DesktopWindow::Clicked(Menu menu, int index) {
     }
 }
 
-void DesktopWindow::Pressed(QPointF devicePixels) {
+void DesktopWindow::Pressed(QPointF devicePixels) const {
     if (!busy) {
         Form_MouseDown(devicePixels.x() * Design.TwipsPerPixelX, devicePixels.y() * Design.TwipsPerPixelY);
     }
@@ -196,6 +194,15 @@ bool DesktopWindow::eventFilter(QObject* watched, QEvent* event) {
         EscapeKey();
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void DesktopWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && isVisible() &&
+        !(static_cast<QWindowStateChangeEvent*>(event)->oldState() & SpecialStates)) {
+        // From here on the frame is that of another state.
+        normalCorner = normalGeometry().topLeft() - (geometry().topLeft() - frameGeometry().topLeft());
+    }
+    QMainWindow::changeEvent(event);
 }
 
 void DesktopWindow::closeEvent(QCloseEvent* event) {

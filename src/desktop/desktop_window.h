@@ -51,18 +51,21 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Clicked(Menu menu, int index);
-    void Pressed(QPointF devicePixels);
+    void Pressed(QPointF devicePixels) const;
     void Repaint();
 
     DrawingArea* area;
     WindowMenus menus;
     QElapsedTimer sinceRepaint;
-    QPoint restoredCorner; ///< kept where the window system tells no places
+    /// Corner of the frame when the window was last neither maximised nor minimised; also what is
+    /// kept where the window system tells no places.
+    QPoint normalCorner;
     bool autoRedraw = false;
     bool repaintDue = false;
     bool busy = false;

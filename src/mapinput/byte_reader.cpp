@@ -3,11 +3,13 @@
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace quelmont {
 
-ByteReader::ByteReader() : block(BlockSize) {}
+ByteReader::ByteReader()
+    : block(static_cast<std::size_t>(std::clamp<std::int64_t>(FileLength(InputFileNumber), 1, BlockSize))) {}
 
 bool ByteReader::Fill(std::size_t count) {
     if (atEnd || count > block.size()) {

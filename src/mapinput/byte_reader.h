@@ -11,6 +11,7 @@ namespace quelmont {
 /// read in large blocks. Every reader takes its bytes from here and nothing else touches the file.
 class ByteReader {
 public:
+    /// RunTimeError when the file is not open.
     ByteReader();
 
     /// Whether at least so many bytes are left, count up to BlockSize. RunTimeError when the file
@@ -36,10 +37,10 @@ private:
     bool Fill(std::size_t count);
     [[noreturn]] static void PastEnd();
 
-    std::vector<std::byte> block;
-    std::size_t next = 0;   ///< of the block's bytes, the first that was not taken
-    std::size_t filled = 0; ///< bytes in the block
-    bool atEnd = false;     ///< the file has no more
+    std::vector<std::byte> block; ///< no larger than the file
+    std::size_t next = 0;         ///< of the block's bytes, the first that was not taken
+    std::size_t filled = 0;       ///< bytes in the block
+    bool atEnd = false;           ///< the file has no more
 };
 
 /// A signed number of two bytes, the low one first.

@@ -106,7 +106,9 @@ void MapPoint::EnterRectangle() {
     const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
     const std::int64_t LonStep = StepInLongitude();
     bool acrossSeam = false;
-    if (prev.lon <= Design.LonSpanSec) {
+    if (prev.lon < Design.LonZeroSec) {
+        ClipToCorner(prev.lat, prev.lon); // true longitudes beyond 180 west alone come here
+    } else if (prev.lon <= Design.LonSpanSec) {
         acrossSeam = EdgeByLatitude(prev.lat, Design.PointLonSecPrev, -LonStep);
     } else if (std::abs(LonStep) <= Sec20) {
         ClipToCorner(prev.lat, prev.lon);
@@ -126,7 +128,9 @@ void MapPoint::LeaveRectangle() {
     const Place point{Design.PointLatSec, Design.PointLonSec};
     const std::int64_t LonStep = StepInLongitude();
     bool acrossSeam = false;
-    if (point.lon <= Design.LonSpanSec) {
+    if (point.lon < Design.LonZeroSec) {
+        ClipToCorner(point.lat, point.lon);
+    } else if (point.lon <= Design.LonSpanSec) {
         acrossSeam = EdgeByLatitude(point.lat, Design.PointLonSec, LonStep);
     } else if (LonStep <= Sec20) {
         ClipToCorner(point.lat, point.lon);

@@ -1,0 +1,189 @@
+#include "map_fixture.h"
+
+#include "core/angle_text.h"
+#include "core/constant_defs.h"
+#include "core/file_numbers.h"
+#include "graticule/calc_graticule.h"
+#include "graticule/utm_grid.h"
+#include "mapinput/feature_rows.h"
+#include "output/device_pen.h"
+#include "output/draw_target.h"
+#include "output/scale_screen.h"
+#include "projection/azimuthal_terms.h"
+#include "projection/param_select.h"
+#include "projection/utm.h"
+
+#include <cmath>
+#include <ostream>
+
+namespace quelmont {
+
+namespace {
+
+const FreshRoom FreshOutput([] {
+    ResetDevicePen();
+    Writers() = {};
+});
+const FreshRoom FreshProjection(ResetAzimuthalTerms);
+
+std::string Angle(double degrees, std::string_view kind) {
+    std::string text;
+    DegMinSec(degrees, text, kind, 4);
+    return text;
+}
+
+} // namespace
+
+TruePlace Degrees(double lat, double lon) {
+    return {static_cast<std::int32_t>(std::lround(lat * SecPerDegree)),
+            static_cast<std::int32_t>(std::lround(lon * SecPerDegree))};
+}
+
+std::ostream& operator<<(std::ostream& stream, const PlottedPoint& point) {
+    return stream << (point.move ? "move to " : "draw to ") << point.lat << ", " << point.lon;
+}
+
+void LineRecorder::Point() {
+    points.push_back({Design.PointStatus == 1 || Design.LineStart == 3, Design.ProjLat, Design.ProjLon,
+                      Design.ProjX, Design.ProjY});
+    ++Design.PointCount;
+}
+
+std::vector<PlottedStroke> LineRecorder::Strokes() const {
+    std::vector<PlottedStroke> strokes;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        if (!points[i].move) {
+            strokes.push_back({points[i - 1], points[i]});
+        }
+    }
+    return strokes;
+}
+
+std::string Record(int code, int lat, int lon) {
+    std::string bytes;
+    for (const int number : {code, lat, lon}) {
+        bytes += static_cast<char>(number & 0xFF);
+        bytes += static_cast<char>((number >> 8) & 0xFF);
+    }
+    return bytes;
+}
+
+std::string Line(int rank, const std::vector<Minutes>& places) {
+    std::string bytes;
+    int code = rank * 1000;
+    for (const Minutes& place : places) {
+        bytes += Record(code, place.lat, place.lon);
+        code = 0;
+    }
+    return bytes;
+}
+
+MapTest::MapTest() {
+    Writers().dxf = &recorder;
+    ConstantDefs();
+    ConstantGrid();
+    Design.MapFileCount = 0;
+    Design.LobeFirst = true;
+    Design.LobeLast = true;
+    WholeWorld(ProjEquirectangular);
+}
+
+MapTest::~MapTest() = default;
+
+void MapTest::Finish(std::int16_t projNum) {
+    ParamStdParallel();
+    ParamSelect();
+    ScaleScreen();
+    SelectDevice();
+    Design.CurrentSymbolType = SymbolLine;
+    StartRecording();
+    ASSERT_EQ(Design.ProjNum, projNum);
+    ASSERT_TRUE(machine.boxes.asked.empty()) << machine.boxes.asked.front();
+}
+
+void MapTest::StartRecording() {
+    Design.OutputDxf = true;
+    Design.DxfFileName = "recorded.dxf";
+    Design.OutputFileName = Design.DxfFileName;
+}
+
+void MapTest::Rectangle(std::int16_t projNum, double north, double south, double west, double east) {
+    Design.ProjNum = projNum;
+    Design.GridText[0] = Angle(north, "LAT");
+    Design.GridText[1] = Angle(south, "LAT");
+    Design.GridText[2] = Angle((north - south) / 3.0, "ARC");
+    Design.GridText[3] = Angle(west, "LON");
+    Design.GridText[4] = Angle(east, "LON");
+    Design.GridText[5] = Angle((east > west ? east - west : east - west + 360.0) / 3.0, "ARC");
+    CalcGraticule();
+    Finish(projNum);
+}
+
+void MapTest::Circle(std::int16_t projNum, double centreLat, double centreLon, double range) {
+    Design.ProjNum = projNum;
+    ConstantGrid();
+    Design.GridText[6] = Angle(centreLat, "LAT");
+    Design.GridText[7] = Angle(centreLon, "LON");
+    Design.GridText[8] = Angle(range, "ARC");
+    CalcGraticule();
+    Finish(projNum);
+}
+
+void MapTest::Zone(std::int32_t north, std::int32_t south, std::int32_t west, std::int32_t east) {
+    Design.ProjNum = ProjUtm;
+    Design.UtmText[5] = std::to_string(north);
+    Design.UtmText[6] = std::to_string(south);
+    Design.UtmText[7] = std::to_string(north - south);
+    Design.UtmText[8] = std::to_string(west);
+    Design.UtmText[9] = std::to_string(east);
+    Design.UtmText[10] = std::to_string(east - west);
+    CalcUtmZone();
+    CalcUtmGrid();
+    Finish(ProjUtm);
+}
+
+void MapTest::Lobe(double west, double east) {
+    WholeWorld(ProjInterruptedMollweide);
+    Design.LobeText[0] = "0";
+    Design.LobeText[1] = "0";
+    Design.LobeLonText[0] = Angle(west, "LON");
+    Design.LobeLonText[1] = Angle(east, "LON");
+    CalcGraticuleInterrupt(1);
+    ASSERT_TRUE(machine.boxes.asked.empty()) << machine.boxes.asked.front();
+}
+
+void MapTest::Draw(const std::vector<TruePlace>& line) {
+    road.BeginFile();
+    bool first = true;
+    for (const TruePlace& place : line) {
+        Design.PointLatSec = place.lat;
+        Design.PointLonSec = place.lon;
+        road.TestBounds();
+        if (first) {
+            road.StartNewLine();
+        }
+        first = false;
+        ASSERT_TRUE(road.PlotStep());
+    }
+}
+
+InputFileEntry& MapTest::AddFile(const std::string& name, std::string_view contents) {
+    files.Put(name, contents);
+    Design.InputFiles.push_back(NewMapFileEntry(name));
+    Design.MapFileCount = static_cast<std::int16_t>(Design.InputFiles.size());
+    return Design.InputFiles.back();
+}
+
+void MapTest::PressEscape() {
+    CloseFile(InputFileNumber);
+    CloseFile(OutputFileNumber);
+    Design.OutputDxf = false;
+    Design.OutputFileName.clear();
+    Design.PlotStopReason = "Escape";
+    Design.MapDrawing = false;
+}
+
+double LatSeconds(const PlottedPoint& point) { return point.lat * SecPerDegree; }
+double LonSeconds(const PlottedPoint& point) { return point.lon * SecPerDegree; }
+
+} // namespace quelmont

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "platform/machine.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+/// A machine that does nothing and remembers nothing, for benchmarks and fuzzers: what a scripted
+/// machine records would take more time and memory than what is measured.
+
+namespace quelmont {
+
+/// A surface on which every operation succeeds and nothing is painted.
+class NullSurface : public DrawSurface {
+public:
+    void MoveToEx(std::int32_t /*x*/, std::int32_t /*y*/) override {}
+    void LineTo(std::int32_t /*x*/, std::int32_t /*y*/) override {}
+    bool Polyline(std::span<const SurfacePoint> /*points*/) override { return true; }
+    bool Polygon(std::span<const SurfacePoint> /*points*/) override { return true; }
+    bool Rectangle(std::int32_t /*left*/, std::int32_t /*top*/, std::int32_t /*right*/,
+                   std::int32_t /*bottom*/) override {
+        return true;
+    }
+    bool Ellipse(std::int32_t /*left*/, std::int32_t /*top*/, std::int32_t /*right*/,
+                 std::int32_t /*bottom*/) override {
+        return true;
+    }
+    void SetPixel(std::int32_t /*x*/, std::int32_t /*y*/, std::uint32_t /*color*/) override {}
+    SurfaceHandle CreatePen(int /*style*/, std::int32_t /*width*/, std::uint32_t /*color*/) override {
+        ++objects;
+        return 1;
+    }
+    SurfaceHandle CreateSolidBrush(std::uint32_t /*color*/) override {
+        ++objects;
+        return 2;
+    }
+    SurfaceHandle GetStockObject(int /*number*/) override { return 3; }
+    SurfaceHandle SelectObject(SurfaceHandle /*object*/) override { return 4; }
+    bool DeleteObject(SurfaceHandle /*object*/) override {
+        --objects;
+        return true;
+    }
+    int SetPolyFillMode(int /*mode*/) override { return FillAlternate; }
+
+    int objects = 0; ///< pens and brushes that were made and not deleted
+};
+
+/// In Machine() as long as it lives. Forms are cancelled, boxes closed.
+class SilentMachine : Boxes, Forms, MainWindow, Pump, Screen, Places, Clock, Printers, Help {
+public:
+    explicit SilentMachine(DrawSurface& surface_) : surface(surface_), before(Machine()) {
+        Machine() = MachineInterfaces{this, this, this, this, this, this, this, this, this};
+    }
+    ~SilentMachine() override { Machine() = before; }
+    SilentMachine(const SilentMachine&) = delete;
+    SilentMachine& operator=(const SilentMachine&) = delete;
+
+    std::function<void()> onEvents; ///< what a person does while events run
+    long boxes = 0;                 ///< boxes shown
+
+private:
+    BoxAnswer Ask(std::string_view /*title*/, std::string_view /*text*/, BoxButtons buttons,
+                  BoxIcon /*icon*/) override {
+        ++boxes;
+        return buttons == BoxButtons::YesNo         ? BoxAnswer::No
+               : buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel
+                                                    : BoxAnswer::Ok;
+    }
+    void Show(Form& form) override { form.PressCancel(); }
+
+    std::string Caption() const override { return caption; }
+    void SetCaption(std::string_view text) override { caption = text; }
+    double ScaleWidth() const override { return 24000.0; }
+    double ScaleHeight() const override { return 15000.0; }
+    WindowPlace Place() const override { return {}; }
+    void SetPlace(const WindowPlace& /*place*/) override {}
+    bool IsZoomed() const override { return false; }
+    void Maximise() override {}
+    void Close() override {}
+    void SetMousePointer(MousePointer /*shape*/) override {}
+    void Refresh() override {}
+    void Cls() override {}
+    void SetAutoRedraw(bool /*on*/) override {}
+    DrawSurface& Surface() override { return surface; }
+    void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
+    void SetMenuChecked(Menu /*menu*/, int /*index*/, bool /*checked*/) override {}
+    bool MenuChecked(Menu /*menu*/, int /*index*/) const override { return false; }
+
+    void DoEvents() override {
+        if (onEvents) {
+            onEvents();
+        }
+    }
+
+    float TwipsPerPixelX() const override { return 15.0F; }
+    float TwipsPerPixelY() const override { return 15.0F; }
+    int PixelsX() const override { return 1600; }
+    int PixelsY() const override { return 1000; }
+    int FullScreenX() const override { return 1600; }
+    int FullScreenY() const override { return 1000; }
+
+    std::string ProgramFolder() const override { return "/"; }
+    std::string SettingsFolder() const override { return ""; }
+    std::string Version() const override { return "3.00"; }
+
+    double SecondsSinceMidnight() const override { return 0.0; }
+    void Beep() override {}
+    bool Any() const override { return false; }
+    void Show(int /*command*/, int /*context*/) override {}
+
+    DrawSurface& surface;
+    MachineInterfaces before;
+    std::string caption;
+};
+
+} // namespace quelmont
