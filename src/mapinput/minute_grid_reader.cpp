@@ -8,6 +8,8 @@
 #include "mapinput/minute_grid_file.h"
 
 #include <array>
+#include <cstddef>
+#include <optional>
 
 namespace quelmont {
 
@@ -34,6 +36,24 @@ private:
     bool oneStyle;
 };
 
+/// The next record, nothing at the end of the file. The end is looked for behind the code of a
+/// continuing record alone; whatever else lies beyond it reads as zero.
+std::optional<MinuteGridRecord> NextRecord(ByteReader& bytes) {
+    if (bytes.Has(MinuteGridRecordSize)) [[likely]] {
+        return DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
+    }
+    std::array<std::byte, MinuteGridRecordSize> rest = {};
+    std::size_t count = 0;
+    while (bytes.Has(1)) {
+        rest[count++] = bytes.Take<1>()[0];
+    }
+    const MinuteGridRecord record = DecodeMinuteGrid(rest);
+    if (RankOf(record.Code) == 0 && count <= sizeof record.Code) {
+        return std::nullopt;
+    }
+    return record;
+}
+
 } // namespace
 
 bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex) {
@@ -41,8 +61,8 @@ bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex) {
     ByteReader bytes;
     std::int16_t feature = 0;
     bool shown = false;
-    while (bytes.Has(MinuteGridRecordSize)) {
-        const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
+    while (const std::optional<MinuteGridRecord> next = NextRecord(bytes)) {
+        const MinuteGridRecord& record = *next;
         const int rank = RankOf(record.Code);
         if (rank != 0) {
             feature = FeatureOfRank(rank);

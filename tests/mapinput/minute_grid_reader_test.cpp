@@ -182,17 +182,28 @@ TEST_F(MinuteGridReader, EmptyFileDrawsNothing) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(MinuteGridReader, IncompleteRecordAtTheEndIsNoPoint) {
-    const std::string whole = Line(1, {{0, 0}, {0, 60}});
-    for (std::size_t size = whole.size() - 5; size < whole.size(); ++size) {
+TEST_F(MinuteGridReader, ContinuingRecordWithNothingBehindItsCodeEndsTheFile) {
+    const std::string first = Line(1, {{0, 0}});
+    for (std::size_t size = 1; size <= 2; ++size) {
         recorder.points.clear();
-        Plot(whole.substr(0, size));
+        Plot(first + Record(0, 60, 60).substr(0, size));
         EXPECT_EQ(recorder.points.size(), 1U) << size;
         EXPECT_THAT(machine.boxes.asked, IsEmpty()) << size;
     }
-    recorder.points.clear();
-    Plot(whole + Record(3000, 0, 0).substr(0, 3));
-    EXPECT_EQ(recorder.points.size(), 2U) << "a rank alone begins nothing";
+}
+
+TEST_F(MinuteGridReader, WhatLiesBeyondTheEndReadsAsZero) {
+    // A latitude of one degree is whole, the longitude of one degree is not there.
+    Plot(Line(1, {{0, 60}}) + Record(0, 60, 60).substr(0, 4));
+    ASSERT_EQ(recorder.points.size(), 2U);
+    EXPECT_EQ(recorder.points[1].lat, 1.0);
+    EXPECT_EQ(recorder.points[1].lon, 180.0) << "Greenwich on a map that begins at 180 west";
+}
+
+TEST_F(MinuteGridReader, RankAtTheVeryEndBeginsALineOfZeros) {
+    Plot(Line(1, {{0, 0}, {0, 60}}) + Record(3000, 60, 60).substr(0, 2));
+    EXPECT_EQ(recorder.points.size(), 3U);
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(MinuteGridReader, OneByteIsNoRecord) {
