@@ -32,8 +32,8 @@ std::string Definition(const std::string& name,
     return text + (ownSize ? " +no_defs" : " +R=1 +no_defs");
 }
 
-void ReferenceProjection::Free::operator()(pj_ctx* context) const { proj_context_destroy(context); }
-void ReferenceProjection::Free::operator()(PJconsts* operation) const { proj_destroy(operation); }
+void ReferenceProjection::Free::operator()(pj_ctx* freed) const { proj_context_destroy(freed); }
+void ReferenceProjection::Free::operator()(PJconsts* freed) const { proj_destroy(freed); }
 
 ReferenceProjection::ReferenceProjection(const std::string& definition) : context(proj_context_create()) {
     proj_log_level(context.get(), PJ_LOG_NONE);
