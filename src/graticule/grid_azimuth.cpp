@@ -14,6 +14,8 @@ namespace {
 
 /// Off the antipode, degrees of longitude.
 constexpr double OffAntipode = 0.00056;
+/// Within so many degrees of the antipode no point has a place: 1 + cosC is less than 1e-12 there.
+constexpr double AntipodeRadius = 8.2e-05;
 /// From the turning longitude, where the azimuth stands still, to the first probe behind it.
 constexpr double ProbeStep = 0.1;
 constexpr double LongestStep = 3.0;
@@ -153,7 +155,8 @@ void AntipodalParallel(GridPass& pass) {
     const ParallelWalk walk(pass);
     double first = pass.ClipLonMin;
     if (IsAntipodalLatitude(Design.ProjLat) && Design.RangeSec == SecPerHalfCircle) {
-        first += OffAntipode;
+        // Near a pole that many degrees of longitude would still be the antipode.
+        first = std::min(first + std::max(OffAntipode, AntipodeRadius / Design.CosLatCentral), 180.0);
     }
     pass.LonList.assign(1, first);
     const double turning = walk.TurningLongitude();

@@ -1,0 +1,91 @@
+#include "graticule/grid_fixture.h"
+
+#include "core/map_design.h"
+#include "graticule/calc_graticule.h"
+#include "graticule/grid_texts.h"
+#include "graticule/plot_grid.h"
+#include "graticule/utm_grid.h"
+#include "output/device_pen.h"
+#include "output/scale_screen.h"
+#include "projection/azimuthal_terms.h"
+#include "projection/param_select.h"
+#include "projection/utm.h"
+
+namespace quelmont {
+
+namespace {
+
+const FreshRoom FreshProjection(ResetAzimuthalTerms);
+const FreshRoom FreshPen(ResetDevicePen);
+
+} // namespace
+
+void LineRecorder::Point() {
+    const WrittenPoint point{Design.ProjX, Design.ProjY, Design.ProjLat, Design.ProjLon};
+    if (Design.CurrentSymbolType == SymbolDot) {
+        dots.push_back(point);
+        return;
+    }
+    if (!open || Design.PointStatus == 1) {
+        lines.emplace_back();
+        open = true;
+    }
+    lines.back().push_back(point);
+}
+
+void LineRecorder::LineBreak() {
+    ++breaks;
+    open = false;
+}
+
+void LineRecorder::Forget() {
+    headers = 0;
+    breaks = 0;
+    lines.clear();
+    dots.clear();
+    open = false;
+}
+
+void PrepareDesign() {
+    if (Design.ProjNum == ProjUtm) {
+        CalcUtmZone();
+        CalcUtmGrid();
+    } else {
+        CalcGraticule();
+        ParamStdParallel();
+    }
+    ParamSelect();
+    ScaleScreen();
+    Design.LobeFirst = true;
+    Design.LobeLast = true;
+}
+
+GridTest::GridTest() = default;
+GridTest::~GridTest() = default;
+
+void GridTest::Start(std::int16_t projNum, std::int16_t gridTypeCode) {
+    StartDesign(projNum);
+    Design.GridTypeCode = gridTypeCode;
+    if (projNum == ProjMercator) {
+        Design.GridText[0] = "80    00    00    N";
+        Design.GridText[1] = "80    00    00    S";
+        Design.GridText[2] = "020    00    00";
+    } else if (projNum == ProjConformalConic) {
+        Design.GridText[1] = "60    00    00    S";
+    } else if (projNum == ProjGnomonic) {
+        Design.GridText[8] = "060    00    00";
+    } else if (projNum == ProjStereographic || projNum == ProjOrthographic) {
+        Design.GridText[8] = "090    00    00";
+    }
+    PrepareDesign();
+}
+
+void GridTest::PlotRecorded() {
+    recorder.Forget();
+    surface.Forget();
+    Design.OutputWmf = true;
+    PlotGrid();
+    Design.OutputWmf = false;
+}
+
+} // namespace quelmont
