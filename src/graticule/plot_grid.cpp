@@ -81,8 +81,8 @@ bool BoundaryCircle(const GridPass& pass) {
     return true;
 }
 
-/// One run of the plotting routine; slot counts the grid's names in AsciiFileName from 1. False when Escape was pressed; file number 2 is the business of
-/// the draw cycle then.
+/// One run of the plotting routine; slot counts the grid's names in AsciiFileName from 1. False when
+/// Escape was pressed; file number 2 is the business of the draw cycle then.
 bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     GridPass pass;
     pass.steps = steps;
@@ -145,13 +145,12 @@ void PlotGrid() {
         }
         Design.UtmPointPath = false;
         PrintFileHeader();
-        if (Design.PlotStopReason == "GridDiskError") {
-            return;
+        if (Design.PlotStopReason != "GridDiskError") {
+            SelectDevice();
+            PaintBackground();
+            MakeGridPen();
+            RunPasses();
         }
-        SelectDevice();
-        PaintBackground();
-        MakeGridPen();
-        RunPasses();
     } catch (const RunTimeError& error) {
         Design.PlotStopReason = "GridDiskError";
         ShowErrorBox(Routine, error);

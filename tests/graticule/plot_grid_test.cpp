@@ -5,6 +5,7 @@
 #include "core/run_time_error.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_fixture.h"
+#include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
 #include "support/temporary_folder.h"
@@ -583,6 +584,16 @@ TEST_F(GridFiles, HeaderThatFailsDrawsNothing) {
     EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PrintFileHeader", "Error: Disk full"}));
     EXPECT_THAT(OpsOf(surface), IsEmpty());
+}
+
+TEST_F(GridFiles, PenOfAnEarlierStageIsReleasedAllTheSame) {
+    Start(ProjEquirectangular);
+    Design.Surface = &surface;
+    MakeDevicePen(PenStyleSolid, 1, 0, 1, "MapDraw");
+    NoHeader writer;
+    Design.OutputWmf = true;
+    PlotGrid();
+    EXPECT_EQ(surface.LiveObjects(), 0);
 }
 
 TEST_F(GridFiles, FailureOfTheRoutineClosesItsFile) {
