@@ -139,7 +139,7 @@ std::int16_t ProjectionValue(std::string_view value) {
 
 std::string SpheroidValue(std::string_view value) {
     const std::string wanted = Capitals(value);
-    const auto found = std::find_if(Spheroids.begin(), Spheroids.end(), [&](const Spheroid& spheroid) {
+    const auto* const found = std::find_if(Spheroids.begin(), Spheroids.end(), [&](const Spheroid& spheroid) {
         return Capitals(spheroid.name) == wanted;
     });
     if (found == Spheroids.end()) {

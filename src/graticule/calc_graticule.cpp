@@ -36,7 +36,8 @@ void ReadTexts() {
 /// seconds of the centre.
 std::string BoundaryText(std::int32_t seconds) {
     const std::string centre = Design.GridText[7];
-    std::string text = FormatNumber(std::abs(seconds) / SecPerDegree, "000");
+    const std::int32_t degrees = std::abs(seconds) / SecPerDegree;
+    std::string text = FormatNumber(degrees, "000");
     text += "    " + std::string(Columns(centre, 8, 9)) + "    " + std::string(Columns(centre, 14, 15));
     text += "    ";
     text += seconds < 0 ? 'W' : 'E';

@@ -1,5 +1,6 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
+#include "core/rounding.h"
 #include "graticule/grid_pass.h"
 
 #include <algorithm>
@@ -103,11 +104,13 @@ double AzimuthOf(double latitude, double d) {
 /// How a meridian is walked: from azimuth A in n steps of a degree to the end.
 struct MeridianWalk {
     double A = 180.0;
-    double n = 180.0;
+    std::int32_t n = 180;
     double dir = 1.0;
     double end = 0.0;
     bool southFirst = false; ///< a whole meridian of a southern map is walked from 180 to 360
 };
+
+std::int32_t WholeDegrees(double angle) { return RoundToInt32(std::floor(std::fabs(angle))); }
 
 MeridianWalk PlanMeridian(const GridPass& pass, double d) {
     MeridianWalk walk;
@@ -127,11 +130,11 @@ MeridianWalk PlanMeridian(const GridPass& pass, double d) {
         walk.A += 180.0;
     }
     if (reachesNorth) {
-        walk.n = std::floor(std::fabs((west ? 360.0 : 0.0) - walk.A)) + 1.0;
+        walk.n = WholeDegrees((west ? 360.0 : 0.0) - walk.A) + 1;
     } else {
         walk.dir = -walk.dir;
         walk.end = 180.0;
-        walk.n = std::floor(std::fabs(180.0 - walk.A)) + 1.0;
+        walk.n = WholeDegrees(180.0 - walk.A) + 1;
     }
     return walk;
 }
@@ -180,7 +183,7 @@ void AntipodalParallel(GridPass& pass) {
 void MeridianByAzimuth(GridPass& pass) {
     const double d = Design.ProjLon - Design.LonCentral;
     const MeridianWalk walk = PlanMeridian(pass, d);
-    for (double j = 0.0; j <= walk.n; j += 1.0) {
+    for (std::int32_t j = 0; j <= walk.n; ++j) {
         const double z = j == walk.n ? walk.end : std::clamp(walk.A - walk.dir * j, 0.0, 360.0);
         Design.ProjLat =
             std::clamp(LatitudeAtAzimuth(z, d, walk.southFirst), pass.ClipLatMin, pass.ClipLatMax);

@@ -11,7 +11,7 @@ namespace quelmont {
 
 namespace {
 
-constexpr std::uintmax_t LargestFile = 1024 * 1024;
+constexpr std::uintmax_t LargestFile = std::uintmax_t{1024} * 1024;
 
 std::string_view Trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";

@@ -129,8 +129,8 @@ void WriteSettings() {
     const std::array<std::pair<const char*, std::string>, 4> settings = {{
         {"PrinterUnits", std::to_string(Design.PrintUnitTwips)},
         {"ScreenSize", Plain(screen[0]) + " " + Plain(screen[1])},
-        {"MainWindow", Plain(place.left) + " " + Plain(place.top) + " " + Plain(place.width) + " " +
-                           Plain(place.height)},
+        {"MainWindow",
+         Plain(place.left) + " " + Plain(place.top) + " " + Plain(place.width) + " " + Plain(place.height)},
         {"WindowMaximized", window.IsZoomed() ? "-1" : "0"},
     }};
     for (std::size_t i = 0; i < settings.size(); ++i) {
