@@ -58,7 +58,7 @@ static_assert(Formats.back().letters.empty(), "the last row takes every other na
 const MapFileFormat& FormatOf(std::string_view fileName) {
     const std::string letters = LastThreeLetters(fileName);
     const auto* const found = std::find_if(Formats.begin(), Formats.end() - 1,
-                                    [&](const MapFileFormat& row) { return row.letters == letters; });
+                                           [&](const MapFileFormat& row) { return row.letters == letters; });
     return *found;
 }
 
