@@ -3,9 +3,9 @@
 
     bench/whole_draw.py [--programs FOLDER] [--runs N] [--points N] [--work FOLDER]
 
-Prints a table of the best of N runs: seconds by the clock, largest resident memory, and the ratio to
-quelmont-draw on the same task. GMT and GDAL take part when they are installed (Debian: gmt, and
-gdal-bin with python3-gdal and python3-numpy).
+Prints a table of the best of N runs: seconds by the clock, seconds of the processor, largest resident
+memory, and the ratio of the processor's seconds to those of quelmont-draw on the same task. GMT and GDAL take part when they are installed (Debian: gmt, and
+gdal-bin, both with python3-gdal and python3-numpy; ghostscript for GMT's PNG).
 """
 
 import argparse
@@ -21,26 +21,29 @@ PICTURE = "1600x1000"
 ROBINSON = "+proj=robin +R=6371007"
 
 
-def run(*commands):
-    """One run of commands one after the other: seconds, megabytes of the largest."""
+def run(work, *commands):
+    """One run of commands one after the other: clock, processor, megabytes of the largest."""
     seconds = 0.0
+    processor = 0.0
     megabytes = 0.0
     for command in commands:
         words, output = command if isinstance(command, tuple) else (command, os.devnull)
         with open(output, "wb") as stream:
             start = time.monotonic()
-            process = subprocess.Popen([str(word) for word in words], stdout=stream)
+            process = subprocess.Popen([str(word) for word in words], stdout=stream, cwd=work)
             _, status, usage = os.wait4(process.pid, 0)
             seconds += time.monotonic() - start
+            processor += usage.ru_utime + usage.ru_stime
         if status != 0:
             sys.exit(f"{words[0]} failed")
         megabytes = max(megabytes, usage.ru_maxrss / 1024)
-    return seconds, megabytes
+    return seconds, processor, megabytes
 
 
-def best(runs, *commands):
-    results = [run(*commands) for _ in range(runs)]
-    return min(seconds for seconds, _ in results), max(megabytes for _, megabytes in results)
+def best(runs, work, *commands):
+    results = [run(work, *commands) for _ in range(runs)]
+    clock, processor, megabytes = zip(*results)
+    return min(clock), min(processor), max(megabytes)
 
 
 def minute_grid_lines(path):
@@ -85,17 +88,18 @@ def write_for_gdal(lines, path):
 
 
 class Table:
-    def __init__(self, runs):
+    def __init__(self, runs, work):
         self.runs = runs
+        self.work = work
         self.base = None
-        print(f"{'':58}{'seconds':>9}{'MB':>7}{'times':>7}")
+        print(f"{'':58}{'clock':>9}{'processor':>11}{'MB':>7}{'times':>7}")
 
     def row(self, name, *commands, base=False):
-        seconds, megabytes = best(self.runs, *commands)
+        clock, processor, megabytes = best(self.runs, self.work, *commands)
         if base:
-            self.base = seconds
-        ratio = f"{seconds / self.base:7.1f}" if self.base else ""
-        print(f"{name:58}{seconds:9.3f}{megabytes:7.0f}{ratio}", flush=True)
+            self.base = processor
+        ratio = f"{processor / self.base:7.1f}" if self.base else ""
+        print(f"{name:58}{clock:9.3f}{processor:11.3f}{megabytes:7.0f}{ratio}", flush=True)
 
 
 def main():
@@ -107,17 +111,18 @@ def main():
     parser.add_argument("--work", type=pathlib.Path)
     arguments = parser.parse_args()
     with tempfile.TemporaryDirectory() as temporary:
-        time_all(arguments, arguments.work or pathlib.Path(temporary))
+        time_all(arguments, (arguments.work or pathlib.Path(temporary)).resolve())
 
 
 def time_all(arguments, work):
-    draw = arguments.programs / "quelmont-draw"
-    table = Table(arguments.runs)
+    programs = arguments.programs.resolve()
+    draw = programs / "quelmont-draw"
+    table = Table(arguments.runs, work)
     table.row("quelmont-draw, nothing but the grid", [draw, "--no-map", work / "grid.png"])
     table.row("quelmont-draw, the default map", [draw, work / "world.png"])
 
     big = work / "big.map"
-    run([arguments.programs / "make_big_map", big, arguments.points])
+    run(work, [programs / "make_big_map", big, arguments.points])
     print(f"{arguments.points} points, Robinson, {PICTURE}:")
     robinson = [draw, "--projection", "robinson", "--window", PICTURE, "--map", big]
     table.row("quelmont-draw, lines of one pixel", robinson + [work / "thin.png"], base=True)
@@ -131,10 +136,11 @@ def time_others(table, lines, work):
     if shutil.which("gmt"):
         binary = work / "big.gmt"
         write_for_gmt(lines, binary)
-        plot = (["gmt", "psxy", binary, "-bi2d", "-Rd", "-JN20c", "-W0.25p", "-P"], work / "big.ps")
+        plot = (["gmt", "psxy", binary, "-bi2d", "-Rd", "-JN20c", "-W0.25p", "-Vq"], work / "big.ps")
         table.row("GMT, psxy to PostScript", plot)
-        table.row("GMT, psxy and psconvert to PNG", plot,
-                  ["gmt", "psconvert", work / "big.ps", "-Tg", "-E200", f"-D{work}"])
+        if shutil.which("gs"):
+            table.row("GMT, psxy and psconvert to PNG", plot,
+                      ["gmt", "psconvert", work / "big.ps", "-Tg", "-E200", f"-D{work}"])
     if shutil.which("ogr2ogr") and shutil.which("gdal_rasterize"):
         write_for_gdal(lines, work / "big.fgb")
         plane = work / "plane.fgb"
