@@ -51,8 +51,8 @@ void ImageSurface::Resize(std::int32_t width, std::int32_t height, std::uint32_t
 void ImageSurface::Clear(std::uint32_t color) { std::fill(pixels.begin(), pixels.end(), PixelOf(color)); }
 
 QImage ImageSurface::Image() const {
-    return QImage(reinterpret_cast<const uchar*>(pixels.data()), grid.width, grid.height,
-                  static_cast<qsizetype>(grid.width) * 4, QImage::Format_RGB32);
+    return {reinterpret_cast<const uchar*>(pixels.data()), grid.width, grid.height,
+            static_cast<qsizetype>(grid.width) * 4, QImage::Format_RGB32};
 }
 
 void ImageSurface::LineTo(std::int32_t x, std::int32_t y) {
