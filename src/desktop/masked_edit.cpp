@@ -17,6 +17,7 @@ MaskedEdit::MaskedEdit(const std::string& mask, std::function<void(const std::st
     // A text that is dropped would not keep the columns.
     setAcceptDrops(false);
     setText(QString::fromStdString(masked.Text()));
+    setCursorPosition(0);
 }
 
 void MaskedEdit::Show(const std::string& text) {

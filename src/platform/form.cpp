@@ -33,8 +33,9 @@ const Control& Form::At(std::string_view name) const {
 Control& Form::Edit(std::string_view name) { return const_cast<Control&>(std::as_const(*this).At(name)); }
 
 Control& Form::Add(Control control) {
-    if (focus.empty() && control.kind != ControlKind::Label && control.kind != ControlKind::Frame &&
-        control.enabled) {
+    const bool text = control.kind == ControlKind::Label || control.kind == ControlKind::Frame;
+    const bool otherOption = control.kind == ControlKind::Option && control.value == 0;
+    if (focus.empty() && control.enabled && !text && !otherOption) {
         focus = control.name;
     }
     if (control.kind == ControlKind::Edit) {
@@ -81,6 +82,10 @@ void Form::GiveWantedFocus() {
 
 void Form::Press(std::string_view button) {
     if (closed || !At(button).enabled) {
+        return;
+    }
+    if (button == cancelButton && button != defaultButton) {
+        PressCancel();
         return;
     }
     MoveFocus(button);

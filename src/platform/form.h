@@ -57,7 +57,8 @@ struct Control {
 /// the one that gets it, unless a handler has called for the focus meanwhile (SetFocus): then it
 /// goes where the handler wanted it. A handler that closes the form ends the move. A button that is
 /// pressed first gets the focus, and is clicked only if it got it, so that the field left last is
-/// checked. Cancelling (Escape, the close button) moves no focus and checks no field.
+/// checked. Cancelling (Escape, the close button, the button that cancels) moves no focus and checks
+/// no field.
 class Form {
 public:
     Form(std::string className, std::string caption);
@@ -97,6 +98,7 @@ public:
     void SetWatcher(std::function<void()> watcher) { changed = std::move(watcher); }
 
 protected:
+    /// The first control that can have the focus has it; of options the one that is chosen.
     Control& Add(Control control);
     Control& Edit(std::string_view name);
     /// Puts a text into an edit, in its mask's columns; no handler runs.

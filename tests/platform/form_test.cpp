@@ -161,6 +161,13 @@ TEST(FormCancel, ChecksNoField) {
     EXPECT_TRUE(form.Closed());
 }
 
+TEST(FormCancel, PressedButtonChecksNoFieldEither) {
+    Recorder form;
+    form.Press("Cancel");
+    EXPECT_THAT(form.ran, ElementsAre("Cancel_Click"));
+    EXPECT_EQ(form.Focus(), "First");
+}
+
 TEST(FormCancel, ClosedFormHearsNothingMore) {
     Recorder form;
     form.Close();
@@ -245,6 +252,17 @@ public:
 };
 
 TEST(FormFocus, PassesOverHeadingsAndWhatIsDisabled) { EXPECT_EQ(Kinds().Focus(), "Edit"); }
+
+TEST(FormFocus, BeginsAtTheOptionThatIsChosen) {
+    class Options : public Form {
+    public:
+        Options() : Form("Options", "Options") {
+            Add({.name = "A", .kind = ControlKind::Option, .frame = "F"});
+            Add({.name = "B", .kind = ControlKind::Option, .value = 1, .frame = "F"});
+        }
+    };
+    EXPECT_EQ(Options().Focus(), "B");
+}
 
 TEST(FormEdit, KeepsItsColumns) {
     Kinds form;
