@@ -1,5 +1,6 @@
 #include "core/design_dialog.h"
 
+#include "core/error_box.h"
 #include "core/map_design.h"
 
 #include <utility>
@@ -28,5 +29,7 @@ void DesignDialog::CloseAccepted() {
     Design.DialogCancelled = false;
     Close();
 }
+
+void DesignDialog::Handle(const std::function<void()>& handler) { Guarded(ClassName(), handler); }
 
 } // namespace quelmont

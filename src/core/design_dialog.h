@@ -21,6 +21,9 @@ protected:
     void Cancel_Click();
     /// Clears DialogCancelled and closes.
     void CloseAccepted();
+
+    /// A run-time error of a handler shows its box under the dialog's name.
+    void Handle(const std::function<void()>& handler) override;
 };
 
 } // namespace quelmont

@@ -51,7 +51,7 @@ void Form::On(std::string_view name, ControlEvent event, std::function<void()> h
 void Form::Run(std::string_view name, ControlEvent event) {
     const auto found = handlers.find({std::string(name), event});
     if (found != handlers.end()) {
-        found->second();
+        Handle(found->second);
     }
     Changed();
 }

@@ -110,6 +110,10 @@ protected:
     void SetHelpPage(int page) { helpPage = page; }
     void Close();
 
+    /// Runs a handler. A form whose handlers may fail catches their failures here: the view calls
+    /// them from the window system's own code, which lets nothing pass.
+    virtual void Handle(const std::function<void()>& handler) { handler(); }
+
 private:
     void Run(std::string_view name, ControlEvent event);
     /// Lets a handler's call for the focus count.

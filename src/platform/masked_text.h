@@ -33,7 +33,8 @@ public:
 
     /// Types a character over the place at or after the cursor and moves the cursor behind it, over
     /// what stands between the places. A letter goes to the next letter's place and becomes a capital.
-    /// A blank, a point or a comma behind a digit moves to the next group. False when the character has no place.
+    /// A blank, a point or a comma behind a digit moves to the next group. False when the character has no
+    /// place.
     bool Type(std::size_t& cursor, char character);
 
     /// Erases the digits from column first up to column last, which stays.
