@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -42,6 +43,12 @@ private:
     std::size_t filled = 0;       ///< bytes in the block
     bool atEnd = false;           ///< the file has no more
 };
+
+/// The two bytes of a signed number, the low one first.
+constexpr std::array<std::byte, 2> LittleBytes(std::int16_t number) {
+    const auto bits = static_cast<std::uint16_t>(number);
+    return {static_cast<std::byte>(bits & 0xFFU), static_cast<std::byte>(bits >> 8U)};
+}
 
 /// A signed number of two bytes, the low one first.
 constexpr std::int16_t LittleInt16(std::byte low, std::byte high) {
