@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/coordinates.h"
+#include "core/map_design.h"
 
 #include <cstdint>
 
@@ -33,6 +34,9 @@ public:
     /// A full circle is added once at most: on a map from 180 west, 180 east is the eastern edge.
     void TestBounds();
 
+    /// The same for a point that is in metres already.
+    void CompareBounds();
+
     /// The point begins a line of its source.
     void StartNewLine();
 
@@ -43,6 +47,22 @@ public:
     /// Counts a point that was read. Every 800th lets the picture be shown and events run; false
     /// when Escape was pressed meanwhile.
     bool CountPoint() { return ++PointsRead % PointsPerTurn != 0 || LetEventsRun(); }
+
+    /// Counts points that are stepped over and lets events run at once, however few they are; false
+    /// when Escape was pressed meanwhile.
+    bool SkipPoints(std::int64_t count);
+
+    /// How many points may be passed over by PassOutside before the next turn of events; none unless the
+    /// last point was outside of a map bounded by parallels and meridians.
+    std::int64_t OutsideLimit() const {
+        return family == ClippingFamily::Rectangle && !PointInBounds && !Design.StartLine
+                   ? PointsPerTurn - 1 - PointsRead % PointsPerTurn
+                   : 0;
+    }
+
+    /// Passes over points of one line that all lie outside, as PlotStep would: nothing leads from one to
+    /// the next. The last of them, in PointLatSec and PointLonSec, is the previous point then.
+    void PassOutside(std::int64_t count);
 
     std::int64_t PointsRead = 0;    ///< of the file
     std::int64_t PointsPlotted = 0; ///< of the file, cut points included
@@ -58,6 +78,7 @@ private:
     };
 
     static bool LetEventsRun();
+    static bool RunEvents();
     void ConvertToMetres();
 
     /// Projects the point and hands it to the devices.

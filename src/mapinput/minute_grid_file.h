@@ -27,6 +27,13 @@ constexpr MinuteGridRecord DecodeMinuteGrid(std::span<const std::byte, MinuteGri
             LittleInt16(bytes[4], bytes[5])};
 }
 
+constexpr std::array<std::byte, MinuteGridRecordSize> EncodeMinuteGrid(const MinuteGridRecord& record) {
+    const auto code = LittleBytes(record.Code);
+    const auto lat = LittleBytes(record.Lat);
+    const auto lon = LittleBytes(record.Lon);
+    return {code[0], code[1], lat[0], lat[1], lon[0], lon[1]};
+}
+
 /// 0 continues a line, any other rank starts a new line of that rank. -32 to 32.
 constexpr int RankOf(std::int16_t code) { return code / 1000; }
 
@@ -51,6 +58,16 @@ constexpr std::array RankFeatures = std::to_array<RankFeature>({
     {10, 10}, // Other Provinces/States
 });
 // clang-format on
+
+/// The rank that stands for a feature, 1 to 10; RunTimeError "Subscript out of range" for any other.
+constexpr int RankOfFeature(std::int16_t feature) {
+    for (const RankFeature& entry : RankFeatures) {
+        if (entry.feature == feature) {
+            return entry.rank;
+        }
+    }
+    throw RunTimeError(ErrorSubscript);
+}
 
 /// The whole span of ranks, -RankSpan to RankSpan, by rank + RankSpan.
 constexpr int RankSpan = 32;

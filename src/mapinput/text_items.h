@@ -1,0 +1,34 @@
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+/// The front of a text that is read item by item.
+
+namespace quelmont {
+
+/// Takes blanks and tabs off the front of a text.
+inline void TakeBlanks(std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+}
+
+/// Takes a line end off the front of a text, if there is one: a carriage return, a line feed, or both
+/// in this order.
+inline void TakeLineEnd(std::string_view& text) {
+    if (!text.empty() && text.front() == '\r') {
+        text.remove_prefix(1);
+        if (!text.empty() && text.front() == '\n') {
+            text.remove_prefix(1);
+        }
+    } else if (!text.empty() && text.front() == '\n') {
+        text.remove_prefix(1);
+    }
+}
+
+/// Takes blanks, tabs and line ends off the front of a text, and the mark by which programs of DOS
+/// end one.
+inline void TakeBlankLines(std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\x1A"), text.size()));
+}
+
+} // namespace quelmont

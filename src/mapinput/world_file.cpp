@@ -1,0 +1,49 @@
+#include "mapinput/world_file.h"
+
+#include "core/coordinates.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "mapinput/text_items.h"
+
+namespace quelmont {
+
+std::string_view TakeWorldItem(std::string_view& text) {
+    TakeBlanks(text);
+    const std::size_t end = text.find_first_of(",\r\n");
+    const std::string_view item = text.substr(0, end);
+    text.remove_prefix(item.size());
+    if (!text.empty() && text.front() == ',') {
+        text.remove_prefix(1);
+    } else {
+        TakeLineEnd(text);
+    }
+    return item;
+}
+
+std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {
+    const char first = item.empty() ? ' ' : item.front();
+    if (first != '-' && !(first >= '0' && first <= '9')) {
+        return std::nullopt;
+    }
+    const std::size_t blank = item.find(' ');
+    const std::size_t split = blank == std::string_view::npos ? 0 : blank + 1;
+    WorldPoint point;
+    point.Lat = RoundToInt32(ValueOf(item.substr(0, split)) * SecPerDegree);
+    point.Lon = RoundToInt32(ValueOf(item.substr(split)) * SecPerDegree);
+    if (point.Lon > SecPerHalfCircle) {
+        point.Lon -= SecPerCircle;
+    }
+    return point;
+}
+
+std::string EncodeWorldItem(double lat, double lon) {
+    return FormatNumber(lat, "0.000000") + " " + FormatNumber(lon, "0.000000") + "\r\n";
+}
+
+WorldPoint WorldPointOf(float lat, float lon) {
+    const float turned = lon > 180.0F ? lon - 360.0F : lon;
+    return {RoundToInt32(static_cast<double>(lat) * 3600.0),
+            RoundToInt32(static_cast<double>(turned) * 3600.0)};
+}
+
+} // namespace quelmont
