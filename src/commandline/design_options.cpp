@@ -192,6 +192,8 @@ void TakeMaps(const DrawOptions& options) {
 
 bool ApplyOptions(const DrawOptions& options) {
     Design.MapReduce = options.percent / 100.0;
+    Design.LineWidthsScaled = !options.noLineScaling;
+    Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
     TakeGrid(options);
     TakeMaps(options);
     return TakeProjection(options);

@@ -2,11 +2,13 @@
 
 #include "commandline/design_options.h"
 #include "commandline/draw_options.h"
+#include "commandline/export_output.h"
 #include "commandline/headless_machine.h"
 #include "core/map_design.h"
 #include "core/run_time_error.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
+#include "output/bmp/bmp_file.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -65,6 +67,17 @@ std::string StatisticsLine(double pngSeconds, double totalSeconds) {
     return QJsonDocument(line).toJson(QJsonDocument::Compact).toStdString() + "\n";
 }
 
+/// The formats that are no export of the draw itself.
+void SavePicture(HeadlessMachine& machine, const std::string& output) {
+    const OutputFormat format = OutputFormatOf(output);
+    if (format == OutputFormat::Png) {
+        machine.window.Picture().SavePng(output);
+    } else if (format == OutputFormat::Bmp) {
+        Design.BmpFileName = output;
+        BmpSave();
+    }
+}
+
 int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors) {
     const Timer::time_point start = Timer::now();
     HeadlessMachine machine(options.window, options.screen.value_or(options.window), errors);
@@ -75,12 +88,16 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
     if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
         return ExitFailed;
     }
+    if (const std::string reason = ArmExport(options.output); !reason.empty()) {
+        errors << Program << options.output << ": " << reason << ".\n";
+        return ExitFailed;
+    }
     machine.window.Cls();
     MapDraw();
 
     const Timer::time_point drawn = Timer::now();
     try {
-        machine.window.Picture().SavePng(options.output);
+        SavePicture(machine, options.output);
     } catch (const RunTimeError& error) {
         errors << Program << options.output << ": " << error.Description() << '\n';
         return ExitFailed;

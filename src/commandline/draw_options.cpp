@@ -1,5 +1,6 @@
 #include "commandline/draw_options.h"
 
+#include "commandline/export_output.h"
 #include "commandline/option_values.h"
 #include "core/file_names.h"
 #include "mapinput/feature_rows.h"
@@ -200,18 +201,27 @@ void OptionTable::AddDigits(const DigitsOption& option, const char* type,
 
 void OptionTable::AddPicture() {
     group = "Picture";
-    Add("OUTPUT", "", "The picture to write, a .png file", [this](const std::string& value) {
-        if (!Capitals(value).ends_with(".PNG")) {
-            throw BadValue("\"" + value + "\" does not end in .png");
-        }
-        options.output = value;
-    })->required();
+    Add("OUTPUT", "",
+        "The file to write, by its ending: .png .bmp .cgm .dxf .wmf, or .txt for a text file\n"
+        "of each part of the map",
+        [this](const std::string& value) {
+            if (OutputFormatOf(value) == OutputFormat::Unknown) {
+                throw BadValue("\"" + value + "\" does not end in .png, .bmp, .cgm, .dxf, .wmf or .txt");
+            }
+            options.output = value;
+        })
+        ->required();
     Add("--window", "WxH", "Size of the picture in pixels (1280x924)",
         [this](const std::string& value) { options.window = SizeValue(value); });
     Add("--screen", "WxH", "Size of a maximised window (as --window)",
         [this](const std::string& value) { options.screen = SizeValue(value); });
     Add("--percent", "10..100", "Share of the picture that the map fills (100)",
         [this](const std::string& value) { options.percent = NumberValue(value, 10, 100); });
+    app.add_flag("--no-line-scaling", options.noLineScaling,
+                 "Narrowest lines in .cgm, .dxf, .wmf, not a share of the map")
+        ->group(group);
+    Add("--text-scale", "1..1000", "Size of text in .cgm and .dxf, percent (100)",
+        [this](const std::string& value) { options.textScale = NumberValue(value, 1, 1000); });
     app.add_flag("--stats", options.stats, "Print points and seconds as a line of JSON")->group(group);
 }
 
@@ -323,6 +333,9 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return TextAnswer{table.Version() + "\n"};
     } catch (const CLI::ParseError& error) {
         return WrongUsage{error.what()};
+    }
+    if (options.screen && (options.screen->x < options.window.x || options.screen->y < options.window.y)) {
+        return WrongUsage{"--window: the picture is larger than the --screen"};
     }
     return options;
 }

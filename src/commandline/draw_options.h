@@ -44,6 +44,8 @@ struct DrawOptions {
     std::optional<SurfacePoint> screen;
     int percent = 100;
     bool stats = false;
+    bool noLineScaling = false;
+    std::optional<int> textScale; ///< percent
 };
 
 /// A command line that asks for a text, and what it is: --help, --version.

@@ -54,6 +54,7 @@ public:
     void Cls() override;
     void SetAutoRedraw(bool /*on*/) override {}
     DrawSurface& Surface() override { return surface; }
+    PixelImage CopyPixels() override { return surface.Pixels(); }
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu menu, int index, bool checked) override { marks[{menu, index}] = checked; }
     bool MenuChecked(Menu menu, int index) const override;

@@ -80,6 +80,7 @@ void OutputDefaults() {
     Design.LogicalMarginY = 320;
     Design.MaxChainPoints = 1999;
     Design.TextStep = 10.0F * Design.TwipsPerPixelY;
+    Design.FontNames.fill("Arial");
     Design.FontSizes = {8,  9,  10, 11, 12, 14, 16, 18,  20,  22,  24, 26,
                         28, 36, 48, 60, 72, 84, 96, 108, 120, 132, 144};
     Design.PrintUnitTwips = 1440;

@@ -48,6 +48,19 @@ struct DrawStatistics {
     std::vector<MapFile> MapFiles;
 };
 
+/// A text that stands on the map. Its place belongs to the window in which it was put there.
+struct TextItem {
+    std::string TextString;
+    std::int16_t TextAngle = 0; ///< whole degrees, counter-clockwise, 0 to 359
+    std::string TextFont;
+    std::int16_t TextSize = 0; ///< points
+    ColorValue TextColour = 0;
+    bool TextBold = false, TextItalic = false, TextUnderline = false, TextStrikeout = false;
+    std::int32_t TextX = 0, TextY = 0; ///< anchor on the baseline, twips from the upper left corner
+    std::int16_t TextWidth = 0;        ///< average width of a character, twips
+    std::int16_t TextHeight = 0, TextDescent = 0, TextCellHeight = 0; ///< of the font, twips
+};
+
 /// The state of the whole program: one map design, and what the last draw made of it.
 ///
 /// There is exactly one, Design. Every routine reads and writes its fields by name; nothing passes
@@ -207,7 +220,9 @@ struct MapDesign {
     std::int16_t ScSymbolCount = 0;
 
     // ---- Text. Written by the text dialogs.
-    float TextStep = 0.0F; ///< step of an arrow key, twips
+    std::vector<TextItem> TextItems;           ///< in the order in which they are drawn
+    std::array<std::string, 4> FontNames = {}; ///< by font slot
+    float TextStep = 0.0F;                     ///< step of an arrow key, twips
     std::array<std::int16_t, 23> FontSizes = {};
     std::int32_t TextCursorX = 0, TextCursorY = 0; ///< twips
     bool TextOnShow = false;

@@ -1,5 +1,6 @@
 #include "core/text_encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -80,6 +81,38 @@ std::string ToUtf8(std::string_view bytes) {
         Append(text, byte >= 0x80 && byte < 0xA0 ? Windows1252[byte - 0x80] : byte);
     }
     return text;
+}
+
+std::u32string Characters(std::string_view text) {
+    const std::string utf8 = ToUtf8(text);
+    std::u32string characters;
+    std::size_t at = 0;
+    while (at < utf8.size()) {
+        const std::size_t length = Utf8Length(utf8, at);
+        const unsigned lead = Byte(utf8, at);
+        char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+        for (std::size_t k = 1; k < length; ++k) {
+            character = character << 6U | (Byte(utf8, at + k) & 0x3FU);
+        }
+        characters += character;
+        at += length;
+    }
+    return characters;
+}
+
+std::string ToWindows1252(std::string_view text) {
+    std::string bytes;
+    for (const char32_t character : Characters(text)) {
+        const auto* const found = std::find(Windows1252.begin(), Windows1252.end(), character);
+        if (found != Windows1252.end()) {
+            bytes += static_cast<char>(0x80 + (found - Windows1252.begin()));
+        } else if (character < 0x80 || (character >= 0xA0 && character < 0x100)) {
+            bytes += static_cast<char>(character);
+        } else {
+            bytes += '?';
+        }
+    }
+    return bytes;
 }
 
 } // namespace quelmont

@@ -3,7 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// Texts are UTF-8 inside the program; files of old have Windows-1252.
+/// Texts are UTF-8 inside the program; files of old, and exchange formats, have
+/// Windows-1252.
 
 namespace quelmont {
 
@@ -13,5 +14,11 @@ bool IsUtf8(std::string_view bytes);
 /// A text of a file as UTF-8. What is valid UTF-8 already stays as it is, anything else is taken for
 /// Windows-1252; its five bytes without a character become the control characters of their number.
 std::string ToUtf8(std::string_view bytes);
+
+/// The characters of a text; what is no UTF-8 is taken for Windows-1252.
+std::u32string Characters(std::string_view text);
+
+/// A text as Windows-1252, with "?" for a character that it lacks.
+std::string ToWindows1252(std::string_view text);
 
 } // namespace quelmont

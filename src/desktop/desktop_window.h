@@ -40,6 +40,7 @@ public:
     void Cls() override;
     void SetAutoRedraw(bool on) override;
     DrawSurface& Surface() override { return area->Surface(); }
+    PixelImage CopyPixels() override { return area->Surface().Pixels(); }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menus.SetEnabled(menu, index, enabled);
     }

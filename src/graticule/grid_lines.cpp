@@ -40,6 +40,15 @@ void BreakDisk(const GridPass& pass) {
     }
 }
 
+/// The line goes on beyond a gap: what comes is not joined to what was.
+void BreakBeforePoint() {
+    const double x = Design.ProjX;
+    const double y = Design.ProjY;
+    PrintLineBrkDisk();
+    Design.ProjX = x;
+    Design.ProjY = y;
+}
+
 /// False when Escape was pressed meanwhile.
 bool HandleEvents() {
     Machine().pump->DoEvents();
@@ -178,6 +187,9 @@ void PlotProjected(const GridPass& pass) {
     ++Design.Statistics.GridPointsPlotted;
     PrintToScreen();
     if (pass.DiskOut) {
+        if (Design.PointStatus == 1 && Design.PointCount > 0) {
+            BreakBeforePoint();
+        }
         ScaleXY();
     }
 }

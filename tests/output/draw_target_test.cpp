@@ -1,13 +1,12 @@
 #include "output/draw_target.h"
 
 #include "core/file_numbers.h"
+#include "output/export_file.h"
 #include "output_fixture.h"
-#include "support/failing_file.h"
 #include "support/run_time_errors.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
-
-#include <array>
 
 namespace quelmont {
 namespace {
@@ -15,17 +14,19 @@ namespace {
 class DrawTarget : public OutputTest {
 protected:
     DrawTarget() {
-        files.Put("old", "before ");
-        Design.AsciiFileName = {"grid", "map"};
-        Design.CgmFileName = "old";
-        Design.DxfFileName = "old";
+        Design.AsciiFileName = {folder / "grid", folder / "map"};
+        Design.CgmFileName = folder / "old";
+        Design.DxfFileName = folder / "old";
     }
-    static void WriteAndClose() {
-        const std::array<std::byte, 2> bytes{std::byte{'h'}, std::byte{'i'}};
-        WriteFile(OutputFileNumber, bytes);
-        CloseFile(OutputFileNumber);
+    ~DrawTarget() override { DropExports(); }
+
+    /// One stage of a draw.
+    static void Stage(const char* text, std::size_t slot = 1) {
+        EXPECT_TRUE(OpenExport(slot));
+        WriteExport(text);
+        CloseStretch();
     }
-    FailingFiles files;
+    TemporaryFolder folder;
 };
 
 TEST_F(DrawTarget, DeviceIsTheWindowWithTheScreensPixels) {
@@ -42,34 +43,49 @@ TEST_F(DrawTarget, WithoutAnExportNothingIsOpened) {
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
 }
 
-TEST_F(DrawTarget, AsciiFileIsTheOneOfTheSlotAndNew) {
-    files.Put("map", "old contents");
-    Design.OutputAscii = true;
-    EXPECT_TRUE(OpenExport(2));
-    WriteAndClose();
-    EXPECT_EQ(files.Contents("map"), "hi");
-    EXPECT_EQ(Design.OutputFileName, "map");
-}
-
 TEST_F(DrawTarget, SlotWithoutANameIsASubscriptError) {
     Design.OutputAscii = true;
     EXPECT_EQ(ErrorOf([] { OpenExport(3); }), ErrorSubscript);
     EXPECT_EQ(ErrorOf([] { OpenExport(0); }), ErrorSubscript);
 }
 
-TEST_F(DrawTarget, CgmIsWrittenInPlace) {
-    Design.OutputCgm = true;
-    EXPECT_TRUE(OpenExport(1));
-    WriteAndClose();
-    EXPECT_EQ(files.Contents("old"), "hifore ");
+TEST_F(DrawTarget, AsciiFileIsTheOneOfTheSlotAndNew) {
+    WriteWholeFile(folder / "map", "old contents");
+    Design.OutputAscii = true;
+    Design.LobeLast = true;
+    Stage("hi", 2);
+    EXPECT_EQ(ReadWholeFile(folder / "map"), "hi");
+    EXPECT_EQ(Design.OutputFileName, folder / "map");
+}
+
+TEST_F(DrawTarget, AsciiFileOfAnInterruptedMapGoesOnFromPassToPass) {
+    WriteWholeFile(folder / "map", "old contents");
+    Design.OutputAscii = true;
+    Stage("one ", 2);
+    EXPECT_EQ(ReadWholeFile(folder / "map"), "old contents") << "not whole yet";
+    Design.LobeLast = true;
+    Stage("two", 2);
+    EXPECT_EQ(ReadWholeFile(folder / "map"), "one two");
+}
+
+TEST_F(DrawTarget, CgmAndDxfAreWrittenOnBehindTheirHeader) {
+    for (bool MapDesign::*flag : {&MapDesign::OutputCgm, &MapDesign::OutputDxf}) {
+        Design.*flag = true;
+        BeginExport(folder / "old");
+        WriteExport("header ");
+        CloseExport();
+        Stage("one ");
+        Stage("two");
+        FinishExport(folder / "old");
+        EXPECT_EQ(ReadWholeFile(folder / "old"), "header one two");
+        Design.*flag = false;
+    }
     EXPECT_EQ(Design.OutputFileName, "") << "the header names it";
 }
 
-TEST_F(DrawTarget, DxfIsWrittenOn) {
-    Design.OutputDxf = true;
-    EXPECT_TRUE(OpenExport(1));
-    WriteAndClose();
-    EXPECT_EQ(files.Contents("old"), "before hi");
+TEST_F(DrawTarget, FileWithoutAHeaderIsNotFound) {
+    Design.OutputCgm = true;
+    EXPECT_EQ(ErrorOf([] { OpenExport(1); }), ErrorFileNotFound);
 }
 
 TEST_F(DrawTarget, MetafileOpensNothing) {

@@ -79,6 +79,7 @@ public:
     void Cls() override;
     void SetAutoRedraw(bool on) override { autoRedraw = on; }
     DrawSurface& Surface() override { return surface; }
+    PixelImage CopyPixels() override { return pixels; }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menusEnabled[{menu, index}] = enabled;
     }
@@ -101,6 +102,7 @@ public:
     int refreshes = 0;
     int clears = 0; ///< calls of Cls
     bool autoRedraw = false;
+    PixelImage pixels;        ///< what CopyPixels gives
     RecordingSurface surface; ///< also notes Cls and Refresh among the operations
     std::map<std::pair<Menu, int>, bool> menusEnabled;
     std::map<std::pair<Menu, int>, bool> menusChecked;

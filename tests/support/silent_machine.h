@@ -83,6 +83,7 @@ private:
     void Cls() override {}
     void SetAutoRedraw(bool /*on*/) override {}
     DrawSurface& Surface() override { return surface; }
+    PixelImage CopyPixels() override { return {}; }
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu /*menu*/, int /*index*/, bool /*checked*/) override {}
     bool MenuChecked(Menu /*menu*/, int /*index*/) const override { return false; }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "commandline/draw_options.h"
+
+#include <string>
+
+namespace quelmont {
+
+/// What the ending of the output asks for.
+enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Ascii, Unknown };
+OutputFormat OutputFormatOf(const std::string& name);
+
+/// Arms the export of the output's format for the next draw; the pictures need none. Returns why it
+/// cannot be: a colour that a DXF file has no number for, with the nearest one that it has.
+std::string ArmExport(const std::string& output);
+
+/// The names of the text files that an ASCII export of the design writes: the grid's, then one for
+/// each map file.
+std::vector<std::string> AsciiOutputs(const std::string& output);
+
+} // namespace quelmont

@@ -1,0 +1,348 @@
+#include "output/dxf/dxf_writer.h"
+
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "core/text_encoding.h"
+#include "output/dxf/dxf_color.h"
+#include "output/export_file.h"
+
+#include <array>
+#include <cstdio>
+
+namespace quelmont {
+
+namespace {
+
+/// Bytes of a sequence end: "  0", "SEQEND" and their line ends.
+constexpr std::int64_t SequenceEndLength = 13;
+
+void Group(int code, std::string_view value) {
+    std::array<char, 16> column = {};
+    std::snprintf(column.data(), column.size(), "%3d\r\n", code);
+    WriteExport(std::string(column.data()) + std::string(value) + "\r\n");
+}
+
+void Group(int code, int value) { Group(code, std::to_string(value)); }
+
+/// Up to 15 significant digits, as many as are needed.
+void Group(int code, double value) {
+    std::string text = GeneralText(value);
+    if (text.front() == ' ') {
+        text.erase(0, 1);
+    }
+    const std::size_t front = text.front() == '-' ? 1 : 0;
+    if (text[front] == '.') {
+        text.insert(front, 1, '0');
+    }
+    Group(code, text);
+}
+
+/// A text in ASCII; any other character by its number.
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    for (const char32_t character : Characters(text)) {
+        if (character < 0x80) {
+            escaped += static_cast<char>(character);
+        } else if (character <= 0xFFFF) {
+            std::array<char, 16> number = {};
+            std::snprintf(number.data(), number.size(), "\\U+%04X", static_cast<unsigned>(character));
+            escaped += number.data();
+        } else {
+            escaped += '?';
+        }
+    }
+    return escaped;
+}
+
+struct FixedGroup {
+    int code;
+    const char* value;
+};
+
+// clang-format off
+/// Tables and the empty section of blocks.
+constexpr std::array FixedGroups = std::to_array<FixedGroup>({
+    {0, "ENDSEC"},
+    {0, "SECTION"}, {2, "TABLES"},
+    {0, "TABLE"}, {2, "LTYPE"}, {70, "1"},
+    {0, "LTYPE"}, {2, "CONTINUOUS"}, {70, "64"}, {3, "Solid line"}, {72, "65"}, {73, "0"}, {40, "0"},
+    {0, "ENDTAB"},
+    {0, "TABLE"}, {2, "LAYER"}, {70, "1"},
+    {0, "LAYER"}, {2, "0"}, {70, "0"}, {62, "8"}, {6, "CONTINUOUS"},
+    {0, "ENDTAB"},
+    {0, "TABLE"}, {2, "STYLE"}, {70, "1"},
+    {0, "STYLE"}, {2, "STANDARD"}, {70, "0"}, {40, "0"}, {41, "1"}, {50, "0"}, {71, "0"}, {42, "1"}, {3, "TXT"}, {4, ""},
+    {0, "ENDTAB"},
+    {0, "ENDSEC"},
+    {0, "SECTION"}, {2, "BLOCKS"}, {0, "ENDSEC"},
+    {0, "SECTION"}, {2, "ENTITIES"},
+});
+// clang-format on
+
+void Limits(const char* least, const char* most) {
+    Group(9, least);
+    Group(10, -Design.LogicalMarginX);
+    Group(20, -Design.LogicalMarginY);
+    Group(9, most);
+    Group(10, Design.LogicalWidth + Design.LogicalMarginX);
+    Group(20, Design.LogicalHeight + Design.LogicalMarginY);
+}
+
+} // namespace
+
+// ---- The file
+
+void DxfWriter::Header() {
+    if (!Guarded("DxfHeader", DxfHeader)) {
+        Design.PlotStopReason = "GridDiskError";
+    }
+}
+
+void DxfWriter::DxfHeader() {
+    Design.OutputFileName = Design.DxfFileName;
+    Design.PenColor = Design.GridColor;
+    Design.SymbolRadiusFile = 2;
+    BeginExport(Design.DxfFileName);
+    Group(0, "SECTION");
+    Group(2, "HEADER");
+    Group(999, "Map by QUELMONT, 14 Alder Row, Ostwick, ST  00000, USA.");
+    Group(999, "E-mail: quelmont@example.org");
+    Group(999, "QUELMONT version " + Design.VersionText + " DXF file");
+    Limits("$EXTMIN", "$EXTMAX");
+    Limits("$LIMMIN", "$LIMMAX");
+    for (const FixedGroup& group : FixedGroups) {
+        Group(group.code, group.value);
+    }
+    CloseExport();
+}
+
+void DxfWriter::StartStretch() { PolylineMark = Design.CurrentSymbolType == SymbolLine; }
+
+void DxfWriter::ResetLine() {
+    DxfSeqEndPos = 0;
+    PolylineMark = false;
+    carried = false;
+}
+
+void DxfWriter::Finish() {
+    Guarded("DxfEnd", [this] {
+        ResumeExport(Design.DxfFileName);
+        Design.CurrentSymbolType = SymbolText;
+        for (std::size_t item = 0; item < Design.TextItems.size(); ++item) {
+            Guarded("DxfWrite", [&] { DxfText(item); });
+        }
+        DxfEnd();
+    });
+}
+
+void DxfWriter::DxfEnd() {
+    Group(0, "ENDSEC");
+    Group(0, "EOF");
+    CloseExport();
+    FinishExport(Design.DxfFileName);
+    ResetLine();
+}
+
+// ---- Entities
+
+void DxfWriter::StartEntity(std::string_view name, const std::string& colour) {
+    Group(0, name);
+    Group(8, "0");
+    Group(62, colour);
+}
+
+void DxfWriter::PolylineHead(double width, bool closed) {
+    StartEntity("POLYLINE", DxfColor(Design.PenColor));
+    Group(40, width);
+    Group(41, width);
+    Group(66, "1");
+    if (closed) {
+        Group(70, "1");
+    }
+}
+
+void DxfWriter::Vertex(Place place) {
+    Group(0, "VERTEX");
+    Group(8, "0");
+    Group(10, place.x);
+    Group(20, place.y);
+}
+
+void DxfWriter::SequenceEnd() { Group(0, "SEQEND"); }
+
+void DxfWriter::Stroke(Place from, Place to, double width) {
+    PolylineHead(width, false);
+    Vertex(from);
+    Vertex(to);
+    SequenceEnd();
+}
+
+void DxfWriter::Ring(std::initializer_list<Place> corners, double width) {
+    PolylineHead(width, true);
+    for (const Place& corner : corners) {
+        Vertex(corner);
+    }
+    SequenceEnd();
+}
+
+/// The third and fourth corners are the far edge of a Z.
+void DxfWriter::Solid(std::initializer_list<Place> corners) {
+    StartEntity("SOLID", DxfColor(Design.PenColor));
+    int code = 10;
+    for (const Place& corner : corners) {
+        Group(code, corner.x);
+        Group(code + 10, corner.y);
+        ++code;
+    }
+}
+
+/// Two half circles as one thick closed line: a ring, or a disk when it is as wide as it is large.
+void DxfWriter::Disk(double left, double right, double y, double width) {
+    constexpr const char* halfCircle = "1"; // tangent of a quarter of its angle
+    PolylineHead(width, true);
+    for (const double x : {left, right}) {
+        Vertex({x, y});
+        Group(42, halfCircle);
+    }
+    SequenceEnd();
+}
+
+// ---- Points
+
+void DxfWriter::Point() {
+    Guarded("DxfWrite", [this] { DxfWrite(); });
+}
+
+void DxfWriter::DxfWrite() {
+    if (Design.CurrentSymbolType == SymbolLine) {
+        Chain();
+    } else {
+        Symbol();
+    }
+}
+
+void DxfWriter::Chain() {
+    const LogicalPoint point = LogicalPointOfCell();
+    const Place place = {static_cast<double>(point.x), static_cast<double>(point.y)};
+    const double width = FileLineWidth();
+    if (Design.LineBreakPending) {
+        Design.LineBreakPending = false;
+        PolylineMark = false;
+        Design.PointCount = 0;
+        PolylineHead(width, false);
+        if (carried) {
+            carried = false;
+            Vertex(last);
+            Design.PointCount = 1;
+        }
+    }
+    Vertex(place);
+    last = place;
+    ++Design.PointCount;
+    if (Design.PointCount == Design.MaxChainPoints) {
+        DxfSeqEndPos = ExportLength();
+        SequenceEnd();
+        Design.LineBreakPending = true;
+        carried = true;
+    }
+}
+
+void DxfWriter::Symbol() {
+    const LogicalPoint point = LogicalPointOfCell();
+    const std::int16_t r = Design.SymbolRadiusFile;
+    const double x = point.x;
+    const double y = point.y;
+    const double left = RoundToInt16(x - r);
+    const double right = RoundToInt16(x + r);
+    const double low = RoundToInt16(y - r);
+    const double high = RoundToInt16(y + r);
+    const double base = y - 0.577 * r;
+    const double apex = 1.155 * r + y;
+    const double width = Design.BorderWidthFile;
+    switch (Design.CurrentSymbolType) {
+    case SymbolDot:
+    case SymbolFilledSquare:
+        Solid({{left, low}, {right, low}, {left, high}, {right, high}});
+        break;
+    case SymbolPlus:
+        Stroke({left, y}, {right, y}, width);
+        Stroke({x, low}, {x, high}, width);
+        break;
+    case SymbolCross:
+        Stroke({left, low}, {right, high}, width);
+        Stroke({right, low}, {left, high}, width);
+        break;
+    case SymbolOpenSquare:
+        Ring({{left, low}, {left, high}, {right, high}, {right, low}}, width);
+        break;
+    case SymbolOpenDiamond:
+        Ring({{left, y}, {x, high}, {right, y}, {x, low}}, width);
+        break;
+    case SymbolFilledDiamond:
+        Solid({{left, y}, {x, low}, {x, high}, {right, y}});
+        break;
+    case SymbolOpenTriangle:
+        Ring({{left, base}, {right, base}, {x, apex}}, width);
+        break;
+    case SymbolFilledTriangle:
+        Solid({{left, base}, {right, base}, {x, apex}, {x, apex}});
+        break;
+    case SymbolOpenCircle:
+        if (width == 1.0) {
+            StartEntity("CIRCLE", DxfColor(Design.PenColor));
+            Group(10, x);
+            Group(20, y);
+            Group(40, static_cast<double>(r));
+        } else if (width > 1.0) {
+            Disk(left, right, y, width);
+        }
+        break;
+    case SymbolFilledCircle:
+        Disk(x - r / 2, x + r / 2, y, r);
+        break;
+    default:
+        break;
+    }
+}
+
+void DxfWriter::LineBreak() {
+    if (Design.CurrentSymbolType == SymbolLine && !PolylineMark) {
+        Guarded("DxfPolylineTerminate", [this] { DxfPolylineTerminate(); });
+    }
+}
+
+void DxfWriter::DxfPolylineTerminate() {
+    carried = false;
+    if (Design.LineBreakPending) {
+        return; // no polyline is open
+    }
+    if (Design.PointCount == 1) {
+        Vertex(last);
+        Design.PointCount = 2;
+    }
+    if (ExportLength() != DxfSeqEndPos + SequenceEndLength) {
+        DxfSeqEndPos = ExportLength();
+        SequenceEnd();
+    }
+}
+
+void DxfWriter::DxfText(std::size_t item) {
+    const TextItem& text = Design.TextItems[item];
+    const std::int16_t x = RoundToInt16(Divide(text.TextX, Design.ClientWidth) * Design.LogicalWidth);
+    const std::int16_t y =
+        RoundToInt16(Design.LogicalHeight - (Divide(text.TextY, Design.ClientHeight) * Design.LogicalHeight));
+    const double scale =
+        (Design.TextScalePercent / 100.0) * Divide(Design.LogicalHeight, Design.ClientHeight);
+    StartEntity("TEXT", DxfColor(text.TextColour));
+    Group(10, static_cast<int>(x));
+    Group(20, static_cast<int>(y));
+    Group(40, scale * text.TextHeight);
+    Group(1, Escaped(text.TextString));
+    Group(50, static_cast<int>(text.TextAngle));
+    Group(7, "STANDARD");
+}
+
+} // namespace quelmont

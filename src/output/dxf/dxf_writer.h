@@ -1,0 +1,54 @@
+#pragma once
+
+#include "output/fan_out.h"
+#include "output/logical_point.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace quelmont {
+
+/// Writes a map as a DXF file (release 12) in logical units: groups of a code in three columns and a
+/// value, a line each. Lines are polylines with their width, filled shapes solids or thick arcs.
+///
+/// Each routine shows the box of its own failure and ends; the draw goes on.
+class DxfWriter final : public FileWriter {
+public:
+    void Header() override;
+    void StartStretch() override;
+    void Point() override;
+    void LineBreak() override;
+    void Finish() override;
+    void ResetLine() override;
+
+private:
+    struct Place {
+        double x, y;
+    };
+
+    static void DxfHeader();
+    void DxfWrite();
+    void DxfPolylineTerminate();
+    void DxfEnd();
+    static void DxfText(std::size_t item);
+
+    void Chain();
+    void Symbol();
+    static void StartEntity(std::string_view name, const std::string& colour);
+    static void PolylineHead(double width, bool closed);
+    static void Vertex(Place place);
+    static void SequenceEnd();
+    static void Stroke(Place from, Place to, double width);
+    static void Ring(std::initializer_list<Place> corners, double width);
+    static void Solid(std::initializer_list<Place> corners);
+    static void Disk(double left, double right, double y, double width);
+
+    std::int64_t DxfSeqEndPos = 0; ///< length of the file before the last sequence end
+    bool PolylineMark = false;     ///< a stretch of lines has begun and has no vertex yet
+    bool carried = false;          ///< a full chain's last vertex opens the next one
+    Place last = {0.0, 0.0};
+};
+
+} // namespace quelmont

@@ -1,0 +1,181 @@
+#include "output/export_file.h"
+
+#include "core/file_numbers.h"
+#include "core/replaced_file.h"
+#include "core/run_time_error.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+/// One large write is cheaper than many small ones.
+constexpr std::size_t BlockSize = std::size_t{64} * 1024;
+
+struct BegunFile {
+    std::string target; ///< as the caller names it
+    std::string place;  ///< where that leads to
+    std::unique_ptr<TemporaryFile> temporary;
+    std::int64_t length = 0; ///< collected bytes included
+    bool lost = false;       ///< a write has failed
+};
+
+struct ExportState {
+    std::vector<BegunFile> files;
+    std::size_t open = None; ///< of files
+    std::string collected;   ///< the end of the open file, not yet written
+    static constexpr std::size_t None = static_cast<std::size_t>(-1);
+};
+
+ExportState state;
+
+std::size_t IndexOf(const std::string& target) {
+    const auto found = std::find_if(state.files.begin(), state.files.end(),
+                                    [&](const BegunFile& file) { return file.target == target; });
+    return found == state.files.end() ? ExportState::None
+                                      : static_cast<std::size_t>(found - state.files.begin());
+}
+
+BegunFile& Open() {
+    if (state.open == ExportState::None) {
+        throw RunTimeError(ErrorBadFileNumber);
+    }
+    return state.files[state.open];
+}
+
+/// Does something with the file; a failure makes it lost.
+template <typename Body>
+void OrLose(BegunFile& file, Body&& body) {
+    try {
+        body();
+    } catch (const RunTimeError&) {
+        file.lost = true;
+        state.collected.clear();
+        throw;
+    }
+}
+
+void WriteCollected() {
+    BegunFile& file = Open();
+    if (file.lost || state.collected.empty()) {
+        state.collected.clear();
+        return;
+    }
+    OrLose(file, [] { WriteFile(OutputFileNumber, std::as_bytes(std::span(state.collected))); });
+    state.collected.clear();
+}
+
+} // namespace
+
+void BeginExport(const std::string& target) {
+    BegunFile file;
+    file.target = target;
+    file.place = ReplacedFileName(target);
+    file.temporary = std::make_unique<TemporaryFile>(file.place);
+    OpenFile(OutputFileNumber, file.temporary->Name(), OpenMode::Output);
+    const std::size_t before = IndexOf(target);
+    if (before != ExportState::None) {
+        state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(before));
+    }
+    state.files.push_back(std::move(file));
+    state.open = state.files.size() - 1;
+    state.collected.clear();
+}
+
+bool ExportBegun(const std::string& target) { return IndexOf(target) != ExportState::None; }
+
+void ResumeExport(const std::string& target) {
+    const std::size_t index = IndexOf(target);
+    if (index == ExportState::None) {
+        throw RunTimeError(ErrorFileNotFound);
+    }
+    BegunFile& file = state.files[index];
+    OrLose(file, [&] {
+        OpenFile(OutputFileNumber, file.temporary->Name(), OpenMode::Binary);
+        SeekFile(OutputFileNumber, file.length);
+    });
+    state.open = index;
+    state.collected.clear();
+}
+
+void WriteExport(std::string_view bytes) {
+    BegunFile& file = Open();
+    if (file.lost) {
+        return;
+    }
+    file.length += static_cast<std::int64_t>(bytes.size());
+    state.collected += bytes;
+    if (state.collected.size() >= BlockSize) {
+        WriteCollected();
+    }
+}
+
+std::int64_t ExportLength() { return Open().length; }
+
+void PatchExport(std::int64_t position, std::string_view bytes) {
+    BegunFile& file = Open();
+    if (file.lost) {
+        return;
+    }
+    const std::int64_t written = file.length - static_cast<std::int64_t>(state.collected.size());
+    if (position >= written) {
+        state.collected.replace(static_cast<std::size_t>(position - written), bytes.size(), bytes);
+        return;
+    }
+    WriteCollected();
+    OrLose(file, [&] {
+        SeekFile(OutputFileNumber, position);
+        WriteFile(OutputFileNumber, std::as_bytes(std::span(bytes)));
+        SeekFile(OutputFileNumber, file.length);
+    });
+}
+
+void CloseExport() {
+    if (state.open == ExportState::None) {
+        return;
+    }
+    BegunFile& file = Open();
+    try {
+        WriteCollected();
+        OrLose(file, [] { CloseFile(OutputFileNumber); });
+    } catch (const RunTimeError&) {
+        state.open = ExportState::None;
+        try {
+            CloseFile(OutputFileNumber);
+        } catch (const RunTimeError&) {
+            // The first failure is told.
+        }
+        throw;
+    }
+    state.open = ExportState::None;
+}
+
+void FinishExport(const std::string& target) {
+    const std::size_t index = IndexOf(target);
+    if (index == ExportState::None) {
+        return;
+    }
+    const BegunFile file = std::move(state.files[index]);
+    state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(index));
+    state.open = ExportState::None;
+    if (!file.lost) {
+        file.temporary->MoveTo(file.place);
+    }
+}
+
+void DropExports() {
+    if (state.open != ExportState::None) {
+        try {
+            CloseFile(OutputFileNumber);
+        } catch (const RunTimeError&) {
+            // What could not be written was not wanted any more.
+        }
+    }
+    state = ExportState{};
+}
+
+} // namespace quelmont

@@ -1,0 +1,268 @@
+#include "output/wmf/metafile_recorder.h"
+
+#include "core/standard_colors.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace quelmont {
+
+namespace {
+
+// clang-format off
+constexpr std::uint16_t FunctionEnd             = 0x0000;
+constexpr std::uint16_t FunctionSetBkMode       = 0x0102;
+constexpr std::uint16_t FunctionSetMapMode      = 0x0103;
+constexpr std::uint16_t FunctionSetPolyFillMode = 0x0106;
+constexpr std::uint16_t FunctionSelectObject    = 0x012D;
+constexpr std::uint16_t FunctionDeleteObject    = 0x01F0;
+constexpr std::uint16_t FunctionSetWindowOrg    = 0x020B;
+constexpr std::uint16_t FunctionSetWindowExt    = 0x020C;
+constexpr std::uint16_t FunctionLineTo          = 0x0213;
+constexpr std::uint16_t FunctionMoveTo          = 0x0214;
+constexpr std::uint16_t FunctionCreatePen       = 0x02FA;
+constexpr std::uint16_t FunctionCreateBrush     = 0x02FC;
+constexpr std::uint16_t FunctionPolygon         = 0x0324;
+constexpr std::uint16_t FunctionPolyline        = 0x0325;
+constexpr std::uint16_t FunctionEllipse         = 0x0418;
+constexpr std::uint16_t FunctionRectangle       = 0x041B;
+constexpr std::uint16_t FunctionSetPixel        = 0x041F;
+// clang-format on
+
+/// Of a brush.
+constexpr std::uint16_t StyleSolid = 0;
+constexpr std::uint16_t StyleNull = 1;
+
+/// Stock objects have handles of their own above this.
+constexpr SurfaceHandle StockHandles = 0x80000000U;
+constexpr SurfaceHandle StockWhiteBrush = StockHandles + 0;
+constexpr SurfaceHandle StockBlackPen = StockHandles + 7;
+
+/// Words of a record before its parameters, and of the metafile's header.
+constexpr std::uint32_t RecordHeadWords = 3;
+constexpr std::uint32_t HeaderWords = 9;
+
+std::uint16_t Low(std::uint32_t value) { return static_cast<std::uint16_t>(value & 0xFFFFU); }
+std::uint16_t High(std::uint32_t value) { return static_cast<std::uint16_t>(value >> 16U); }
+std::uint16_t Word(std::int32_t value) { return Low(static_cast<std::uint32_t>(value)); }
+
+void AppendWord(std::string& bytes, std::uint16_t word) {
+    bytes += static_cast<char>(word & 0xFFU);
+    bytes += static_cast<char>(word >> 8U);
+}
+
+bool Fits(std::int32_t value) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    return value >= Limits::min() && value <= Limits::max();
+}
+
+} // namespace
+
+MetafileRecorder::MetafileRecorder() : pen(StockBlackPen), brush(StockWhiteBrush) {}
+
+void MetafileRecorder::RecordWords(std::uint16_t function, const std::vector<std::uint16_t>& words) {
+    const auto length = RecordHeadWords + static_cast<std::uint32_t>(words.size());
+    AppendWord(records, Low(length));
+    AppendWord(records, High(length));
+    AppendWord(records, function);
+    for (const std::uint16_t word : words) {
+        AppendWord(records, word);
+    }
+    largestRecord = std::max(largestRecord, length);
+}
+
+void MetafileRecorder::Record(std::uint16_t function, std::initializer_list<std::int32_t> words) {
+    std::vector<std::uint16_t> parameters;
+    std::transform(words.begin(), words.end(), std::back_inserter(parameters), Word);
+    RecordWords(function, parameters);
+}
+
+bool MetafileRecorder::SetMapMode(int mode) {
+    Record(FunctionSetMapMode, {mode});
+    return true;
+}
+
+bool MetafileRecorder::SetWindowOrgEx(std::int32_t x, std::int32_t y) {
+    if (!Fits(x) || !Fits(y)) {
+        return false;
+    }
+    Record(FunctionSetWindowOrg, {y, x});
+    return true;
+}
+
+bool MetafileRecorder::SetWindowExtEx(std::int32_t x, std::int32_t y) {
+    if (!Fits(x) || !Fits(y)) {
+        return false;
+    }
+    Record(FunctionSetWindowExt, {y, x});
+    return true;
+}
+
+bool MetafileRecorder::SetBkMode(int mode) {
+    Record(FunctionSetBkMode, {mode});
+    return true;
+}
+
+void MetafileRecorder::MoveToEx(std::int32_t x, std::int32_t y) {
+    if (Fits(x) && Fits(y)) {
+        Record(FunctionMoveTo, {y, x});
+    }
+}
+
+void MetafileRecorder::LineTo(std::int32_t x, std::int32_t y) {
+    if (Fits(x) && Fits(y)) {
+        Record(FunctionLineTo, {y, x});
+    }
+}
+
+bool MetafileRecorder::RecordPoints(std::uint16_t function, std::span<const SurfacePoint> points) {
+    if (points.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()) ||
+        std::any_of(points.begin(), points.end(),
+                    [](const SurfacePoint& point) { return !Fits(point.x) || !Fits(point.y); })) {
+        return false;
+    }
+    std::vector<std::uint16_t> words = {static_cast<std::uint16_t>(points.size())};
+    for (const SurfacePoint& point : points) {
+        words.push_back(Word(point.x));
+        words.push_back(Word(point.y));
+    }
+    RecordWords(function, words);
+    return true;
+}
+
+bool MetafileRecorder::Polyline(std::span<const SurfacePoint> points) {
+    return RecordPoints(FunctionPolyline, points);
+}
+
+bool MetafileRecorder::Polygon(std::span<const SurfacePoint> points) {
+    return RecordPoints(FunctionPolygon, points);
+}
+
+bool MetafileRecorder::RecordBox(std::uint16_t function, std::int32_t left, std::int32_t top,
+                                 std::int32_t right, std::int32_t bottom) {
+    if (!Fits(left) || !Fits(top) || !Fits(right) || !Fits(bottom)) {
+        return false;
+    }
+    Record(function, {bottom, right, top, left});
+    return true;
+}
+
+bool MetafileRecorder::Rectangle(std::int32_t left, std::int32_t top, std::int32_t right,
+                                 std::int32_t bottom) {
+    return RecordBox(FunctionRectangle, left, top, right, bottom);
+}
+
+bool MetafileRecorder::Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
+    return RecordBox(FunctionEllipse, left, top, right, bottom);
+}
+
+void MetafileRecorder::SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) {
+    if (Fits(x) && Fits(y)) {
+        RecordWords(FunctionSetPixel, {Low(ColorBits(color)), High(ColorBits(color)), Word(y), Word(x)});
+    }
+}
+
+std::uint16_t MetafileRecorder::TakeSlot() {
+    const auto slot = static_cast<std::size_t>(std::find(slots.begin(), slots.end(), false) - slots.begin());
+    if (slot == slots.size()) {
+        slots.push_back(true);
+    } else {
+        slots[slot] = true;
+    }
+    return static_cast<std::uint16_t>(slot);
+}
+
+SurfaceHandle MetafileRecorder::CreateObject(std::uint16_t function, const std::vector<std::uint16_t>& words,
+                                             bool isPen) {
+    RecordWords(function, words);
+    const SurfaceHandle handle = nextHandle++;
+    objects[handle] = {TakeSlot(), isPen};
+    return handle;
+}
+
+SurfaceHandle MetafileRecorder::CreatePen(int style, std::int32_t width, std::uint32_t color) {
+    if (!Fits(width)) {
+        return 0;
+    }
+    const ColorValue bits = ColorBits(color);
+    return CreateObject(FunctionCreatePen,
+                        {static_cast<std::uint16_t>(style), Word(width), 0, Low(bits), High(bits)}, true);
+}
+
+SurfaceHandle MetafileRecorder::CreateSolidBrush(std::uint32_t color) {
+    const ColorValue bits = ColorBits(color);
+    return CreateObject(FunctionCreateBrush, {StyleSolid, Low(bits), High(bits), 0}, false);
+}
+
+SurfaceHandle MetafileRecorder::GetStockObject(int number) {
+    return number == StockNullBrush ? StockHandles + StockNullBrush : 0;
+}
+
+std::uint16_t MetafileRecorder::SlotOfStock(SurfaceHandle object) {
+    const auto found = stockSlots.find(object);
+    if (found != stockSlots.end()) {
+        return found->second;
+    }
+    if (object == StockBlackPen) {
+        RecordWords(FunctionCreatePen, {PenStyleSolid, 0, 0, 0, 0});
+    } else if (object == StockWhiteBrush) {
+        RecordWords(FunctionCreateBrush, {StyleSolid, Low(ColorMask), High(ColorMask), 0});
+    } else {
+        RecordWords(FunctionCreateBrush, {StyleNull, 0, 0, 0});
+    }
+    return stockSlots[object] = TakeSlot();
+}
+
+SurfaceHandle MetafileRecorder::SelectObject(SurfaceHandle object) {
+    const auto found = objects.find(object);
+    if (found == objects.end() && object < StockHandles) {
+        return 0;
+    }
+    const bool isPen = found != objects.end() ? found->second.isPen : object == StockBlackPen;
+    const std::uint16_t slot = found != objects.end() ? found->second.slot : SlotOfStock(object);
+    RecordWords(FunctionSelectObject, {slot});
+    return std::exchange(isPen ? pen : brush, object);
+}
+
+bool MetafileRecorder::DeleteObject(SurfaceHandle object) {
+    const auto found = objects.find(object);
+    if (found == objects.end() || object == pen || object == brush) {
+        return false;
+    }
+    RecordWords(FunctionDeleteObject, {found->second.slot});
+    slots[found->second.slot] = false;
+    objects.erase(found);
+    return true;
+}
+
+int MetafileRecorder::SetPolyFillMode(int mode) {
+    Record(FunctionSetPolyFillMode, {mode});
+    return std::exchange(fillMode, mode);
+}
+
+std::string MetafileRecorder::Bits() const {
+    constexpr std::uint16_t inMemory = 1;
+    constexpr std::uint16_t version = 0x0300;
+    const std::uint32_t words =
+        HeaderWords + static_cast<std::uint32_t>(records.size() / 2) + RecordHeadWords;
+    std::string bits;
+    AppendWord(bits, inMemory);
+    AppendWord(bits, static_cast<std::uint16_t>(HeaderWords));
+    AppendWord(bits, version);
+    AppendWord(bits, Low(words));
+    AppendWord(bits, High(words));
+    AppendWord(bits, static_cast<std::uint16_t>(slots.size()));
+    const std::uint32_t largest = std::max(largestRecord, RecordHeadWords);
+    AppendWord(bits, Low(largest));
+    AppendWord(bits, High(largest));
+    AppendWord(bits, 0);
+    bits += records;
+    AppendWord(bits, static_cast<std::uint16_t>(RecordHeadWords));
+    AppendWord(bits, 0);
+    AppendWord(bits, FunctionEnd);
+    return bits;
+}
+
+} // namespace quelmont

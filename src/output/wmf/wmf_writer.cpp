@@ -1,0 +1,240 @@
+#include "output/wmf/wmf_writer.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "output/export_file.h"
+#include "output/logical_point.h"
+#include "output/scale_screen.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace quelmont {
+
+namespace {
+
+constexpr std::uint16_t KeyLow = 0xCDD7;
+constexpr std::uint16_t KeyHigh = 0x9AC6;
+constexpr std::uint16_t UnitsPerInch = 6000;
+
+void Report(bool done, std::string_view operation, std::string_view routine) {
+    if (!done) {
+        ShowApiErrorBox(std::string(operation) + " error in " + std::string(routine));
+    }
+}
+
+bool IsFilled(std::int16_t type) {
+    return type == SymbolDot || type == SymbolFilledSquare || type == SymbolFilledDiamond ||
+           type == SymbolFilledTriangle || type == SymbolFilledCircle;
+}
+
+/// The 22 bytes before the metafile. The checksum leaves out the left and the upper edge: they are
+/// equal, and would cancel each other.
+std::string PlaceableHeader() {
+    const auto word = [](std::int32_t value) { return static_cast<std::uint16_t>(RoundToInt16(value)); };
+    const std::uint16_t left = word(-Design.LogicalMarginX);
+    const std::uint16_t top = word(-Design.LogicalMarginY);
+    const std::uint16_t right = word(Design.LogicalWidth + Design.LogicalMarginX);
+    const std::uint16_t bottom = word(Design.LogicalHeight + Design.LogicalMarginY);
+    const auto checksum = static_cast<std::uint16_t>((KeyLow ^ KeyHigh) ^ right ^ bottom ^ UnitsPerInch);
+    const std::array<std::uint16_t, 11> words = {KeyLow, KeyHigh,      0, left, top,     right,
+                                                 bottom, UnitsPerInch, 0, 0,    checksum};
+    std::string header;
+    for (const std::uint16_t value : words) {
+        header += static_cast<char>(value & 0xFFU);
+        header += static_cast<char>(value >> 8U);
+    }
+    return header;
+}
+
+} // namespace
+
+// ---- The recording
+
+void WmfWriter::Arm() {
+    constexpr std::string_view routine = "mnuInput_Click";
+    WmfSurface = std::make_unique<MetafileRecorder>();
+    WmfPen = 0;
+    WmfBrush = 0;
+    ScaleScreen();
+    Report(WmfSurface->SetMapMode(MetafileRecorder::MapAnisotropic), "SetMapMode", routine);
+    Report(WmfSurface->SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
+           "SetWindowOrgEx", routine);
+    Report(WmfSurface->SetWindowExtEx(Design.LogicalWidth + 2 * Design.LogicalMarginX,
+                                      -(Design.LogicalHeight + 2 * Design.LogicalMarginY)),
+           "SetWindowExtEx", routine);
+    WmfSurface->SetBkMode(MetafileRecorder::BackgroundTransparent);
+    Design.PenWidth = 1;
+}
+
+void WmfWriter::Header() {
+    Design.OutputFileName = Design.WmfFileName;
+    Design.SymbolRadiusFile = 2;
+}
+
+void WmfWriter::ResetLine() {
+    WmfPoints.clear();
+    carried = false;
+}
+
+void WmfWriter::Finish() {
+    Guarded("SaveMetafileToDisk", [this] { SaveMetafileToDisk(); });
+    WmfSurface.reset();
+    ResetLine();
+}
+
+void WmfWriter::SaveMetafileToDisk() {
+    BeginExport(Design.WmfFileName);
+    WriteExport(PlaceableHeader());
+    bool written = true;
+    try {
+        WriteExport(WmfSurface->Bits());
+        CloseExport();
+    } catch (const RunTimeError&) {
+        written = false;
+    }
+    Report(written, "hwrite", "SaveMetafileToDisk");
+    FinishExport(Design.WmfFileName);
+}
+
+// ---- Lines
+
+void WmfWriter::Point() {
+    Guarded("WmfWrite", [this] { WmfWrite(); });
+}
+
+void WmfWriter::ChainPoint(SurfacePoint point) {
+    if (Design.LineBreakPending) {
+        Design.LineBreakPending = false;
+        WmfPoints.clear();
+        if (std::exchange(carried, false)) {
+            WmfPoints.push_back(last);
+        }
+    }
+    WmfPoints.push_back(point);
+    last = point;
+    Design.PointCount = static_cast<std::int32_t>(WmfPoints.size());
+    WmfPenColor = Design.PenColor;
+    WmfPenWidth = RoundToInt32(FileLineWidth());
+    if (Design.PointCount == Design.MaxChainPoints) {
+        FlushChain();
+        Design.LineBreakPending = true;
+        carried = true;
+    }
+}
+
+void WmfWriter::LineBreak() {
+    if (Design.CurrentSymbolType == SymbolLine) {
+        carried = false;
+        FlushChain();
+    }
+}
+
+void WmfWriter::FlushChain() {
+    constexpr std::string_view routine = "PrintLineBrkDisk";
+    if (WmfPoints.empty()) {
+        return;
+    }
+    if (WmfPoints.size() == 1) {
+        WmfPoints.push_back(WmfPoints.front()); // a lone point must leave a mark too
+        Design.PointCount = 2;
+    }
+    const SurfaceHandle made = WmfSurface->CreatePen(PenStyleSolid, WmfPenWidth, ColorBits(WmfPenColor));
+    Report(made != 0, "CreatePen(1)", routine);
+    const SurfaceHandle before = made == 0 ? 0 : WmfSurface->SelectObject(made);
+    Report(WmfSurface->Polyline(WmfPoints), "Polyline(1)", routine);
+    if (made != 0) {
+        WmfSurface->SelectObject(before);
+        Report(WmfSurface->DeleteObject(made), "DeleteObject(2)", routine);
+    }
+    WmfPoints.clear();
+}
+
+// ---- Symbols
+
+void WmfWriter::WmfWrite() {
+    const LogicalPoint point = LogicalPointOfCell();
+    if (Design.CurrentSymbolType == SymbolLine) {
+        ChainPoint({point.x, point.y});
+        return;
+    }
+    const double r = Design.SymbolRadiusFile;
+    DrawWmfSymbol({.centre = {point.x, point.y},
+                   .left = RoundToInt16(point.x - r),
+                   .right = RoundToInt16(point.x + r),
+                   .low = RoundToInt16(point.y - r),
+                   .high = RoundToInt16(point.y + r),
+                   .base = RoundToInt32(point.y - 0.577 * r),
+                   .apex = RoundToInt32(1.155 * r + point.y)});
+}
+
+void WmfWriter::DrawWmfSymbol(const Symbol& symbol) {
+    constexpr std::string_view routine = "WmfWrite";
+    MetafileRecorder& surface = *WmfSurface;
+    const bool filled = IsFilled(Design.CurrentSymbolType);
+    WmfPen = surface.CreatePen(PenStyleSolid, Design.BorderWidthFile, ColorBits(Design.PenColor));
+    Report(WmfPen != 0, "CreatePen(1)", routine);
+    const SurfaceHandle penBefore = WmfPen == 0 ? 0 : surface.SelectObject(WmfPen);
+    WmfBrush = filled ? surface.CreateSolidBrush(ColorBits(Design.PenColor)) : 0;
+    Report(!filled || WmfBrush != 0, "CreateSolidBrush(1)", routine);
+    const SurfaceHandle brushBefore =
+        surface.SelectObject(WmfBrush != 0 ? WmfBrush : surface.GetStockObject(StockNullBrush));
+    const int modeBefore = surface.SetPolyFillMode(FillAlternate);
+    Report(modeBefore != 0, "SetPolyFillMode(1)", routine);
+    Shape(symbol);
+    if (WmfPen != 0) {
+        surface.SelectObject(penBefore);
+        Report(surface.DeleteObject(WmfPen), "DeleteObject(3)", routine);
+        WmfPen = 0;
+    }
+    Report(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2)", routine);
+    surface.SelectObject(brushBefore);
+    if (WmfBrush != 0) {
+        Report(surface.DeleteObject(WmfBrush), "DeleteObject(4)", routine);
+        WmfBrush = 0;
+    }
+}
+
+void WmfWriter::Shape(const Symbol& s) {
+    constexpr std::string_view routine = "WmfWrite";
+    MetafileRecorder& surface = *WmfSurface;
+    const auto polyline = [&](const std::vector<SurfacePoint>& points, std::string_view name) {
+        Report(surface.Polyline(points), name, routine);
+    };
+    const auto polygon = [&](const std::vector<SurfacePoint>& points, std::string_view name) {
+        Report(surface.Polygon(points), name, routine);
+    };
+    const auto [x, y] = s.centre;
+    switch (Design.CurrentSymbolType) {
+    case SymbolPlus:
+        polyline({{s.left, y}, {s.right, y}, {x, y}, {x, s.low}, {x, s.high}}, "Polyline(1)");
+        break;
+    case SymbolCross:
+        polyline({{s.left, s.low}, {s.right, s.high}, {x, y}, {s.right, s.low}, {s.left, s.high}},
+                 "Polyline(2)");
+        break;
+    case SymbolDot:
+    case SymbolOpenSquare:
+    case SymbolFilledSquare:
+        Report(surface.Rectangle(s.left, s.low, s.right, s.high), "Rectangle(1)", routine);
+        break;
+    case SymbolOpenDiamond:
+    case SymbolFilledDiamond:
+        polygon({{s.left, y}, {x, s.high}, {s.right, y}, {x, s.low}}, "Polygon(2)");
+        break;
+    case SymbolOpenTriangle:
+    case SymbolFilledTriangle:
+        polygon({{s.left, s.base}, {s.right, s.base}, {x, s.apex}}, "Polygon(3)");
+        break;
+    case SymbolOpenCircle:
+    case SymbolFilledCircle:
+        Report(surface.Ellipse(s.left, s.low, s.right, s.high), "Ellipse(1)", routine);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace quelmont
