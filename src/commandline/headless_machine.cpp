@@ -37,7 +37,7 @@ float HeadlessScreen::TwipsPerPixelY() const { return static_cast<float>(TwipsPe
 
 HeadlessMachine::HeadlessMachine(SurfacePoint windowSize, SurfacePoint fullScreen, std::ostream& stream)
     : boxes(stream), window(windowSize), screen(fullScreen), before(Machine()) {
-    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help, &fileDialogs};
 }
 
 HeadlessMachine::~HeadlessMachine() { Machine() = before; }

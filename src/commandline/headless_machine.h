@@ -95,6 +95,12 @@ public:
     void Show(int /*command*/, int /*context*/) override {}
 };
 
+class HeadlessFileDialogs final : public FileDialogs {
+public:
+    /// Always cancelled.
+    FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
+};
+
 /// The parts together: in Machine() as long as it lives.
 class HeadlessMachine {
 public:
@@ -113,6 +119,7 @@ public:
     SystemClock clock;
     HeadlessPrinters printers;
     HeadlessHelp help;
+    HeadlessFileDialogs fileDialogs;
 
 private:
     MachineInterfaces before;

@@ -29,6 +29,15 @@ FileNameParts ParseFileName(std::string_view FileName) {
             std::string(FileName.substr(separator + 1))};
 }
 
+std::string ParseFileName(std::string_view FileName, FileDialogRequest& SetDialog) {
+    const FileNameParts parts = ParseFileName(FileName);
+    SetDialog.name = parts.title;
+    if (!parts.folder.empty()) {
+        SetDialog.folder = parts.folder;
+    }
+    return parts.title;
+}
+
 std::string InFolder(std::string_view folder, std::string_view title) {
     std::string name(folder);
     if (!name.empty() && Separators.find(name.back()) == std::string_view::npos) {
@@ -36,6 +45,19 @@ std::string InFolder(std::string_view folder, std::string_view title) {
     }
     name += title;
     return name;
+}
+
+std::string ElidedName(std::string_view name, const std::function<bool(std::string_view)>& fits) {
+    constexpr std::string_view dots = "...";
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    std::string shown(name);
+    while (!name.empty() && !fits(shown)) {
+        do {
+            name.remove_prefix(1);
+        } while (!name.empty() && continues(name.front()));
+        shown = std::string(dots) += name;
+    }
+    return shown;
 }
 
 } // namespace quelmont

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/file_dialogs.h"
+
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -22,8 +25,17 @@ struct FileNameParts {
 /// Splits a full name at the last separator.
 FileNameParts ParseFileName(std::string_view FileName);
 
+/// The same for a file dialog: proposes the name's title there and lets the dialog start in the
+/// name's folder, unless that is empty. Returns the title.
+std::string ParseFileName(std::string_view FileName, FileDialogRequest& SetDialog);
+
 /// A name inside a folder; a separator is put between them unless the folder ends in one or is
 /// empty.
 std::string InFolder(std::string_view folder, std::string_view title);
+
+/// A name that is too long for its place keeps its end: characters are dropped from its front, behind
+/// "...", until it fits, or nothing but "..." is left. A name that fits stays as it is. UTF-8; no
+/// character is cut in two.
+std::string ElidedName(std::string_view name, const std::function<bool(std::string_view)>& fits);
 
 } // namespace quelmont

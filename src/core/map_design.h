@@ -253,7 +253,8 @@ struct MapDesign {
     bool BoundsChanged = false;   ///< a boundary dialog changed what the map shows
     DrawStatistics Statistics;    ///< of the last draw
 
-    // ---- Places. Written at start-up. Folders end in a separator.
+    // ---- Places. Written at start-up. Folders end in a separator. The map file chosen last is the
+    // one with which the next file dialog starts.
     std::string VersionText, AppPath, HelpFile, MapFileDefault;
 };
 

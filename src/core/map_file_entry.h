@@ -29,6 +29,16 @@ enum SymbolType : std::int16_t {
     SymbolText = 99,
 };
 
+/// The twelve that a file can have.
+constexpr std::int16_t SymbolTypes = 12;
+
+/// Symbols drawn by strokes or outlines, whose pen has a width of its own.
+constexpr bool HasBorder(std::int16_t symbolType) {
+    return symbolType == SymbolPlus || symbolType == SymbolCross || symbolType == SymbolOpenSquare ||
+           symbolType == SymbolOpenDiamond || symbolType == SymbolOpenTriangle ||
+           symbolType == SymbolOpenCircle;
+}
+
 /// How one feature of a map file is drawn. Sizes in twips.
 struct FeatureStyle {
     bool Shown = false;

@@ -27,9 +27,9 @@ void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
 
 } // namespace
 
-Desktop::Desktop() : boxes(window), forms(window), screen(window) {
+Desktop::Desktop() : boxes(window), forms(window), screen(window), fileDialogs(window) {
     InitialiseResources();
-    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help, &fileDialogs};
 }
 
 Desktop::~Desktop() { Machine() = {}; }

@@ -3,6 +3,7 @@
 #include "desktop/desktop_machine.h"
 #include "desktop/desktop_window.h"
 #include "desktop/dialogs.h"
+#include "desktop/file_dialogs.h"
 
 namespace quelmont {
 
@@ -30,6 +31,7 @@ private:
     DesktopClock clock;
     DesktopPrinters printers;
     DesktopHelp help;
+    DesktopFileDialogs fileDialogs;
 };
 
 /// The whole program, from its command line to its exit code. Without a display: one line on

@@ -23,6 +23,11 @@ void LayOutColors(FormView& view);
 void LayOutLineWidths(FormView& view);
 void LayOutTextScale(FormView& view);
 
+// The list of map files.
+void LayOutFileList(FormView& view);
+void LayOutFileParameters(FormView& view);
+void LayOutSymbolSize(FormView& view);
+
 void LayOutAbout(FormView& view);
 
 } // namespace quelmont

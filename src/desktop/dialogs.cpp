@@ -20,20 +20,23 @@ struct DialogEntry {
 
 // clang-format off
 constexpr std::array Dialogs = std::to_array<DialogEntry>({
-    {"AboutQMNT",       LayOutAbout},
-    {"Colors256",       LayOutColors},
-    {"LatLonBounds",    LayOutBounds},
-    {"LatLonBoundsAz",  LayOutAzimuthalBounds},
-    {"LatLonBoundsVp",  LayOutPerspectiveBounds},
-    {"LatLonInterrupt", LayOutInterruptions},
-    {"LatLonStdPar",    LayOutStandardParallels},
-    {"LineWidthScale",  LayOutLineWidths},
-    {"MapReduce",       LayOutMapSize},
-    {"SelectGridType",  LayOutGridType},
-    {"UtmCoords",       LayOutUtmBounds},
-    {"UtmParameters",   LayOutUtmParameters},
-    {"UtmSpheroid",     LayOutUtmSpheroid},
-    {"VectorScale",     LayOutTextScale},
+    {"AboutQMNT",        LayOutAbout},
+    {"Colors256",        LayOutColors},
+    {"InputFileChoices", LayOutFileList},
+    {"InputFileParams",  LayOutFileParameters},
+    {"LatLonBounds",     LayOutBounds},
+    {"LatLonBoundsAz",   LayOutAzimuthalBounds},
+    {"LatLonBoundsVp",   LayOutPerspectiveBounds},
+    {"LatLonInterrupt",  LayOutInterruptions},
+    {"LatLonStdPar",     LayOutStandardParallels},
+    {"LineWidthScale",   LayOutLineWidths},
+    {"MapReduce",        LayOutMapSize},
+    {"SelectGridType",   LayOutGridType},
+    {"SymbolSizeSpin",   LayOutSymbolSize},
+    {"UtmCoords",        LayOutUtmBounds},
+    {"UtmParameters",    LayOutUtmParameters},
+    {"UtmSpheroid",      LayOutUtmSpheroid},
+    {"VectorScale",      LayOutTextScale},
 });
 // clang-format on
 

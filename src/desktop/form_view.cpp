@@ -182,8 +182,8 @@ QListWidget* FormView::AddList(std::string_view name) {
             form.Choose(own, line);
         }
     });
-    connect(list, &QListWidget::itemDoubleClicked, this, [this] {
-        form.PressDefault();
+    connect(list, &QListWidget::itemDoubleClicked, this, [this, own = std::string(name)] {
+        form.DoubleClick(own);
         FollowFocus();
     });
     return list;
@@ -193,6 +193,19 @@ QWidget* FormView::AddPalette(std::string_view name) {
     const std::string own(name);
     auto* grid = new PaletteGrid([this, own](int cell) { form.Hover(own, cell); },
                                  [this, own](int cell) { form.Choose(own, cell); }, this);
+    grid->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    Bind(name, grid, [grid](const Control& control) { grid->Show(control); });
+    return grid;
+}
+
+GridTable* FormView::AddGrid(std::string_view name, GridTable::Painter painter) {
+    const std::string own(name);
+    const auto pressed = [this, own](int cell) {
+        form.Choose(own, cell);
+        FollowFocus();
+    };
+    auto* grid =
+        new GridTable([this, own](int cell) { form.MoveTo(own, cell); }, pressed, std::move(painter), this);
     grid->setAccessibleName(Spoken(Text(form.At(name).caption)));
     Bind(name, grid, [grid](const Control& control) { grid->Show(control); });
     return grid;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/grid_table.h"
 #include "platform/form.h"
 
 #include <QDialog>
@@ -54,6 +55,7 @@ public:
     QSpinBox* AddSpin(std::string_view name);
     QListWidget* AddList(std::string_view name);
     QWidget* AddPalette(std::string_view name);
+    GridTable* AddGrid(std::string_view name, GridTable::Painter painter);
     /// The label with a field's caption; its mnemonic leads to the field, which is called by it.
     QLabel* CaptionOf(QWidget* field);
     /// The widget of a field, by its kind.

@@ -10,6 +10,7 @@
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/map_reduce.h"
+#include "mapinput/input_file_choices.h"
 #include "output/line_width_scale.h"
 #include "pickers/colors256.h"
 #include "platform/machine.h"
@@ -25,6 +26,7 @@ constexpr int FileTitle = 0;
 constexpr int DrawItem = 3;
 constexpr int StopItem = 5;
 // Of the File menu.
+constexpr int OpenMapFileItem = 0;
 constexpr int PrintMapItem = 2;
 constexpr int PrintSetupItem = 3;
 constexpr int ExitItem = 17;
@@ -98,7 +100,9 @@ void mnuBar_Click(int Index) {
 
 void mnuInput_Click(int Index) {
     MarkMenuItem(Menu::mnuInput, Index);
-    if (Index == ExitItem) {
+    if (Index == OpenMapFileItem) {
+        ShowDialog<InputFileChoices>();
+    } else if (Index == ExitItem) {
         Machine().window->Close();
     }
 }

@@ -19,7 +19,7 @@ constexpr std::array BarMenu = {
 };
 
 constexpr std::array InputMenu = {
-    MenuEntry{ 0, "&Open Digital Map File",      false},
+    MenuEntry{ 0, "&Open Digital Map File",      true },
     MenuEntry{ 1, "",                            true },
     MenuEntry{ 2, "&Print Map",                  false},
     MenuEntry{ 3, "Print Set&up",                false},

@@ -25,10 +25,6 @@ constexpr std::array Formats = std::to_array<FormatRows>({
 });
 // clang-format on
 
-constexpr double LinePixels = 1.0;
-constexpr double SymbolPixels = 3.0;
-constexpr double BorderPixels = 1.0;
-
 std::int16_t Twips(double pixels) { return RoundToInt16(pixels * Design.TwipsPerPixelY); }
 
 } // namespace

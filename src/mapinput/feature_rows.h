@@ -181,6 +181,11 @@ static_assert(WholeFile.size() == 1);
 
 } // namespace feature_rows
 
+// Sizes proposed for a new file, in pixels.
+constexpr double LinePixels = 1.0;
+constexpr double SymbolPixels = 3.0; ///< radius
+constexpr double BorderPixels = 1.0;
+
 /// The rows of a file, by the last three letters of its name in any case.
 std::span<const FeatureRow> FeatureRows(std::string_view fileName);
 

@@ -13,21 +13,6 @@ namespace {
 
 constexpr const char* Routine = "MapPlot";
 
-/// Symbols whose pen draws an outline of its own width.
-bool HasBorder(std::int16_t symbolType) {
-    switch (symbolType) {
-    case SymbolPlus:
-    case SymbolCross:
-    case SymbolOpenSquare:
-    case SymbolOpenDiamond:
-    case SymbolOpenTriangle:
-    case SymbolOpenCircle:
-        return true;
-    default:
-        return false;
-    }
-}
-
 } // namespace
 
 void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites) {

@@ -19,6 +19,11 @@ constexpr std::array<std::string_view, 15> RampNames = {
     "azure", "blue", "violet", "magenta", "rose",         "brown", "dull hue",
 };
 
+std::string PartsInWords(ColorValue color) {
+    return "red " + std::to_string(color & 0xFFU) + ", green " + std::to_string(color >> 8U & 0xFFU) +
+           ", blue " + std::to_string(color >> 16U & 0xFFU);
+}
+
 } // namespace
 
 int CellOfColor(ColorValue color, int preferred) {
@@ -41,9 +46,12 @@ std::string CellInWords(std::size_t cell) {
     const std::string name =
         row == 0 ? std::string(StandardNames[column])
                  : std::string(RampNames[row - 1]) + " " + std::to_string(column + 1) + " of 16";
-    const std::uint32_t value = ColorTable[cell];
-    return name + ": red " + std::to_string(value >> 16U & 0xFFU) + ", green " +
-           std::to_string(value >> 8U & 0xFFU) + ", blue " + std::to_string(value & 0xFFU);
+    return name + ": " + PartsInWords(ColorOfCell(cell));
+}
+
+std::string ColorInWords(ColorValue color) {
+    const int cell = CellOfColor(color, -1);
+    return cell < 0 ? PartsInWords(color) : CellInWords(static_cast<std::size_t>(cell));
 }
 
 } // namespace quelmont

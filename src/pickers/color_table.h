@@ -59,6 +59,9 @@ constexpr ColorValue ColorOfCell(std::size_t cell) { return FromRedGreenBlue(Col
 /// none does. Some colours stand in several cells.
 int CellOfColor(ColorValue color, int preferred);
 
+/// A colour in words that can be read out: those of its cell, or its parts when none shows it.
+std::string ColorInWords(ColorValue color);
+
 /// A cell in words that can be read out: its colour's name, its place in a ramp, its parts.
 std::string CellInWords(std::size_t cell);
 

@@ -16,6 +16,22 @@ std::string Masked(std::string_view mask, std::string_view text) {
     return masked.Text();
 }
 
+/// How many lines or cells can be chosen in a control.
+std::size_t Choices(const Control& control) {
+    switch (control.kind) {
+    case ControlKind::List:
+        return control.items.size();
+    case ControlKind::Grid:
+        return control.cells.size();
+    default:
+        return control.colors.size();
+    }
+}
+
+bool HasChoice(const Control& control, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < Choices(control);
+}
+
 } // namespace
 
 Form::Form(std::string className, std::string caption)
@@ -46,6 +62,10 @@ Control& Form::Add(Control control) {
 
 void Form::On(std::string_view name, ControlEvent event, std::function<void()> handler) {
     handlers[{std::string(name), event}] = std::move(handler);
+}
+
+bool Form::Handles(std::string_view name, ControlEvent event) const {
+    return handlers.contains({std::string(name), event});
 }
 
 void Form::Run(std::string_view name, ControlEvent event) {
@@ -142,14 +162,41 @@ void Form::Choose(std::string_view name, int index) {
         }
         control.value = 1;
     } else {
-        const std::size_t count =
-            control.kind == ControlKind::List ? control.items.size() : control.colors.size();
-        if (index < 0 || static_cast<std::size_t>(index) >= count) {
+        if (!HasChoice(control, index)) {
             return;
         }
         control.value = index;
     }
     Run(name, ControlEvent::Click);
+    GiveWantedFocus();
+}
+
+void Form::DoubleClick(std::string_view name) {
+    if (!Handles(name, ControlEvent::DoubleClick)) {
+        PressDefault();
+    } else if (!closed && At(name).enabled) {
+        Run(name, ControlEvent::DoubleClick);
+        GiveWantedFocus();
+    }
+}
+
+void Form::MoveTo(std::string_view name, int cell) {
+    Control& control = Edit(name);
+    if (!closed && control.enabled && cell != control.value && HasChoice(control, cell)) {
+        control.value = cell;
+        Run(name, ControlEvent::Change);
+        GiveWantedFocus();
+    }
+}
+
+void Form::Drop(std::string_view name, int line, std::vector<std::string> files) {
+    Control& control = Edit(name);
+    if (closed || !control.enabled || files.empty()) {
+        return;
+    }
+    control.value = HasChoice(control, line) ? line : static_cast<int>(control.items.size()) - 1;
+    control.dropped = std::move(files);
+    Run(name, ControlEvent::Drop);
     GiveWantedFocus();
 }
 

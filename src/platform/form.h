@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,15 +21,28 @@ enum class ControlKind {
     Option,  ///< one of those in its frame is chosen
     List,    ///< lines, of which one is selected
     Palette, ///< cells of colours in rows
+    Grid,    ///< a table of cells under headings, of which one is current
     Button,
 };
 
 enum class ControlEvent {
-    Click,     ///< a button or an option was pressed, a line of a list or a colour chosen
-    Change,    ///< a text or a number became another
-    MouseMove, ///< another cell of a palette is under the mouse, or none
+    Click,       ///< a button, an option or a grid's cell was pressed, a line of a list or a colour chosen
+    DoubleClick, ///< a line of a list was
+    Change,      ///< a text or a number became another, another cell of a grid the current one
+    MouseMove,   ///< another cell of a palette is under the mouse, or none
+    Drop,        ///< files were dropped on a list
     GotFocus,
     LostFocus,
+};
+
+/// A cell of a grid.
+struct GridCell {
+    std::string text = {};
+    std::uint32_t textColor = 0;             ///< 0x00BBGGRR; 0 is the colour of the window's texts
+    std::optional<std::uint32_t> color = {}; ///< the cell shows this colour, 0x00BBGGRR
+    int picture = 0;                         ///< the cell shows a picture of that number; 0 none
+    std::string words = {};                  ///< read out in place of the text; empty: the text is
+    bool operator==(const GridCell&) const = default;
 };
 
 /// One control of a dialog as plain values; which of them mean something depends on the kind.
@@ -38,17 +52,19 @@ struct Control {
     std::string text = {};    ///< what a label, a button, an option, an edit says; "&" before a mnemonic.
                               ///< Of a palette: the cell under the mouse, in words
     std::string caption = {}; ///< of the label beside a field; "&" before the mnemonic
-    int value = 0;            ///< a spin's number, a list's line or a palette's cell (from 0, -1 none);
-                              ///< 1 for the option chosen
+    int value = 0;            ///< a spin's number, a list's line, a palette's or a grid's cell (from 0,
+                              ///< row by row, -1 none); 1 for the option chosen
     int minimum = 0;          ///< of a spin
     int maximum = 0;
     bool enabled = true;
     std::string mask = {};                  ///< of an edit
     std::string frame = {};                 ///< of an option: the frame it stands in
-    std::vector<std::string> items = {};    ///< a list's lines
+    std::vector<std::string> items = {};    ///< a list's lines, a grid's headings
     std::vector<std::uint32_t> colors = {}; ///< a palette's cells, 0x00BBGGRR; a button's swatch
-    int columns = 0;                        ///< of a palette
+    int columns = 0;                        ///< of a palette or a grid
     int marked = -1;                        ///< the palette's cell in use, -1 none
+    std::vector<GridCell> cells = {};       ///< a grid's, row by row
+    std::vector<std::string> dropped = {};  ///< the files dropped on a list last, full names
 };
 
 /// A modal dialog without a picture: its controls, the handlers of their events, and the focus.
@@ -87,9 +103,16 @@ public:
     void Spin(std::string_view name, int value);
     /// Leaves a text in an edit, in its mask's columns, and runs its Change.
     void Type(std::string_view name, std::string_view text);
-    /// Chooses a line of a list, an option, a cell of a palette, and runs its Click. A line or cell
-    /// that is not there is ignored.
+    /// Chooses a line of a list, an option, a cell of a palette or of a grid, and runs its Click. A
+    /// line or cell that is not there is ignored.
     void Choose(std::string_view name, int index = 1);
+    /// Runs the DoubleClick of a list, or presses the default button when it has none.
+    void DoubleClick(std::string_view name);
+    /// Makes a cell of a grid the current one, and runs its Change if it was not. One that is not
+    /// there is ignored.
+    void MoveTo(std::string_view name, int cell);
+    /// Drops files on a line of a list, the last one if there is no such line, and runs its Drop.
+    void Drop(std::string_view name, int line, std::vector<std::string> files);
     /// Moves the mouse over a cell of a palette, -1 for none.
     void Hover(std::string_view name, int cell);
     void PressF1() const;
@@ -115,6 +138,7 @@ protected:
     virtual void Handle(const std::function<void()>& handler) { handler(); }
 
 private:
+    bool Handles(std::string_view name, ControlEvent event) const;
     void Run(std::string_view name, ControlEvent event);
     /// Lets a handler's call for the focus count.
     void GiveWantedFocus();

@@ -2,6 +2,7 @@
 
 #include "platform/boxes.h"
 #include "platform/draw_surface.h"
+#include "platform/file_dialogs.h"
 #include "platform/form.h"
 #include "platform/main_window.h"
 #include "platform/system.h"
@@ -20,6 +21,7 @@ struct MachineInterfaces {
     Clock* clock = nullptr;
     Printers* printers = nullptr;
     Help* help = nullptr;
+    FileDialogs* fileDialogs = nullptr;
 };
 
 /// The process-wide machine.

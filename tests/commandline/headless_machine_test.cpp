@@ -42,6 +42,12 @@ TEST_F(Headless, FormsAreCancelled) {
     EXPECT_TRUE(form.Closed());
 }
 
+TEST_F(Headless, FileDialogsAreCancelled) {
+    const FileDialogAnswer answer = Machine().fileDialogs->Open({.title = "A title"});
+    EXPECT_EQ(answer.error, FileDialogCancelled);
+    EXPECT_TRUE(answer.names.empty());
+}
+
 TEST_F(Headless, WindowIsItsPicture) {
     EXPECT_EQ(Machine().window->ScaleWidth(), 600.0);
     EXPECT_EQ(Machine().window->ScaleHeight(), 450.0);

@@ -41,6 +41,38 @@ TEST(FileNames, RootIsAFolder) {
     EXPECT_EQ(ParseFileName("/world.map").title, "world.map");
 }
 
+TEST(FileNames, FileDialogIsPresetWithTitleAndFolder) {
+    FileDialogRequest request;
+    EXPECT_EQ(ParseFileName("/home/user/world.map", request), "world.map");
+    EXPECT_EQ(request.name, "world.map");
+    EXPECT_EQ(request.folder, "/home/user");
+    EXPECT_EQ(ParseFileName("C:\\maps\\other.pkv", request), "other.pkv");
+    EXPECT_EQ(request.folder, "C:\\maps");
+    EXPECT_EQ(ParseFileName("alone.map", request), "alone.map");
+    EXPECT_EQ(request.name, "alone.map");
+    EXPECT_EQ(request.folder, "C:\\maps") << "a name without a folder leaves the dialog's";
+}
+
+/// Fits what has at most that many bytes.
+std::string Elided(std::string_view name, std::size_t bytes) {
+    return ElidedName(name, [bytes](std::string_view text) { return text.size() <= bytes; });
+}
+
+TEST(FileNames, NameThatFitsIsShownWhole) { EXPECT_EQ(Elided("/maps/a.map", 11), "/maps/a.map"); }
+
+TEST(FileNames, LongNameKeepsItsEndBehindThreeDots) {
+    EXPECT_EQ(Elided("/maps/a.map", 10), "...s/a.map");
+    EXPECT_EQ(Elided("/maps/a.map", 4), "...p");
+    EXPECT_EQ(Elided("/maps/a.map", 3), "...");
+    EXPECT_EQ(Elided("/maps/a.map", 0), "...");
+    EXPECT_EQ(Elided("", 0), "");
+}
+
+TEST(FileNames, NoCharacterOfALongNameIsCutInTwo) {
+    EXPECT_EQ(Elided("/maps/K\xC3\xB6ln.map", 10), "...ln.map") << "half a letter would fit";
+    EXPECT_EQ(Elided("/maps/K\xC3\xB6ln.map", 11), "...\xC3\xB6ln.map");
+}
+
 TEST(FileNames, FolderAndTitleAreJoinedByOneSeparator) {
     EXPECT_EQ(InFolder("/home/user", "a.map"), "/home/user/a.map");
     EXPECT_EQ(InFolder("/home/user/", "a.map"), "/home/user/a.map");

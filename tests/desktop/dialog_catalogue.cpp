@@ -11,6 +11,10 @@
 #include "graticule/utm_dialogs.h"
 #include "mainwindow/about_qmnt.h"
 #include "mainwindow/map_reduce.h"
+#include "mapinput/feature_rows.h"
+#include "mapinput/input_file_choices.h"
+#include "mapinput/input_file_params.h"
+#include "mapinput/symbol_size_spin.h"
 #include "output/line_width_scale.h"
 #include "output/vector_scale.h"
 #include "pickers/colors256.h"
@@ -45,6 +49,33 @@ std::function<std::unique_ptr<Form>()> OfPurpose(std::int16_t purpose) {
     };
 }
 
+/// A list of files with long and short names.
+std::unique_ptr<Form> FileList() {
+    Design.InputFiles.resize(1);
+    for (const char* const name :
+         {"/home/user/maps/rivers.pkv",
+          "/home/user/maps/collections/of the whole world in pieces/europe/lakes and rivers/rivers.grv",
+          "C:\\MAPS\\CITIES.PRN"}) {
+        Design.InputFiles.push_back(NewMapFileEntry(name));
+    }
+    Design.MapFileCount = 4;
+    auto form = std::make_unique<InputFileChoices>();
+    form->Choose("InputFilesOpen", 1);
+    return form;
+}
+
+/// The parameters of a new file, some of whose features are not shown.
+std::function<std::unique_ptr<Form>()> OfFile(const char* name, std::int16_t symbolType) {
+    return [name, symbolType] {
+        static InputFileEntry entry;
+        entry = NewMapFileEntry(name);
+        entry.MapFileType = symbolType;
+        entry.Features[2].Shown = false;
+        entry.Features[5].Shown = false;
+        return std::make_unique<InputFileParams>(name, entry, MapFileMode::Edit);
+    };
+}
+
 } // namespace
 
 const std::vector<CataloguedDialog>& DialogCatalogue() {
@@ -64,6 +95,15 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"colors256-feature", OfPurpose<Colors256>(PurposeFeature)},
         {"line-width-scale", Of<LineWidthScale>()},
         {"vector-scale", Of<VectorScale>()},
+        {"input-file-choices", FileList},
+        {"input-file-params", OfFile("/home/user/maps/world.map", SymbolLine)},
+        {"input-file-params-symbols",
+         OfFile("/home/user/maps/collections/of the whole world in pieces/europe/lakes and rivers/of the "
+                "greatest resolution/rivers.grv",
+                SymbolOpenTriangle)},
+        {"input-file-params-one-row", OfFile("/home/user/maps/cities.prn", SymbolFilledCircle)},
+        {"symbol-size-spin",
+         [] { return std::make_unique<SymbolSizeSpin>(SymbolSizeKind::BorderWidth, 2.0); }},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

@@ -50,6 +50,16 @@ TEST_F(Commands, TitlesOfMenusDoNothingElse) {
     EXPECT_THAT(surface.Calls(), IsEmpty());
 }
 
+TEST_F(Commands, MapFilesHaveTheirDialog) {
+    machine.forms.Script("InputFileChoices", [](Form& form) {
+        EXPECT_EQ(form.At("InputFilesOpen").items.size(), 2U) << "the default map and the blank line";
+        form.PressCancel();
+    });
+    mnuInput_Click(0);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuInput, 0));
+    EXPECT_EQ(Design.MapFileCount, 1);
+}
+
 TEST_F(Commands, ExitClosesTheWindow) {
     mnuInput_Click(17);
     EXPECT_EQ(window.closes, 1);

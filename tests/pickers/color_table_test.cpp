@@ -62,5 +62,11 @@ TEST(ColorTable, CellsAreToldInWords) {
     EXPECT_EQ(CellInWords(255), "dull hue 16 of 16: red 153, green 102, blue 128");
 }
 
+TEST(ColorTable, ColorIsToldByItsCellOrByItsParts) {
+    EXPECT_EQ(ColorInWords(SolidColor(Rgb(0, 0, 128))), "dark blue: red 0, green 0, blue 128");
+    EXPECT_EQ(ColorInWords(Rgb(0x4D, 0x26, 0)), "orange 1 of 16: red 77, green 38, blue 0");
+    EXPECT_EQ(ColorInWords(Rgb(1, 2, 3)), "red 1, green 2, blue 3");
+}
+
 } // namespace
 } // namespace quelmont

@@ -324,6 +324,90 @@ TEST(FormPalette, FollowsTheMouseAndTakesTheCellThatIsChosen) {
     EXPECT_THAT(form.ran, ElementsAre("Cells", "Cells", "Cells")) << "in, out, chosen";
 }
 
+/// A list that files can be dropped on and a grid, which write down what happened to them.
+class Tables : public Form {
+public:
+    Tables() : Form("Tables", "A list and a grid") {
+        Add({.name = "List", .kind = ControlKind::List, .items = {"one", "two", ""}});
+        Add({.name = "Plain", .kind = ControlKind::List, .items = {"one"}});
+        Add({.name = "Grid", .kind = ControlKind::Grid, .columns = 2, .cells = {{"a"}, {"b"}, {"c"}, {"d"}}});
+        Add({.name = "OK", .kind = ControlKind::Button, .text = "OK"});
+        SetDefaultButton("OK");
+        Note("List", ControlEvent::DoubleClick, "DoubleClick");
+        Note("List", ControlEvent::Drop, "Drop");
+        Note("Grid", ControlEvent::Click, "Click");
+        Note("Grid", ControlEvent::Change, "Change");
+        Note("OK", ControlEvent::Click, "Click");
+    }
+    void Disable(std::string_view name) { Edit(name).enabled = false; }
+    using Form::Close;
+
+    std::vector<std::string> ran; ///< control, event, value
+
+private:
+    void Note(const char* name, ControlEvent event, const char* eventName) {
+        On(name, event, [this, name, eventName] {
+            ran.push_back(std::string(name) + " " + eventName + " " + std::to_string(At(name).value));
+        });
+    }
+};
+
+TEST(FormGrid, CellThatIsPressedIsTheCurrentOne) {
+    Tables form;
+    form.Choose("Grid", 3);
+    EXPECT_EQ(form.At("Grid").value, 3);
+    form.Choose("Grid", 3);
+    form.Choose("Grid", 4);
+    form.Choose("Grid", -1);
+    EXPECT_THAT(form.ran, ElementsAre("Grid Click 3", "Grid Click 3")) << "each press counts, on a cell";
+}
+
+TEST(FormGrid, MovingTellsOnlyOfAnotherCell) {
+    Tables form;
+    form.MoveTo("Grid", 2);
+    form.MoveTo("Grid", 2);
+    form.MoveTo("Grid", 4);
+    form.MoveTo("Grid", -1);
+    EXPECT_EQ(form.At("Grid").value, 2);
+    EXPECT_THAT(form.ran, ElementsAre("Grid Change 2"));
+}
+
+TEST(FormList, DoubleClickHasItsHandlerOrPressesTheDefaultButton) {
+    Tables form;
+    form.DoubleClick("List");
+    EXPECT_THAT(form.ran, ElementsAre("List DoubleClick 0"));
+    form.ran.clear();
+    form.DoubleClick("Plain");
+    EXPECT_THAT(form.ran, ElementsAre("OK Click 0"));
+}
+
+TEST(FormList, FilesAreDroppedOnALine) {
+    Tables form;
+    form.Drop("List", 1, {"/x", "/y"});
+    EXPECT_THAT(form.At("List").dropped, ElementsAre("/x", "/y"));
+    form.Drop("List", -1, {"/z"});
+    EXPECT_THAT(form.At("List").dropped, ElementsAre("/z"));
+    form.Drop("List", 0, {});
+    EXPECT_THAT(form.ran, ElementsAre("List Drop 1", "List Drop 2")) << "below the lines is the last one";
+}
+
+TEST(FormKinds, ClosedOrDisabledTablesStandStill) {
+    Tables form;
+    form.Disable("List");
+    form.Disable("Grid");
+    form.DoubleClick("List");
+    form.Drop("List", 1, {"/x"});
+    form.MoveTo("Grid", 1);
+    form.Choose("Grid", 1);
+    EXPECT_THAT(form.ran, IsEmpty());
+    Tables closed;
+    closed.Close();
+    closed.DoubleClick("List");
+    closed.Drop("List", 1, {"/x"});
+    closed.MoveTo("Grid", 1);
+    EXPECT_THAT(closed.ran, IsEmpty());
+}
+
 TEST(FormKinds, ClosedOrDisabledControlsStandStill) {
     Kinds form;
     form.Disable("List");

@@ -143,8 +143,25 @@ double ScriptedClock::SecondsSinceMidnight() const {
     return reading;
 }
 
+ScriptedFileDialogs::~ScriptedFileDialogs() {
+    if (!answers.empty()) {
+        ADD_FAILURE() << answers.size() << " answers were scripted for file dialogs that never came";
+    }
+}
+
+FileDialogAnswer ScriptedFileDialogs::Open(const FileDialogRequest& request) {
+    asked.push_back(request);
+    if (answers.empty()) {
+        return {FileDialogCancelled};
+    }
+    FileDialogAnswer answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
+
 ScriptedMachine::ScriptedMachine() : before(Machine()) {
-    Machine() = MachineInterfaces{&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help};
+    Machine() = MachineInterfaces{&boxes,  &forms, &window,   &pump, &screen,
+                                  &places, &clock, &printers, &help, &fileDialogs};
 }
 
 ScriptedMachine::~ScriptedMachine() { Machine() = before; }

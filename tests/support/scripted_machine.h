@@ -173,6 +173,23 @@ public:
     std::vector<std::pair<int, int>> shown; ///< command, context
 };
 
+class ScriptedFileDialogs : public FileDialogs {
+public:
+    /// An answer left over at the end fails the test.
+    ~ScriptedFileDialogs() override;
+    /// Files that are chosen in the next dialog that has no answer yet. A dialog without an answer
+    /// is cancelled.
+    void Choose(std::vector<std::string> names) { answers.push_back({0, std::move(names)}); }
+    void Fail(int error) { answers.push_back({error}); }
+
+    FileDialogAnswer Open(const FileDialogRequest& request) override;
+
+    std::vector<FileDialogRequest> asked; ///< since the start
+
+private:
+    std::deque<FileDialogAnswer> answers;
+};
+
 /// The machine of a test: in Machine() as long as it lives.
 class ScriptedMachine {
 public:
@@ -190,6 +207,7 @@ public:
     ScriptedClock clock;
     ScriptedPrinters printers;
     RecordingHelp help;
+    ScriptedFileDialogs fileDialogs;
 
 private:
     MachineInterfaces before;

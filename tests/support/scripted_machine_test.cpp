@@ -115,6 +115,23 @@ TEST(ScriptedForms, ScriptLeftOverFailsTheTest) {
     EXPECT_NONFATAL_FAILURE(forms.reset(), "Question were never used");
 }
 
+TEST(ScriptedFileDialogs, AnswersAsScriptedThenAsIfCancelled) {
+    ScriptedFileDialogs dialogs;
+    dialogs.Choose({"/a.map", "/b.map"});
+    dialogs.Fail(12);
+    EXPECT_THAT(dialogs.Open({.title = "One"}).names, ElementsAre("/a.map", "/b.map"));
+    EXPECT_EQ(dialogs.Open({.title = "Two"}).error, 12);
+    EXPECT_EQ(dialogs.Open({.title = "Three"}).error, FileDialogCancelled);
+    ASSERT_EQ(dialogs.asked.size(), 3U);
+    EXPECT_EQ(dialogs.asked[2].title, "Three");
+}
+
+TEST(ScriptedFileDialogs, AnswerLeftOverFailsTheTest) {
+    std::optional<ScriptedFileDialogs> dialogs(std::in_place);
+    dialogs->Choose({"/a.map"});
+    EXPECT_NONFATAL_FAILURE(dialogs.reset(), "1 answers were scripted for file dialogs");
+}
+
 TEST(ScriptedPump, RunsAnActionInsideTheNamedCall) {
     ScriptedPump pump;
     int seen = 0;

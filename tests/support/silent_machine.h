@@ -46,11 +46,11 @@ public:
     int objects = 0; ///< pens and brushes that were made and not deleted
 };
 
-/// In Machine() as long as it lives. Forms are cancelled, boxes closed.
-class SilentMachine : Boxes, Forms, MainWindow, Pump, Screen, Places, Clock, Printers, Help {
+/// In Machine() as long as it lives. Forms and file dialogs are cancelled, boxes closed.
+class SilentMachine : Boxes, Forms, MainWindow, Pump, Screen, Places, Clock, Printers, Help, FileDialogs {
 public:
     explicit SilentMachine(DrawSurface& surface_) : surface(surface_), before(Machine()) {
-        Machine() = MachineInterfaces{this, this, this, this, this, this, this, this, this};
+        Machine() = MachineInterfaces{this, this, this, this, this, this, this, this, this, this};
     }
     ~SilentMachine() override { Machine() = before; }
     SilentMachine(const SilentMachine&) = delete;
@@ -109,6 +109,7 @@ private:
     void Beep() override {}
     bool Any() const override { return false; }
     void Show(int /*command*/, int /*context*/) override {}
+    FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
 
     DrawSurface& surface;
     MachineInterfaces before;

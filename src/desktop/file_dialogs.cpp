@@ -1,0 +1,53 @@
+#include "desktop/file_dialogs.h"
+
+#include "desktop/dialogs.h"
+
+#include <QFileDialog>
+
+namespace quelmont {
+
+namespace {
+
+/// "Maps (.a, .b)|*.a;*.b|..." as "Maps (.a, .b) (*.a *.b)", ...
+QStringList NameFilters(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' '));
+        filters.push_back(parts[i] + QLatin1String(" (") + patterns + QLatin1Char(')'));
+    }
+    return filters;
+}
+
+bool IsPattern(const QString& name) {
+    return name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
+}
+
+} // namespace
+
+FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
+    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    // The names of the filters tell the endings already.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    const QStringList filters = NameFilters(request.filter);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
+    if (!request.folder.empty()) {
+        dialog.setDirectory(QString::fromStdString(request.folder));
+    }
+    if (const QString name = QString::fromStdString(request.name); !IsPattern(name)) {
+        dialog.selectFile(name);
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return {FileDialogCancelled};
+    }
+    FileDialogAnswer answer;
+    for (const QString& name : dialog.selectedFiles()) {
+        answer.names.push_back(name.toStdString());
+    }
+    return answer;
+}
+
+} // namespace quelmont

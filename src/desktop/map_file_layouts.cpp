@@ -1,0 +1,125 @@
+#include "core/file_names.h"
+#include "desktop/dialog_layouts.h"
+#include "desktop/file_drop.h"
+#include "desktop/form_view.h"
+#include "desktop/grid_table.h"
+#include "desktop/symbol_picture.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace quelmont {
+
+namespace {
+
+/// Lines of the list of files that are seen at once, and the letters of a line.
+constexpr int ListLines = 10;
+constexpr int ListLetters = 72;
+/// Features that are seen at once.
+constexpr int FeatureRowsShown = 14;
+
+/// A caption and the name of a file, of which the end is shown when it is too long for the window.
+class FileNameLabel final : public QLabel {
+public:
+    explicit FileNameLabel(QWidget* parent) : QLabel(parent) {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+    void Show(const Control& control) {
+        caption = QString::fromStdString(control.caption);
+        name = control.text;
+        setAccessibleName(caption + QString::fromStdString(name));
+        setToolTip(QString::fromStdString(name));
+        Elide();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QLabel::resizeEvent(event);
+        Elide();
+    }
+
+private:
+    void Elide() {
+        const auto shown = [this](std::string_view text) {
+            return caption + QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        };
+        setText(shown(ElidedName(name, [&](std::string_view text) {
+            return fontMetrics().horizontalAdvance(shown(text)) <= contentsRect().width();
+        })));
+    }
+
+    QString caption;
+    std::string name;
+};
+
+QVBoxLayout* UnderCaption(FormView& view, QWidget* field) {
+    auto* place = new QVBoxLayout;
+    place->addWidget(view.CaptionOf(field));
+    place->addWidget(field);
+    place->addStretch();
+    return place;
+}
+
+} // namespace
+
+void LayOutFileList(FormView& view) {
+    for (const char* const text : {"Label1", "Label2", "Label4"}) {
+        view.Column()->addWidget(view.AddExplanation(text));
+    }
+    QLabel* caption = view.AddLabel("Label3");
+    view.Column()->addWidget(caption);
+    QListWidget* list = view.AddList("InputFilesOpen");
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    list->setFixedSize(ListLetters * view.fontMetrics().averageCharWidth(),
+                       ListLines * list->sizeHintForRow(0) + 2 * list->frameWidth());
+    AcceptFiles(*list, [&view](int line, std::vector<std::string> files) {
+        view.Shown().Drop("InputFilesOpen", line, std::move(files));
+    });
+    caption->setBuddy(list);
+    view.Column()->addWidget(list);
+    auto* buttons = new QHBoxLayout;
+    for (const char* const button : {"InputFileAdd", "InputFileEdit", "InputFileDelete"}) {
+        buttons->addWidget(view.AddButton(button));
+    }
+    view.Column()->addLayout(buttons);
+    view.AddButtons({"OK", "Cancel"});
+}
+
+void LayOutFileParameters(FormView& view) {
+    auto* name = new FileNameLabel(&view);
+    view.Bind("MapFile", name, [name](const Control& control) { name->Show(control); });
+    view.Column()->addWidget(name);
+    auto* grids = new QHBoxLayout;
+    grids->setSpacing(view.Gap());
+    const int mostWidth = view.screen()->availableGeometry().width() * 3 / 5;
+    GridTable* types = view.AddGrid("SymbolType1", SymbolPicture);
+    GridTable* features = view.AddGrid("GeoFeatures", {});
+    features->ReserveHeading(0, QStringLiteral("Symbol Radius"));
+    features->Fit(FeatureRowsShown, mostWidth);
+    types->FillHeight(features->height());
+    types->Fit(types->rowCount(), mostWidth);
+    types->FillHeight(features->height());
+    grids->addLayout(UnderCaption(view, types));
+    grids->addLayout(UnderCaption(view, features));
+    view.Column()->addLayout(grids);
+    view.AddButtons({"OK", "Cancel"});
+}
+
+void LayOutSymbolSize(FormView& view) {
+    QWidget* size = view.AddField("SymbolSize");
+    auto* row = new QHBoxLayout;
+    row->addWidget(view.CaptionOf(size));
+    row->addWidget(size);
+    row->addWidget(view.AddLabel("SizeUnit"));
+    row->addStretch();
+    view.Column()->addLayout(row);
+    view.AddButtons({"ButtonOK"});
+}
+
+} // namespace quelmont

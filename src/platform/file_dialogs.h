@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+/// What a file dialog is to show. Names are UTF-8.
+struct FileDialogRequest {
+    std::string title = {};
+    /// Names and patterns by turns: "WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd".
+    std::string filter = {};
+    int filterIndex = 1;     ///< of the pair that is in force at first, from 1
+    std::string name = {};   ///< proposed, without a folder; a pattern proposes none
+    std::string folder = {}; ///< where it starts; empty: where the last one was
+    bool several = false;    ///< more than one file can be chosen
+};
+
+/// The error of a file dialog that was cancelled.
+constexpr int FileDialogCancelled = 32755;
+
+struct FileDialogAnswer {
+    int error = 0;                       ///< 0, FileDialogCancelled, or another number of the system's
+    std::vector<std::string> names = {}; ///< full names in their order; none after an error, else one or more
+};
+
+/// The dialogs in which a person chooses files.
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// Asks for files that are there. A file's ending may match a pattern in any case of its letters.
+    virtual FileDialogAnswer Open(const FileDialogRequest& request) = 0;
+};
+
+} // namespace quelmont
