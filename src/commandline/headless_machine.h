@@ -99,6 +99,7 @@ class HeadlessFileDialogs final : public FileDialogs {
 public:
     /// Always cancelled.
     FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
+    FileDialogAnswer Save(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
 };
 
 /// The parts together: in Machine() as long as it lives.

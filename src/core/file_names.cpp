@@ -19,6 +19,15 @@ std::string LastThreeLetters(std::string_view name) {
     return Capitals(name.substr(name.size() - std::min<std::size_t>(name.size(), 3)));
 }
 
+std::string WithExtension(std::string_view name, std::string_view extension) {
+    const std::string ending = "." + std::string(extension);
+    const std::string_view last = name.substr(name.size() - std::min(name.size(), ending.size()));
+    if (Capitals(last) == Capitals(ending)) {
+        return std::string(name);
+    }
+    return std::string(name) + (name.ends_with('.') ? ending.substr(1) : ending);
+}
+
 FileNameParts ParseFileName(std::string_view FileName) {
     const std::size_t separator = FileName.find_last_of(Separators);
     if (separator == std::string_view::npos) {

@@ -17,6 +17,10 @@ std::string LastThreeLetters(std::string_view name);
 /// A text with its letters a to z in capitals.
 std::string Capitals(std::string_view text);
 
+/// A name of a file to save: unless it ends in the extension, in any case of its letters, "." and the
+/// extension are put behind it, and nothing but the extension behind a name that ends in a point.
+std::string WithExtension(std::string_view name, std::string_view extension);
+
 struct FileNameParts {
     std::string folder; ///< without the separator at its end, but "/" for the root; may be empty
     std::string title;  ///< behind the last separator

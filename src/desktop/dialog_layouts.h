@@ -28,6 +28,9 @@ void LayOutFileList(FormView& view);
 void LayOutFileParameters(FormView& view);
 void LayOutSymbolSize(FormView& view);
 
+// Saving the map.
+void LayOutAsciiOutputs(FormView& view);
+
 void LayOutAbout(FormView& view);
 
 } // namespace quelmont

@@ -21,6 +21,7 @@ struct DialogEntry {
 // clang-format off
 constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AboutQMNT",        LayOutAbout},
+    {"AscOutput",       LayOutAsciiOutputs},
     {"Colors256",        LayOutColors},
     {"InputFileChoices", LayOutFileList},
     {"InputFileParams",  LayOutFileParameters},

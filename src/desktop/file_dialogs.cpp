@@ -23,14 +23,11 @@ bool IsPattern(const QString& name) {
     return name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
 }
 
-} // namespace
-
-FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
-    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+/// What both dialogs show.
+void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     // The names of the filters tell the endings already.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     const QStringList filters = NameFilters(request.filter);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
@@ -40,6 +37,9 @@ FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
     if (const QString name = QString::fromStdString(request.name); !IsPattern(name)) {
         dialog.selectFile(name);
     }
+}
+
+FileDialogAnswer Ask(QFileDialog& dialog) {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {FileDialogCancelled};
     }
@@ -48,6 +48,30 @@ FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
         answer.names.push_back(name.toStdString());
     }
     return answer;
+}
+
+} // namespace
+
+FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
+    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+    dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    Prepare(dialog, request);
+    return Ask(dialog);
+}
+
+FileDialogAnswer DesktopFileDialogs::Save(const FileDialogRequest& request) {
+    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.asksToReplace);
+    // Before the question whether a file may be replaced, which is about the whole name.
+    dialog.setDefaultSuffix(QString::fromStdString(request.extension));
+    FileDialogRequest shown = request;
+    if (shown.name.ends_with('.')) {
+        shown.name.pop_back(); // the dialog puts the point there itself
+    }
+    Prepare(dialog, shown);
+    return Ask(dialog);
 }
 
 } // namespace quelmont

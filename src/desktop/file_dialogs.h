@@ -11,6 +11,7 @@ class DesktopFileDialogs final : public FileDialogs {
 public:
     explicit DesktopFileDialogs(QWidget& window_) : window(window_) {}
     FileDialogAnswer Open(const FileDialogRequest& request) override;
+    FileDialogAnswer Save(const FileDialogRequest& request) override;
 
 private:
     QWidget& window;

@@ -122,4 +122,17 @@ void LayOutSymbolSize(FormView& view) {
     view.AddButtons({"ButtonOK"});
 }
 
+void LayOutAsciiOutputs(FormView& view) {
+    view.Column()->addWidget(view.AddExplanation("Help"));
+    GridTable* files = view.AddGrid("AscGrid", {});
+    // Names of eight and three letters fit in, longer ones widen their columns.
+    files->ReserveHeading(0, QStringLiteral("888"));
+    files->ReserveHeading(1, QStringLiteral("  WWWWWWWW.WWW"));
+    files->ReserveHeading(2, QStringLiteral("  WWWWWWWW.WWW"));
+    files->Fit(ListLines, view.screen()->availableGeometry().width() * 3 / 5);
+    view.Column()->addWidget(view.CaptionOf(files));
+    view.Column()->addWidget(files);
+    view.AddButtons({"OK", "Cancel"});
+}
+
 } // namespace quelmont

@@ -10,6 +10,7 @@
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/map_reduce.h"
+#include "mainwindow/save_map.h"
 #include "mapinput/input_file_choices.h"
 #include "output/line_width_scale.h"
 #include "pickers/colors256.h"
@@ -104,6 +105,8 @@ void mnuInput_Click(int Index) {
         ShowDialog<InputFileChoices>();
     } else if (Index == ExitItem) {
         Machine().window->Close();
+    } else {
+        SaveMapAs(Index);
     }
 }
 

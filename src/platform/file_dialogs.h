@@ -10,10 +10,12 @@ struct FileDialogRequest {
     std::string title = {};
     /// Names and patterns by turns: "WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd".
     std::string filter = {};
-    int filterIndex = 1;     ///< of the pair that is in force at first, from 1
-    std::string name = {};   ///< proposed, without a folder; a pattern proposes none
-    std::string folder = {}; ///< where it starts; empty: where the last one was
-    bool several = false;    ///< more than one file can be chosen
+    int filterIndex = 1;        ///< of the pair that is in force at first, from 1
+    std::string name = {};      ///< proposed, without a folder; a pattern proposes none
+    std::string folder = {};    ///< where it starts; empty: where the last one was
+    bool several = false;       ///< more than one file can be chosen
+    std::string extension = {}; ///< of a file to save whose name was given without one, "txt"
+    bool asksToReplace = true;  ///< the dialog asks before it takes the name of a file that is there
 };
 
 /// The error of a file dialog that was cancelled.
@@ -30,6 +32,8 @@ public:
     virtual ~FileDialogs() = default;
     /// Asks for files that are there. A file's ending may match a pattern in any case of its letters.
     virtual FileDialogAnswer Open(const FileDialogRequest& request) = 0;
+    /// Asks for the name of a file to write, which may be there already.
+    virtual FileDialogAnswer Save(const FileDialogRequest& request) = 0;
 };
 
 } // namespace quelmont

@@ -15,6 +15,7 @@
 #include "mapinput/input_file_choices.h"
 #include "mapinput/input_file_params.h"
 #include "mapinput/symbol_size_spin.h"
+#include "output/ascii/asc_output.h"
 #include "output/line_width_scale.h"
 #include "output/vector_scale.h"
 #include "pickers/colors256.h"
@@ -104,6 +105,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"input-file-params-one-row", OfFile("/home/user/maps/cities.prn", SymbolFilledCircle)},
         {"symbol-size-spin",
          [] { return std::make_unique<SymbolSizeSpin>(SymbolSizeKind::BorderWidth, 2.0); }},
+        {"asc-output", Of<AscOutput>()},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

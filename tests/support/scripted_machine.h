@@ -183,6 +183,7 @@ public:
     void Fail(int error) { answers.push_back({error}); }
 
     FileDialogAnswer Open(const FileDialogRequest& request) override;
+    FileDialogAnswer Save(const FileDialogRequest& request) override { return Open(request); }
 
     std::vector<FileDialogRequest> asked; ///< since the start
 

@@ -110,6 +110,7 @@ private:
     bool Any() const override { return false; }
     void Show(int /*command*/, int /*context*/) override {}
     FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
+    FileDialogAnswer Save(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
 
     DrawSurface& surface;
     MachineInterfaces before;

@@ -1,0 +1,108 @@
+#include "mainwindow/save_map.h"
+
+#include "core/file_names.h"
+#include "core/map_design.h"
+#include "mainwindow/file_writers.h"
+#include "mainwindow/map_draw.h"
+#include "output/ascii/asc_output.h"
+#include "output/bmp/bmp_file.h"
+#include "platform/machine.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+
+namespace quelmont {
+
+namespace {
+
+constexpr int AsciiItem = 9;
+
+/// What the file dialog of an item shows, and what becomes of the name.
+struct SaveItem {
+    int index;
+    const char* title;
+    const char* filter;
+    const char* extension;
+    std::string MapDesign::*name;
+    const char* failure; ///< end of the message of a failed file dialog
+    void (*save)();
+};
+
+void SaveBmpPicture() {
+    Machine().window->Refresh();
+    BmpSave();
+}
+
+void DrawCgm() {
+    Design.OutputCgm = true;
+    MapDraw();
+}
+
+void DrawDxf() {
+    Design.OutputDxf = true;
+    MapDraw();
+}
+
+void DrawWmf() {
+    Design.OutputWmf = true;
+    ArmMetafile();
+    MapDraw();
+}
+
+// clang-format off
+constexpr std::array SaveItems = std::to_array<SaveItem>({
+    {5, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture},
+    {6, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm},
+    {7, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf},
+    {8, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf},
+});
+// clang-format on
+
+/// The name that a person gives, with its extension; nothing after Cancel and after a failure.
+std::optional<std::string> AskForName(const SaveItem& item) {
+    FileDialogRequest request{.title = item.title, .filter = item.filter, .extension = item.extension};
+    ParseFileName(Design.*item.name, request);
+    const FileDialogAnswer answer = Machine().fileDialogs->Save(request);
+    if (answer.error == 0) {
+        return WithExtension(answer.names.front(), item.extension);
+    }
+    if (answer.error != FileDialogCancelled) {
+        Machine().boxes->Ask("File Common Dialog Error",
+                             "Error " + std::to_string(answer.error) + item.failure, BoxButtons::Ok,
+                             BoxIcon::Exclamation);
+    }
+    return std::nullopt;
+}
+
+void SaveAsAscii() {
+    AscOutput dialog;
+    if (!dialog.Closed()) {
+        Machine().forms->Show(dialog);
+    }
+    if (Design.OutputAscii) {
+        Machine().window->Cls();
+        MapDraw();
+    }
+}
+
+} // namespace
+
+void SaveMapAs(int Index) {
+    if (Index == AsciiItem) {
+        SaveAsAscii();
+        return;
+    }
+    const auto* const item = std::find_if(SaveItems.begin(), SaveItems.end(),
+                                          [&](const SaveItem& entry) { return entry.index == Index; });
+    if (item == SaveItems.end()) {
+        return;
+    }
+    if (const std::optional<std::string> name = AskForName(*item)) {
+        Design.*item->name = *name;
+        item->save();
+    }
+}
+
+} // namespace quelmont
