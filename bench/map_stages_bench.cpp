@@ -1,12 +1,13 @@
 // The road of the points of a large map file, stage by stage, in nanoseconds per point (the column
-// "per_point"). The file comes from make_big_map:
+// "per_point"). The file comes from make_big_map and is a minute-grid, a packed or a world file:
 //
-//   make_big_map big.map && QUELMONT_BENCH_MAP=big.map map_stages_bench
+//   make_big_map big.mps && QUELMONT_BENCH_MAP=big.mps map_stages_bench
 //
-// Without the variable a file of a million points is made in the temporary folder.
+// Without the variable a minute-grid file of a million points is made in the temporary folder.
 
 #include "core/constant_defs.h"
 #include "core/core_state.h"
+#include "core/file_names.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "graticule/calc_graticule.h"
@@ -14,6 +15,8 @@
 #include "mapinput/feature_rows.h"
 #include "mapinput/map_plot.h"
 #include "mapinput/minute_grid_file.h"
+#include "mapinput/packed_file.h"
+#include "mapinput/world_file.h"
 #include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
@@ -21,9 +24,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace quelmont {
 namespace {
@@ -44,10 +49,65 @@ std::string MapName() {
     return made;
 }
 
+/// What was read of a file, so that nothing of it can be left out.
+struct Sums {
+    std::int64_t points = 0;
+    std::int64_t places = 0;
+};
+
+void ReadMinuteGridRecords(ByteReader& bytes, Sums& sums) {
+    while (bytes.Has(MinuteGridRecordSize)) {
+        const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
+        sums.places += RankOf(record.Code) + record.Lat + record.Lon;
+        ++sums.points;
+    }
+}
+
+void ReadPackedSegments(ByteReader& bytes, Sums& sums) {
+    while (bytes.Has(PackedHeaderSize)) {
+        const PackedHeader header = DecodePackedHeader(bytes.Take<PackedHeaderSize>());
+        for (std::int32_t i = 1; i < header.Count && bytes.Has(PackedStepSize); ++i) {
+            const PackedStep step = DecodePackedStep(bytes.Take<PackedStepSize>());
+            sums.places += step.Lat + step.Lon;
+        }
+        sums.points += header.Count;
+    }
+}
+
+void ReadWorldRecords(ByteReader& bytes, Sums& sums) {
+    while (bytes.Has(WorldFloatSize)) {
+        auto first = bytes.Take<WorldFloatSize>();
+        if (IsWorldMarker(first)) {
+            first = bytes.Take<WorldFloatSize>();
+        }
+        const float lat = DecodeWorldFloat(first);
+        const WorldPoint point = WorldPointOf(lat, DecodeWorldFloat(bytes.Take<WorldFloatSize>()));
+        sums.places += point.Lat + point.Lon;
+        ++sums.points;
+        while (bytes.Take<1>()[0] != WorldRecordEnd) {
+        }
+    }
+}
+
+Sums ReadMap() {
+    Sums sums;
+    OpenFile(InputFileNumber, MapName(), OpenMode::Input);
+    ByteReader bytes;
+    const std::string letters = LastThreeLetters(MapName());
+    if (letters == "PKV") {
+        ReadPackedSegments(bytes, sums);
+    } else if (letters == "MPS") {
+        ReadWorldRecords(bytes, sums);
+    } else {
+        ReadMinuteGridRecords(bytes, sums);
+    }
+    CloseFile(InputFileNumber);
+    return sums;
+}
+
 std::int64_t PointsOfMap() {
-    std::error_code failed;
-    const auto size = std::filesystem::file_size(MapName(), failed);
-    return failed ? 0 : static_cast<std::int64_t>(size / MinuteGridRecordSize);
+    static const std::int64_t points = ReadMap().points;
+    return points;
 }
 
 void CountPoints(benchmark::State& state) {
@@ -59,12 +119,13 @@ void CountPoints(benchmark::State& state) {
     }
 }
 
-/// The whole world on a projection.
-void PrepareMap(std::int16_t projNum) {
+/// The whole world on a projection, or as much of it as the texts of bounds and grid tell.
+void PrepareMap(std::int16_t projNum, const std::vector<std::string>& bounds = {}) {
     ResetCore();
     ConstantDefs();
     ConstantGrid();
     Design.ProjNum = projNum;
+    std::copy(bounds.begin(), bounds.end(), Design.GridText.begin());
     CalcGraticule();
     ParamStdParallel();
     ParamSelect();
@@ -86,21 +147,25 @@ void Plot(benchmark::State& state, NullSurface& surface) {
     CountPoints(state);
 }
 
-void Reading(benchmark::State& state) {
+/// The blocks of the file, of which nothing is looked at.
+void Bytes(benchmark::State& state) {
+    std::vector<std::byte> block(ByteReader::BlockSize);
     for (auto iteration : state) {
         (void)iteration;
         OpenFile(InputFileNumber, MapName(), OpenMode::Input);
-        ByteReader bytes;
-        int ranks = 0;
-        int sum = 0;
-        while (bytes.Has(MinuteGridRecordSize)) {
-            const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
-            ranks += RankOf(record.Code) != 0 ? 1 : 0;
-            sum += record.Lat + record.Lon;
+        while (ReadFile(InputFileNumber, block) > 0) {
+            benchmark::ClobberMemory();
         }
-        benchmark::DoNotOptimize(ranks);
-        benchmark::DoNotOptimize(sum);
         CloseFile(InputFileNumber);
+    }
+    CountPoints(state);
+}
+
+void Reading(benchmark::State& state) {
+    for (auto iteration : state) {
+        (void)iteration;
+        Sums sums = ReadMap();
+        benchmark::DoNotOptimize(sums);
     }
     CountPoints(state);
 }
@@ -136,9 +201,22 @@ void WholeRoad(benchmark::State& state) {
     Plot(state, surface);
 }
 
+/// A map of 30 by 20 degrees.
+void WholeRoadOfARegion(benchmark::State& state) {
+    NullSurface surface;
+    {
+        const SilentMachine machine(surface);
+        PrepareMap(ProjEquirectangular, {"60    00    00    N", "40    00    00    N", "010    00    00",
+                                         "000    00    00    W", "030    00    00    E", "010    00    00"});
+    }
+    Plot(state, surface);
+}
+
+BENCHMARK(Bytes)->Unit(benchmark::kMillisecond);
 BENCHMARK(Reading)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadingAndBounds)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadingClippingDrawing)->Unit(benchmark::kMillisecond);
+BENCHMARK(WholeRoadOfARegion)->Unit(benchmark::kMillisecond);
 BENCHMARK(WholeRoad)
     ->ArgName("ProjNum")
     ->Arg(ProjRobinson)

@@ -4,8 +4,9 @@
     bench/whole_draw.py [--programs FOLDER] [--runs N] [--points N] [--work FOLDER]
 
 Prints a table of the best of N runs: seconds by the clock, seconds of the processor, largest resident
-memory, and the ratio of the processor's seconds to those of quelmont-draw on the same task. GMT and GDAL take part when they are installed (Debian: gmt, and
-gdal-bin, both with python3-gdal and python3-numpy; ghostscript for GMT's PNG).
+memory, and the ratio of the processor's seconds to those of quelmont-draw on the same task. GMT and GDAL
+take part when they are installed (Debian: gmt, and gdal-bin, both with python3-gdal and python3-numpy;
+ghostscript for GMT's PNG).
 """
 
 import argparse
@@ -129,7 +130,25 @@ def time_all(arguments, work):
     table.row("quelmont-draw, lines of three pixels", robinson + ["--line-width", "3", work / "wide.png"])
     table.row("quelmont-draw, filled circles",
               robinson + ["--symbol", "12", "--symbol-size", "2", work / "circles.png"])
+    time_formats(table, programs, arguments.points, work)
     time_others(table, minute_grid_lines(big), work)
+
+
+def time_formats(table, programs, points, work):
+    """The same points in other formats, whole and as a map of 30 by 20 degrees, and just read."""
+    draw = programs / "quelmont-draw"
+    files = {"minute grid": work / "big.map", "packed": work / "big.pkv", "world": work / "big.mps"}
+    whole = ["--projection", "robinson", "--window", PICTURE]
+    region = ["--projection", "equirectangular", "--window", PICTURE, "--north", "60N", "--south", "40N",
+              "--west", "0E", "--east", "30E", "--lat-grid", "10", "--lon-grid", "10"]
+    for name, path in files.items():
+        run(work, [programs / "make_big_map", path, points])
+        table.row(f"quelmont-draw, {name} ({path.suffix})", [draw, *whole, "--map", path, work / "format.png"])
+    table.row("quelmont-draw, nothing but the grid of 30 by 20 degrees",
+              [draw, *region, "--no-map", work / "region.png"])
+    for name, path in files.items():
+        table.row(f"quelmont-draw, {name}, 30 by 20 degrees", [draw, *region, "--map", path, work / "region.png"])
+        table.row(f"cat, {name}", ["cat", path])
 
 
 def time_others(table, lines, work):
