@@ -107,7 +107,7 @@ std::string DesktopPlaces::SettingsFolder() const {
     return folder.toStdString() + "/quelmont/";
 }
 
-std::string DesktopPlaces::Version() const { return "3.00"; }
+std::string DesktopPlaces::Version() const { return ProgramVersion; }
 
 double DesktopClock::SecondsSinceMidnight() const {
     return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;

@@ -28,6 +28,9 @@ public:
     virtual int FullScreenY() const = 0;
 };
 
+/// The version of all programs: major number, ".", minor number in two digits.
+constexpr const char* ProgramVersion = "3.00";
+
 /// Folders and the version. A folder's name ends in a separator.
 class Places {
 public:
@@ -36,7 +39,7 @@ public:
     virtual std::string ProgramFolder() const = 0;
     /// Where settings go when the program's folder cannot be written; empty when there is none.
     virtual std::string SettingsFolder() const = 0;
-    /// Major number, ".", minor number in two digits.
+    /// As ProgramVersion.
     virtual std::string Version() const = 0;
 };
 

@@ -1,4 +1,5 @@
 #include "core/file_numbers.h"
+#include "core/replaced_file.h"
 #include "core/run_time_error.h"
 #include "qtsurface/image_surface.h"
 
@@ -6,61 +7,12 @@
 #include <QByteArray>
 #include <QList>
 
-#include <filesystem>
 #include <span>
-#include <system_error>
 #include <unordered_map>
-
-#include <unistd.h>
 
 namespace quelmont {
 
 namespace {
-
-/// Puts a file that was written whole in the place of its target, or removes it.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& target)
-        : name(target + "." + std::to_string(getpid()) + ".tmp") {}
-    ~TemporaryFile() {
-        if (!moved) {
-            std::error_code ignored;
-            std::filesystem::remove(name, ignored);
-        }
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const std::string& Name() const { return name; }
-    void MoveTo(const std::string& target) {
-        std::error_code failure;
-        std::filesystem::rename(name, target, failure);
-        if (failure) {
-            throw RunTimeError(failure == std::errc::permission_denied ||
-                                       failure == std::errc::operation_not_permitted
-                                   ? ErrorPermissionDenied
-                                   : ErrorPathFileAccess);
-        }
-        moved = true;
-    }
-
-private:
-    std::string name;
-    bool moved = false;
-};
-
-/// The file that a name leads to, links followed, so that a link stays a link.
-std::string TargetOf(const std::string& path) {
-    std::error_code ignored;
-    const std::filesystem::path target = std::filesystem::canonical(path, ignored);
-    if (target.empty()) {
-        return path;
-    }
-    if (!std::filesystem::is_regular_file(target, ignored)) {
-        throw RunTimeError(ErrorPathFileAccess);
-    }
-    return target.string();
-}
 
 /// The picture with a byte per pixel, or as it is when it has more than 256 colours. A map seldom has
 /// more than a dozen, and compressing is most of the work of writing it.
@@ -128,7 +80,7 @@ void WriteAll(const std::string& name, const QByteArray& bytes) {
 
 void ImageSurface::SavePng(const std::string& path) const {
     const QByteArray bytes = Encoded(Image());
-    const std::string target = TargetOf(path);
+    const std::string target = ReplacedFileName(path);
     TemporaryFile file(target);
     WriteAll(file.Name(), bytes);
     file.MoveTo(target);

@@ -12,7 +12,7 @@ public:
     std::string ProgramFolder() const override;
     /// "quelmont/" in the user's configuration folder; empty without a home.
     std::string SettingsFolder() const override;
-    std::string Version() const override { return "3.00"; }
+    std::string Version() const override { return ProgramVersion; }
 };
 
 /// Local time, to the microsecond. It has no voice.

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+/// Files that are complete or absent: written beside their target, and put in its place when whole.
+
+namespace quelmont {
+
+/// The file that a name leads to, links followed, so that a link stays a link when its file is
+/// replaced. A name that leads to nothing is itself. RunTimeError "Path/File access error" for what is
+/// no plain file.
+std::string ReplacedFileName(const std::string& path);
+
+/// A file, or a folder with all that is in it, that is removed at the end unless it was put in the
+/// place of its target. Nothing is made; that is for its writer.
+class TemporaryFile {
+public:
+    /// The name is the target's, with the number of the process and ".tmp" behind it.
+    explicit TemporaryFile(const std::string& target);
+    ~TemporaryFile();
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string& Name() const { return name; }
+
+    /// Takes the place of a file in the same folder. RunTimeError "Permission denied", "Path/File access
+    /// error"; the earlier file stays then.
+    void MoveTo(const std::string& target);
+
+private:
+    std::string name;
+    bool moved = false;
+};
+
+/// Gives a file the name of another in the same folder, which it replaces. RunTimeError as of MoveTo.
+void ReplaceFile(const std::string& target, const std::string& by);
+
+} // namespace quelmont
