@@ -20,6 +20,21 @@ struct Refusal {
     bool Retry = false;                ///< Retry gives the focus to Field
 };
 
+/// The name of a place, which a map file has beside its point.
+struct MapLabel {
+    std::string LabelText;                 ///< UTF-8
+    double LabelLat = 0.0, LabelLon = 0.0; ///< the point, as ProjectSelect takes it
+    std::int32_t LabelX = 0, LabelY = 0;   ///< twips, upper left corner of the drawing area at 0
+    std::string LabelFont;
+    std::int16_t LabelSize = 0; ///< points
+    ColorValue LabelColour = 0;
+    bool LabelBold = false, LabelItalic = false, LabelUnderline = false, LabelStrikeout = false;
+    // Measures of the font, twips.
+    std::int16_t LabelWidth = 0; ///< of an average character
+    std::int16_t LabelAscent = 0, LabelDescent = 0, LabelCellHeight = 0;
+    std::int16_t LabelSymbolIndex = 0; ///< the file whose symbol it stands beside, counted from 1
+};
+
 /// Points and seconds of a draw, for whoever wants to report them.
 struct DrawStatistics {
     struct MapFile {
@@ -198,6 +213,11 @@ struct MapDesign {
     std::vector<InputFileEntry> InputFiles;
     std::int16_t MapFileCount = 0;
     std::int16_t MapFeatureMax = 0;
+
+    // ---- Labels of the map files. Text, point and style are collected anew by each MapPlot; place and
+    // measures are for the routine that prints them. LabelsVisible is written by its dialog.
+    std::vector<MapLabel> MapLabels;
+    bool LabelsVisible = true; ///< labels are drawn
 
     // ---- Page of a printed map. In units of PrintUnitTwips.
     std::int32_t PrintUnitTwips = 0;

@@ -43,6 +43,11 @@ struct InputFileEntry {
     std::string MapFileName;                                    ///< full path
     std::int16_t MapFileType = SymbolLine;                      ///< SymbolType of the whole file
     std::array<FeatureStyle, MaxFeatureRows + 1> Features = {}; ///< row 0 is never shown
+    // Of the labels that an ASCII map file may have; other files leave them as they are.
+    std::string LabelFontName = "Arial";
+    std::int16_t LabelFontSize = 10; ///< points
+    ColorValue LabelColor = 0;
+    bool LabelBold = false, LabelItalic = false, LabelUnderline = false, LabelStrikeout = false;
 };
 
 } // namespace quelmont

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace quelmont {
 
@@ -22,8 +23,21 @@ bool ByteReader::Fill(std::size_t count) {
     const std::size_t wanted = block.size() - kept;
     const std::size_t got = ReadFile(InputFileNumber, std::span(block).subspan(kept));
     filled += got;
+    position += static_cast<std::int64_t>(got);
     atEnd = got < wanted;
     return Buffered() >= count;
+}
+
+void ByteReader::Seek(std::int64_t count) {
+    const auto buffered = static_cast<std::int64_t>(Buffered());
+    if (count < 0 || count - buffered > std::numeric_limits<std::int64_t>::max() - position) {
+        throw RunTimeError(ErrorInvalidCall);
+    }
+    position += count - buffered;
+    SeekFile(InputFileNumber, position);
+    next = 0;
+    filled = 0;
+    atEnd = false;
 }
 
 void ByteReader::PastEnd() { throw RunTimeError(ErrorInputPastEnd); }

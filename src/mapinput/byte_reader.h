@@ -8,8 +8,8 @@
 
 namespace quelmont {
 
-/// The bytes of the map file that is open under file number 1, from where it stands to its end,
-/// read in large blocks. Every reader takes its bytes from here and nothing else touches the file.
+/// The bytes of the map file that has just been opened under file number 1, read in large blocks.
+/// Every reader takes its bytes from here and nothing else touches the file.
 class ByteReader {
 public:
     /// RunTimeError when the file is not open.
@@ -31,16 +31,36 @@ public:
         return std::span<const std::byte, Size>(bytes, Size);
     }
 
+    /// The bytes that lie ready, at least so many (up to BlockSize) unless the file ends before; they
+    /// stay valid until more are asked for. RunTimeError when the file cannot be read.
+    std::span<const std::byte> Ahead(std::size_t least) {
+        Has(least);
+        return {block.data() + next, Buffered()};
+    }
+
+    /// Steps over bytes, and over the end of the file if they are more than it has. What lies beyond
+    /// the block is not read. RunTimeError "Invalid procedure call or argument" for a negative count,
+    /// and when the file cannot be sought.
+    void Skip(std::int64_t count) {
+        if (count >= 0 && static_cast<std::uint64_t>(count) <= Buffered()) [[likely]] {
+            next += static_cast<std::size_t>(count);
+        } else {
+            Seek(count);
+        }
+    }
+
     static constexpr std::size_t BlockSize = std::size_t{256} * 1024;
 
 private:
     std::size_t Buffered() const { return filled - next; }
     bool Fill(std::size_t count);
+    void Seek(std::int64_t count);
     [[noreturn]] static void PastEnd();
 
     std::vector<std::byte> block; ///< no larger than the file
     std::size_t next = 0;         ///< of the block's bytes, the first that was not taken
     std::size_t filled = 0;       ///< bytes in the block
+    std::int64_t position = 0;    ///< of the block's end in the file
     bool atEnd = false;           ///< the file has no more
 };
 

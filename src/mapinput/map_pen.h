@@ -15,6 +15,17 @@ struct PenSites {
 constexpr int SiteEndOfMap = 1;
 constexpr int SiteMinuteGridEnd = 2;
 constexpr PenSites SitesMinuteGridLine = {3, 1};
+constexpr int SitePackedEnd = 4;
+constexpr PenSites SitesPackedFeature = {5, 2};
+constexpr PenSites SitesWorldText = {6, 3};
+constexpr int SiteWorldTextEnd = 7;
+constexpr PenSites SitesFixedRecord = {8, 4};
+constexpr PenSites SitesLineGraphFeature = {9, 5};
+constexpr int SiteFixedRecordEnd = 10;
+constexpr PenSites SitesWorldBinary = {11, 6};
+constexpr int SiteWorldBinaryEnd = 12;
+constexpr PenSites SitesAscii = {13, 7};
+constexpr int SiteAsciiEnd = 14;
 constexpr int SiteAfterError = 15;
 // clang-format on
 

@@ -5,9 +5,13 @@
 #include "core/file_names.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
+#include "mapinput/ascii_map_reader.h"
+#include "mapinput/fixed_record_reader.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/minute_grid_reader.h"
+#include "mapinput/packed_reader.h"
+#include "mapinput/world_reader.h"
 #include "output/draw_target.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
@@ -32,25 +36,25 @@ struct MapFileFormat {
     bool lookedUp;            ///< whatever keeps a name from being found is "File not found"
     bool onlyFirstFeature;    ///< passed over unless the first feature is shown
     bool onlyUtm;             ///< passed over on other projections
-    MapFileReader reader;     ///< nullptr: the format is known but cannot be read
+    MapFileReader reader;
 };
 
 // clang-format off
 constexpr std::array Formats = std::to_array<MapFileFormat>({
     // letters looked up  first feature  UTM    reader
-    {"DAT",    false,     true,          false, nullptr       },
-    {"GRF",    false,     false,         false, nullptr       },
-    {"GRV",    true,      false,         false, nullptr       },
-    {"PNT",    true,      false,         false, ReadMinuteGrid},
-    {"ALL",    true,      false,         false, ReadMinuteGrid},
-    {"CCI",    true,      false,         false, ReadMinuteGrid},
-    {"MAP",    true,      false,         false, ReadMinuteGrid},
-    {"PKD",    true,      false,         false, nullptr       },
-    {"PKV",    true,      false,         false, nullptr       },
-    {"MPS",    true,      true,          false, nullptr       },
-    {"MP1",    false,     true,          false, nullptr       },
-    {"UTM",    false,     true,          true,  nullptr       },
-    {"",       false,     true,          false, nullptr       },
+    {"DAT",    false,     true,          false, ReadFixedRecords},
+    {"GRF",    false,     false,         false, ReadFixedRecords},
+    {"GRV",    true,      false,         false, ReadPacked      },
+    {"PNT",    true,      false,         false, ReadMinuteGrid  },
+    {"ALL",    true,      false,         false, ReadMinuteGrid  },
+    {"CCI",    true,      false,         false, ReadMinuteGrid  },
+    {"MAP",    true,      false,         false, ReadMinuteGrid  },
+    {"PKD",    true,      false,         false, ReadPacked      },
+    {"PKV",    true,      false,         false, ReadPacked      },
+    {"MPS",    true,      true,          false, ReadWorldBinary },
+    {"MP1",    false,     true,          false, ReadWorldText   },
+    {"UTM",    false,     true,          true,  ReadAsciiMap    },
+    {"",       false,     true,          false, ReadAsciiMap    },
 });
 // clang-format on
 static_assert(Formats.back().letters.empty(), "the last row takes every other name");
@@ -103,6 +107,7 @@ void MapPlotRun::Run() {
     try {
         caption = Machine().window->Caption();
         Design.StartLine = false;
+        Design.MapLabels.clear();
         for (std::int32_t index = 1; index <= Design.MapFileCount; ++index) {
             if (PlotFile(index) == After::ClosingStep) {
                 break;
@@ -154,11 +159,6 @@ MapPlotRun::After MapPlotRun::ReadMapFile(std::int32_t index) {
     const bool firstShown = Design.InputFiles[static_cast<std::size_t>(index - 1)].Features[1].Shown;
     if ((format.onlyUtm && Design.ProjNum != ProjUtm) || (format.onlyFirstFeature && !firstShown)) {
         return After::NextFile;
-    }
-    if (format.reader == nullptr) {
-        ShowDrawBox("Error in MapPlot",
-                    "Error: This version cannot read the format of the file " + fileName + ".");
-        return After::ClosingStep;
     }
     OpenMapFile(fileName, format.lookedUp);
     return format.reader(point, index) ? After::NextFile : After::ClosingStep;

@@ -7,8 +7,9 @@ namespace quelmont {
 /// Reads   the list InputFiles with MapFileCount, the bounds and the projection of the map, the
 ///         output flags, AsciiFileName, GridOutputCount, LobeLast.
 /// Writes  Surface, DevicePixelX, DevicePixelY, CurrentSymbolType, PenColor, PenWidth, the symbol
-///         sizes, the point cell, OutputFileName, UtmPointPath, the window's caption, and
-///         Statistics.MapFiles: an entry per file, added up over the passes of a draw.
+///         sizes, the point cell, OutputFileName, UtmPointPath, the window's caption, the
+///         labels of this pass in MapLabels, and Statistics.MapFiles: an entry per file, added up over the
+///         passes of a draw.
 /// Lets events run every 800 points and leaves when PlotStopReason is "Escape". A run-time failure
 /// shows "Error in MapPlot", a file that is not there "File not found error in MapPlot"; the files
 /// after it are not plotted then. Files 1 and 2 are closed however it ends.

@@ -60,6 +60,10 @@ void MapPoint::TestBounds() {
         const std::int64_t lon = static_cast<std::int64_t>(Design.PointLonSec) - Design.LonWestSec;
         Design.PointLonSec = FitInt32(lon < 0 ? lon + SecPerCircle : lon);
     }
+    CompareBounds();
+}
+
+void MapPoint::CompareBounds() {
     PointInBounds = Design.LatSouthSec <= Design.PointLatSec && Design.PointLatSec <= Design.LatNorthSec &&
                     Design.LonZeroSec <= Design.PointLonSec && Design.PointLonSec <= Design.LonSpanSec;
 }
@@ -104,6 +108,15 @@ bool MapPoint::PlotStep() {
 
 bool MapPoint::LetEventsRun() {
     Machine().window->Refresh();
+    return RunEvents();
+}
+
+bool MapPoint::SkipPoints(std::int64_t count) {
+    PointsRead += count;
+    return RunEvents();
+}
+
+bool MapPoint::RunEvents() {
     Machine().pump->DoEvents();
     return Design.PlotStopReason != "Escape";
 }

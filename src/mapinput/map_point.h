@@ -33,6 +33,9 @@ public:
     /// A full circle is added once at most: on a map from 180 west, 180 east is the eastern edge.
     void TestBounds();
 
+    /// The same for a point that is in metres already.
+    void CompareBounds();
+
     /// The point begins a line of its source.
     void StartNewLine();
 
@@ -43,6 +46,10 @@ public:
     /// Counts a point that was read. Every 800th lets the picture be shown and events run; false
     /// when Escape was pressed meanwhile.
     bool CountPoint() { return ++PointsRead % PointsPerTurn != 0 || LetEventsRun(); }
+
+    /// Counts points that are stepped over and lets events run at once, however few they are; false
+    /// when Escape was pressed meanwhile.
+    bool SkipPoints(std::int64_t count);
 
     std::int64_t PointsRead = 0;    ///< of the file
     std::int64_t PointsPlotted = 0; ///< of the file, cut points included
@@ -58,6 +65,7 @@ private:
     };
 
     static bool LetEventsRun();
+    static bool RunEvents();
     void ConvertToMetres();
 
     /// Projects the point and hands it to the devices.

@@ -6,6 +6,7 @@
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/minute_grid_file.h"
+#include "mapinput/shown_features.h"
 
 #include <array>
 #include <cstddef>
@@ -14,27 +15,6 @@
 namespace quelmont {
 
 namespace {
-
-constexpr std::int16_t MinuteGridRows = 10;
-
-/// How the features of one file are drawn.
-class ShownFeatures {
-public:
-    explicit ShownFeatures(const InputFileEntry& file)
-        : oneStyle(LastThreeLetters(file.MapFileName) == "PNT") {
-        const bool all = oneStyle && file.Features[1].Shown;
-        for (std::size_t feature = 1; feature < shown.size(); ++feature) {
-            shown[feature] = all || file.Features[feature].Shown;
-        }
-    }
-    bool Shows(std::int16_t feature) const { return shown[static_cast<std::size_t>(feature)]; }
-    /// The row whose style a feature is drawn in.
-    std::int16_t StyleOf(std::int16_t feature) const { return oneStyle ? std::int16_t{1} : feature; }
-
-private:
-    std::array<bool, MinuteGridRows + 1> shown = {}; ///< feature 0 never is
-    bool oneStyle;
-};
 
 /// The next record, nothing at the end of the file. The end is looked for behind the code of a
 /// continuing record alone; whatever else lies beyond it reads as zero.
@@ -57,7 +37,10 @@ std::optional<MinuteGridRecord> NextRecord(ByteReader& bytes) {
 } // namespace
 
 bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex) {
-    const ShownFeatures features(Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)]);
+    const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
+    const bool oneStyle = LastThreeLetters(file.MapFileName) == "PNT";
+    const ShownFeatures features = oneStyle ? ShownFeatures::AllAsFirst(file, RankFeatures.size())
+                                            : ShownFeatures(file, RankFeatures.size());
     ByteReader bytes;
     std::int16_t feature = 0;
     bool shown = false;
@@ -78,7 +61,7 @@ bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex) {
         Design.PointLonSec = record.Lon * SecPerMinute;
         point.TestBounds();
         if (rank != 0) {
-            TakeFeaturePen(features.StyleOf(feature), FileIndex, SitesMinuteGridLine);
+            TakeFeaturePen(oneStyle ? std::int16_t{1} : feature, FileIndex, SitesMinuteGridLine);
             point.StartNewLine();
         }
         if (!point.PlotStep()) {

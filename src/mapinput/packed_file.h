@@ -37,9 +37,10 @@ constexpr std::size_t PackedStepSize = 2;
 /// The count is a pair of bytes, the first of which stands for hundreds.
 constexpr std::int32_t MaxPackedCount = 255 * 100 + 255;
 
-/// Bytes behind the header of a segment.
-constexpr std::int64_t PackedStepsSize(std::int32_t count) {
-    return count > 1 ? static_cast<std::int64_t>(PackedStepSize) * (count - 1) : 0;
+/// From the first byte of a segment to the first byte of the next one. A count of 0 has less than a
+/// header.
+constexpr std::int64_t PackedSegmentSize(std::int32_t count) {
+    return static_cast<std::int64_t>(PackedHeaderSize) + 2 * (std::int64_t{count} - 1);
 }
 
 constexpr std::int8_t SignedByte(std::byte byte) { return static_cast<std::int8_t>(byte); }

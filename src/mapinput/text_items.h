@@ -25,9 +25,10 @@ inline void TakeLineEnd(std::string_view& text) {
     }
 }
 
-/// Takes blanks, tabs and line ends off the front of a text.
+/// Takes blanks, tabs and line ends off the front of a text, and the mark by which programs of DOS
+/// end one.
 inline void TakeBlankLines(std::string_view& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\x1A"), text.size()));
 }
 
 } // namespace quelmont

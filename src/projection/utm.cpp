@@ -5,6 +5,8 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
+#include "projection/interval.h"
+#include "projection/utm_series.h"
 
 #include <cmath>
 
@@ -30,13 +32,6 @@ void SelectSpheroid() {
             Design.SpheroidF = 1.0 / spheroid.inverseFlattening;
         }
     }
-}
-
-/// Length of the meridian from the equator to phi radians, metres.
-double MeridianArc(double phi, double sin2, double cos2) {
-    return (Design.UtmMeridianC0 * phi +
-            ((((Design.UtmMeridianC3 * cos2) + Design.UtmMeridianC2) * cos2 + Design.UtmMeridianC1) * sin2)) *
-           Design.SpheroidA;
 }
 
 void MeridianSeries() {
@@ -77,37 +72,40 @@ void CalcUtmZone() {
 }
 
 void UtmForward() {
-    const double p = Design.ProjLat * DegToRad;
-    const double sinp = std::sin(p);
-    const double cosp = std::cos(p);
-    const double tanp = std::tan(p);
-    const double t = tanp * tanp;
-    const double t2 = t * t;
-    const double m = MeridianArc(p, std::sin(2.0 * p), std::cos(2.0 * p));
-    const double ep2 = Design.SpheroidEp2;
-    const double n = Divide(Design.SpheroidA, SquareRoot(1.0 - (Design.SpheroidE2 * sinp) * sinp));
-    const double c = (ep2 * cosp) * cosp;
     double dl = Design.ProjLon - Design.LonCentral;
     if (dl > 180.0) {
         dl = dl - 360.0;
     } else if (dl < -180.0) {
         dl = 360.0 + dl;
     }
-    const double a = (dl * DegToRad) * cosp;
-    const double a2 = a * a;
-    const double a4 = a2 * a2;
-    const double a6 = a4 * a2;
+    const UtmPlace<double> place = UtmSeries(Design.ProjLat * DegToRad, dl);
+    Design.ProjLon = Finite(place.east);
+    Design.ProjLat = Finite(place.north);
+}
 
-    double east = (((1.0 - t + c) * a2) * a) / 6.0 + a;
-    east = ((((5.0 - 18.0 * t + t2 + 72.0 * c - 58.0 * ep2) * a4) * a) / 120.0) + east;
-    east = (Design.UtmK0 * n) * east;
-
-    double north = a2 / 2.0 + (((5.0 - t + 9.0 * c + (4.0 * c) * c) * a4) / 24.0);
-    north = (((61.0 - 58.0 * t + t2 + 600.0 * c - 330.0 * ep2) * a6) / 720.0) + north;
-    north = ((m - Design.UtmM0) + (n * tanp) * north) * Design.UtmK0;
-
-    Design.ProjLon = Finite(east + Design.UtmFalseEasting);
-    Design.ProjLat = Finite(north + Design.UtmFalseNorthing);
+std::optional<MetreBox> UtmEnclosure(double south, double north, double west, double east) {
+    // Beyond, the tangent is too large for bounds that are of any use.
+    constexpr double MaxLat = 89.0;
+    double dlWest = west - Design.LonCentral;
+    double dlEast = east - Design.LonCentral;
+    if (dlWest > 180.0) {
+        dlWest -= 360.0;
+        dlEast -= 360.0;
+    } else if (dlEast < -180.0) {
+        dlWest += 360.0;
+        dlEast += 360.0;
+    } else if (!(dlWest >= -180.0 && dlEast <= 180.0)) {
+        return std::nullopt;
+    }
+    if (!(-MaxLat <= south && south <= north && north <= MaxLat && dlWest <= dlEast)) {
+        return std::nullopt;
+    }
+    const UtmPlace<Interval> place = UtmSeries(Interval(south, north) * DegToRad, Interval(dlWest, dlEast));
+    const auto wider = [](double value, double direction) {
+        return Finite(value + direction * (1.0 + std::fabs(value) * 1e-9));
+    };
+    return MetreBox{wider(place.north.low, -1.0), wider(place.north.high, 1.0), wider(place.east.low, -1.0),
+                    wider(place.east.high, 1.0)};
 }
 
 } // namespace quelmont

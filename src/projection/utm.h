@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string_view>
 
 namespace quelmont {
@@ -43,5 +44,18 @@ void CalcUtmZone();
 /// easting in metres. RunTimeError where the series has no finite value. Source: Snyder 1987, eq.
 /// 8-9 to 8-15.
 void UtmForward();
+
+/// Metres. South to north and west to east.
+struct MetreBox {
+    double south, north, west, east;
+};
+
+/// A box that holds every place of UtmForward for the points of a box in true degrees, and the whole
+/// metres next to it. Not the smallest: some kilometres too large for a box of a degree near the zone,
+/// more for larger ones and farther off.
+///
+/// Nothing when west is east of east, south north of north, for a box that reaches beyond 89 degrees of
+/// latitude, and for one across the meridian opposite of the central one.
+std::optional<MetreBox> UtmEnclosure(double south, double north, double west, double east);
 
 } // namespace quelmont

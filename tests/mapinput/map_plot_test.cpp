@@ -135,15 +135,6 @@ TEST_F(MapPlotTest, FileThatIsPassedOverNeedNotExist) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(MapPlotTest, FormatWithoutAReaderIsRefusedByName) {
-    AddFile("folder/a.pkd", "");
-    AddFile("b.map", Line(1, Stretch));
-    MapPlot();
-    ExpectBox("Error in MapPlot", "Error: This version cannot read the format of the file folder/a.pkd.");
-    EXPECT_THAT(recorder.points, IsEmpty()) << "as behind a file that failed";
-    ExpectClosed();
-}
-
 // ---- Failures.
 
 TEST_F(MapPlotTest, MissingFileStopsTheList) {

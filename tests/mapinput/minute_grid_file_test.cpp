@@ -17,6 +17,20 @@ TEST(MinuteGridFile, RecordIsThreeSignedNumbersLowByteFirst) {
     EXPECT_EQ(DecodeMinuteGrid(bytes), (MinuteGridRecord{5000, -2, 10800}));
 }
 
+TEST(MinuteGridFile, RecordIsEncodedLowByteFirst) {
+    constexpr std::array<std::byte, 6> bytes{std::byte{0x88}, std::byte{0x13}, std::byte{0xFE},
+                                             std::byte{0xFF}, std::byte{0x30}, std::byte{0x2A}};
+    EXPECT_EQ(EncodeMinuteGrid({5000, -2, 10800}), bytes);
+}
+
+TEST(MinuteGridFile, EveryFeatureIsReadBackFromItsRank) {
+    for (std::int16_t feature = 1; feature <= 10; ++feature) {
+        EXPECT_EQ(FeatureOfRank(RankOfFeature(feature)), feature);
+    }
+    EXPECT_EQ(ErrorOf([] { RankOfFeature(0); }), ErrorSubscript);
+    EXPECT_EQ(ErrorOf([] { RankOfFeature(11); }), ErrorSubscript);
+}
+
 TEST(MinuteGridFile, RankIsTheThousandsCutTowardZero) {
     EXPECT_EQ(RankOf(999), 0);
     EXPECT_EQ(RankOf(1000), 1);

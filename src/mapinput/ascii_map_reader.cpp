@@ -1,0 +1,96 @@
+#include "mapinput/ascii_map_reader.h"
+
+#include "core/file_names.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "core/text_encoding.h"
+#include "mapinput/ascii_map_file.h"
+#include "mapinput/map_pen.h"
+#include "mapinput/map_point.h"
+#include "mapinput/text_items.h"
+#include "mapinput/text_reader.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+/// Steps over what may stand between points. False at the end of the file.
+bool FindPoint(ByteReader& bytes) {
+    while (bytes.Has(1)) {
+        if (TakeText(bytes, [](std::string_view& text) {
+                TakeBlankLines(text);
+                return !text.empty();
+            })) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void TestDegrees(MapPoint& point, double lat, double lon) {
+    Design.ProjLat = lat;
+    Design.ProjLon = lon;
+    Design.PointLatSec = RoundToInt32(lat * SecPerDegree);
+    Design.PointLonSec = RoundToInt32(lon * SecPerDegree);
+    point.TestBounds();
+}
+
+void TestMetres(MapPoint& point, double north, double east) {
+    Design.ProjLat = north;
+    Design.ProjLon = east;
+    Design.PointLatSec = RoundToInt32(north);
+    Design.PointLonSec = RoundToInt32(east);
+    point.CompareBounds();
+}
+
+/// The label stands where the plotting of its point has left the point cell.
+void AddLabel(std::string text, const InputFileEntry& file, std::int32_t FileIndex) {
+    MapLabel label;
+    label.LabelText = std::move(text);
+    label.LabelLat = Design.ProjLat;
+    label.LabelLon = Design.ProjLon;
+    label.LabelFont = file.LabelFontName;
+    label.LabelSize = file.LabelFontSize;
+    label.LabelColour = file.LabelColor;
+    label.LabelBold = file.LabelBold;
+    label.LabelItalic = file.LabelItalic;
+    label.LabelUnderline = file.LabelUnderline;
+    label.LabelStrikeout = file.LabelStrikeout;
+    label.LabelSymbolIndex = RoundToInt16(FileIndex);
+    Design.MapLabels.push_back(std::move(label));
+}
+
+} // namespace
+
+bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex) {
+    const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
+    Design.UtmPointPath = LastThreeLetters(file.MapFileName) != "UTM";
+    TakeFeaturePen(1, FileIndex, SitesAscii);
+    ByteReader bytes;
+    SkipByteOrderMark(bytes);
+    while (FindPoint(bytes)) {
+        const AsciiMapPoint read = TakeText(bytes, TakeAsciiMapPoint);
+        if (Design.UtmPointPath) {
+            TestDegrees(point, read.Second, read.Third);
+        } else {
+            TestMetres(point, read.Third, read.Second);
+        }
+        if (read.Break != 0) {
+            point.StartNewLine();
+        }
+        if (!point.PlotStep()) {
+            return false;
+        }
+        if (point.PointInBounds && !read.Label.empty()) {
+            AddLabel(ToUtf8(read.Label), file, FileIndex);
+        }
+    }
+    DeleteMapPen(SiteAsciiEnd);
+    return true;
+}
+
+} // namespace quelmont

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quelmont {
+
+class MapPoint;
+
+/// Plots the ASCII map file that is open under file number 1, in the style of the first feature of
+/// entry FileIndex of the list, counted from 1, and puts the labels of points inside the map at the end
+/// of MapLabels. False when Escape was pressed.
+///
+/// A .utm file is in metres and has to be on the UTM projection; it clears UtmPointPath. A first point
+/// that begins no line goes on from the last point of the file before.
+/// RunTimeError when the file cannot be read, when a point has no place, and as TakeAsciiMapPoint.
+bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex);
+
+} // namespace quelmont

@@ -1,0 +1,99 @@
+#include "mapinput/world_reader.h"
+
+#include "core/map_design.h"
+#include "mapinput/byte_reader.h"
+#include "mapinput/map_pen.h"
+#include "mapinput/map_point.h"
+#include "mapinput/text_reader.h"
+#include "mapinput/world_file.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+/// The points of one file, which are lines until a break.
+class WorldLines {
+public:
+    explicit WorldLines(MapPoint& point_) : point(point_) {}
+
+    void Break() { pendingBreak = true; }
+    void TestBounds(const WorldPoint& place) {
+        Design.PointLatSec = place.Lat;
+        Design.PointLonSec = place.Lon;
+        point.TestBounds();
+        if (pendingBreak) {
+            pendingBreak = false;
+            point.StartNewLine();
+            Design.LineStart = 3;
+        }
+    }
+    bool PlotStep() { return point.PlotStep(); }
+
+private:
+    MapPoint& point;
+    bool pendingBreak = true;
+};
+
+/// Takes the bytes up to the end of a record. Whether the next point begins a line.
+bool TakeTail(ByteReader& bytes) {
+    bool lineEnd = false;
+    for (;;) {
+        const std::byte byte = bytes.Take<1>()[0];
+        if (byte == WorldRecordEnd) {
+            return lineEnd;
+        }
+        lineEnd = lineEnd || byte == WorldLineEnd;
+    }
+}
+
+} // namespace
+
+bool ReadWorldText(MapPoint& point, std::int32_t FileIndex) {
+    TakeFeaturePen(1, FileIndex, SitesWorldText);
+    ByteReader bytes;
+    SkipByteOrderMark(bytes);
+    WorldLines lines(point);
+    while (bytes.Has(1)) {
+        const std::optional<WorldPoint> place = DecodeWorldItem(TakeText(bytes, TakeWorldItem));
+        if (!place) {
+            lines.Break();
+            continue;
+        }
+        lines.TestBounds(*place);
+        if (!lines.PlotStep()) {
+            return false;
+        }
+    }
+    DeleteMapPen(SiteWorldTextEnd);
+    return true;
+}
+
+bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex) {
+    TakeFeaturePen(1, FileIndex, SitesWorldBinary);
+    ByteReader bytes;
+    WorldLines lines(point);
+    while (bytes.Has(WorldFloatSize)) {
+        auto first = bytes.Take<WorldFloatSize>();
+        if (IsWorldMarker(first)) {
+            lines.Break();
+            first = bytes.Take<WorldFloatSize>();
+        }
+        const float lat = DecodeWorldFloat(first);
+        const float lon = DecodeWorldFloat(bytes.Take<WorldFloatSize>());
+        lines.TestBounds(WorldPointOf(lat, lon));
+        if (TakeTail(bytes)) {
+            lines.Break();
+        }
+        if (!lines.PlotStep()) {
+            return false;
+        }
+    }
+    DeleteMapPen(SiteWorldBinaryEnd);
+    return true;
+}
+
+} // namespace quelmont
