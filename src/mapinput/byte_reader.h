@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -34,7 +35,7 @@ public:
     /// The bytes that lie ready, at least so many (up to BlockSize) unless the file ends before; they
     /// stay valid until more are asked for. RunTimeError when the file cannot be read.
     std::span<const std::byte> Ahead(std::size_t least) {
-        Has(least);
+        Has(std::min(least, block.size())); // a small file has a small block
         return {block.data() + next, Buffered()};
     }
 

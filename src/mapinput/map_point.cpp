@@ -106,6 +106,14 @@ bool MapPoint::PlotStep() {
     return true;
 }
 
+void MapPoint::PassOutside(std::int64_t count) {
+    TestBounds();
+    PointsRead += count;
+    PrevInBounds = PointInBounds;
+    Design.PointLatSecPrev = Design.PointLatSec;
+    Design.PointLonSecPrev = Design.PointLonSec;
+}
+
 bool MapPoint::LetEventsRun() {
     Machine().window->Refresh();
     return RunEvents();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/coordinates.h"
+#include "core/map_design.h"
 
 #include <cstdint>
 
@@ -50,6 +51,18 @@ public:
     /// Counts points that are stepped over and lets events run at once, however few they are; false
     /// when Escape was pressed meanwhile.
     bool SkipPoints(std::int64_t count);
+
+    /// How many points may be passed over by PassOutside before the next turn of events; none unless the
+    /// last point was outside of a map bounded by parallels and meridians.
+    std::int64_t OutsideLimit() const {
+        return family == ClippingFamily::Rectangle && !PointInBounds && !Design.StartLine
+                   ? PointsPerTurn - 1 - PointsRead % PointsPerTurn
+                   : 0;
+    }
+
+    /// Passes over points of one line that all lie outside, as PlotStep would: nothing leads from one to
+    /// the next. The last of them, in PointLatSec and PointLonSec, is the previous point then.
+    void PassOutside(std::int64_t count);
 
     std::int64_t PointsRead = 0;    ///< of the file
     std::int64_t PointsPlotted = 0; ///< of the file, cut points included

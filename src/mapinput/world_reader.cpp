@@ -6,9 +6,11 @@
 #include "mapinput/map_point.h"
 #include "mapinput/text_reader.h"
 #include "mapinput/world_file.h"
+#include "mapinput/world_outside.h"
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace quelmont {
@@ -22,8 +24,7 @@ public:
 
     void Break() { pendingBreak = true; }
     void TestBounds(const WorldPoint& place) {
-        Design.PointLatSec = place.Lat;
-        Design.PointLonSec = place.Lon;
+        Put(place);
         point.TestBounds();
         if (pendingBreak) {
             pendingBreak = false;
@@ -33,7 +34,29 @@ public:
     }
     bool PlotStep() { return point.PlotStep(); }
 
+    /// Takes the records ahead that are seen to lie outside the map.
+    void PassOutside(ByteReader& bytes, const WorldOutside& outside) {
+        const std::int64_t limit = pendingBreak ? 0 : point.OutsideLimit();
+        if (limit == 0) {
+            return;
+        }
+        const std::span<const std::byte> ready = bytes.Ahead(WorldRecordSize);
+        const std::size_t size = outside.RunAtFront(ready, limit);
+        if (size > 0) {
+            const auto last = ready.first(size).last<WorldRecordSize>();
+            Put(WorldPointOf(DecodeWorldFloat(last.first<WorldFloatSize>()),
+                             DecodeWorldFloat(last.subspan<WorldFloatSize, WorldFloatSize>())));
+            point.PassOutside(static_cast<std::int64_t>(size / WorldRecordSize));
+            bytes.Skip(static_cast<std::int64_t>(size));
+        }
+    }
+
 private:
+    static void Put(const WorldPoint& place) {
+        Design.PointLatSec = place.Lat;
+        Design.PointLonSec = place.Lon;
+    }
+
     MapPoint& point;
     bool pendingBreak = true;
 };
@@ -75,7 +98,12 @@ bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex) {
     TakeFeaturePen(1, FileIndex, SitesWorldBinary);
     ByteReader bytes;
     WorldLines lines(point);
-    while (bytes.Has(WorldFloatSize)) {
+    const WorldOutside outside(Design.LatNorthSec, Design.LatSouthSec, Design.LonWestSec, Design.LonSpanSec);
+    for (;;) {
+        lines.PassOutside(bytes, outside);
+        if (!bytes.Has(WorldFloatSize)) {
+            break;
+        }
         auto first = bytes.Take<WorldFloatSize>();
         if (IsWorldMarker(first)) {
             lines.Break();

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace quelmont {
 namespace {
 
@@ -91,8 +93,78 @@ TEST_F(ByteReaderTest, FailureOfTheFileComesThrough) {
     EXPECT_EQ(ErrorOf([&] { bytes.Has(1); }), ErrorDeviceIo);
 }
 
+TEST_F(ByteReaderTest, AheadShowsWhatIsNotTakenYet) {
+    Open("abcdef");
+    ByteReader bytes;
+    EXPECT_EQ(Text(bytes.Ahead(100)), "abcdef") << "a file that is smaller than what is asked for";
+    EXPECT_EQ(Text(bytes.Ahead(2)), "abcdef") << "all that is there";
+    bytes.Take<2>();
+    EXPECT_EQ(Text(bytes.Ahead(100)), "cdef");
+    EXPECT_EQ(Text(bytes.Take<4>()), "cdef");
+    EXPECT_EQ(Text(bytes.Ahead(1)), "");
+}
+
+TEST_F(ByteReaderTest, SkipStepsOverBytesNearAndFar) {
+    std::string contents(4 * ByteReader::BlockSize, 'x');
+    const std::size_t far = 3 * ByteReader::BlockSize + 5;
+    contents[10] = 'n';
+    contents[far] = 'f';
+    Open(contents);
+    ByteReader bytes;
+    bytes.Skip(10);
+    EXPECT_EQ(bytes.Take<1>()[0], std::byte{'n'});
+    bytes.Skip(static_cast<std::int64_t>(far) - 11);
+    EXPECT_EQ(bytes.Take<1>()[0], std::byte{'f'});
+    bytes.Skip(static_cast<std::int64_t>(contents.size() - far) - 2);
+    EXPECT_EQ(bytes.Take<1>()[0], std::byte{'x'});
+    EXPECT_FALSE(bytes.Has(1));
+}
+
+TEST_F(ByteReaderTest, WhatIsSteppedOverIsNotRead) {
+    // Two blocks in all may be read of a file of a hundred.
+    Open(std::string(100 * ByteReader::BlockSize, 'x'));
+    files.FailReadingAfter(static_cast<std::int64_t>(2 * ByteReader::BlockSize), ErrorDeviceIo);
+    ByteReader bytes;
+    EXPECT_TRUE(bytes.Has(1));
+    bytes.Skip(static_cast<std::int64_t>(99 * ByteReader::BlockSize));
+    EXPECT_TRUE(bytes.Has(1));
+}
+
+TEST_F(ByteReaderTest, EndOfTheFileIsSteppedOverToo) {
+    Open("abc");
+    ByteReader bytes;
+    bytes.Take<1>();
+    bytes.Skip(1000);
+    EXPECT_FALSE(bytes.Has(1));
+    EXPECT_EQ(ErrorOf([&] { bytes.Take<1>(); }), ErrorInputPastEnd);
+    bytes.Skip(std::int64_t{1} << 40U);
+    EXPECT_FALSE(bytes.Has(1));
+}
+
+TEST_F(ByteReaderTest, SkipGoesForwardOnlyAndNoFurtherThanNumbersReach) {
+    Open("abc");
+    ByteReader bytes;
+    bytes.Take<2>();
+    EXPECT_EQ(ErrorOf([&] { bytes.Skip(-1); }), ErrorInvalidCall);
+    EXPECT_EQ(Text(bytes.Take<1>()), "c") << "a refused step changes nothing";
+    bytes.Skip(1000);
+    EXPECT_EQ(ErrorOf([&] { bytes.Skip(std::numeric_limits<std::int64_t>::max()); }), ErrorInvalidCall);
+}
+
+TEST_F(ByteReaderTest, FailureOfASeekComesThrough) {
+    Open("abc");
+    files.FailSeeking(ErrorDeviceIo);
+    ByteReader bytes;
+    EXPECT_EQ(ErrorOf([&] { bytes.Skip(4); }), ErrorDeviceIo);
+}
+
 TEST_F(ByteReaderTest, FileThatIsNotOpenIsAnError) {
     EXPECT_EQ(ErrorOf([] { ByteReader(); }), ErrorBadFileNumber);
+}
+
+TEST(LittleInt16, BytesAreTakenApartLowFirst) {
+    EXPECT_EQ(LittleBytes(0x1234), (std::array{std::byte{0x34}, std::byte{0x12}}));
+    EXPECT_EQ(LittleBytes(-2), (std::array{std::byte{0xFE}, std::byte{0xFF}}));
 }
 
 TEST(LittleInt16, LowByteComesFirst) {

@@ -6,6 +6,7 @@
 #include "graticule/calc_graticule.h"
 #include "graticule/utm_grid.h"
 #include "mapinput/feature_rows.h"
+#include "mapinput/map_plot.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
 #include "output/scale_screen.h"
@@ -13,6 +14,7 @@
 #include "projection/param_select.h"
 #include "projection/utm.h"
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 
@@ -181,6 +183,57 @@ void MapTest::PressEscape() {
     Design.OutputFileName.clear();
     Design.PlotStopReason = "Escape";
     Design.MapDrawing = false;
+}
+
+void ReaderTest::Plot(const std::string& name, const std::string& contents) {
+    Design.InputFiles.clear();
+    AddFile(name, contents);
+    PlotList();
+}
+
+void ReaderTest::PlotList() {
+    recorder.points.clear();
+    surface.Forget();
+    Design.Statistics = {};
+    StartRecording();
+    MapPlot();
+}
+
+std::vector<std::pair<double, double>> ReaderTest::PlottedPlaces() const {
+    std::vector<std::pair<double, double>> places;
+    for (const PlottedPoint& point : recorder.points) {
+        places.emplace_back(point.lat, point.lon - 180.0);
+    }
+    return places;
+}
+
+std::size_t ReaderTest::Moves() const {
+    return static_cast<std::size_t>(std::count_if(recorder.points.begin(), recorder.points.end(),
+                                                  [](const PlottedPoint& point) { return point.move; }));
+}
+
+void ReaderTest::ExpectCleanEnd() {
+    EXPECT_EQ(machine.boxes.asked.size(), 0U)
+        << (machine.boxes.asked.empty() ? "" : machine.boxes.asked.front().text);
+    EXPECT_FALSE(IsFileOpen(InputFileNumber));
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    EXPECT_EQ(surface.LiveObjects(), 0);
+    machine.boxes.asked.clear();
+}
+
+void ReaderTest::ExpectError(const std::string& description) {
+    const std::vector<AskedBox> boxes = machine.boxes.Taken();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0], (AskedBox{"Error in MapPlot", "Error: " + description}));
+    ExpectCleanEnd();
+}
+
+std::string Text(std::span<const std::byte> bytes) {
+    std::string text;
+    for (const std::byte byte : bytes) {
+        text += static_cast<char>(byte);
+    }
+    return text;
 }
 
 double LatSeconds(const PlottedPoint& point) { return point.lat * SecPerDegree; }

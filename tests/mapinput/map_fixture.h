@@ -7,8 +7,10 @@
 #include "support/fresh_program.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quelmont {
@@ -91,6 +93,27 @@ private:
     void Finish(std::int16_t projNum);
     MapPoint road;
 };
+
+/// Whole files through MapPlot, on the map of the whole world unless the test takes another one.
+class ReaderTest : public MapTest {
+protected:
+    /// Plots one file alone and forgets what was recorded before.
+    void Plot(const std::string& name, const std::string& contents);
+    /// The same for the list as it is.
+    void PlotList();
+
+    /// True latitude and longitude of the plotted points, degrees; on a map that begins at 180 west.
+    std::vector<std::pair<double, double>> PlottedPlaces() const;
+    std::size_t Moves() const;
+    const DrawStatistics::MapFile& Counted() const { return Design.Statistics.MapFiles.at(0); }
+    /// No box was shown and nothing is left open.
+    void ExpectCleanEnd();
+    /// One box of MapPlot was shown, and nothing is left open.
+    void ExpectError(const std::string& description);
+};
+
+/// Bytes as the text that a file is put from.
+std::string Text(std::span<const std::byte> bytes);
 
 /// Seconds of a plotted point's degrees.
 double LatSeconds(const PlottedPoint& point);

@@ -16,27 +16,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Whole minute-grid files through MapPlot, on the map of the whole world.
-class MinuteGridReader : public MapTest {
+class MinuteGridReader : public ReaderTest {
 protected:
-    void Plot(const std::string& contents) {
-        Design.InputFiles.clear();
-        StartRecording();
-        AddFile("a.map", contents);
-        MapPlot();
-    }
-    std::vector<std::pair<double, double>> PlottedPlaces() const {
-        std::vector<std::pair<double, double>> places;
-        for (const PlottedPoint& point : recorder.points) {
-            places.emplace_back(point.lat, point.lon - 180.0);
-        }
-        return places;
-    }
-    std::size_t Moves() const {
-        return static_cast<std::size_t>(std::count_if(recorder.points.begin(), recorder.points.end(),
-                                                      [](const auto& p) { return p.move; }));
-    }
-    const DrawStatistics::MapFile& Counted() const { return Design.Statistics.MapFiles.at(0); }
+    void Plot(const std::string& contents) { ReaderTest::Plot("a.map", contents); }
 };
 
 TEST_F(MinuteGridReader, MinutesBecomeDegrees) {

@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <random>
 
 namespace quelmont {
 namespace {
@@ -296,6 +297,70 @@ TEST(Spheroids, AreThePublishedOnes) {
         EXPECT_NEAR(found->x, expected->x, 0.01) << ellipsoids[i];
         EXPECT_NEAR(found->y, expected->y, 0.1) << ellipsoids[i];
     }
+}
+
+// ---- The box around the places of a box.
+
+TEST_F(Utm, EnclosureHoldsEveryPlaceOfItsBox) {
+    std::mt19937 random(2718);
+    const auto between = [&](double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random);
+    };
+    for (const char* centre : {"009    00    00    W", "177    00    00    E", "180    00    00    W"}) {
+        Design.UtmText[0] = centre;
+        CalcUtmZone();
+        int told = 0;
+        for (int box = 0; box < 2000; ++box) {
+            const double size = box % 3 == 0 ? 0.1 : box % 3 == 1 ? 3.0 : 40.0;
+            const double south = between(-88.0, 88.0);
+            const double north = std::min(88.9, south + between(0.0, size));
+            const double west = between(-180.0, 180.0);
+            const double east = west + between(0.0, size);
+            const auto metres = UtmEnclosure(south, north, west, east);
+            if (!metres) {
+                continue;
+            }
+            ++told;
+            for (int point = 0; point < 20; ++point) {
+                // Corners and edges first.
+                Forward(point % 4 == 0   ? south
+                        : point % 4 == 1 ? north
+                                         : between(south, north),
+                        point % 8 < 2   ? west
+                        : point % 8 < 4 ? east
+                                        : between(west, east));
+                ASSERT_LE(metres->south, std::floor(Design.ProjLat)) << south << ", " << west;
+                ASSERT_GE(metres->north, std::ceil(Design.ProjLat)) << south << ", " << west;
+                ASSERT_LE(metres->west, std::floor(Design.ProjLon)) << south << ", " << west;
+                ASSERT_GE(metres->east, std::ceil(Design.ProjLon)) << south << ", " << west;
+            }
+        }
+        EXPECT_GT(told, 1500) << centre;
+    }
+}
+
+TEST_F(Utm, EnclosureOfADegreeInTheZoneIsSomeKilometresTooLarge) {
+    CalcUtmZone();
+    // A degree of longitude measures 111.3 km times the cosine of the latitude, one of latitude 111 km.
+    for (const double lat : {0.0, 30.0, 53.0, 70.0}) {
+        for (const double west : {-12.0, -9.5, -7.0}) {
+            const auto metres = UtmEnclosure(lat, lat + 1.0, west, west + 1.0);
+            ASSERT_TRUE(metres);
+            EXPECT_LT(metres->north - metres->south, 111'000.0 + 10'000.0) << lat << ", " << west;
+            EXPECT_LT(metres->east - metres->west, 111'300.0 * std::cos(lat * Degree) + 15'000.0)
+                << lat << ", " << west;
+        }
+    }
+}
+
+TEST_F(Utm, EnclosureIsNotToldWhereItWouldBeOfNoUse) {
+    CalcUtmZone();
+    EXPECT_FALSE(UtmEnclosure(80.0, 90.0, 0.0, 1.0));
+    EXPECT_FALSE(UtmEnclosure(-90.0, -80.0, 0.0, 1.0));
+    EXPECT_FALSE(UtmEnclosure(10.0, 9.0, 0.0, 1.0));
+    EXPECT_FALSE(UtmEnclosure(10.0, 11.0, 1.0, 0.0));
+    EXPECT_FALSE(UtmEnclosure(10.0, 11.0, 170.0, 172.0)) << "171 E is opposite of 9 W";
+    EXPECT_TRUE(UtmEnclosure(10.0, 11.0, 172.0, 173.0));
 }
 
 } // namespace
