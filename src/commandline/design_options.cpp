@@ -1,6 +1,5 @@
 #include "commandline/design_options.h"
 
-#include "core/angle_text.h"
 #include "core/rounding.h"
 #include "graticule/boundary_checks.h"
 #include "graticule/boundary_defaults.h"
@@ -48,25 +47,11 @@ bool Accepted(void (*calculation)()) {
     return !std::exchange(Design.ProjOffMap, false);
 }
 
-bool HasStandardParallels() {
-    switch (Design.ProjNum) {
-    case ProjEquirectangular:
-    case ProjEquidistantConic:
-    case ProjConformalConic:
-    case ProjAlbers:
-    case ProjCylindricalEqualArea:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool TakeStandardParallels(const DrawOptions& options) {
     ParamStdParallel();
-    const bool mirrored = Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea;
     std::array<std::string, 2> texts = Design.StdParText;
     auto given = options.stdPar;
-    if (mirrored) {
+    if (HasOneStandardParallel()) {
         given[1] = given[0].value_or(texts[0]);
         given[1]->back() = 'S';
     }
@@ -74,11 +59,7 @@ bool TakeStandardParallels(const DrawOptions& options) {
         IsRefused(AcceptLatLonStdPar(texts[0], texts[1]))) {
         return false;
     }
-    Design.StdParText = texts;
-    Design.StdParNorthText = texts[0];
-    Design.StdParSouthText = texts[1];
-    Design.StdParNorth = static_cast<double>(LatitudeSeconds(texts[0])) / SecPerDegree;
-    Design.StdParSouth = static_cast<double>(LatitudeSeconds(texts[1])) / SecPerDegree;
+    StoreStandardParallels(texts[0], texts[1]);
     return true;
 }
 
@@ -136,8 +117,7 @@ bool TakeCircle(const DrawOptions& options) {
     if ((!perspective && IsRefused(AcceptLatLonBoundsAz(Design.GridText[8]))) || !Accepted(CalcGraticule)) {
         return false;
     }
-    Design.StdParNorthText = "00    00    00    N";
-    Design.StdParSouthText = "00    00    00    S";
+    ForgetStandardParallels();
     return true;
 }
 
@@ -170,10 +150,7 @@ bool TakeProjection(const DrawOptions& options) {
 
 void TakeGrid(const DrawOptions& options) {
     if (options.gridType) {
-        const GridType& type = GridTypes[static_cast<std::size_t>(*options.gridType - 1)];
-        Design.GridTypeCode = type.code;
-        Design.GridTypeText = type.text;
-        Design.GridOutputCount = type.outputCount;
+        StoreGridType(GridTypes[static_cast<std::size_t>(*options.gridType - 1)]);
     }
     Design.GridColor = options.gridColor.value_or(Design.GridColor);
     Design.BackColor = options.background.value_or(Design.BackColor);

@@ -184,7 +184,10 @@ struct MapDesign {
     std::int16_t MaxChainPoints = 0; ///< most vertices of one polyline in a file
     std::int16_t TextScalePercent = 0;
 
-    // ---- Colours, grid. Written by their dialogs.
+    // ---- Colours, grid. Written by their dialogs. Of each colour the picker's cell, 0 to 255.
+    std::int16_t ColorPurpose = 0; ///< whose colour the picker shows
+    std::int16_t FeatureColorIndex = 0;
+    ColorValue FeatureColor = 0; ///< of a feature of a map file, while it is being chosen
     std::int16_t BackColorIndex = 0;
     ColorValue BackColor = 0;
     std::int16_t GridColorIndex = 0;

@@ -2,7 +2,7 @@
 
 #include "desktop/desktop_machine.h"
 #include "desktop/desktop_window.h"
-#include "desktop/form_view.h"
+#include "desktop/dialogs.h"
 
 namespace quelmont {
 

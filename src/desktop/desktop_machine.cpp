@@ -1,5 +1,7 @@
 #include "desktop/desktop_machine.h"
 
+#include "desktop/dialogs.h"
+
 #include "core/rounding.h"
 #include "desktop/window_place.h"
 
@@ -58,8 +60,7 @@ BoxAnswer AnswerOf(int pressed) {
 } // namespace
 
 BoxAnswer DesktopBoxes::Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) {
-    QWidget* modal = QApplication::activeModalWidget();
-    QMessageBox box(modal != nullptr ? modal : &parent);
+    QMessageBox box(WindowInUse(parent));
     box.setWindowTitle(Text(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(Text(text));

@@ -7,6 +7,7 @@
 #include "desktop/window_place.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/projection_menu.h"
 #include "mainwindow/settings.h"
 #include "platform/machine.h"
 
@@ -49,7 +50,10 @@ void RunCommand(Menu menu, int index) {
         Guarded("mnuAbout_Click", [&] { mnuAbout_Click(index); });
         break;
     case Menu::mnuProj:
+        Guarded("mnuProj_Click", [&] { mnuProj_Click(index); });
+        break;
     case Menu::mnuProjMollweide:
+        Guarded("mnuProjMollweide_Click", [&] { mnuProjMollweide_Click(index); });
         break;
     }
 }

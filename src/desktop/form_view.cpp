@@ -1,17 +1,25 @@
 #include "desktop/form_view.h"
 
-#include "desktop/map_reduce_view.h"
+#include "desktop/masked_edit.h"
+#include "desktop/palette_grid.h"
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidget>
+#include <QPainter>
+#include <QPixmap>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QVBoxLayout>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace quelmont {
 
@@ -40,28 +48,44 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
-std::unique_ptr<FormView> MakeView(Form& form, QWidget* parent) {
-    if (form.ClassName() == "MapReduce") {
-        return std::make_unique<MapReduceView>(form, parent);
-    }
-    throw std::logic_error("no view for " + form.ClassName());
+/// A square of a colour in a frame.
+QIcon Swatch(std::uint32_t color, QSize size) {
+    QPixmap square(size);
+    square.fill(Qt::black);
+    QPainter(&square).fillRect(QRect(QPoint(1, 1), size - QSize(2, 2)), ColorOf(color));
+    return square;
+}
+
+QString Name(std::string_view name) {
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
 } // namespace
 
-FormView::FormView(Form& form_, QWidget* parent) : QDialog(parent), form(form_) {
+FormView::FormView(Form& form_, QWidget* parent)
+    : QDialog(parent), form(form_), column(new QVBoxLayout(this)) {
     setObjectName(Text(form.ClassName()));
     setWindowTitle(Text(form.Caption()));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->setSpacing(Gap());
+    column->setContentsMargins(Gap(), Gap(), Gap(), Gap());
     form.SetWatcher([this] { FromForm(); });
 }
 
 FormView::~FormView() { form.SetWatcher(nullptr); }
 
+int FormView::Gap() const { return fontMetrics().height(); }
+
 void FormView::Bind(std::string_view name, QWidget* widget, std::function<void(const Control&)> show) {
-    widget->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    widget->setObjectName(Name(name));
     widget->installEventFilter(this);
     show(form.At(name));
     bindings.push_back({std::string(name), widget, std::move(show)});
+}
+
+void FormView::Also(std::string_view name, std::function<void(const Control&)> show) {
+    show(form.At(name));
+    bindings.push_back({std::string(name), nullptr, std::move(show)});
 }
 
 QLabel* FormView::AddLabel(std::string_view name) {
@@ -79,11 +103,10 @@ QLabel* FormView::AddExplanation(std::string_view name) {
     return label;
 }
 
-QSpinBox* FormView::AddSpin(std::string_view name, QLabel* label) {
+QSpinBox* FormView::AddSpin(std::string_view name) {
     auto* spin = new QSpinBox(this);
     spin->setCorrectionMode(QAbstractSpinBox::CorrectToNearestValue);
-    label->setBuddy(spin);
-    spin->setAccessibleName(Spoken(label->text()));
+    spin->setAccessibleName(Spoken(Text(form.At(name).caption)));
     Bind(name, spin, [spin](const Control& control) {
         const QSignalBlocker quiet(spin);
         spin->setRange(control.minimum, control.maximum);
@@ -98,6 +121,164 @@ QSpinBox* FormView::AddSpin(std::string_view name, QLabel* label) {
     return spin;
 }
 
+QWidget* FormView::AddEdit(std::string_view name) {
+    const Control& control = form.At(name);
+    auto* edit = new MaskedEdit(
+        control.mask, [this, own = std::string(name)](const std::string& text) { form.Type(own, text); },
+        this);
+    edit->setAccessibleName(Spoken(Text(control.caption)));
+    Bind(name, edit, [edit](const Control& now) {
+        edit->Show(now.text);
+        edit->setEnabled(now.enabled);
+    });
+    return edit;
+}
+
+QRadioButton* FormView::AddOption(std::string_view name) {
+    auto* option = new QRadioButton(this);
+    Bind(name, option, [option](const Control& control) {
+        const QSignalBlocker quiet(option);
+        option->setText(Text(control.text));
+        option->setAccessibleName(Spoken(Text(control.text)));
+        option->setEnabled(control.enabled);
+        if (control.value != 0) {
+            option->setChecked(true);
+        }
+    });
+    connect(option, &QRadioButton::toggled, this, [this, own = std::string(name)](bool on) {
+        if (on) {
+            form.Choose(own);
+        }
+    });
+    return option;
+}
+
+QListWidget* FormView::AddList(std::string_view name) {
+    auto* list = new QListWidget(this);
+    list->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Bind(name, list, [list](const Control& control) {
+        const QSignalBlocker quiet(list);
+        const int count = static_cast<int>(control.items.size());
+        while (list->count() > count) {
+            delete list->takeItem(list->count() - 1);
+        }
+        for (int line = 0; line < count; ++line) {
+            const QString text = Text(control.items[static_cast<std::size_t>(line)]);
+            if (line == list->count()) {
+                list->addItem(text);
+            } else if (list->item(line)->text() != text) {
+                list->item(line)->setText(text);
+            }
+        }
+        list->setCurrentRow(control.value);
+        list->setEnabled(control.enabled);
+    });
+    const int lines = std::clamp(list->count(), 3, 12);
+    list->setFixedSize(list->sizeHintForColumn(0) + 2 * list->frameWidth() + Gap(),
+                       lines * list->sizeHintForRow(0) + 2 * list->frameWidth());
+    connect(list, &QListWidget::currentRowChanged, this, [this, own = std::string(name)](int line) {
+        if (line != form.At(own).value) {
+            form.Choose(own, line);
+        }
+    });
+    connect(list, &QListWidget::itemDoubleClicked, this, [this] {
+        form.PressDefault();
+        FollowFocus();
+    });
+    return list;
+}
+
+QWidget* FormView::AddPalette(std::string_view name) {
+    const std::string own(name);
+    auto* grid = new PaletteGrid([this, own](int cell) { form.Hover(own, cell); },
+                                 [this, own](int cell) { form.Choose(own, cell); }, this);
+    grid->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    Bind(name, grid, [grid](const Control& control) { grid->Show(control); });
+    return grid;
+}
+
+QLabel* FormView::CaptionOf(QWidget* field) {
+    const std::string name = field->objectName().toStdString();
+    auto* label = new QLabel(Text(form.At(name).caption), this);
+    label->setObjectName(field->objectName() + QLatin1String("Caption"));
+    label->setBuddy(field);
+    return label;
+}
+
+QWidget* FormView::AddField(std::string_view name) {
+    switch (form.At(name).kind) {
+    case ControlKind::Spin:
+        return AddSpin(name);
+    case ControlKind::Edit:
+        return AddEdit(name);
+    default: {
+        QLabel* label = AddLabel(name);
+        label->setAccessibleName(Spoken(Text(form.At(name).caption)));
+        // A text that is only shown stands where that of an edit would.
+        label->setIndent(fontMetrics().horizontalAdvance(QLatin1Char('0')));
+        return label;
+    }
+    }
+}
+
+void FormView::AddFields(const QString& title, std::initializer_list<std::string_view> names,
+                         std::string_view heading) {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(Gap());
+    int row = 0;
+    if (!heading.empty()) {
+        grid->addWidget(AddLabel(heading), row++, 1);
+    }
+    for (const std::string_view name : names) {
+        QWidget* field = AddField(name);
+        QLabel* label = CaptionOf(field);
+        fieldCaptions.push_back(label);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(field, row, 1, Qt::AlignLeft | Qt::AlignVCenter);
+        ++row;
+    }
+    grid->setColumnStretch(1, 1);
+    if (title.isEmpty()) {
+        column->addLayout(grid);
+        return;
+    }
+    auto* group = new QGroupBox(title, this);
+    group->setLayout(grid);
+    column->addWidget(group);
+}
+
+void FormView::AddFrame(std::string_view frame) {
+    auto* group = new QGroupBox(this);
+    auto* options = new QVBoxLayout(group);
+    for (const Control& control : form.Controls()) {
+        if (control.kind == ControlKind::Option && control.frame == frame) {
+            options->addWidget(AddOption(control.name));
+        }
+    }
+    Bind(frame, group, [group](const Control& control) { group->setTitle(Text(control.text)); });
+    column->addWidget(group);
+}
+
+void FormView::AddButtons(std::initializer_list<std::string_view> names) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    for (const std::string_view name : names) {
+        row->addWidget(AddButton(name));
+    }
+    column->addLayout(row);
+}
+
+void FormView::AlignCaptions() const {
+    int widest = 0;
+    for (const QLabel* label : fieldCaptions) {
+        widest = std::max(widest, label->sizeHint().width());
+    }
+    for (QLabel* label : fieldCaptions) {
+        label->setMinimumWidth(widest);
+    }
+}
+
 QPushButton* FormView::AddButton(std::string_view name) {
     auto* button = new QPushButton(this);
     button->setFocusPolicy(Qt::TabFocus);
@@ -106,6 +287,9 @@ QPushButton* FormView::AddButton(std::string_view name) {
         button->setText(Text(control.text));
         button->setAccessibleName(Spoken(Text(control.text)));
         button->setEnabled(control.enabled);
+        if (!control.colors.empty()) {
+            button->setIcon(Swatch(control.colors.front(), button->iconSize()));
+        }
     });
     connect(button, &QPushButton::clicked, this, [this, own = std::string(name)] { Press(own); });
     return button;
@@ -141,7 +325,7 @@ void FormView::FollowFocus() {
         return;
     }
     for (const Binding& binding : bindings) {
-        if (binding.name == form.Focus() && focusWidget() != binding.widget) {
+        if (binding.name == form.Focus() && binding.widget != nullptr && focusWidget() != binding.widget) {
             binding.widget->setFocus(Qt::OtherFocusReason);
         }
     }
@@ -177,6 +361,7 @@ void FormView::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (!seen) {
         seen = true;
+        AlignCaptions();
         MoveToMiddle();
         FollowFocus();
         for (QAbstractSpinBox* spin : spins) {
@@ -195,13 +380,5 @@ void FormView::MoveToMiddle() {
 }
 
 void FormView::reject() { form.PressCancel(); }
-
-void DesktopForms::Show(Form& form) {
-    const std::unique_ptr<FormView> view = MakeView(form, &parent);
-    view->exec();
-    if (!form.Closed()) {
-        form.PressCancel();
-    }
-}
 
 } // namespace quelmont

@@ -5,20 +5,26 @@
 #include <QDialog>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 class QAbstractSpinBox;
+class QGridLayout;
+class QGroupBox;
 class QLabel;
+class QListWidget;
 class QPushButton;
+class QRadioButton;
 class QSpinBox;
+class QVBoxLayout;
 
 namespace quelmont {
 
 /// A dialog on the screen. It shows the controls of a form and calls its handlers; the form decides
-/// everything. Each dialog's own view arranges the widgets.
+/// everything. The layout of each dialog arranges the widgets (dialog_layouts.h).
 ///
 /// Buttons get the focus by the tab key only. A change of the focus reaches the form from the event
 /// queue: a box that is shown inside a focus event would swallow the click that caused it. Changes
@@ -31,15 +37,46 @@ public:
     /// Escape and the close button.
     void reject() override;
 
-protected:
+    // What lays out a dialog calls these.
+
+    /// The column of the dialog's parts from top to bottom. The dialog is as large as they need.
+    QVBoxLayout* Column() const { return column; }
+    /// A distance that grows with the letters.
+    int Gap() const;
+
     /// The widgets of the form's controls by their names; a parent owns them once they lie in its
     /// layout. An explanation wraps its text.
     QLabel* AddLabel(std::string_view name);
     QLabel* AddExplanation(std::string_view name);
-    /// A spin box is named by the label beside it, whose mnemonic leads to it.
-    QSpinBox* AddSpin(std::string_view name, QLabel* label);
     QPushButton* AddButton(std::string_view name);
+    QRadioButton* AddOption(std::string_view name);
+    QWidget* AddEdit(std::string_view name);
+    QSpinBox* AddSpin(std::string_view name);
+    QListWidget* AddList(std::string_view name);
+    QWidget* AddPalette(std::string_view name);
+    /// The label with a field's caption; its mnemonic leads to the field, which is called by it.
+    QLabel* CaptionOf(QWidget* field);
+    /// The widget of a field, by its kind.
+    QWidget* AddField(std::string_view name);
 
+    /// Edits and spins with their captions one below the other, in line with other groups; under a
+    /// title, when there is one. Labels with a caption are shown texts.
+    /// A heading is a label above the fields.
+    void AddFields(const QString& title, std::initializer_list<std::string_view> names,
+                   std::string_view heading = {});
+    /// The options of a frame under its heading.
+    void AddFrame(std::string_view frame);
+    /// Buttons in a row at the lower right.
+    void AddButtons(std::initializer_list<std::string_view> names);
+
+    /// Binds a widget of a view's own to a control: show is called whenever the control may have
+    /// changed, and focus goes both ways.
+    void Bind(std::string_view name, QWidget* widget, std::function<void(const Control&)> show);
+    /// Shows something more of a control, whose own widget is bound already.
+    void Also(std::string_view name, std::function<void(const Control&)> show);
+    Form& Shown() const { return form; }
+
+protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -51,28 +88,20 @@ private:
         std::function<void(const Control&)> show;
     };
 
-    void Bind(std::string_view name, QWidget* widget, std::function<void(const Control&)> show);
     const Binding* Of(const QObject* widget) const;
     void FromForm();
     void FocusArrived(const QObject* widget);
     void FollowFocus();
     void Press(const std::string& button);
     void MoveToMiddle();
+    void AlignCaptions() const;
 
     Form& form;
-    std::vector<Binding> bindings;
+    QVBoxLayout* column;
+    std::vector<Binding> bindings; ///< those of Also have no widget
+    std::vector<QLabel*> fieldCaptions;
     std::vector<QAbstractSpinBox*> spins;
     bool seen = false;
-};
-
-/// Shows forms as dialogs.
-class DesktopForms final : public Forms {
-public:
-    explicit DesktopForms(QWidget& parent_) : parent(parent_) {}
-    void Show(Form& form) override;
-
-private:
-    QWidget& parent;
 };
 
 } // namespace quelmont

@@ -134,11 +134,6 @@ Refusal CheckDistance(std::string_view text) {
                                            : Refusal{};
 }
 
-/// One parallel and its mirror image stand for both: no parallel of its own in the south.
-bool HasOneStandardParallel() {
-    return Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea;
-}
-
 double Degrees(std::string_view latitude) {
     return static_cast<double>(LatitudeSeconds(latitude)) / SecPerDegree;
 }
@@ -168,14 +163,19 @@ Refusal CheckParallelPlace(Refuse refuse, std::string_view control, std::string_
     return {};
 }
 
-/// How the parallels of a conformal conic lie to each other.
-Refusal CheckConformalParallels(double north, double south) {
-    constexpr std::string_view title = "Error: Conformal Conic standard parallels";
+/// How the parallels of a cone lie to each other, and on the conformal conic to a pole on the map.
+Refusal CheckParallelsOfCone(double north, double south) {
+    const bool conformal = Design.ProjNum == ProjConformalConic;
+    const std::string_view title =
+        conformal ? "Error: Conformal Conic standard parallels" : "Error: Standard parallels";
     if (north == south || north == -south) {
         return RefuseAcceptance(
             NorthParallel, title,
             "The latitudes of the NORTHERN- and SOUTHERNMOST STANDARD PARALLELS  cannot be "
             "equal, and they cannot be symmetric about the equator.");
+    }
+    if (!conformal) {
+        return {};
     }
     if (Design.LatNorth == 90.0 && std::fabs(north) <= std::fabs(south)) {
         return RefuseAcceptance(NorthParallel, title,
@@ -193,6 +193,15 @@ Refusal CheckConformalParallels(double north, double south) {
 }
 
 } // namespace
+
+bool HasOneStandardParallel() {
+    return Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea;
+}
+
+bool HasStandardParallels() {
+    return HasOneStandardParallel() || Design.ProjNum == ProjEquidistantConic ||
+           Design.ProjNum == ProjConformalConic || Design.ProjNum == ProjAlbers;
+}
 
 std::span<const BoundaryField> BoundaryFields() { return Table(); }
 
@@ -245,8 +254,8 @@ Refusal AcceptLatLonStdPar(std::string_view north, std::string_view south) {
                                    "The latitude of the NORTHERNMOST STANDARD PARALLEL must be greater than "
                                    "that of the SOUTHERNMOST STANDARD PARALLEL.");
     }
-    if (!IsRefused(refusal) && Design.ProjNum == ProjConformalConic) {
-        refusal = CheckConformalParallels(Degrees(north), Degrees(south));
+    if (!IsRefused(refusal) && !HasOneStandardParallel()) {
+        refusal = CheckParallelsOfCone(Degrees(north), Degrees(south));
     }
     return refusal;
 }

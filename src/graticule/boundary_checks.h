@@ -22,6 +22,11 @@ struct BoundaryField {
 /// All of them, dialog by dialog, in the order of their fields.
 std::span<const BoundaryField> BoundaryFields();
 
+/// The projections whose map has standard parallels, and those of them where one parallel and its
+/// mirror image stand for both: the cylinders.
+bool HasStandardParallels();
+bool HasOneStandardParallel();
+
 /// The check of a field when it is left: the rule of its kind, then what its dialog adds to it:
 ///  - LatLonBounds LatN, LatS: no pole on the Mercator projection;
 ///  - LatLonBoundsAz AzRangeDist: above 0, and what the projection can show;
@@ -40,7 +45,8 @@ Refusal AcceptLatLonBounds(std::string_view latN, std::string_view latS);
 Refusal AcceptLatLonBoundsAz(std::string_view azRangeDist);
 
 /// Both standard parallels, when LatLonStdPar is accepted: what is checked as each is left, then
-/// how they lie to each other. Where there is one parallel, the southern text is its mirror image.
+/// how they lie to each other: on a cone neither equal nor symmetric about the equator. Where there
+/// is one parallel, the southern text is its mirror image.
 Refusal AcceptLatLonStdPar(std::string_view north, std::string_view south);
 
 } // namespace quelmont

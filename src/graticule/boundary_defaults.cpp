@@ -73,4 +73,17 @@ void OrderLobes() {
                    [](std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; });
 }
 
+void StoreStandardParallels(const std::string& north, const std::string& south) {
+    Design.StdParText = {north, south};
+    Design.StdParNorthText = north;
+    Design.StdParSouthText = south;
+    Design.StdParNorth = static_cast<double>(LatitudeSeconds(north)) / SecPerDegree;
+    Design.StdParSouth = static_cast<double>(LatitudeSeconds(south)) / SecPerDegree;
+}
+
+void ForgetStandardParallels() {
+    Design.StdParNorthText = "00    00    00    N";
+    Design.StdParSouthText = "00    00    00    S";
+}
+
 } // namespace quelmont

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace quelmont {
 
 /// What the dialog of the map's boundaries proposes for a projection whose bounds were not accepted
@@ -20,5 +22,15 @@ void ProposeLobes();
 /// Reads   GridText(3) and (4), LobeText.  Writes  LobeLonText, LobeLonSec, LobeLonDeg.
 /// RunTimeError "Subscript out of range" for a count of interruptions beyond 3.
 void OrderLobes();
+
+/// Stores both standard parallels, checked texts of latitudes.
+///
+/// Writes  StdParText, StdParNorthText, StdParSouthText, StdParNorth, StdParSouth (degrees).
+void StoreStandardParallels(const std::string& north, const std::string& south);
+
+/// The texts of the standard parallels on a map that has none.
+///
+/// Writes  StdParNorthText, StdParSouthText.
+void ForgetStandardParallels();
 
 } // namespace quelmont

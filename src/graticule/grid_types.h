@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/map_design.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -22,5 +24,12 @@ constexpr std::array<GridType, 5> GridTypes = {{
     {5, " No grid (the map will have no latitude or longitude markings)",      0},
 }};
 // clang-format on
+
+/// Makes a grid type the design's.
+inline void StoreGridType(const GridType& type) {
+    Design.GridTypeCode = type.code;
+    Design.GridTypeText = type.text;
+    Design.GridOutputCount = type.outputCount;
+}
 
 } // namespace quelmont

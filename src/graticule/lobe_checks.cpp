@@ -33,43 +33,52 @@ constexpr std::string_view HintOfRightBoundary =
     "\n\nAs you view the interrupted projection, the longitude of the right (eastern) map\n"
     "boundary should lie east (to the right) of the last interruption.";
 
-/// The fault of the step from boundary k - 1 to boundary k of a row, 0 when it has none. sum is the
-/// way east from the left boundary, this step included.
-std::int16_t FaultOfStep(std::int32_t raw, std::int32_t step, std::int32_t sum, std::int16_t k, bool last) {
-    const auto interruption = static_cast<std::int16_t>(k - 1);
-    if (step == 0) {
-        return static_cast<std::int16_t>(last ? RightEquals : Equals + interruption);
-    }
-    if (sum > Design.LonSpanSec) {
-        if (last) {
-            return RightIsWest;
-        }
-        return static_cast<std::int16_t>((raw < 0 ? WestOf : Outside) + interruption);
-    }
-    if (!last && Remainder(step, Design.LonGridSec) != 0) {
-        return static_cast<std::int16_t>(NotIntegral + interruption);
-    }
-    return 0;
+/// The way east from one longitude to another, less than a full circle unless it begins at 180 west
+/// and ends at 180 east.
+std::int32_t WayEast(std::int32_t from, std::int32_t to) {
+    return to < from ? to - from + SecPerCircle : to - from;
 }
 
-/// The first fault of a row whose left boundary stands at first.
+/// The fault of the last step of a row, from its last interruption to the right boundary. sum is the
+/// way east to that interruption.
+std::int16_t FaultOfRightBoundary(std::size_t first, std::int16_t interruptions, std::int32_t sum) {
+    const auto& boundaries = Design.LobeLonSec;
+    const std::size_t right = first + static_cast<std::size_t>(interruptions) + 1;
+    const std::int32_t step = WayEast(boundaries[right - 1], boundaries[right]);
+    const std::int32_t limit = boundaries[right] == boundaries[first] ? SecPerCircle : Design.LonSpanSec;
+    if (sum + step > limit) {
+        return RightIsWest;
+    }
+    return step == 0 ? RightEquals : std::int16_t{0};
+}
+
+/// The first fault of a row whose left boundary stands at first. Each step between neighbours is
+/// tested in this order: outside the map, west of its neighbour, equal to it, no whole number of
+/// grid spacings. A row without interruptions has nothing to test.
 std::int16_t FaultOfRow(std::size_t first, std::int16_t interruptions) {
     const auto& boundaries = Design.LobeLonSec;
     std::int32_t sum = 0;
-    for (std::int16_t k = 1; k <= interruptions + 1; ++k) {
-        const std::size_t here = first + static_cast<std::size_t>(k);
-        const bool last = k == interruptions + 1;
-        const std::int32_t raw = boundaries[here] - boundaries[here - 1];
-        std::int32_t step = raw < 0 ? raw + SecPerCircle : raw;
-        if (interruptions == 0 && step == 0) {
-            step = SecPerCircle; // one lobe all round the world
-        }
+    std::int32_t relativeBefore = 0;
+    for (std::int16_t interruption = 0; interruption < interruptions; ++interruption) {
+        const std::size_t here = first + static_cast<std::size_t>(interruption) + 1;
+        const std::int32_t step = WayEast(boundaries[here - 1], boundaries[here]);
+        const std::int32_t relative = WayEast(boundaries[first], boundaries[here]);
         sum += step;
-        if (const std::int16_t fault = FaultOfStep(raw, step, sum, k, last); fault != 0) {
-            return fault;
+        if (sum > Design.LonSpanSec) {
+            return static_cast<std::int16_t>(Outside + interruption);
         }
+        if (relative < relativeBefore) {
+            return static_cast<std::int16_t>(WestOf + interruption);
+        }
+        if (step == 0) {
+            return static_cast<std::int16_t>(Equals + interruption);
+        }
+        if (Remainder(step, Design.LonGridSec) != 0) {
+            return static_cast<std::int16_t>(NotIntegral + interruption);
+        }
+        relativeBefore = relative;
     }
-    return 0;
+    return interruptions == 0 ? std::int16_t{0} : FaultOfRightBoundary(first, interruptions, sum);
 }
 
 std::string Number(std::int16_t number) { return "#" + std::to_string(number); }

@@ -4,9 +4,14 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "graticule/boundary_dialog.h"
+#include "graticule/select_grid_type.h"
+#include "mainwindow/about_qmnt.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/map_reduce.h"
+#include "output/line_width_scale.h"
+#include "pickers/colors256.h"
 #include "platform/machine.h"
 
 #include <string>
@@ -15,14 +20,50 @@ namespace quelmont {
 
 namespace {
 
+// Of the menu bar.
+constexpr int FileTitle = 0;
 constexpr int DrawItem = 3;
 constexpr int StopItem = 5;
+// Of the File menu.
+constexpr int PrintMapItem = 2;
+constexpr int PrintSetupItem = 3;
 constexpr int ExitItem = 17;
+// Of the Design Map menu.
+constexpr int BoundariesItem = 0;
+constexpr int BackgroundItem = 7;
+constexpr int GridItem = 8;
+constexpr int LineWidthItem = 9;
+// Of the Help menu.
+constexpr int AboutItem = 3;
 constexpr int PlotTimeItem = 4;
 
+template <typename Dialog>
+void ShowDialog() {
+    Dialog dialog;
+    Machine().forms->Show(dialog);
+}
+
+void ChooseBackground() {
+    Design.ColorPurpose = PurposeBackground;
+    ShowDialog<Colors256>();
+}
+
+void TogglePixelSize() {
+    MainWindow& window = *Machine().window;
+    window.SetMenuChecked(Menu::mnuDesign, PixelSizeItem,
+                          !window.MenuChecked(Menu::mnuDesign, PixelSizeItem));
+    ToggleCaption();
+}
+
+/// There is nothing to print on without a printer.
+void EnablePrinting() {
+    const bool any = Machine().printers->Any();
+    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintMapItem, any);
+    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintSetupItem, any);
+}
+
 void DrawMapClicked() {
-    MapReduceForm form;
-    Machine().forms->Show(form);
+    ShowDialog<MapReduceForm>();
     if (Design.DialogCancelled) {
         Design.DialogCancelled = false;
         return;
@@ -46,7 +87,9 @@ std::string Plain(double value) {
 } // namespace
 
 void mnuBar_Click(int Index) {
-    if (Index == DrawItem) {
+    if (Index == FileTitle) {
+        EnablePrinting();
+    } else if (Index == DrawItem) {
         DrawMapClicked();
     } else if (Index == StopItem) {
         StopDrawing();
@@ -62,17 +105,32 @@ void mnuInput_Click(int Index) {
 
 void mnuDesign_Click(int Index) {
     MarkMenuItem(Menu::mnuDesign, Index);
-    if (Index == PixelSizeItem) {
-        MainWindow& window = *Machine().window;
-        window.SetMenuChecked(Menu::mnuDesign, PixelSizeItem,
-                              !window.MenuChecked(Menu::mnuDesign, PixelSizeItem));
-        ToggleCaption();
+    switch (Index) {
+    case BoundariesItem:
+        ShowBoundaryDialog();
+        break;
+    case BackgroundItem:
+        ChooseBackground();
+        break;
+    case GridItem:
+        ShowDialog<SelectGridType>();
+        break;
+    case LineWidthItem:
+        ShowDialog<LineWidthScale>();
+        break;
+    case PixelSizeItem:
+        TogglePixelSize();
+        break;
+    default:
+        break;
     }
 }
 
 void mnuAbout_Click(int Index) {
     MarkMenuItem(Menu::mnuAbout, Index);
-    if (Index == PlotTimeItem) {
+    if (Index == AboutItem) {
+        ShowDialog<AboutQMNT>();
+    } else if (Index == PlotTimeItem) {
         ShowPlotTime();
     }
 }

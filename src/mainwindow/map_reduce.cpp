@@ -18,33 +18,24 @@ constexpr int HelpPageOfMapSize = 100;
 
 } // namespace
 
-MapReduceForm::MapReduceForm() : Form("MapReduce", "Select Map Size") {
+MapReduceForm::MapReduceForm() : DesignDialog("MapReduce", "Select Map Size") {
     Add({.name = "Label2", .kind = ControlKind::Label, .text = Explanation});
-    Add({.name = "Label1", .kind = ControlKind::Label, .text = "&Percent Full Screen:"});
     Add({.name = "MapReduction",
          .kind = ControlKind::Spin,
-         .text = "",
+         .caption = "&Percent Full Screen:",
          .value = RoundToInt16(Design.MapReduce * 100.0),
          .minimum = 10,
          .maximum = 100});
     Add({.name = "DrawMap", .kind = ControlKind::Button, .text = "&Draw Map"});
-    Add({.name = "Cancel", .kind = ControlKind::Button, .text = "&Cancel"});
+    AddCancel();
     On("DrawMap", ControlEvent::Click, [this] { DrawMap_Click(); });
-    On("Cancel", ControlEvent::Click, [this] { Cancel_Click(); });
     SetDefaultButton("DrawMap");
-    SetCancelButton("Cancel");
     SetHelpPage(HelpPageOfMapSize);
 }
 
 void MapReduceForm::DrawMap_Click() {
     Design.MapReduce = At("MapReduction").value / 100.0;
-    Design.DialogCancelled = false;
-    Close();
-}
-
-void MapReduceForm::Cancel_Click() {
-    Design.DialogCancelled = true;
-    Close();
+    CloseAccepted();
 }
 
 } // namespace quelmont

@@ -4,17 +4,28 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace quelmont {
 
-Form::Form(std::string className_, std::string caption_)
-    : className(std::move(className_)), caption(std::move(caption_)) {}
+namespace {
+
+std::string Masked(std::string_view mask, std::string_view text) {
+    MaskedText masked(mask);
+    masked.SetText(text);
+    return masked.Text();
+}
+
+} // namespace
+
+Form::Form(std::string className, std::string caption)
+    : formClass(std::move(className)), formCaption(std::move(caption)) {}
 
 const Control& Form::At(std::string_view name) const {
     const auto found = std::find_if(controls.begin(), controls.end(),
                                     [&](const Control& control) { return control.name == name; });
     if (found == controls.end()) {
-        throw std::out_of_range("no control " + std::string(name) + " in " + className);
+        throw std::out_of_range("no control " + std::string(name) + " in " + formClass);
     }
     return *found;
 }
@@ -22,8 +33,13 @@ const Control& Form::At(std::string_view name) const {
 Control& Form::Edit(std::string_view name) { return const_cast<Control&>(std::as_const(*this).At(name)); }
 
 Control& Form::Add(Control control) {
-    if (focus.empty() && control.kind != ControlKind::Label) {
+    const bool text = control.kind == ControlKind::Label || control.kind == ControlKind::Frame;
+    const bool otherOption = control.kind == ControlKind::Option && control.value == 0;
+    if (focus.empty() && control.enabled && !text && !otherOption) {
         focus = control.name;
+    }
+    if (control.kind == ControlKind::Edit) {
+        control.text = Masked(control.mask, control.text);
     }
     return controls.emplace_back(std::move(control));
 }
@@ -35,7 +51,7 @@ void Form::On(std::string_view name, ControlEvent event, std::function<void()> h
 void Form::Run(std::string_view name, ControlEvent event) {
     const auto found = handlers.find({std::string(name), event});
     if (found != handlers.end()) {
-        found->second();
+        Handle(found->second);
     }
     Changed();
 }
@@ -54,6 +70,10 @@ void Form::MoveFocus(std::string_view name) {
     focus = wanted.empty() ? std::string(name) : wanted;
     wanted.clear();
     Run(focus, ControlEvent::GotFocus);
+    GiveWantedFocus();
+}
+
+void Form::GiveWantedFocus() {
     if (!wanted.empty()) {
         focus = std::exchange(wanted, {});
         Changed();
@@ -64,13 +84,14 @@ void Form::Press(std::string_view button) {
     if (closed || !At(button).enabled) {
         return;
     }
+    if (button == cancelButton && button != defaultButton) {
+        PressCancel();
+        return;
+    }
     MoveFocus(button);
     if (!closed && focus == button) {
         Run(button, ControlEvent::Click);
-        if (!wanted.empty()) {
-            focus = std::exchange(wanted, {});
-            Changed();
-        }
+        GiveWantedFocus();
     }
 }
 
@@ -93,6 +114,51 @@ void Form::Spin(std::string_view name, int value) {
     }
     control.value = std::clamp(value, control.minimum, control.maximum);
     Run(name, ControlEvent::Change);
+}
+
+void Form::SetText(std::string_view name, std::string_view text) {
+    Control& control = Edit(name);
+    control.text = Masked(control.mask, text);
+}
+
+void Form::Type(std::string_view name, std::string_view text) {
+    const Control& control = At(name);
+    if (!closed && control.enabled && text != control.text) {
+        SetText(name, text);
+        Run(name, ControlEvent::Change);
+    }
+}
+
+void Form::Choose(std::string_view name, int index) {
+    Control& control = Edit(name);
+    if (closed || !control.enabled) {
+        return;
+    }
+    if (control.kind == ControlKind::Option) {
+        for (Control& other : controls) {
+            if (other.kind == ControlKind::Option && other.frame == control.frame) {
+                other.value = 0;
+            }
+        }
+        control.value = 1;
+    } else {
+        const std::size_t count =
+            control.kind == ControlKind::List ? control.items.size() : control.colors.size();
+        if (index < 0 || static_cast<std::size_t>(index) >= count) {
+            return;
+        }
+        control.value = index;
+    }
+    Run(name, ControlEvent::Click);
+    GiveWantedFocus();
+}
+
+void Form::Hover(std::string_view name, int cell) {
+    Control& control = Edit(name);
+    if (!closed && cell != control.value && cell >= -1 && cell < static_cast<int>(control.colors.size())) {
+        control.value = cell;
+        Run(name, ControlEvent::MouseMove);
+    }
 }
 
 void Form::PressF1() const { Machine().help->Show(HelpContext, helpPage); }

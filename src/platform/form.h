@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/masked_text.h"
+
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -9,19 +12,43 @@
 
 namespace quelmont {
 
-enum class ControlKind { Label, Spin, Button };
+enum class ControlKind {
+    Label,
+    Frame,   ///< a heading around options
+    Edit,    ///< a text of fixed columns, typed over (masked_text.h)
+    Spin,    ///< a number within limits
+    Option,  ///< one of those in its frame is chosen
+    List,    ///< lines, of which one is selected
+    Palette, ///< cells of colours in rows
+    Button,
+};
 
-enum class ControlEvent { Click, Change, GotFocus, LostFocus };
+enum class ControlEvent {
+    Click,     ///< a button or an option was pressed, a line of a list or a colour chosen
+    Change,    ///< a text or a number became another
+    MouseMove, ///< another cell of a palette is under the mouse, or none
+    GotFocus,
+    LostFocus,
+};
 
 /// One control of a dialog as plain values; which of them mean something depends on the kind.
 struct Control {
     std::string name;
     ControlKind kind = ControlKind::Label;
-    std::string text = {}; ///< a label's or a button's text; "&" stands before the mnemonic
-    int value = 0;         ///< a spin's number, within minimum and maximum
-    int minimum = 0;
+    std::string text = {};    ///< what a label, a button, an option, an edit says; "&" before a mnemonic.
+                              ///< Of a palette: the cell under the mouse, in words
+    std::string caption = {}; ///< of the label beside a field; "&" before the mnemonic
+    int value = 0;            ///< a spin's number, a list's line or a palette's cell (from 0, -1 none);
+                              ///< 1 for the option chosen
+    int minimum = 0;          ///< of a spin
     int maximum = 0;
     bool enabled = true;
+    std::string mask = {};                  ///< of an edit
+    std::string frame = {};                 ///< of an option: the frame it stands in
+    std::vector<std::string> items = {};    ///< a list's lines
+    std::vector<std::uint32_t> colors = {}; ///< a palette's cells, 0x00BBGGRR; a button's swatch
+    int columns = 0;                        ///< of a palette
+    int marked = -1;                        ///< the palette's cell in use, -1 none
 };
 
 /// A modal dialog without a picture: its controls, the handlers of their events, and the focus.
@@ -30,7 +57,8 @@ struct Control {
 /// the one that gets it, unless a handler has called for the focus meanwhile (SetFocus): then it
 /// goes where the handler wanted it. A handler that closes the form ends the move. A button that is
 /// pressed first gets the focus, and is clicked only if it got it, so that the field left last is
-/// checked. Cancelling (Escape, the close button) moves no focus and checks no field.
+/// checked. Cancelling (Escape, the close button, the button that cancels) moves no focus and checks
+/// no field.
 class Form {
 public:
     Form(std::string className, std::string caption);
@@ -38,8 +66,8 @@ public:
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    const std::string& ClassName() const { return className; }
-    const std::string& Caption() const { return caption; }
+    const std::string& ClassName() const { return formClass; }
+    const std::string& Caption() const { return formCaption; }
     const std::vector<Control>& Controls() const { return controls; }
     /// The control of that name; std::out_of_range when the form has none.
     const Control& At(std::string_view name) const;
@@ -57,14 +85,24 @@ public:
     void PressCancel();
     /// Turns a spin to a number, limited to its range, and runs its Change.
     void Spin(std::string_view name, int value);
+    /// Leaves a text in an edit, in its mask's columns, and runs its Change.
+    void Type(std::string_view name, std::string_view text);
+    /// Chooses a line of a list, an option, a cell of a palette, and runs its Click. A line or cell
+    /// that is not there is ignored.
+    void Choose(std::string_view name, int index = 1);
+    /// Moves the mouse over a cell of a palette, -1 for none.
+    void Hover(std::string_view name, int cell);
     void PressF1() const;
 
     /// Called by the view when a control's values may have changed behind its back.
     void SetWatcher(std::function<void()> watcher) { changed = std::move(watcher); }
 
 protected:
+    /// The first control that can have the focus has it; of options the one that is chosen.
     Control& Add(Control control);
     Control& Edit(std::string_view name);
+    /// Puts a text into an edit, in its mask's columns; no handler runs.
+    void SetText(std::string_view name, std::string_view text);
     void On(std::string_view name, ControlEvent event, std::function<void()> handler);
     void SetFocus(std::string_view name);
     void SetDefaultButton(std::string_view name) { defaultButton = name; }
@@ -72,12 +110,18 @@ protected:
     void SetHelpPage(int page) { helpPage = page; }
     void Close();
 
+    /// Runs a handler. A form whose handlers may fail catches their failures here: the view calls
+    /// them from the window system's own code, which lets nothing pass.
+    virtual void Handle(const std::function<void()>& handler) { handler(); }
+
 private:
     void Run(std::string_view name, ControlEvent event);
+    /// Lets a handler's call for the focus count.
+    void GiveWantedFocus();
     void Changed() const;
 
-    std::string className;
-    std::string caption;
+    std::string formClass;
+    std::string formCaption;
     std::vector<Control> controls;
     std::map<std::pair<std::string, ControlEvent>, std::function<void()>> handlers;
     std::function<void()> changed;

@@ -163,7 +163,7 @@ TEST_F(MapSizeDialog, MnemonicsAreUnique) {
             ASSERT_GE(mark, 0) << text.toStdString();
             EXPECT_TRUE(seen.insert(text.mid(mark + 1, 1).toLower()).second) << text.toStdString();
         };
-        take(dialog.findChild<QLabel*>("Label1")->text());
+        take(dialog.findChild<QLabel*>("MapReductionCaption")->text());
         take(Button(dialog, "DrawMap").text());
         take(Button(dialog, "Cancel").text());
     });

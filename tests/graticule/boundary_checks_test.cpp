@@ -284,14 +284,18 @@ TEST_F(AcceptStandardParallels, NorthMustLieAboveSouth) {
                   "Error: Standard parallels", text);
 }
 
-TEST_F(AcceptStandardParallels, ConformalPairIsNotSymmetric) {
+TEST_F(AcceptStandardParallels, PairOfAConeIsNotSymmetric) {
     constexpr const char* text =
         "The latitudes of the NORTHERN- and SOUTHERNMOST STANDARD PARALLELS  cannot be "
         "equal, and they cannot be symmetric about the equator.";
     ExpectRefused(AcceptLatLonStdPar("30    00    00    N", "30    00    00    S"), "LatNorthStdPar",
                   "Error: Conformal Conic standard parallels", text);
-    Design.ProjNum = ProjEquidistantConic;
-    EXPECT_FALSE(IsRefused(AcceptLatLonStdPar("30    00    00    N", "30    00    00    S")));
+    for (const std::int16_t projNum : {ProjEquidistantConic, ProjAlbers}) {
+        Design.ProjNum = projNum;
+        ExpectRefused(AcceptLatLonStdPar("30    00    00    N", "30    00    00    S"), "LatNorthStdPar",
+                      "Error: Standard parallels", text);
+        EXPECT_FALSE(IsRefused(AcceptLatLonStdPar("30    00    00    N", "29    59    59    S")));
+    }
 }
 
 TEST_F(AcceptStandardParallels, ConformalMapOfAPoleNeedsItsParallelFurtherOut) {

@@ -64,10 +64,22 @@ TEST_F(Interruptions, OutsideTheMapAreRefused) {
     EXPECT_EQ(Code(20, 20, {-100, 100}), 2) << "the second lies before the first, across the seam";
 }
 
+TEST_F(Interruptions, OutsideIsToldBeforeWestOf) {
+    EXPECT_EQ(Code(10, 50, {0}), 1) << "350 degrees east of the left boundary";
+    EXPECT_EQ(Code(10, 50, {30, 20}), 2);
+    EXPECT_EQ(Code(-180, 180, {-90, 90, 0}), 3);
+}
+
 TEST_F(Interruptions, WestOfTheirPredecessorAreRefused) {
-    EXPECT_EQ(Code(10, 50, {0}), 4);
-    EXPECT_EQ(Code(10, 50, {30, 20}), 5);
-    EXPECT_EQ(Code(-180, 180, {-90, 90, 0}), 6);
+    // On a map all round the world the boundary itself, met again, lies 360 degrees east and at once
+    // west of all others.
+    EXPECT_EQ(Code(20, 20, {100, 20}), 5);
+    EXPECT_EQ(Code(20, 20, {100, 200 - 360, 20}), 6);
+}
+
+TEST_F(Interruptions, RowWithoutThemIsNotTested) {
+    EXPECT_EQ(Code(10, 50, {}, {}, 0), 0);
+    EXPECT_THAT(machine.boxes.asked, IsEmpty()) << "nothing is divided by the spacing";
 }
 
 TEST_F(Interruptions, EqualToTheirPredecessorAreRefused) {
@@ -75,7 +87,6 @@ TEST_F(Interruptions, EqualToTheirPredecessorAreRefused) {
     EXPECT_EQ(Code(10, 50, {20, 20}), 9);
     EXPECT_EQ(Code(10, 50, {20, 30, 30}), 10);
     EXPECT_EQ(Code(10, 50, {20, 50}), 11) << "the right boundary";
-    EXPECT_EQ(Code(20, 20, {100, 20}), 11);
     EXPECT_EQ(Code(20, 20, {20}), 8) << "both boundaries: the left one is met first";
 }
 
@@ -94,7 +105,7 @@ TEST_F(Interruptions, RightBoundaryMustLieEastOfTheLast) {
 
 TEST_F(Interruptions, OfTheSouthHaveTheNextFourteenCodes) {
     EXPECT_EQ(Code(10, 50, {}, {60}), 15);
-    EXPECT_EQ(Code(10, 50, {20}, {30, 20}), 19);
+    EXPECT_EQ(Code(20, 20, {100}, {100, 20}), 19);
     EXPECT_EQ(Code(10, 50, {20, 30, 40}, {10}), 22);
     EXPECT_EQ(Code(10, 50, {20}, {20, 30, 41}), 28);
 }
@@ -183,7 +194,7 @@ TEST_F(AcceptInterruptions, ShowsTheMessageOfTheFault) {
 TEST_F(AcceptInterruptions, NamesTheFieldAtFault) {
     Map(10, 50, 10, {20, 30, 60}, {});
     EXPECT_EQ(FieldAtFault(), "LonInt(2)");
-    Map(10, 50, 10, {30, 20}, {});
+    Map(20, 20, 10, {100, 20}, {});
     EXPECT_EQ(FieldAtFault(), "LonInt(1)");
     Map(10, 50, 10, {20, 20}, {});
     EXPECT_EQ(FieldAtFault(), "LonInt(1)");

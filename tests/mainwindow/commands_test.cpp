@@ -59,6 +59,7 @@ TEST_F(Commands, ExitClosesTheWindow) {
 TEST_F(Commands, LastItemUsedStaysChecked) {
     mnuAbout_Click(4);
     EXPECT_TRUE(window.MenuChecked(Menu::mnuAbout, 4));
+    machine.forms.Script("AboutQMNT", [](Form& form) { form.PressCancel(); });
     mnuAbout_Click(3);
     EXPECT_FALSE(window.MenuChecked(Menu::mnuAbout, 4));
     EXPECT_TRUE(window.MenuChecked(Menu::mnuAbout, 3));
@@ -120,6 +121,66 @@ TEST_F(Commands, MouseIsIgnoredInADraw) {
     MapDraw();
     EXPECT_EQ(Design.TextCursorX, 0);
     EXPECT_EQ(Design.TextCursorY, 0);
+}
+
+TEST_F(Commands, BoundariesOpenTheDialogOfTheProjection) {
+    AcceptProjection(ProjInterruptedMollweide);
+    machine.forms.Script("LatLonBounds", [](Form& form) { form.PressCancel(); });
+    mnuDesign_Click(0);
+    AcceptProjection(ProjUtm);
+    machine.forms.Script("UtmSpheroid", [](Form& form) { form.PressCancel(); });
+    mnuDesign_Click(0);
+    EXPECT_THAT(machine.forms.shown, ElementsAre("LatLonBounds", "UtmSpheroid"));
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 0));
+}
+
+TEST_F(Commands, BackgroundColorOpensThePickerForIt) {
+    machine.forms.Script("Colors256", [](Form& form) {
+        EXPECT_EQ(form.At("Purpose").text, "Background Color");
+        form.Choose("ColorSquare", 14);
+    });
+    mnuDesign_Click(7);
+    EXPECT_EQ(Design.BackColor, SolidColor(Rgb(255, 255, 0)));
+    EXPECT_EQ(Design.BackColorIndex, 14);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 7));
+}
+
+TEST_F(Commands, GridAndLineWidthHaveTheirDialogs) {
+    machine.forms.Script("SelectGridType", [](Form& form) { form.PressCancel(); });
+    mnuDesign_Click(8);
+    machine.forms.Script("LineWidthScale", [](Form& form) { form.PressCancel(); });
+    mnuDesign_Click(9);
+    EXPECT_THAT(machine.forms.shown, ElementsAre("SelectGridType", "LineWidthScale"));
+    EXPECT_FALSE(window.MenuChecked(Menu::mnuDesign, 8));
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 9));
+}
+
+TEST_F(Commands, AboutTellsNameVersionLicenceAndSource) {
+    machine.places.version = "3.07";
+    Design.VersionText = "3.07";
+    machine.forms.Script("AboutQMNT", [](Form& form) {
+        EXPECT_EQ(form.At("Title").text, "Quelmont");
+        EXPECT_EQ(form.At("Version").text, "Version 3.07");
+        EXPECT_THAT(form.At("Licence").text, testing::HasSubstr("MIT"));
+        EXPECT_THAT(form.At("WorldMap").text, testing::HasSubstr("Natural Earth"));
+        form.PressDefault();
+        EXPECT_TRUE(form.Closed());
+    });
+    mnuAbout_Click(3);
+    machine.forms.Script("AboutQMNT", [](Form& form) {
+        form.PressCancel();
+        EXPECT_TRUE(form.Closed());
+    });
+    mnuAbout_Click(3);
+}
+
+TEST_F(Commands, PrintingIsThereWhenAPrinterIs) {
+    for (const bool any : {false, true}) {
+        machine.printers.any = any;
+        mnuBar_Click(0);
+        EXPECT_EQ(window.MenuEnabled(Menu::mnuInput, 2), any);
+        EXPECT_EQ(window.MenuEnabled(Menu::mnuInput, 3), any);
+    }
 }
 
 } // namespace

@@ -161,6 +161,13 @@ TEST(FormCancel, ChecksNoField) {
     EXPECT_TRUE(form.Closed());
 }
 
+TEST(FormCancel, PressedButtonChecksNoFieldEither) {
+    Recorder form;
+    form.Press("Cancel");
+    EXPECT_THAT(form.ran, ElementsAre("Cancel_Click"));
+    EXPECT_EQ(form.Focus(), "First");
+}
+
 TEST(FormCancel, ClosedFormHearsNothingMore) {
     Recorder form;
     form.Close();
@@ -216,6 +223,117 @@ TEST(FormWatcher, HearsOfEveryHandlerAndOfTheClose) {
     form.Close();
     EXPECT_EQ(heard, 2);
     EXPECT_TRUE(seenClosed);
+}
+
+/// A form with one control of each kind that has more to it than a button.
+class Kinds : public Form {
+public:
+    Kinds() : Form("Kinds", "Kinds of controls") {
+        Add({.name = "Frame", .kind = ControlKind::Frame, .text = "Heading"});
+        Add({.name = "Off", .kind = ControlKind::Edit, .enabled = false, .mask = "%%"});
+        Add({.name = "Edit", .kind = ControlKind::Edit, .text = "7", .mask = "%,%%%"});
+        Add({.name = "A", .kind = ControlKind::Option, .value = 1, .frame = "Frame"});
+        Add({.name = "B", .kind = ControlKind::Option, .frame = "Frame"});
+        Add({.name = "Other", .kind = ControlKind::Option, .value = 1, .frame = "Another"});
+        Add({.name = "List", .kind = ControlKind::List, .items = {"one", "two"}});
+        Add({.name = "Cells", .kind = ControlKind::Palette, .value = -1, .colors = {0, 255}, .columns = 1});
+        for (const char* const name : {"Edit", "A", "B", "List", "Cells"}) {
+            for (const ControlEvent event :
+                 {ControlEvent::Click, ControlEvent::Change, ControlEvent::MouseMove}) {
+                On(name, event, [this, name] { ran.emplace_back(name); });
+            }
+        }
+    }
+    void Disable(std::string_view name) { Edit(name).enabled = false; }
+    using Form::Close;
+    using Form::SetText;
+
+    std::vector<std::string> ran;
+};
+
+TEST(FormFocus, PassesOverHeadingsAndWhatIsDisabled) { EXPECT_EQ(Kinds().Focus(), "Edit"); }
+
+TEST(FormFocus, BeginsAtTheOptionThatIsChosen) {
+    class Options : public Form {
+    public:
+        Options() : Form("Options", "Options") {
+            Add({.name = "A", .kind = ControlKind::Option, .frame = "F"});
+            Add({.name = "B", .kind = ControlKind::Option, .value = 1, .frame = "F"});
+        }
+    };
+    EXPECT_EQ(Options().Focus(), "B");
+}
+
+TEST(FormEdit, KeepsItsColumns) {
+    Kinds form;
+    EXPECT_EQ(form.At("Edit").text, "0,007");
+    form.Type("Edit", "1234");
+    EXPECT_EQ(form.At("Edit").text, "1,234");
+    EXPECT_THAT(form.ran, ElementsAre("Edit"));
+}
+
+TEST(FormEdit, SameTextIsNoChange) {
+    Kinds form;
+    form.Type("Edit", "0,007");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormEdit, TextOfTheProgramRunsNoHandler) {
+    Kinds form;
+    form.SetText("Edit", "55");
+    EXPECT_EQ(form.At("Edit").text, "0,055");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormEdit, DisabledOneTakesNoText) {
+    Kinds form;
+    form.Type("Off", "12");
+    EXPECT_EQ(form.At("Off").text, "00");
+}
+
+TEST(FormOption, ChoosingOneReleasesTheOthersOfItsFrame) {
+    Kinds form;
+    form.Choose("B");
+    EXPECT_EQ(form.At("A").value, 0);
+    EXPECT_EQ(form.At("B").value, 1);
+    EXPECT_EQ(form.At("Other").value, 1);
+    EXPECT_THAT(form.ran, ElementsAre("B"));
+}
+
+TEST(FormList, TakesALineThatIsThere) {
+    Kinds form;
+    form.Choose("List", 1);
+    EXPECT_EQ(form.At("List").value, 1);
+    form.Choose("List", 2);
+    form.Choose("List", -1);
+    EXPECT_EQ(form.At("List").value, 1);
+    EXPECT_THAT(form.ran, ElementsAre("List"));
+}
+
+TEST(FormPalette, FollowsTheMouseAndTakesTheCellThatIsChosen) {
+    Kinds form;
+    form.Hover("Cells", 1);
+    form.Hover("Cells", 1);
+    EXPECT_EQ(form.At("Cells").value, 1);
+    form.Hover("Cells", 2);
+    EXPECT_EQ(form.At("Cells").value, 1) << "no such cell";
+    form.Hover("Cells", -1);
+    EXPECT_EQ(form.At("Cells").value, -1);
+    form.Choose("Cells", 0);
+    EXPECT_EQ(form.At("Cells").value, 0);
+    EXPECT_THAT(form.ran, ElementsAre("Cells", "Cells", "Cells")) << "in, out, chosen";
+}
+
+TEST(FormKinds, ClosedOrDisabledControlsStandStill) {
+    Kinds form;
+    form.Disable("List");
+    form.Choose("List", 1);
+    form.Close();
+    form.Choose("B");
+    form.Hover("Cells", 1);
+    form.Type("Edit", "1234");
+    EXPECT_THAT(form.ran, IsEmpty());
+    EXPECT_EQ(form.At("B").value, 0);
 }
 
 } // namespace

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/form.h"
+
+#include <functional>
+#include <string_view>
+
+namespace quelmont {
+
+/// A dialog that works on the design and can be cancelled: every way out but its acceptance leaves
+/// DialogCancelled true.
+class DesignDialog : public Form {
+protected:
+    using Form::Form;
+
+    /// The buttons "OK", which Enter presses, and "Cancel".
+    void AddOkAndCancel(std::function<void()> ok);
+    /// The button "Cancel".
+    void AddCancel();
+
+    void Cancel_Click();
+    /// Clears DialogCancelled and closes.
+    void CloseAccepted();
+
+    /// A run-time error of a handler shows its box under the dialog's name.
+    void Handle(const std::function<void()>& handler) override;
+};
+
+} // namespace quelmont

@@ -1,0 +1,66 @@
+#include "desktop/dialogs.h"
+
+#include "desktop/dialog_layouts.h"
+#include "desktop/form_view.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace quelmont {
+
+namespace {
+
+struct DialogEntry {
+    std::string_view className;
+    void (*layOut)(FormView& view);
+};
+
+// clang-format off
+constexpr std::array Dialogs = std::to_array<DialogEntry>({
+    {"AboutQMNT",       LayOutAbout},
+    {"Colors256",       LayOutColors},
+    {"LatLonBounds",    LayOutBounds},
+    {"LatLonBoundsAz",  LayOutAzimuthalBounds},
+    {"LatLonBoundsVp",  LayOutPerspectiveBounds},
+    {"LatLonInterrupt", LayOutInterruptions},
+    {"LatLonStdPar",    LayOutStandardParallels},
+    {"LineWidthScale",  LayOutLineWidths},
+    {"MapReduce",       LayOutMapSize},
+    {"SelectGridType",  LayOutGridType},
+    {"UtmCoords",       LayOutUtmBounds},
+    {"UtmParameters",   LayOutUtmParameters},
+    {"UtmSpheroid",     LayOutUtmSpheroid},
+    {"VectorScale",     LayOutTextScale},
+});
+// clang-format on
+
+const DialogEntry& EntryOf(const Form& form) {
+    const auto* const found = std::find_if(Dialogs.begin(), Dialogs.end(), [&](const DialogEntry& entry) {
+        return entry.className == form.ClassName();
+    });
+    if (found == Dialogs.end()) {
+        throw std::logic_error("no dialog for " + form.ClassName());
+    }
+    return *found;
+}
+
+} // namespace
+
+QWidget* WindowInUse(QWidget& window) {
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog == nullptr ? &window : dialog;
+}
+
+void DesktopForms::Show(Form& form) {
+    FormView view(form, WindowInUse(window));
+    EntryOf(form).layOut(view);
+    view.exec();
+    if (!form.Closed()) {
+        form.PressCancel();
+    }
+}
+
+} // namespace quelmont

@@ -1,0 +1,52 @@
+#include "mainwindow/projection_menu.h"
+
+#include "core/map_design.h"
+#include "graticule/boundary_dialog.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/main_menu.h"
+#include "platform/machine.h"
+#include "projection/projection_table.h"
+
+#include <algorithm>
+
+namespace quelmont {
+
+namespace {
+
+constexpr int MollweideParent = 5;
+constexpr int NoItem = -1;
+
+void SelectProjection(int index, int mollweideIndex) {
+    const auto* const found =
+        std::find_if(Projections.begin(), Projections.end(), [&](const ProjectionEntry& entry) {
+            return entry.menuIndex == index && entry.mollweideIndex == mollweideIndex;
+        });
+    if (found == Projections.end()) {
+        return;
+    }
+    Design.ProjNumPrev = Design.ProjNum;
+    Design.ProjNum = found->ProjNum;
+    Design.ProjName = found->ProjName;
+    Machine().window->SetCaption(found->caption);
+    ToggleCaption();
+    ShowBoundaryDialog();
+}
+
+} // namespace
+
+void mnuProj_Click(int Index) {
+    if (Index == MollweideParent) {
+        return;
+    }
+    MarkMenuItem(Menu::mnuProjMollweide, NoItem);
+    MarkMenuItem(Menu::mnuProj, Index);
+    SelectProjection(Index, NoItem);
+}
+
+void mnuProjMollweide_Click(int Index) {
+    MarkMenuItem(Menu::mnuProj, NoItem);
+    MarkMenuItem(Menu::mnuProjMollweide, Index);
+    SelectProjection(MollweideParent, Index);
+}
+
+} // namespace quelmont

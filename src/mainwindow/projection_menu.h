@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quelmont {
+
+/// A click on an item of the projection menu: the projection is in force at once, with its caption,
+/// and the dialogs of its boundaries open. Cancelling them leaves the projection with the boundaries
+/// that the design had. Index 5 is the parent of the Mollweide sub-menu and does nothing.
+void mnuProj_Click(int Index);
+
+/// The same for the sub-menu: 0 the Mollweide projection, 1 its interrupted form.
+void mnuProjMollweide_Click(int Index);
+
+} // namespace quelmont

@@ -1,0 +1,49 @@
+#include "pickers/color_table.h"
+
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+constexpr std::size_t Columns = ColorColumns;
+
+constexpr std::array<std::string_view, 16> StandardNames = {
+    "black", "dark blue", "dark green", "dark cyan", "dark red", "dark magenta", "olive",  "light grey",
+    "grey",  "blue",      "green",      "cyan",      "red",      "magenta",      "yellow", "white",
+};
+
+/// Of the rows below the first, from dark to light or along the hues.
+constexpr std::array<std::string_view, 15> RampNames = {
+    "grey",  "red",  "orange", "yellow",  "yellow green", "green", "spring green", "cyan",
+    "azure", "blue", "violet", "magenta", "rose",         "brown", "dull hue",
+};
+
+} // namespace
+
+int CellOfColor(ColorValue color, int preferred) {
+    const ColorValue bits = ColorBits(color);
+    if (preferred >= 0 && static_cast<std::size_t>(preferred) < ColorCells &&
+        ColorOfCell(static_cast<std::size_t>(preferred)) == bits) {
+        return preferred;
+    }
+    for (std::size_t cell = 0; cell < ColorCells; ++cell) {
+        if (ColorOfCell(cell) == bits) {
+            return static_cast<int>(cell);
+        }
+    }
+    return -1;
+}
+
+std::string CellInWords(std::size_t cell) {
+    const std::size_t row = cell / Columns;
+    const std::size_t column = cell % Columns;
+    const std::string name =
+        row == 0 ? std::string(StandardNames[column])
+                 : std::string(RampNames[row - 1]) + " " + std::to_string(column + 1) + " of 16";
+    const std::uint32_t value = ColorTable[cell];
+    return name + ": red " + std::to_string(value >> 16U & 0xFFU) + ", green " +
+           std::to_string(value >> 8U & 0xFFU) + ", blue " + std::to_string(value & 0xFFU);
+}
+
+} // namespace quelmont
