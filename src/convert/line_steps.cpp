@@ -22,8 +22,6 @@ void SnapTo(double& value, double edge) {
     }
 }
 
-std::string Degrees(double value) { return std::isfinite(value) ? FormatNumber(value, "0.######") : "?"; }
-
 /// -180 to 180, both of which stay as they are.
 double Wrapped(double lon) { return std::fabs(lon) <= 180.0 ? lon : std::remainder(lon, 360.0); }
 
@@ -159,13 +157,24 @@ private:
 
 } // namespace
 
+std::string NumberWords(double value) {
+    if (!std::isfinite(value)) {
+        return "?";
+    }
+    std::string text = FormatNumber(value, "0.######");
+    if (text.ends_with('.')) {
+        text.pop_back();
+    }
+    return text;
+}
+
 void CheckOnEarth(MapLine& line) {
     for (LonLat& point : line) {
         SnapTo(point.Lon, 180.0);
         SnapTo(point.Lat, 90.0);
         if (!(std::fabs(point.Lon) <= 360.0 && std::fabs(point.Lat) <= 90.0)) {
-            throw BadFeature("a point lies outside the earth, at longitude " + Degrees(point.Lon) +
-                             ", latitude " + Degrees(point.Lat));
+            throw BadFeature("a point lies outside the earth, at longitude " + NumberWords(point.Lon) +
+                             ", latitude " + NumberWords(point.Lat));
         }
     }
 }

@@ -2,9 +2,14 @@
 
 #include "convert/map_line.h"
 
+#include <string>
+
 /// What happens to a line between its source and its target.
 
 namespace quelmont {
+
+/// A coordinate in a message, up to six decimals: "10.5", "?" for what is not finite.
+std::string NumberWords(double value);
 
 /// Brings the points of a line onto the earth: what passes a pole or the 180th meridian by no more than
 /// a billionth of a degree, as computed coordinates do, lies on it. BadFeature for a point whose

@@ -1,7 +1,7 @@
 #include "convert/vector_source.h"
 
+#include "convert/line_steps.h"
 #include "convert/point_transform.h"
-#include "core/number_text.h"
 
 #include <cpl_string.h>
 #include <ogr_geometry.h>
@@ -81,8 +81,8 @@ private:
             const auto bad = std::find(good.begin(), good.end(), false);
             if (bad != good.end()) {
                 const LonLat& point = line[static_cast<std::size_t>(bad - good.begin())];
-                throw BadFeature("a point lies outside the earth, at x " + GeneralText(point.Lon) + ", y " +
-                                 GeneralText(point.Lat));
+                throw BadFeature("a point lies outside the earth, at x " + NumberWords(point.Lon) + ", y " +
+                                 NumberWords(point.Lat));
             }
         }
         if (!line.empty()) {

@@ -134,7 +134,8 @@ void VectorTarget::Write(const TargetFeature& feature, MapLine& line) {
 std::string VectorTarget::PlaceOf(const std::string& title) const {
     // A Shapefile is written in small letters, whatever letters were asked for.
     const std::string wanted = fs::path(replaced).filename().string();
-    return (fs::path(replaced).parent_path() / (Capitals(title) == Capitals(wanted) ? wanted : title)).string();
+    return (fs::path(replaced).parent_path() / (Capitals(title) == Capitals(wanted) ? wanted : title))
+        .string();
 }
 
 void VectorTarget::CheckPlaces() const {
