@@ -4,10 +4,11 @@
 #include "convert/convert_tally.h"
 #include "convert/feature_choice.h"
 #include "convert/file_kind.h"
+#include "convert/file_target.h"
 #include "convert/gdal_errors.h"
+#include "convert/geo_json_encoder.h"
 #include "convert/line_steps.h"
 #include "convert/map_file_source.h"
-#include "convert/map_file_target.h"
 #include "convert/progress.h"
 #include "convert/utm_zone.h"
 #include "convert/vector_source.h"
@@ -180,16 +181,21 @@ private:
 
     std::unique_ptr<LineTarget> NewTarget(LineRoad& road) {
         if (to != nullptr) {
-            return std::make_unique<MapFileTarget>(options.output, *to, options.append,
-                                                   zone ? &*zone : nullptr, tally);
+            return std::make_unique<FileTarget>(
+                options.output, NewMapFileEncoder(options.output, *to, zone ? &*zone : nullptr, tally),
+                options.append ? to : nullptr);
         }
-        // Which geometries a layer has must be known when it begins.
+        // Which geometries and columns a layer has must be known when it begins.
         LineLook look;
         road.SetTarget(look);
         source->Read(road);
         tally = {};
-        return std::make_unique<VectorTarget>(options.output, *VectorFileKindOf(options.output), look.mix,
-                                              gdalErrors, tally);
+        const VectorFileKind& kind = *VectorFileKindOf(options.output);
+        if (kind.driver == nullptr) {
+            return std::make_unique<FileTarget>(options.output, NewGeoJsonEncoder(look.mix.labels, tally),
+                                                nullptr);
+        }
+        return std::make_unique<VectorTarget>(options.output, kind, look.mix, gdalErrors, tally);
     }
 
     void Tell(bool guessedFirst) {

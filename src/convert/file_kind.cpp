@@ -29,8 +29,8 @@ constexpr std::array MapFileKinds = std::to_array<MapFileKind>({
 
 constexpr std::array VectorFileKinds = std::to_array<VectorFileKind>({
     {".gpkg",    "GPKG",           false},
-    {".geojson", "GeoJSON",        false},
-    {".json",    "GeoJSON",        false},
+    {".geojson", nullptr,          false},
+    {".json",    nullptr,          false},
     {".shp",     "ESRI Shapefile", true},
 });
 // clang-format on

@@ -34,7 +34,7 @@ const MapFileKind* MapFileKindOf(std::string_view name);
 /// A format that map files are turned into.
 struct VectorFileKind {
     std::string_view ending;
-    const char* driver; ///< its name in GDAL
+    const char* driver; ///< that GDAL has for it; null for GeoJSON, which the program writes itself
     bool oneGeometry;   ///< holds either lines or points
 };
 

@@ -188,7 +188,9 @@ constexpr double Millionths = 1e6;
 
 class WorldTextEncoder : public LineEncoder {
 public:
-    WorldTextEncoder(bool isEmpty, ConvertTally& tally_) : begun(!isEmpty), tally(tally_) {}
+    explicit WorldTextEncoder(ConvertTally& tally_) : tally(tally_) {}
+
+    void Begin(bool isEmpty, ByteSink& /*bytes*/) override { begun = !isEmpty; }
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
         const std::vector<Place> places = PlacesOf(line, Millionths, tally);
@@ -203,7 +205,7 @@ public:
     }
 
 private:
-    bool begun; ///< a line stands before the next one
+    bool begun = false; ///< a line stands before the next one
     ConvertTally& tally;
 };
 
@@ -287,8 +289,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<LineEncoder> NewLineEncoder(const std::string& mapFile, const MapFileKind& kind, bool isEmpty,
-                                            const UtmZone* zone, ConvertTally& tally) {
+std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFileKind& kind,
+                                               const UtmZone* zone, ConvertTally& tally) {
     switch (kind.form) {
     case MapFileForm::MinuteGrid:
         return std::make_unique<MinuteGridEncoder>(tally);
@@ -298,7 +300,7 @@ std::unique_ptr<LineEncoder> NewLineEncoder(const std::string& mapFile, const Ma
     case MapFileForm::LineGraphText:
         return std::make_unique<FixedRecordEncoder>(kind.form == MapFileForm::LineGraphText, tally);
     case MapFileForm::WorldText:
-        return std::make_unique<WorldTextEncoder>(isEmpty, tally);
+        return std::make_unique<WorldTextEncoder>(tally);
     case MapFileForm::WorldFloats:
         return std::make_unique<WorldFloatEncoder>(tally);
     case MapFileForm::AsciiDegrees:

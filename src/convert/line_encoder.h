@@ -40,7 +40,7 @@ private:
     std::string block;
 };
 
-/// Turns lines into the records of one of the program's own map files.
+/// Turns lines into the bytes of a file.
 class LineEncoder {
 public:
     LineEncoder() = default;
@@ -48,15 +48,18 @@ public:
     LineEncoder(const LineEncoder&) = delete;
     LineEncoder& operator=(const LineEncoder&) = delete;
 
+    /// What stands before all lines; in a file that is added to, something stands there already.
+    virtual void Begin(bool /*isEmpty*/, ByteSink& /*bytes*/) {}
     /// Appends the bytes of a line, as LineTarget::Write takes it. Points that fall onto the one before
     /// are left out. ConvertError for a feature that the file has no rank or code for.
     virtual void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) = 0;
+    /// What stands behind all lines.
+    virtual void End(ByteSink& /*bytes*/) {}
 };
 
-/// The encoder of a map file; its name tells what ranks mean. Whether the file is still empty matters
-/// where something stands between lines. The zone is that of a .utm file. What is lost or changed is
-/// counted.
-std::unique_ptr<LineEncoder> NewLineEncoder(const std::string& mapFile, const MapFileKind& kind, bool isEmpty,
-                                            const UtmZone* zone, ConvertTally& tally);
+/// The encoder of one of the program's own map files, whose name tells what ranks mean. The zone is that
+/// of a .utm file. What is lost or changed is counted.
+std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFileKind& kind,
+                                               const UtmZone* zone, ConvertTally& tally);
 
 } // namespace quelmont

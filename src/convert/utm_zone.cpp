@@ -58,6 +58,16 @@ std::vector<bool> UtmZone::ToMetres(MapLine& line) const {
     return good;
 }
 
-std::vector<bool> UtmZone::ToDegrees(MapLine& line) const { return TransformPoints(*toDegrees, line); }
+std::vector<bool> UtmZone::ToDegrees(MapLine& line) const {
+    // What centimetres leave of the 180th meridian, either side of it.
+    constexpr double hair = 3e-7;
+    std::vector<bool> good = TransformPoints(*toDegrees, line);
+    for (LonLat& point : line) {
+        if (std::fabs(point.Lon) > 180.0 - hair) {
+            point.Lon = std::copysign(180.0, point.Lon);
+        }
+    }
+    return good;
+}
 
 } // namespace quelmont

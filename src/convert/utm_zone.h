@@ -19,7 +19,8 @@ public:
 
     /// Turns degrees into metres, easting and northing in the places of longitude and latitude, and the
     /// other way round. The answer tells of each point whether it has a place, in metres one that is no
-    /// more than FarMetres off; one without is of no use.
+    /// more than FarMetres off; one without is of no use. Metres within three centimetres of the 180th
+    /// meridian are on it.
     std::vector<bool> ToMetres(MapLine& line) const;
     std::vector<bool> ToDegrees(MapLine& line) const;
 

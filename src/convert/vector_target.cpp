@@ -45,6 +45,16 @@ void AddColumn(OGRLayer& layer, const char* name, OGRFieldType type, int width) 
     layer.CreateField(&column);
 }
 
+/// An empty text is no text.
+void SetText(OGRFeature& record, const char* column, const std::string& text) {
+    const int index = record.GetFieldIndex(column);
+    if (text.empty()) {
+        record.SetFieldNull(index);
+    } else {
+        record.SetField(index, text.c_str());
+    }
+}
+
 std::unique_ptr<OGRGeometry> GeometryOf(const MapLine& line, bool asPoint) {
     if (asPoint) {
         return std::make_unique<OGRPoint>(line.front().Lon, line.front().Lat);
@@ -117,11 +127,9 @@ void VectorTarget::CreateLayer(const LineMix& mix) {
 void VectorTarget::Write(const TargetFeature& feature, MapLine& line) {
     OGRFeature record(layer->GetLayerDefn());
     record.SetField(FeatureColumn, feature.Number);
-    if (!feature.Name.empty()) {
-        record.SetField(NameColumn, feature.Name.c_str());
-    }
-    if (hasLabels && !feature.Label.empty()) {
-        record.SetField(LabelColumn, feature.Label.c_str());
+    SetText(record, NameColumn, feature.Name);
+    if (hasLabels) {
+        SetText(record, LabelColumn, feature.Label);
     }
     const bool asPoint = line.size() == 1 && (pointsOnly || !kind.oneGeometry);
     record.SetGeometryDirectly(GeometryOf(line, asPoint).release());

@@ -21,7 +21,7 @@ struct LineMix {
     bool labels = false;
 };
 
-/// A GeoPackage, GeoJSON or Shapefile with one layer, named as the file, in longitude and latitude on
+/// A GeoPackage or Shapefile with one layer, named as the file, in longitude and latitude on
 /// WGS84: lines, points, and the columns feature, name, and label if there are labels. Where a format
 /// holds either lines or points, a point among lines becomes a line of no length.
 ///

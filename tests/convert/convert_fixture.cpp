@@ -2,6 +2,7 @@
 
 #include "convert/convert_command.h"
 #include "core/file_numbers.h"
+#include "core/number_text.h"
 
 #include <gmock/gmock.h>
 
@@ -13,6 +14,33 @@
 #include <sstream>
 
 namespace quelmont {
+
+namespace {
+
+std::string PlainNumber(double value) {
+    std::string text = FormatNumber(value, "0.#########");
+    return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
+}
+
+/// Of a line or a point, with nine decimals at most.
+std::string PlainWkt(const OGRGeometry& geometry) {
+    std::string points;
+    const auto add = [&](double x, double y) {
+        points += (points.empty() ? "" : ",") + PlainNumber(x) + " " + PlainNumber(y);
+    };
+    if (wkbFlatten(geometry.getGeometryType()) == wkbPoint) {
+        add(geometry.toPoint()->getX(), geometry.toPoint()->getY());
+    } else if (wkbFlatten(geometry.getGeometryType()) == wkbLineString) {
+        for (const OGRPoint& point : *geometry.toLineString()) {
+            add(point.getX(), point.getY());
+        }
+    } else {
+        ADD_FAILURE() << "neither line nor point";
+    }
+    return std::string(geometry.getGeometryName()) + " (" + points + ")";
+}
+
+} // namespace
 
 void ConvertTest::Put(const std::string& name, std::string_view contents) const {
     WriteWholeFile(folder / name, contents);
@@ -75,9 +103,7 @@ std::vector<std::string> ConvertTest::Features(const std::string& name) const {
         for (int i = 0; i < feature->GetFieldCount(); ++i) {
             text += std::string(feature->GetFieldAsString(i)) + "|";
         }
-        OGRWktOptions options;
-        options.precision = 9;
-        features.push_back(text + feature->GetGeometryRef()->exportToWkt(options));
+        features.push_back(text + PlainWkt(*feature->GetGeometryRef()));
     }
     return features;
 }

@@ -34,7 +34,8 @@ protected:
     /// told, without the program's name and the line end.
     std::string Refusal(std::vector<std::string> arguments) const;
 
-    /// What GDAL reads from a file: a line for each feature, its columns and geometry as "a|b|WKT".
+    /// What GDAL reads from a file: a line for each feature, its columns and its geometry, a line or
+    /// a point, as "a|b|POINT (1 2)" with nine decimals at most.
     std::vector<std::string> Features(const std::string& name) const;
 
     TemporaryFolder folder;

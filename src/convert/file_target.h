@@ -10,14 +10,13 @@
 
 namespace quelmont {
 
-/// One of the program's own map files, written under file number 2.
-class MapFileTarget : public LineTarget {
+/// A file that an encoder fills, written under file number 2.
+class FileTarget : public LineTarget {
 public:
-    /// With append it goes on behind what the file holds, if it is there. ConvertError when it cannot be
-    /// written, or is to be added to and is not whole.
-    MapFileTarget(const std::string& name, const MapFileKind& kind, bool append, const UtmZone* zone,
-                  ConvertTally& tally);
-    ~MapFileTarget() override;
+    /// With a kind to add to it goes on behind what a map file of that kind holds, if it is there.
+    /// ConvertError when it cannot be written, or is to be added to and is not whole.
+    FileTarget(const std::string& name, std::unique_ptr<LineEncoder> encoder, const MapFileKind* addTo);
+    ~FileTarget() override;
 
     void Write(const TargetFeature& feature, MapLine& line) override;
     void Finish() override;

@@ -1,4 +1,4 @@
-#include "convert/map_file_target.h"
+#include "convert/file_target.h"
 
 #include "convert/map_file_source.h"
 #include "core/file_numbers.h"
@@ -55,19 +55,21 @@ char LastByte(const std::string& file) {
 
 } // namespace
 
-MapFileTarget::MapFileTarget(const std::string& name_, const MapFileKind& kind, bool append,
-                             const UtmZone* zone, ConvertTally& tally)
+FileTarget::FileTarget(const std::string& name_, std::unique_ptr<LineEncoder> encoder_,
+                       const MapFileKind* addTo)
     : name(name_), replaced(OfFile(name_, [&] { return ReplacedFileName(name_); })), file(replaced),
-      bytes([](std::span<const std::byte> block) { WriteFile(OutputFileNumber, block); }) {
-    if (append && std::filesystem::exists(replaced)) {
-        CopyEarlier(kind);
+      bytes([](std::span<const std::byte> block) { WriteFile(OutputFileNumber, block); }),
+      encoder(std::move(encoder_)) {
+    if (addTo != nullptr && std::filesystem::exists(replaced)) {
+        CopyEarlier(*addTo);
     }
-    OfFile(name,
-           [&] { OpenFile(OutputFileNumber, file.Name(), append ? OpenMode::Append : OpenMode::Output); });
-    encoder = NewLineEncoder(name, kind, FileLength(OutputFileNumber) == 0, zone, tally);
+    OfFile(name, [&] {
+        OpenFile(OutputFileNumber, file.Name(), addTo != nullptr ? OpenMode::Append : OpenMode::Output);
+        encoder->Begin(FileLength(OutputFileNumber) == 0, bytes);
+    });
 }
 
-MapFileTarget::~MapFileTarget() {
+FileTarget::~FileTarget() {
     try {
         CloseFile(OutputFileNumber);
     } catch (const RunTimeError&) {
@@ -75,7 +77,7 @@ MapFileTarget::~MapFileTarget() {
     }
 }
 
-void MapFileTarget::CopyEarlier(const MapFileKind& kind) {
+void FileTarget::CopyEarlier(const MapFileKind& kind) {
     // In degrees or metres alike: nobody looks at the points.
     MapFileSource earlier(name, kind, std::nullopt, nullptr);
     Nobody nobody;
@@ -96,12 +98,13 @@ void MapFileTarget::CopyEarlier(const MapFileKind& kind) {
     }
 }
 
-void MapFileTarget::Write(const TargetFeature& feature, MapLine& line) {
+void FileTarget::Write(const TargetFeature& feature, MapLine& line) {
     OfFile(name, [&] { encoder->Encode(feature, line, bytes); });
 }
 
-void MapFileTarget::Finish() {
+void FileTarget::Finish() {
     OfFile(name, [&] {
+        encoder->End(bytes);
         bytes.Flush();
         CloseFile(OutputFileNumber);
         file.MoveTo(replaced);
