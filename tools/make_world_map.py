@@ -3,21 +3,26 @@
 
 The map is generalised from Natural Earth 1:10m (public domain), as Debian's
 package libmagics++-data installs it.  Besides that package the script needs
-only Debian's python3-gdal and python3-numpy:
+Debian's python3-gdal and python3-numpy, and quelmont-convert, which scripts/run
+builds:
 
     apt-get install libmagics++-data python3-gdal python3-numpy
     tools/make_world_map.py --stats
 
-The map file is a bare run of records, three signed 16-bit little-endian
+The script chooses, joins and thins out the lines; quelmont-convert makes the
+file of them.  That is a bare run of records, three signed 16-bit little-endian
 integers each: code, latitude, longitude.  The angles are whole minutes of
 arc, north and east positive.  A code of 1000 * rank starts a new line of that
 rank, a code of 0 continues the line.  The same source always gives the same
-bytes, and the file is read back and checked before the script ends.
+bytes, and they are decoded and checked before the script ends.
 """
 
 import argparse
+import json
 import math
+import subprocess
 import sys
+import tempfile
 from collections import defaultdict
 from pathlib import Path
 
@@ -28,7 +33,9 @@ from osgeo import ogr
 ogr.DontUseExceptions()
 
 DEFAULT_SOURCE = Path("/usr") / "share/magics/10m"
-DEFAULT_OUTPUT = Path(__file__).resolve().parent.parent / "data" / "Qmnt4.map"
+PROJECT = Path(__file__).resolve().parent.parent
+DEFAULT_OUTPUT = PROJECT / "data" / "Qmnt4.map"
+DEFAULT_CONVERT = PROJECT / "build" / "release" / "bin" / "quelmont-convert"
 
 COAST, COUNTRY, CANADA, USA, ISLAND, LAKE, RIVER, AUSTRALIA, MEXICO, OTHER = range(1, 11)
 RANK_NAMES = {
@@ -393,14 +400,25 @@ def world(folder):
 
 # ------------------------------------------------------------------ the file
 
-def encoded(lines_by_rank):
-    """The bytes of the map file."""
-    records = []
-    for rank in DRAWING_ORDER:
-        for line in lines_by_rank[rank]:
-            codes = [rank * 1000] + [0] * (len(line) - 1)
-            records.extend((code, lat, lon) for code, (lon, lat) in zip(codes, line))
-    return np.array(records, dtype="<i2").tobytes()
+def collection(lines_by_rank):
+    """The lines as GeoJSON, each with the name of its row, in drawing order."""
+    features = [
+        {"type": "Feature",
+         "properties": {"row": RANK_NAMES[rank]},
+         "geometry": {"type": "LineString",
+                      "coordinates": [(lon / 60.0, lat / 60.0) for lon, lat in line]}}
+        for rank in DRAWING_ORDER for line in lines_by_rank[rank]]
+    return {"type": "FeatureCollection", "features": features}
+
+
+def encoded(lines_by_rank, convert):
+    """The bytes of the map file, as quelmont-convert writes it."""
+    with tempfile.TemporaryDirectory() as folder:
+        source, target = Path(folder) / "world.geojson", Path(folder) / "world.map"
+        source.write_text(json.dumps(collection(lines_by_rank)))
+        done = subprocess.run([convert, source, target, "--feature", "@row"], check=False)
+        require(done.returncode == 0, f"{convert.name} failed")
+        return target.read_bytes()
 
 
 def decoded(data):
@@ -483,10 +501,14 @@ def main():
                         help="folder of the 1:10m shapefiles (default: %(default)s)")
     parser.add_argument("--output", type=Path, default=DEFAULT_OUTPUT, metavar="FILE",
                         help="map file to write (default: data/Qmnt4.map of this source tree)")
+    parser.add_argument("--convert", type=Path, default=DEFAULT_CONVERT, metavar="PROGRAM",
+                        help="quelmont-convert (default: that of build/release)")
     parser.add_argument("--stats", action="store_true", help="print lines and points by rank")
     options = parser.parse_args()
 
-    data = encoded(world(options.source))
+    require(options.convert.exists(),
+            f"there is no {options.convert}; scripts/run builds it, --convert names another")
+    data = encoded(world(options.source), options.convert)
     table = check(data)
     options.output.write_bytes(data)
     require(options.output.read_bytes() == data, f"{options.output} was not written whole")

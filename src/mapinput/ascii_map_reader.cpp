@@ -7,7 +7,6 @@
 #include "mapinput/ascii_map_file.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
-#include "mapinput/text_items.h"
 #include "mapinput/text_reader.h"
 
 #include <cstddef>
@@ -17,19 +16,6 @@
 namespace quelmont {
 
 namespace {
-
-/// Steps over what may stand between points. False at the end of the file.
-bool FindPoint(ByteReader& bytes) {
-    while (bytes.Has(1)) {
-        if (TakeText(bytes, [](std::string_view& text) {
-                TakeBlankLines(text);
-                return !text.empty();
-            })) {
-            return true;
-        }
-    }
-    return false;
-}
 
 void TestDegrees(MapPoint& point, double lat, double lon) {
     Design.ProjLat = lat;
@@ -72,7 +58,7 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex) {
     TakeFeaturePen(1, FileIndex, SitesAscii);
     ByteReader bytes;
     SkipByteOrderMark(bytes);
-    while (FindPoint(bytes)) {
+    while (FindText(bytes)) {
         const AsciiMapPoint read = TakeText(bytes, TakeAsciiMapPoint);
         if (Design.UtmPointPath) {
             TestDegrees(point, read.Second, read.Third);

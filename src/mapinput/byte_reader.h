@@ -50,6 +50,9 @@ public:
         }
     }
 
+    /// Of the next byte in the file, counted from 0; behind the end after a step over it.
+    std::int64_t Position() const { return position - static_cast<std::int64_t>(Buffered()); }
+
     static constexpr std::size_t BlockSize = std::size_t{256} * 1024;
 
 private:

@@ -24,23 +24,6 @@ constexpr std::int16_t HeaderRead = 1;
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
-/// The next 20 characters, nothing at the end of the file.
-std::optional<FixedRecord> NextRecord(ByteReader& bytes) {
-    // One byte more, to know the last record.
-    const std::span<const std::byte> ready = bytes.Ahead(FixedRecordSize + 1);
-    const std::size_t size = std::min(ready.size(), FixedRecordSize);
-    FixedRecord record;
-    record.fill(' ');
-    std::transform(ready.begin(), ready.begin() + static_cast<std::ptrdiff_t>(size), record.begin(),
-                   [](std::byte byte) { return static_cast<char>(byte); });
-    const bool last = ready.size() <= FixedRecordSize;
-    if (last && std::all_of(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(size), IsLineEnd)) {
-        return std::nullopt;
-    }
-    bytes.Skip(static_cast<std::int64_t>(size));
-    return record;
-}
-
 bool SkipRecords(MapPoint& point, ByteReader& bytes, std::int32_t count) {
     if (count < 0) {
         throw RunTimeError(ErrorInvalidCall); // it would be read again and again
@@ -94,6 +77,22 @@ bool PlotRecord(MapPoint& point, const FixedRecord& record) {
 
 } // namespace
 
+std::optional<FixedRecord> NextFixedRecord(ByteReader& bytes) {
+    // One byte more, to know the last record.
+    const std::span<const std::byte> ready = bytes.Ahead(FixedRecordSize + 1);
+    const std::size_t size = std::min(ready.size(), FixedRecordSize);
+    FixedRecord record;
+    record.fill(' ');
+    std::transform(ready.begin(), ready.begin() + static_cast<std::ptrdiff_t>(size), record.begin(),
+                   [](std::byte byte) { return static_cast<char>(byte); });
+    const bool last = ready.size() <= FixedRecordSize;
+    if (last && std::all_of(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(size), IsLineEnd)) {
+        return std::nullopt;
+    }
+    bytes.Skip(static_cast<std::int64_t>(size));
+    return record;
+}
+
 bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex) {
     LineGraphFeature feature(FileIndex);
     const bool lineGraph =
@@ -102,7 +101,7 @@ bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex) {
     if (!lineGraph) {
         TakeFeaturePen(1, FileIndex, SitesFixedRecord);
     }
-    while (const std::optional<FixedRecord> record = NextRecord(bytes)) {
+    while (const std::optional<FixedRecord> record = NextFixedRecord(bytes)) {
         bool goOn = true;
         if (!IsFixedRecordHeader(*record)) {
             goOn = PlotRecord(point, *record);

@@ -1,10 +1,18 @@
 #pragma once
 
+#include "mapinput/fixed_record_file.h"
+
 #include <cstdint>
+#include <optional>
 
 namespace quelmont {
 
+class ByteReader;
 class MapPoint;
+
+/// The next 20 characters of the file. A short last record is filled with blanks; nothing at the end of
+/// the file, for which line ends alone stand too. RunTimeError when the file cannot be read.
+std::optional<FixedRecord> NextFixedRecord(ByteReader& bytes);
 
 /// Plots the fixed-record file that is open under file number 1, a .dat file in the style of the first
 /// feature of entry FileIndex of the list, a .grf file in those of its features. False when Escape was
@@ -13,8 +21,7 @@ class MapPoint;
 /// A header begins a line; without one before it a first point goes on from the last point of the file
 /// before. The points of a feature that is not shown are stepped over without reading them. An unknown
 /// code is stepped over too and the feature before it goes on, so that its points are stepped over once
-/// more if it is not shown. Both headers and points count as read. A short last record is filled with
-/// blanks; line ends alone are none.
+/// more if it is not shown. Both headers and points count as read.
 /// RunTimeError when the file cannot be read or sought, when a point has no place, and "Invalid
 /// procedure call or argument" for a negative count of points.
 bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex);

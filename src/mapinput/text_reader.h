@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mapinput/byte_reader.h"
+#include "mapinput/text_items.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -29,6 +30,19 @@ auto TakeText(ByteReader& bytes, Take&& take) {
     auto result = take(text);
     bytes.Skip(static_cast<std::int64_t>(before.size() - text.size()));
     return result;
+}
+
+/// Steps over blank lines. False at the end of the file.
+inline bool FindText(ByteReader& bytes) {
+    while (bytes.Has(1)) {
+        if (TakeText(bytes, [](std::string_view& text) {
+                TakeBlankLines(text);
+                return !text.empty();
+            })) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /// Steps over the mark that some programs put at the front of UTF-8.

@@ -20,16 +20,24 @@ std::string_view TakeWorldItem(std::string_view& text) {
     return item;
 }
 
-std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {
+std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item) {
     const char first = item.empty() ? ' ' : item.front();
     if (first != '-' && !(first >= '0' && first <= '9')) {
         return std::nullopt;
     }
     const std::size_t blank = item.find(' ');
     const std::size_t split = blank == std::string_view::npos ? 0 : blank + 1;
+    return WorldDegrees{ValueOf(item.substr(0, split)), ValueOf(item.substr(split))};
+}
+
+std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {
+    const std::optional<WorldDegrees> degrees = DecodeWorldDegrees(item);
+    if (!degrees) {
+        return std::nullopt;
+    }
     WorldPoint point;
-    point.Lat = RoundToInt32(ValueOf(item.substr(0, split)) * SecPerDegree);
-    point.Lon = RoundToInt32(ValueOf(item.substr(split)) * SecPerDegree);
+    point.Lat = RoundToInt32(degrees->Lat * SecPerDegree);
+    point.Lon = RoundToInt32(degrees->Lon * SecPerDegree);
     if (point.Lon > SecPerHalfCircle) {
         point.Lon -= SecPerCircle;
     }

@@ -29,9 +29,17 @@ struct WorldPoint {
 /// A line ends in a carriage return, a line feed, or both.
 std::string_view TakeWorldItem(std::string_view& text);
 
-/// The point of an item, nothing for one that ends the line. Without a blank in it an item is the
-/// longitude of a point on the equator. A longitude above 180 degrees has a circle taken off.
-/// RunTimeError "Overflow" when a number is too large.
+/// Latitude and longitude in degrees, as an item has them.
+struct WorldDegrees {
+    double Lat = 0.0, Lon = 0.0;
+};
+
+/// The degrees of an item, nothing for one that ends the line. Without a blank in it an item is the
+/// longitude of a point on the equator. RunTimeError "Overflow" when a number is too large.
+std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item);
+
+/// The point of an item, nothing for one that ends the line. A longitude above 180 degrees has a circle
+/// taken off. RunTimeError "Overflow" when a number is too large.
 std::optional<WorldPoint> DecodeWorldItem(std::string_view item);
 
 /// The item of a point in degrees, to a millionth, with its line end. RunTimeError "Overflow" for

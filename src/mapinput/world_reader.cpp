@@ -61,8 +61,9 @@ private:
     bool pendingBreak = true;
 };
 
-/// Takes the bytes up to the end of a record. Whether the next point begins a line.
-bool TakeTail(ByteReader& bytes) {
+} // namespace
+
+bool TakeWorldTail(ByteReader& bytes) {
     bool lineEnd = false;
     for (;;) {
         const std::byte byte = bytes.Take<1>()[0];
@@ -72,8 +73,6 @@ bool TakeTail(ByteReader& bytes) {
         lineEnd = lineEnd || byte == WorldLineEnd;
     }
 }
-
-} // namespace
 
 bool ReadWorldText(MapPoint& point, std::int32_t FileIndex) {
     TakeFeaturePen(1, FileIndex, SitesWorldText);
@@ -113,7 +112,7 @@ bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex) {
         const float lat = DecodeWorldFloat(first);
         const float lon = DecodeWorldFloat(bytes.Take<WorldFloatSize>());
         lines.TestBounds(WorldPointOf(lat, lon));
-        if (TakeTail(bytes)) {
+        if (TakeWorldTail(bytes)) {
             lines.Break();
         }
         if (!lines.PlotStep()) {

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "convert/line_steps.h"
+
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+/// What was written, and what was lost or changed on the way.
+class ConvertTally {
+public:
+    struct Feature {
+        std::string name; ///< empty if it has none
+        std::int64_t lines = 0, points = 0;
+    };
+
+    void Count(std::int16_t feature, const std::string& name, std::int64_t lines, std::int64_t points);
+    /// Of a line that is written.
+    void Extend(const MapLine& line);
+
+    std::int64_t emptyFeatures = 0;  ///< of the source, without a geometry
+    std::int64_t unknownLines = 0;   ///< of a rank or code that means nothing
+    std::int64_t repeatedPoints = 0; ///< left out: they fell onto the point before
+    std::int64_t shrunkLines = 0;    ///< became single points
+    std::int64_t addedPoints = 0;    ///< put in where the next point was too far
+    std::int64_t dividedLines = 0;   ///< had more points than the format can count
+    std::int64_t farPoints = 0;      ///< left out: too far from the zone
+    std::int64_t lostLabels = 0;     ///< the format has none
+    std::int64_t changedLabels = 0;  ///< had double quotes or line ends
+
+    /// Each as a sentence for the user, those that are 0 left out.
+    std::vector<std::string> Notes(const std::string& ending) const;
+    /// Points, lines, features and bounds as a line of JSON.
+    std::string StatisticsLine() const;
+
+private:
+    std::map<std::int16_t, Feature> features;
+    std::optional<LonLatBounds> extent;
+};
+
+} // namespace quelmont

@@ -1,0 +1,149 @@
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include <sys/wait.h>
+
+namespace quelmont {
+namespace {
+
+using testing::AllOf;
+using testing::AnyOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ConvertProgram : public testing::Test {
+protected:
+    ConvertProgram() {
+        WriteWholeFile(folder / "in.geojson",
+                       R"({"type":"LineString","coordinates":[[10,50],[10.5,50.25]]})");
+    }
+
+    /// Runs the shell in the folder, where $convert is the program; its streams go to the files out and
+    /// err unless the line says otherwise. Gives the exit code, or -1 when it was killed.
+    int Shell(const std::string& line) const {
+        const std::string command =
+            "cd '" + folder.Path() + "' && convert='" + QUELMONT_CONVERT + "' && " + line;
+        const int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    int Run(const std::string& line) const { return Shell(">out 2>err $convert " + line); }
+    std::string Output() const { return ReadWholeFile(folder / "out"); }
+    std::string Errors() const { return ReadWholeFile(folder / "err"); }
+    bool Has(const std::string& name) const { return std::filesystem::exists(folder / name); }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(ConvertProgram, ConvertsInSilence) {
+    EXPECT_EQ(Run("in.geojson out.dat"), 0);
+    EXPECT_EQ(Output(), "");
+    EXPECT_EQ(Errors(), "");
+    EXPECT_EQ(ReadWholeFile(folder / "out.dat"),
+              "                  \r\n500000N0100000E   \r\n501500N0103000E   \r\n");
+}
+
+TEST_F(ConvertProgram, PrintsStatisticsAsALineOfJson) {
+    EXPECT_EQ(Run("--stats in.geojson out.map --feature Rivers --bounds=-20,40,20,60"), 0);
+    EXPECT_EQ(Output(),
+              R"({"points":2,"lines":1,"features":[{"feature":4,"name":"Rivers","lines":1,"points":2}],)"
+              "\"bounds\":[10.0,50.0,10.5,50.25]}\n");
+    EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ConvertProgram, BoundsMayBeginWithAMinus) {
+    EXPECT_EQ(Run("in.geojson out.dat --bounds -20,40,20,60"), 0);
+    EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ConvertProgram, PrintsHelpAndVersionWhenAsked) {
+    EXPECT_EQ(Run("--help"), 0);
+    EXPECT_THAT(Output(), HasSubstr("--simplify"));
+    EXPECT_EQ(Errors(), "");
+    EXPECT_EQ(Run("--version"), 0);
+    EXPECT_EQ(Output(), "quelmont-convert 3.00\n");
+}
+
+TEST_F(ConvertProgram, TellsWrongUsage) {
+    for (const char* line :
+         {"", "in.geojson", "in.geojson out.xyz", "in.geojson out.gpkg", "in.geojson out.dat --nonsense",
+          "in.geojson out.utm", "in.geojson out.dat --simplify x"}) {
+        EXPECT_EQ(Run(line), 2) << line;
+        EXPECT_EQ(Output(), "") << line;
+        EXPECT_THAT(Errors(), AllOf(StartsWith("quelmont-convert: "),
+                                    HasSubstr("\nquelmont-convert --help tells the options.\n")))
+            << line;
+    }
+}
+
+TEST_F(ConvertProgram, TellsAFailureOnTheErrorStream) {
+    EXPECT_EQ(Run("none.shp out.dat"), 1);
+    EXPECT_EQ(Output(), "");
+    EXPECT_EQ(Errors(), "quelmont-convert: none.shp: No such file or directory\n");
+    EXPECT_FALSE(Has("out.dat"));
+}
+
+TEST_F(ConvertProgram, FailsWhenWhatWasAskedForCannotBePrinted) {
+    for (const char* line :
+         {"--help >/dev/full", "--version >/dev/full", "--stats in.geojson out.dat >/dev/full"}) {
+        EXPECT_EQ(Run(line), 1) << line;
+        EXPECT_EQ(Errors(), "quelmont-convert: The standard output cannot be written.\n") << line;
+    }
+}
+
+TEST_F(ConvertProgram, NeverWritesThroughALinkToADevice) {
+    std::filesystem::create_symlink("/dev/full", folder / "full.map");
+    EXPECT_EQ(Run("in.geojson full.map --feature 1"), 1);
+    EXPECT_EQ(Errors(), "quelmont-convert: full.map: Path/File access error\n");
+}
+
+TEST_F(ConvertProgram, WritesTheSameUnderAGermanLocaleAndWithoutAHome) {
+    EXPECT_EQ(Run("in.geojson a.prn && $convert a.prn a.geojson"), 0);
+    EXPECT_EQ(Shell("env -i LC_ALL=de_DE.UTF-8 $convert in.geojson b.prn --bounds 0.5,0.5,60.5,60.5 "
+                    "&& env -i LC_ALL=de_DE.UTF-8 $convert b.prn b.geojson"),
+              0);
+    EXPECT_EQ(ReadWholeFile(folder / "a.prn"), ReadWholeFile(folder / "b.prn"));
+    EXPECT_EQ(ReadWholeFile(folder / "a.geojson"), ReadWholeFile(folder / "b.geojson"));
+}
+
+/// Makes a text map so large that its conversion takes a few seconds.
+constexpr const char* MakeLarge =
+    "awk 'BEGIN { for (i = 0; i < 3000000; ++i) print i % 10 == 0, i % 80, i % 170 }' >large.prn";
+
+TEST_F(ConvertProgram, StoppedOneLeavesNothingBehind) {
+    ASSERT_EQ(Shell(MakeLarge), 0);
+    // Waits until the temporary file is there; a shell without job control lets its background ignore SIGINT.
+    WriteWholeFile(folder / "stop", "set -m\n"
+                                    "$1 large.prn $2 2>err &\n"
+                                    "while kill -0 $! && ! ls *.tmp; do sleep 0.01; done >shown 2>&1\n"
+                                    "kill -$3 $!\n"
+                                    "wait $!\n");
+    for (const char* output : {"large.mp1", "large.gpkg"}) {
+        for (const char* signal : {"INT", "TERM", "HUP"}) {
+            EXPECT_EQ(Shell("bash ./stop $convert " + std::string(output) + " " + signal), 1) << signal;
+            EXPECT_EQ(Errors(), "quelmont-convert: stopped\n") << signal;
+            for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+                EXPECT_THAT(entry.path().filename().string(),
+                            AnyOf("large.prn", "err", "in.geojson", "stop", "shown"));
+            }
+        }
+    }
+}
+
+TEST_F(ConvertProgram, TellsHowFarItIsOnATerminalAlone) {
+    ASSERT_EQ(Shell(MakeLarge), 0);
+    EXPECT_EQ(Shell("script -qec \"$convert large.prn large.mp1\" typescript >/dev/null </dev/null"), 0);
+    const std::string told = ReadWholeFile(folder / "typescript");
+    EXPECT_THAT(told, HasSubstr(" points, "));
+    EXPECT_THAT(told, HasSubstr(" %\x1B[K"));
+    EXPECT_EQ(Run("large.prn large.mp1"), 0);
+    EXPECT_EQ(Errors(), "");
+}
+
+} // namespace
+} // namespace quelmont
