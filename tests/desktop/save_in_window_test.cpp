@@ -1,0 +1,136 @@
+// Saving the map from the File menu of the real window, through its file dialogs.
+
+#include "desktop/desktop_fixture.h"
+
+#include "core/map_design.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace quelmont {
+namespace {
+
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class SaveInWindow : public DesktopTest {
+protected:
+    SaveInWindow() { Start(); }
+
+    /// Types a name into the file dialog that comes, and accepts it.
+    void TypeName(const std::string& name) {
+        InDialog([name](QDialog& dialog) {
+            ASSERT_NE(qobject_cast<QFileDialog*>(&dialog), nullptr);
+            auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+            edit->setText(QString::fromStdString(name));
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+    }
+    void Choose(int item) { Window().Action(Menu::mnuInput, item)->trigger(); }
+};
+
+TEST_F(SaveInWindow, EachFormatGetsItsExtensionAndLeavesThePicture) {
+    DrawByKeys();
+    const QImage drawn = Picture();
+    struct Format {
+        int item;
+        const char* extension;
+        const char* begins;
+    };
+    for (const Format& format : {Format{5, "bmp", "BM"}, Format{6, "cgm", ""}, Format{7, "dxf", "  0\r\n"},
+                                 Format{8, "wmf", "\xD7\xCD\xC6\x9A"}}) {
+        TypeName(folder / "map");
+        Choose(format.item);
+        const std::string name = folder / ("map." + std::string(format.extension));
+        ASSERT_TRUE(std::filesystem::exists(name)) << name;
+        EXPECT_THAT(ReadWholeFile(name), StartsWith(format.begins));
+        EXPECT_EQ(Picture(), drawn) << "the export draws the same map once more";
+    }
+    EXPECT_THAT(boxes.asked, IsEmpty());
+    ExpectIdle();
+}
+
+TEST_F(SaveInWindow, BitmapHasThePixelsOfTheWindow) {
+    DrawByKeys();
+    TypeName(folder / "map.bmp");
+    Choose(5);
+    const QImage saved =
+        QImage(QString::fromStdString(folder / "map.bmp")).convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(saved, Picture().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
+    WriteWholeFile(folder / "map.dxf", "earlier");
+    InDialog([this](QDialog& dialog) {
+        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+        edit->setText(QString::fromStdString(folder / "map"));
+        InDialog([&dialog](QDialog& question) {
+            auto* box = qobject_cast<QMessageBox*>(&question);
+            ASSERT_NE(box, nullptr) << "it asks about the name with its extension";
+            box->button(QMessageBox::No)->click();
+            QTimer::singleShot(0, &dialog, &QDialog::reject);
+        });
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    Choose(7);
+    EXPECT_EQ(ReadWholeFile(folder / "map.dxf"), "earlier");
+    EXPECT_EQ(clock.beeps, 0);
+}
+
+TEST_F(SaveInWindow, EscapeInTheFileDialogDoesNothing) {
+    InDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    Choose(6);
+    EXPECT_EQ(clock.beeps, 0);
+    EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
+TEST_F(SaveInWindow, AsciiNamesAreGivenByKeysAlone) {
+    InDialog([this](QDialog& dialog) {
+        ASSERT_EQ(dialog.objectName(), QStringLiteral("AscOutput"));
+        auto* files = dialog.findChild<QTableWidget*>("AscGrid");
+        EXPECT_TRUE(files->hasFocus());
+        TypeName(folder / "grid");
+        QTest::keyClick(files, Qt::Key_Space);
+        QTest::keyClick(files, Qt::Key_Down);
+        TypeName(folder / "world");
+        QTest::keyClick(files, Qt::Key_Space);
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    Window().Action(Menu::mnuInput, 9)->trigger();
+    EXPECT_TRUE(std::filesystem::exists(folder / "grid.txt"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "world.txt"));
+    EXPECT_EQ(clock.beeps, 1);
+    EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
+TEST_F(SaveInWindow, EscapeInTheDrawKeepsTheEarlierFile) {
+    WriteWholeFile(folder / "map.cgm", "earlier");
+    pump->At(20, [this] { QTest::keyClick(&Window(), Qt::Key_Escape); });
+    InDialog([this](QDialog& dialog) {
+        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+        edit->setText(QString::fromStdString(folder / "map.cgm"));
+        InDialog([](QDialog& question) {
+            dynamic_cast<QMessageBox&>(question).button(QMessageBox::Yes)->click();
+        });
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    Choose(6);
+    EXPECT_EQ(ReadWholeFile(folder / "map.cgm"), "earlier");
+    EXPECT_EQ(clock.beeps, 0);
+    ExpectIdle();
+}
+
+} // namespace
+} // namespace quelmont
