@@ -20,8 +20,8 @@ bool LongitudesMeet(const PackedHeader& box) {
     if (width < 0) {
         width += SecPerCircle;
     }
-    if (width < 0 || width >= SecPerCircle) {
-        return true;
+    if (width < 0) {
+        return true; // more than a circle between its edges, the wrong way round
     }
     std::int32_t west = (box.BoxWest - Design.LonWestSec) % SecPerCircle;
     if (west < 0) {

@@ -35,7 +35,7 @@ UtmPlace<Number> UtmSeries(Number p, Number dl) {
     const Number tanp = tan(p);
     const Number t = tanp * tanp;
     const Number t2 = t * t;
-    const Number m = MeridianArc<Number>(p, sin(2.0 * p), cos(2.0 * p));
+    const auto m = MeridianArc<Number>(p, sin(2.0 * p), cos(2.0 * p));
     const double ep2 = Design.SpheroidEp2;
     const Number n = Divide(Design.SpheroidA, SquareRoot(1.0 - (Design.SpheroidE2 * sinp) * sinp));
     const Number c = (ep2 * cosp) * cosp;
