@@ -52,7 +52,8 @@ pids+=($!)
 managed() { xdotool get_desktop >/dev/null 2>&1; }
 eventually "a window manager" managed
 
-env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb HOME="$work" XDG_CONFIG_HOME="$work" XDG_RUNTIME_DIR="$work" \
+# Without a session bus: its library would keep memory that the sanitizer counts.
+env -u WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS=disabled: QT_QPA_PLATFORM=xcb HOME="$work" XDG_CONFIG_HOME="$work" XDG_RUNTIME_DIR="$work" \
     "$work/quelmont" 2>"$work/errors" &
 quelmont=$!
 pids+=("$quelmont")
@@ -121,7 +122,7 @@ begin_draw
 xdotool key alt+F4
 gone() { ! kill -0 "$quelmont" 2>/dev/null; }
 eventually "the program to end" gone
-wait "$quelmont" || fail "the program ended with $?"
+wait "$quelmont" || { status=$?; cat "$work/errors" >&2; fail "the program ended with $status"; }
 [ -s "$work/Qmnt.ini" ] || fail "no settings were left"
 if grep -qi -e 'sanitizer' -e 'runtime error' "$work/errors"; then
     cat "$work/errors" >&2
