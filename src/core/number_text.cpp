@@ -98,7 +98,10 @@ bool IsHuge(std::string_view number) {
     }
     const std::size_t first = mantissa.find_first_of("123456789");
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    return exponent + static_cast<long>(point) - static_cast<long>(first) > 0;
+    if (first == std::string_view::npos) {
+        return false;
+    }
+    return exponent > static_cast<long>(first) - static_cast<long>(point);
 }
 
 /// The significant digits of a value, up to 15: d(0).d(1)d(2)... times 10 to the exponent.

@@ -64,6 +64,9 @@ TEST(ValueOf, TooLargeANumberOverflowsATooSmallOneIsZero) {
     EXPECT_EQ(ErrorOf([] { ValueOf("-1E400"); }), ErrorOverflow);
     EXPECT_EQ(ErrorOf([] { ValueOf(std::string(400, '9')); }), ErrorOverflow);
     EXPECT_EQ(ErrorOf([] { ValueOf("1E99999999999999999999"); }), ErrorOverflow);
+    EXPECT_EQ(ErrorOf([] { ValueOf("3E09223372036854775807"); }), ErrorOverflow) << "the largest exponent";
+    EXPECT_EQ(ValueOf("3E-9223372036854775807"), 0.0);
+    EXPECT_EQ(ValueOf("0E9223372036854775807"), 0.0);
     EXPECT_EQ(ValueOf("1E-400"), 0.0);
     EXPECT_EQ(ValueOf("1E-99999999999999999999"), 0.0);
     EXPECT_EQ(ValueOf("0." + std::string(400, '0') + "1"), 0.0);
