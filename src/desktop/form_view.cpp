@@ -201,6 +201,8 @@ QWidget* FormView::AddPalette(std::string_view name) {
 GridTable* FormView::AddGrid(std::string_view name, GridTable::Painter painter) {
     const std::string own(name);
     const auto pressed = [this, own](int cell) {
+        // The focus that the press brought is still on its way, and a dialog that opens would lose it.
+        form.MoveFocus(own);
         form.Choose(own, cell);
         FollowFocus();
     };

@@ -13,6 +13,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quelmont {
 
 namespace {
@@ -76,7 +78,8 @@ void LayOutFileList(FormView& view) {
     view.Column()->addWidget(caption);
     QListWidget* list = view.AddList("InputFilesOpen");
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    list->setFixedSize(ListLetters * view.fontMetrics().averageCharWidth(),
+    const int mostWidth = view.screen()->availableGeometry().width() - 4 * view.Gap();
+    list->setFixedSize(std::min(ListLetters * view.fontMetrics().averageCharWidth(), mostWidth),
                        ListLines * list->sizeHintForRow(0) + 2 * list->frameWidth());
     AcceptFiles(*list, [&view](int line, std::vector<std::string> files) {
         view.Shown().Drop("InputFilesOpen", line, std::move(files));

@@ -1,6 +1,5 @@
 #include "mapinput/input_file_choices.h"
 
-#include "core/error_box.h"
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -144,7 +143,8 @@ void InputFileChoices::InputFilesOpen_Drop() { AddFiles(At("InputFilesOpen").dro
 void InputFileChoices::AddFiles(const std::vector<std::string>& names) {
     auto position = static_cast<std::size_t>(At("InputFilesOpen").value);
     for (const std::string& name : names) {
-        Guarded("InputFileAdd_Click", [&] {
+        // One that fails keeps none of the others back.
+        Handle([&] {
             if (AddFile(name, position)) {
                 ++position;
             }
@@ -175,11 +175,9 @@ void InputFileChoices::InputFileEdit_Click() {
         return;
     }
     SetFocus("InputFilesOpen");
-    Guarded("InputFileEdit_Click", [&] {
-        const std::string name = At("InputFilesOpen").items[*file].substr(NameColumn);
-        InputFileParams parameters(name, Design.InputFiles[*file], MapFileMode::Edit);
-        Machine().forms->Show(parameters);
-    });
+    const std::string name = At("InputFilesOpen").items[*file].substr(NameColumn);
+    InputFileParams parameters(name, Design.InputFiles[*file], MapFileMode::Edit);
+    Machine().forms->Show(parameters);
 }
 
 void InputFileChoices::InputFileDelete_Click() {

@@ -1,6 +1,5 @@
 #include "mapinput/input_file_params.h"
 
-#include "core/error_box.h"
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -204,9 +203,7 @@ void InputFileParams::EditSize(std::size_t row, std::size_t column) {
 
 void InputFileParams::OK_Click() {
     InputFileEntry accepted = entry;
-    if (!Guarded("OK_Click", [&] { Store(accepted); })) {
-        return;
-    }
+    Store(accepted);
     entry = std::move(accepted);
     if (HasLabels(fileName)) {
         AskLabelFont();

@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QScreen>
+#include <QTableWidget>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -43,6 +44,7 @@ char Mnemonic(const QString& text) {
 bool IsField(const QWidget* widget) {
     return qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
            qobject_cast<const QListWidget*>(widget) != nullptr ||
+           qobject_cast<const QTableWidget*>(widget) != nullptr ||
            (qobject_cast<const QLineEdit*>(widget) != nullptr &&
             qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) == nullptr) ||
            widget->objectName() == QLatin1String("ColorSquare");

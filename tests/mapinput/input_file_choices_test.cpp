@@ -242,7 +242,7 @@ TEST_F(FileList, PixelTooLargeForAStyleIsTold) {
     Design.TwipsPerPixelY = 20000.0F; // three of them are more than a radius can be
     form.Drop("InputFilesOpen", 0, {"/a.map"});
     EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Error in InputFileAdd_Click", "Error: Overflow", BoxButtons::Ok,
+                ElementsAre(AskedBox{"Error in InputFileChoices", "Error: Overflow", BoxButtons::Ok,
                                      BoxIcon::Exclamation, BoxAnswer::Ok}));
     EXPECT_EQ(Names().size(), 3U);
 }
@@ -253,7 +253,7 @@ TEST_F(FileList, ListThatIsFullTakesNoMore) {
     Accept("/a.map");
     form.Drop("InputFilesOpen", 0, {"/a.map"});
     EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Error in InputFileAdd_Click", "Error: Overflow", BoxButtons::Ok,
+                ElementsAre(AskedBox{"Error in InputFileChoices", "Error: Overflow", BoxButtons::Ok,
                                      BoxIcon::Exclamation, BoxAnswer::Ok}));
     EXPECT_EQ(Names().size(), 32767U);
 }

@@ -433,7 +433,7 @@ TEST_F(FileParameters, SizeThatCannotBeStoredLeavesTheEntryAndTheDialog) {
     Click(1, Name);
     form->PressDefault();
     EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Error in OK_Click", "Error: Overflow", BoxButtons::Ok,
+                ElementsAre(AskedBox{"Error in InputFileParams", "Error: Overflow", BoxButtons::Ok,
                                      BoxIcon::Exclamation, BoxAnswer::Ok}));
     EXPECT_FALSE(form->Closed());
     EXPECT_TRUE(Style(1).Shown) << "all or nothing";
