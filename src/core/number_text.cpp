@@ -366,6 +366,36 @@ std::string FormatNumber(double value, std::string_view pictureText) {
     return text;
 }
 
+void AppendFixed(std::string& text, double value, int whole, int decimals) {
+    // Where the digits behind the last one are far from a tie, neither the rounding to 15 digits nor that
+    // of the product can change the last one.
+    constexpr double Nearness = 1e-3;
+    constexpr double Most = 1e10; // 15 digits have five more
+    static constexpr std::array<double, 8> PowersOfTen = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
+    const double power = decimals < 8 ? PowersOfTen[static_cast<std::size_t>(decimals)] : 0.0;
+    const double scaled = std::fabs(value) * power;
+    const double below = std::floor(scaled);
+    if (!(power > 0.0 && scaled < Most && std::fabs(scaled - below - 0.5) > Nearness)) {
+        text += FormatNumber(value, std::string(static_cast<std::size_t>(whole), '0') + "." +
+                                        std::string(static_cast<std::size_t>(decimals), '0'));
+        return;
+    }
+    auto digits = static_cast<std::int64_t>(below) + (scaled - below > 0.5 ? 1 : 0);
+    std::array<char, 32> places = {};
+    auto place = places.end();
+    for (int written = 0; written < whole + decimals || digits > 0; ++written) {
+        if (written == decimals) {
+            *--place = '.';
+        }
+        *--place = static_cast<char>('0' + digits % 10);
+        digits /= 10;
+    }
+    if (value < 0.0) {
+        *--place = '-';
+    }
+    text.append(place, places.end());
+}
+
 std::string GeneralText(double value) { return General(value, 15); }
 std::string GeneralText(float value) { return General(value, 7); }
 

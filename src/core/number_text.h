@@ -21,6 +21,10 @@ double ValueOf(std::string_view text);
 /// to zero. RunTimeError "Overflow" for what is not finite.
 std::string FormatNumber(double value, std::string_view picture);
 
+/// Appends a number as FormatNumber writes it in a picture of so many zeros before the point and behind
+/// it ("00.0000000" is 2 and 7), for files of many numbers.
+void AppendFixed(std::string& text, double value, int whole, int decimals);
+
 /// The general form: up to 15 significant digits, without a needless zero before the point, with a
 /// leading blank instead of a plus sign: " 1.5", "-.25". With an exponent from 1E+15 on, and where a
 /// small value needs more than 15 decimals: " 1E+20", " 3.33333333333333E-04". RunTimeError

@@ -72,15 +72,16 @@ void WriteCollected() {
 } // namespace
 
 void BeginExport(const std::string& target) {
+    const std::size_t before = IndexOf(target);
+    if (before != ExportState::None) {
+        // First of all: the new one has its name.
+        state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(before));
+    }
     BegunFile file;
     file.target = target;
     file.place = ReplacedFileName(target);
     file.temporary = std::make_unique<TemporaryFile>(file.place);
     OpenFile(OutputFileNumber, file.temporary->Name(), OpenMode::Output);
-    const std::size_t before = IndexOf(target);
-    if (before != ExportState::None) {
-        state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(before));
-    }
     state.files.push_back(std::move(file));
     state.open = state.files.size() - 1;
     state.collected.clear();

@@ -218,5 +218,37 @@ TEST(GeneralText, IsReadBackAsItWas) {
     }
 }
 
+std::string Fixed(double value, int whole, int decimals) {
+    std::string text = "x";
+    AppendFixed(text, value, whole, decimals);
+    return text;
+}
+
+TEST(AppendFixed, WritesZerosBeforeAndBehindThePoint) {
+    EXPECT_EQ(Fixed(0.5, 1, 7), "x0.5000000");
+    EXPECT_EQ(Fixed(-2.5, 2, 7), "x-02.5000000");
+    EXPECT_EQ(Fixed(123.0, 2, 3), "x123.000");
+    EXPECT_EQ(Fixed(-0.0, 1, 2), "x0.00");
+}
+
+TEST(AppendFixed, IsWhatThePictureGivesNearTiesAndFarFromThem) {
+    for (int i = -40000; i <= 40000; ++i) {
+        // Multiples of a 512th of the last digit: each 256th is a tie.
+        const double value = i / 512.0 / 1e7 + (i % 7) * 3.0;
+        ASSERT_EQ(Fixed(value, 2, 7), "x" + FormatNumber(value, "00.0000000")) << i;
+    }
+    for (const double value : {0.34999995, 1.00000005, 999.99999995, 1e9, 123456789012.345, 1e-300, -1e-9}) {
+        EXPECT_EQ(Fixed(value, 1, 7), "x" + FormatNumber(value, "0.0000000"));
+    }
+}
+
+TEST(AppendFixed, WhatIsNotFiniteOverflows) {
+    std::string text;
+    EXPECT_EQ(ErrorOf([&] { AppendFixed(text, std::numeric_limits<double>::quiet_NaN(), 1, 7); }),
+              ErrorOverflow);
+    EXPECT_EQ(ErrorOf([&] { AppendFixed(text, std::numeric_limits<double>::infinity(), 1, 7); }),
+              ErrorOverflow);
+}
+
 } // namespace
 } // namespace quelmont

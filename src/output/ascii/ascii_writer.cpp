@@ -10,13 +10,18 @@ namespace quelmont {
 namespace {
 
 constexpr double LiftedPen = 5.0;
+constexpr int Decimals = 7;
 
 } // namespace
 
 void AsciiWriter::Point() {
     ++Design.PointCount;
-    WriteExport(FormatNumber((Design.ProjX - Design.MapXMin) * Design.AsciiScale, "0.0000000  ") +
-                FormatNumber((Design.ProjY - Design.MapYMin) * Design.AsciiScale, "00.0000000") + "\r\n");
+    line.clear();
+    AppendFixed(line, (Design.ProjX - Design.MapXMin) * Design.AsciiScale, 1, Decimals);
+    line += "  ";
+    AppendFixed(line, (Design.ProjY - Design.MapYMin) * Design.AsciiScale, 2, Decimals);
+    line += "\r\n";
+    WriteExport(line);
 }
 
 void AsciiWriter::LineBreak() {

@@ -2,6 +2,8 @@
 
 #include "output/fan_out.h"
 
+#include <string>
+
 namespace quelmont {
 
 /// Writes the projected map as text, a point to a line: x and y in lengths of the x axis from the
@@ -13,6 +15,9 @@ public:
     void Point() override;
     /// Writes  ProjX, ProjY.
     void LineBreak() override;
+
+private:
+    std::string line; ///< kept for its memory
 };
 
 } // namespace quelmont

@@ -214,36 +214,43 @@ void CgmWriter::CgmColors(ColorValue color) {
     Set(6, static_cast<std::uint16_t>(bits >> 16U));
 }
 
-void CgmWriter::CgmShort() {
-    std::string bytes;
-    for (std::int16_t entry = 0; entry < CgmByteCount; ++entry) {
-        bytes += static_cast<char>(CgmBuffer[static_cast<std::size_t>(entry)]);
-    }
-    CgmByteCount = 0;
+void CgmWriter::Write(std::string_view bytes) {
     WriteExport(bytes);
-    CgmWritePos += static_cast<std::int32_t>(bytes.size());
+    CgmWritePos += static_cast<std::int64_t>(bytes.size());
+}
+
+void CgmWriter::CgmShort() {
+    Guarded("CgmShort", [this] {
+        std::array<char, EntryCount> bytes = {};
+        const auto count = static_cast<std::size_t>(std::max<std::int16_t>(CgmByteCount, 0));
+        std::transform(CgmBuffer.begin(), CgmBuffer.begin() + static_cast<std::ptrdiff_t>(count),
+                       bytes.begin(), [](std::uint16_t byte) { return static_cast<char>(byte); });
+        CgmByteCount = 0;
+        Write({bytes.data(), count});
+    });
 }
 
 void CgmWriter::CgmString(std::string_view text) {
-    const bool isText = CgmByteCount == -1;
-    CgmByteCount = 0;
-    const std::string characters = ToWindows1252(text);
-    if (characters.size() > (isText ? LongestText : LongestString)) {
-        throw RunTimeError(ErrorOverflow);
-    }
-    const std::size_t length = characters.size() + 1;
-    Set(2, static_cast<std::uint16_t>(length + (isText ? 6 : 0)));
-    std::string bytes;
-    for (std::size_t entry = 0; entry < (isText ? 10U : 4U); ++entry) {
-        bytes += static_cast<char>(CgmBuffer[entry]);
-    }
-    bytes += static_cast<char>(characters.size());
-    bytes += characters;
-    if (bytes.size() % 2 != 0) {
-        bytes += '\0'; // elements start on even offsets
-    }
-    WriteExport(bytes);
-    CgmWritePos += static_cast<std::int32_t>(bytes.size());
+    Guarded("CgmString", [&] {
+        const bool isText = CgmByteCount == -1;
+        CgmByteCount = 0;
+        const std::string characters = ToWindows1252(text);
+        if (characters.size() > (isText ? LongestText : LongestString)) {
+            throw RunTimeError(ErrorOverflow);
+        }
+        const std::size_t length = characters.size() + 1;
+        Set(2, static_cast<std::uint16_t>(length + (isText ? 6 : 0)));
+        std::string bytes;
+        for (std::size_t entry = 0; entry < (isText ? 10U : 4U); ++entry) {
+            bytes += static_cast<char>(CgmBuffer[entry]);
+        }
+        bytes += static_cast<char>(characters.size());
+        bytes += characters;
+        if (bytes.size() % 2 != 0) {
+            bytes += '\0'; // elements start on even offsets
+        }
+        Write(bytes);
+    });
 }
 
 // ---- Lines
@@ -282,8 +289,7 @@ void CgmWriter::OpenChain() {
 }
 
 void CgmWriter::WriteVertex(const Vertex& vertex) {
-    WriteExport(std::string(vertex.begin(), vertex.end()));
-    CgmWritePos += static_cast<std::int32_t>(vertex.size());
+    Write({vertex.data(), vertex.size()});
     ++Design.PointCount;
 }
 
@@ -291,7 +297,7 @@ void CgmWriter::CgmPoly() {
     Guarded("CgmPoly", [this] {
         Vertex vertex = {};
         std::transform(CgmBuffer.begin() + 4, CgmBuffer.begin() + 8, vertex.begin(),
-                       [](std::uint16_t byte) { return static_cast<std::uint8_t>(byte); });
+                       [](std::uint16_t byte) { return static_cast<char>(byte); });
         if (Design.LineBreakPending) {
             OpenChain();
         }

@@ -4,6 +4,7 @@
 #include "output/fan_out.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -31,7 +32,8 @@ public:
     void CgmLineColor(ColorValue color);
 
 private:
-    using Vertex = std::array<std::uint8_t, 4>;
+    using Vertex = std::array<char, 4>;
+    static constexpr std::size_t EntryCount = 25;
 
     void CgmHeader();
     void CgmStartNewBoundaryFile();
@@ -44,6 +46,7 @@ private:
     void CgmText(std::size_t item);
     void CgmEnd();
 
+    void Write(std::string_view bytes);
     void Set(std::size_t entry, std::uint16_t word);
     void Element(std::uint16_t header, std::initializer_list<int> parameters);
     void LineStyle();
@@ -56,12 +59,12 @@ private:
     void PatchLength();
     void WriteHeaderElements();
 
-    std::array<std::uint16_t, 25> CgmBuffer = {};
+    std::array<std::uint16_t, EntryCount> CgmBuffer = {};
     /// Vertex offsets in thousandths of a half size: x, then y from entry 5 on.
     std::array<std::int16_t, 10> CgmOffset = {};
     std::int16_t CgmByteCount = 0; ///< bytes of CgmBuffer to be written; -1 for a TEXT element
-    std::int32_t CgmWritePos = 1;  ///< next position in the file, from 1
-    std::int32_t CgmLengthPos = 0; ///< position of the open polyline's length, 0 when none is open
+    std::int64_t CgmWritePos = 1;  ///< next position in the file, from 1
+    std::int64_t CgmLengthPos = 0; ///< position of the open polyline's length, 0 when none is open
     bool carried = false;          ///< a full chain's last vertex opens the next one
     Vertex last = {};
 };

@@ -9,7 +9,9 @@
 #include "output/dxf/dxf_color.h"
 #include "output/export_file.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdio>
 
 namespace quelmont {
@@ -19,24 +21,56 @@ namespace {
 /// Bytes of a sequence end: "  0", "SEQEND" and their line ends.
 constexpr std::int64_t SequenceEndLength = 13;
 
-void Group(int code, std::string_view value) {
-    std::array<char, 16> column = {};
-    std::snprintf(column.data(), column.size(), "%3d\r\n", code);
-    WriteExport(std::string(column.data()) + std::string(value) + "\r\n");
+constexpr const char* LineEnd = "\r\n";
+
+/// A group's code in three columns, and its line end.
+void AppendCode(std::string& text, int code) {
+    text += code >= 100 ? static_cast<char>('0' + code / 100) : ' ';
+    text += code >= 10 ? static_cast<char>('0' + code / 10 % 10) : ' ';
+    text += static_cast<char>('0' + code % 10);
+    text += LineEnd;
 }
 
-void Group(int code, int value) { Group(code, std::to_string(value)); }
+void AppendWhole(std::string& text, int value) {
+    std::array<char, 16> digits = {};
+    text.append(digits.data(), std::to_chars(digits.begin(), digits.end(), value).ptr);
+}
 
-/// Up to 15 significant digits, as many as are needed.
+/// Up to 15 significant digits, as many as are needed, and one before the point at least.
+void AppendNumber(std::string& text, double value) {
+    const auto whole = static_cast<std::int32_t>(std::clamp(value, -1e9, 1e9));
+    if (static_cast<double>(whole) == value) {
+        AppendWhole(text, whole); // nearly all of them
+        return;
+    }
+    std::string general = GeneralText(value);
+    if (general.front() == ' ') {
+        general.erase(0, 1);
+    }
+    const std::size_t front = general.front() == '-' ? 1 : 0;
+    if (general[front] == '.') {
+        general.insert(front, 1, '0');
+    }
+    text += general;
+}
+
+void Group(int code, std::string_view value) {
+    std::string text;
+    AppendCode(text, code);
+    text += value;
+    text += LineEnd;
+    WriteExport(text);
+}
+
+void Group(int code, int value) {
+    std::string text;
+    AppendWhole(text, value);
+    Group(code, text);
+}
+
 void Group(int code, double value) {
-    std::string text = GeneralText(value);
-    if (text.front() == ' ') {
-        text.erase(0, 1);
-    }
-    const std::size_t front = text.front() == '-' ? 1 : 0;
-    if (text[front] == '.') {
-        text.insert(front, 1, '0');
-    }
+    std::string text;
+    AppendNumber(text, value);
     Group(code, text);
 }
 
@@ -165,10 +199,14 @@ void DxfWriter::PolylineHead(double width, bool closed) {
 }
 
 void DxfWriter::Vertex(Place place) {
-    Group(0, "VERTEX");
-    Group(8, "0");
-    Group(10, place.x);
-    Group(20, place.y);
+    // In one piece: a map is hardly anything else.
+    std::string& text = vertexText;
+    text = "  0\r\nVERTEX\r\n  8\r\n0\r\n 10\r\n";
+    AppendNumber(text, place.x);
+    text += "\r\n 20\r\n";
+    AppendNumber(text, place.y);
+    text += LineEnd;
+    WriteExport(text);
 }
 
 void DxfWriter::SequenceEnd() { Group(0, "SEQEND"); }

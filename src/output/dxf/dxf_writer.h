@@ -38,17 +38,18 @@ private:
     void Symbol();
     static void StartEntity(std::string_view name, const std::string& colour);
     static void PolylineHead(double width, bool closed);
-    static void Vertex(Place place);
+    void Vertex(Place place);
     static void SequenceEnd();
-    static void Stroke(Place from, Place to, double width);
-    static void Ring(std::initializer_list<Place> corners, double width);
+    void Stroke(Place from, Place to, double width);
+    void Ring(std::initializer_list<Place> corners, double width);
     static void Solid(std::initializer_list<Place> corners);
-    static void Disk(double left, double right, double y, double width);
+    void Disk(double left, double right, double y, double width);
 
     std::int64_t DxfSeqEndPos = 0; ///< length of the file before the last sequence end
     bool PolylineMark = false;     ///< a stretch of lines has begun and has no vertex yet
     bool carried = false;          ///< a full chain's last vertex opens the next one
     Place last = {0.0, 0.0};
+    std::string vertexText; ///< kept for its memory
 };
 
 } // namespace quelmont

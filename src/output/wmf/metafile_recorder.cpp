@@ -42,7 +42,7 @@ constexpr SurfaceHandle StockBlackPen = StockHandles + 7;
 
 /// Words of a record before its parameters, and of the metafile's header.
 constexpr std::uint32_t RecordHeadWords = 3;
-constexpr std::uint32_t HeaderWords = 9;
+constexpr std::uint32_t HeaderWords = MetafileRecorder::HeaderBytes / 2;
 
 std::uint16_t Low(std::uint32_t value) { return static_cast<std::uint16_t>(value & 0xFFFFU); }
 std::uint16_t High(std::uint32_t value) { return static_cast<std::uint16_t>(value >> 16U); }
@@ -71,6 +71,7 @@ void MetafileRecorder::RecordWords(std::uint16_t function, const std::vector<std
         AppendWord(records, word);
     }
     largestRecord = std::max(largestRecord, length);
+    recordedWords += length;
 }
 
 void MetafileRecorder::Record(std::uint16_t function, std::initializer_list<std::int32_t> words) {
@@ -242,27 +243,23 @@ int MetafileRecorder::SetPolyFillMode(int mode) {
     return std::exchange(fillMode, mode);
 }
 
-std::string MetafileRecorder::Bits() const {
+std::string MetafileRecorder::Header() const {
     constexpr std::uint16_t inMemory = 1;
     constexpr std::uint16_t version = 0x0300;
-    const std::uint32_t words =
-        HeaderWords + static_cast<std::uint32_t>(records.size() / 2) + RecordHeadWords;
-    std::string bits;
-    AppendWord(bits, inMemory);
-    AppendWord(bits, static_cast<std::uint16_t>(HeaderWords));
-    AppendWord(bits, version);
-    AppendWord(bits, Low(words));
-    AppendWord(bits, High(words));
-    AppendWord(bits, static_cast<std::uint16_t>(slots.size()));
-    const std::uint32_t largest = std::max(largestRecord, RecordHeadWords);
-    AppendWord(bits, Low(largest));
-    AppendWord(bits, High(largest));
-    AppendWord(bits, 0);
-    bits += records;
-    AppendWord(bits, static_cast<std::uint16_t>(RecordHeadWords));
-    AppendWord(bits, 0);
-    AppendWord(bits, FunctionEnd);
-    return bits;
+    const std::uint32_t words = HeaderWords + recordedWords;
+    std::string header;
+    AppendWord(header, inMemory);
+    AppendWord(header, static_cast<std::uint16_t>(HeaderWords));
+    AppendWord(header, version);
+    AppendWord(header, Low(words));
+    AppendWord(header, High(words));
+    AppendWord(header, static_cast<std::uint16_t>(slots.size()));
+    AppendWord(header, Low(largestRecord));
+    AppendWord(header, High(largestRecord));
+    AppendWord(header, 0);
+    return header;
 }
+
+void MetafileRecorder::RecordEnd() { RecordWords(FunctionEnd, {}); }
 
 } // namespace quelmont

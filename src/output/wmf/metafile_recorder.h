@@ -2,16 +2,19 @@
 
 #include "platform/draw_surface.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quelmont {
 
-/// A surface that writes the records of a Windows metafile (format of Windows 3.0), in memory. Numbers
-/// are little-endian words of 16 bits; a record is its length in words, its function and parameters.
+/// A surface that makes the records of a Windows metafile (format of Windows 3.0), for its owner to take.
+/// Numbers are little-endian words of 16 bits; a record is its length in words, its function and
+/// parameters.
 ///
 /// Objects have slots: a new one takes the lowest that is free. The pen and the brush that a device
 /// context begins with, and stock objects, are made by ordinary records when they are first selected.
@@ -43,8 +46,18 @@ public:
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
 
-    /// The whole metafile: its header, the records, the end record.
-    std::string Bits() const;
+    /// Bytes of the metafile's header.
+    static constexpr std::size_t HeaderBytes = 18;
+
+    /// The header of a metafile of all records so far, which are whole with RecordEnd.
+    std::string Header() const;
+    /// The record that ends a metafile.
+    void RecordEnd();
+
+    /// Bytes of the records since the last TakeRecords.
+    std::size_t Waiting() const { return records.size(); }
+    /// The records since the last call; they are forgotten here, and only counted.
+    std::string TakeRecords() { return std::exchange(records, {}); }
 
 private:
     void Record(std::uint16_t function, std::initializer_list<std::int32_t> words);
@@ -61,7 +74,8 @@ private:
         std::uint16_t slot;
         bool isPen;
     };
-    std::string records;
+    std::string records;             ///< since they were last taken
+    std::uint32_t recordedWords = 0; ///< of all records
     std::map<SurfaceHandle, Object> objects;
     std::map<SurfaceHandle, std::uint16_t> stockSlots;
     std::vector<bool> slots;         ///< taken

@@ -18,6 +18,10 @@ namespace {
 constexpr std::uint16_t KeyLow = 0xCDD7;
 constexpr std::uint16_t KeyHigh = 0x9AC6;
 constexpr std::uint16_t UnitsPerInch = 6000;
+constexpr std::size_t PlaceableBytes = 22;
+
+/// Records that wait for the file.
+constexpr std::size_t BlockBytes = std::size_t{256} * 1024;
 
 void Report(bool done, std::string_view operation, std::string_view routine) {
     if (!done) {
@@ -58,6 +62,9 @@ void WmfWriter::Arm() {
     WmfSurface = std::make_unique<MetafileRecorder>();
     WmfPen = 0;
     WmfBrush = 0;
+    beginningFailed.reset();
+    begun = false;
+    written = true;
     ScaleScreen();
     Report(WmfSurface->SetMapMode(MetafileRecorder::MapAnisotropic), "SetMapMode", routine);
     Report(WmfSurface->SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
@@ -85,18 +92,59 @@ void WmfWriter::Finish() {
     ResetLine();
 }
 
-void WmfWriter::SaveMetafileToDisk() {
-    BeginExport(Design.WmfFileName);
-    WriteExport(PlaceableHeader());
-    bool written = true;
+void WmfWriter::SaveRecords() {
+    const std::string records = WmfSurface->TakeRecords();
     try {
-        WriteExport(WmfSurface->Bits());
+        if (begun) {
+            ResumeExport(Design.WmfFileName);
+        } else {
+            begun = true;
+            BeginExport(Design.WmfFileName);
+            WriteExport(std::string(PlaceableBytes + MetafileRecorder::HeaderBytes, '\0'));
+        }
+    } catch (const RunTimeError& error) {
+        // It is told at the end; what follows is passed over.
+        beginningFailed = beginningFailed.value_or(error);
+        return;
+    }
+    try {
+        WriteExport(records);
+    } catch (const RunTimeError&) {
+        written = false;
+    }
+    CloseRecords();
+}
+
+void WmfWriter::CloseRecords() {
+    try {
         CloseExport();
     } catch (const RunTimeError&) {
         written = false;
     }
+}
+
+void WmfWriter::SaveMetafileToDisk() {
+    WmfSurface->RecordEnd();
+    SaveRecords();
+    if (beginningFailed) {
+        throw RunTimeError(*beginningFailed);
+    }
+    const std::string headers = PlaceableHeader() + WmfSurface->Header();
+    try {
+        ResumeExport(Design.WmfFileName);
+        PatchExport(0, headers);
+    } catch (const RunTimeError&) {
+        written = false;
+    }
+    CloseRecords();
     Report(written, "hwrite", "SaveMetafileToDisk");
     FinishExport(Design.WmfFileName);
+}
+
+void WmfWriter::SaveBlock() {
+    if (WmfSurface->Waiting() >= BlockBytes) {
+        SaveRecords();
+    }
 }
 
 // ---- Lines
@@ -150,6 +198,7 @@ void WmfWriter::FlushChain() {
         Report(WmfSurface->DeleteObject(made), "DeleteObject(2)", routine);
     }
     WmfPoints.clear();
+    SaveBlock();
 }
 
 // ---- Symbols
@@ -195,6 +244,7 @@ void WmfWriter::DrawWmfSymbol(const Symbol& symbol) {
         Report(surface.DeleteObject(WmfBrush), "DeleteObject(4)", routine);
         WmfBrush = 0;
     }
+    SaveBlock();
 }
 
 void WmfWriter::Shape(const Symbol& s) {

@@ -1,18 +1,21 @@
 #pragma once
 
+#include "core/run_time_error.h"
 #include "output/fan_out.h"
 #include "output/wmf/metafile_recorder.h"
 #include "platform/draw_surface.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 namespace quelmont {
 
-/// Writes a map as a Windows metafile with a placeable header, in logical units, y upward. The map is
-/// recorded in memory; the file is written at the end.
+/// Writes a map as a Windows metafile with a placeable header, in logical units, y upward. The records
+/// go to the file by the block, whatever their number; the headers, which tell of all records, come at
+/// the end.
 ///
 /// A surface operation that fails shows its box under "Windows API Error" and the draw goes on.
 class WmfWriter final : public FileWriter {
@@ -38,9 +41,15 @@ private:
     void FlushChain();
     void DrawWmfSymbol(const Symbol& symbol);
     void Shape(const Symbol& symbol);
+    void SaveBlock();
+    void SaveRecords();
+    void CloseRecords();
     void SaveMetafileToDisk();
 
     std::unique_ptr<MetafileRecorder> WmfSurface; ///< being recorded
+    std::optional<RunTimeError> beginningFailed;  ///< the file could not be made
+    bool begun = false;                           ///< it was made, or could not be
+    bool written = true;                          ///< all that was recorded
     std::vector<SurfacePoint> WmfPoints;          ///< of the open chain
     std::uint32_t WmfPenColor = 0;
     std::int32_t WmfPenWidth = 1;

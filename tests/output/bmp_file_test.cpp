@@ -1,0 +1,142 @@
+#include "output/bmp/bmp_file.h"
+
+#include "export_fixture.h"
+#include "support/failing_file.h"
+#include "support/run_time_errors.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using namespace std::string_literals;
+
+const FreshRoom FreshExports(DropExports);
+
+class Bmp : public ExportTest {
+protected:
+    Bmp() { Design.BmpFileName = target; }
+
+    /// An image whose pixel in row y, column x is 0x00BBGGRR = 0x00xxyy11.
+    void Show(std::int32_t width, std::int32_t height) {
+        PixelImage& image = machine.window.pixels;
+        image.width = width;
+        image.height = height;
+        image.pixels.clear();
+        for (std::int32_t y = 0; y < height; ++y) {
+            for (std::int32_t x = 0; x < width; ++x) {
+                image.pixels.push_back(static_cast<std::uint32_t>(x) << 16U |
+                                       static_cast<std::uint32_t>(y) << 8U | 0x11U);
+            }
+        }
+    }
+
+    std::string Saved() {
+        BmpSave();
+        return ReadWholeFile(target);
+    }
+};
+
+TEST(BmpStride, WholeRowsOfFourBytes) {
+    EXPECT_EQ(BmpStride(24, 1), 4);
+    EXPECT_EQ(BmpStride(24, 4), 12);
+    EXPECT_EQ(BmpStride(24, 5), 16);
+    EXPECT_EQ(BmpStride(8, 4), 4);
+    EXPECT_EQ(BmpStride(8, 5), 8);
+    EXPECT_EQ(BmpStride(4, 1), 4);
+    EXPECT_EQ(BmpStride(4, 8), 4);
+    EXPECT_EQ(BmpStride(4, 9), 8); // four and a half bytes
+    EXPECT_EQ(BmpStride(1, 32), 4);
+    EXPECT_EQ(BmpStride(1, 33), 8); // four bytes and a bit
+}
+
+TEST(BmpStripe, As16384BytesHold) {
+    EXPECT_EQ(BmpStripeRows(4), 4096);
+    EXPECT_EQ(BmpStripeRows(16384), 1);
+    EXPECT_EQ(BmpStripeRows(3840), 4);
+    EXPECT_EQ(BmpStripeRows(16388), 1) << "one row at least";
+}
+
+TEST_F(Bmp, SmallImageByItsBytes) {
+    Show(2, 2);
+    EXPECT_EQ(Saved(), "BM\x46\x00\x00\x00\x00\x00\x00\x00\x36\x00\x00\x00" // 54 + 2 rows of 8 bytes
+                       "\x28\x00\x00\x00\x02\x00\x00\x00\x02\x00\x00\x00\x01\x00\x18\x00"
+                       "\x00\x00\x00\x00\x10\x00\x00\x00"
+                       "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"
+                       "\x00\x01\x11\x01\x01\x11\x00\x00"    // the lower row: blue, green, red
+                       "\x00\x00\x11\x01\x00\x11\x00\x00"s); // the upper one
+}
+
+TEST_F(Bmp, OnePixel) {
+    Show(1, 1);
+    const std::string bytes = Saved();
+    ASSERT_EQ(bytes.size(), 58U);
+    EXPECT_EQ(bytes.substr(54), "\x00\x00\x11\x00"s);
+}
+
+TEST_F(Bmp, RowsOfSeveralStripesFollowEachOther) {
+    Show(100, 200); // rows of 300 bytes, 54 in a stripe
+    const std::string bytes = Saved();
+    ASSERT_EQ(bytes.size(), 54U + 200U * 300U);
+    for (std::size_t row = 0; row < 200; ++row) {
+        EXPECT_EQ(bytes.substr(54 + row * 300, 3), std::string({'\0', static_cast<char>(199 - row), '\x11'}));
+        EXPECT_EQ(bytes.substr(54 + row * 300 + 297, 3),
+                  std::string({'\x63', static_cast<char>(199 - row), '\x11'}));
+    }
+}
+
+TEST_F(Bmp, WideImageHasAStripeForEachRow) {
+    Show(6000, 2); // 18000 bytes a row
+    EXPECT_EQ(Saved().size(), 54U + 2U * 18000U);
+}
+
+TEST_F(Bmp, LongerFileLeavesNoTail) {
+    WriteWholeFile(target, std::string(1000, 'x'));
+    Show(1, 1);
+    EXPECT_EQ(Saved().size(), 58U);
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(Bmp, WindowWithoutPixelsCannotBeCaptured) {
+    BmpSave();
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Windows API Error", "BITMAP_CaptureBmp - Capture Failed"}));
+    EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(Bmp, EmptyCaptureCannotBeSaved) {
+    SaveBmp(target, BitmapCapture{});
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Windows API Error", "BITMAP_SaveBmp - No Bitmap"}));
+    EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(Bmp, FolderInPlaceOfAFile) {
+    Design.BmpFileName = folder.Path();
+    Show(1, 1);
+    BmpSave();
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Error in BmpSave", "Error: Path/File access error"}));
+}
+
+TEST_F(Bmp, FullDiskKeepsTheEarlierFile) {
+    WriteWholeFile(target, "earlier");
+    Show(300, 300);
+    {
+        FailingFiles disk;
+        disk.FailWritingAfter(100, ErrorDiskFull);
+        BmpSave();
+    }
+    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in BmpSave", "Error: Disk full"}));
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+} // namespace
+} // namespace quelmont

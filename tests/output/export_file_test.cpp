@@ -1,0 +1,210 @@
+#include "output/export_file.h"
+
+#include "core/file_numbers.h"
+#include "export_fixture.h"
+#include "support/failing_file.h"
+#include "support/run_time_errors.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const FreshRoom FreshExports(DropExports);
+
+class ExportFile : public ExportTest {
+protected:
+    void ExpectNothingLeft() {
+        EXPECT_THAT(Files(), IsEmpty());
+        EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    }
+};
+
+TEST_F(ExportFile, IsWrittenInStretchesAndTakesItsPlaceWhenWhole) {
+    WriteWholeFile(target, "earlier");
+    EXPECT_FALSE(ExportBegun(target));
+    BeginExport(target);
+    EXPECT_TRUE(ExportBegun(target));
+    WriteExport("one ");
+    CloseExport();
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    ResumeExport(target);
+    EXPECT_EQ(ExportLength(), 4);
+    WriteExport("two");
+    EXPECT_EQ(ExportLength(), 7);
+    CloseExport();
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    FinishExport(target);
+    EXPECT_EQ(ReadWholeFile(target), "one two");
+    EXPECT_FALSE(ExportBegun(target));
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(ExportFile, PatchesWhatIsCollectedAndWhatIsWritten) {
+    BeginExport(target);
+    WriteExport("abcdef");
+    PatchExport(1, "XY");
+    CloseExport();
+    ResumeExport(target);
+    WriteExport("ghi");
+    PatchExport(4, "ZW");                  // written in the first stretch
+    PatchExport(7, "V");                   // written out by that patch
+    WriteExport(std::string(200000, '-')); // goes out at once
+    PatchExport(8, "U");
+    WriteExport("end");
+    CloseExport();
+    FinishExport(target);
+    EXPECT_EQ(ReadWholeFile(target), "aXYdZWgVU" + std::string(200000, '-') + "end");
+}
+
+TEST_F(ExportFile, PatchAcrossTheEndOfWhatIsWritten) {
+    BeginExport(target);
+    WriteExport(std::string(65535, '-'));
+    WriteExport("a"); // the block is full and goes out
+    WriteExport("bc");
+    PatchExport(65535, "XY");
+    CloseExport();
+    FinishExport(target);
+    EXPECT_EQ(ReadWholeFile(target), std::string(65535, '-') + "XYc");
+}
+
+TEST_F(ExportFile, DroppedOnesLeaveNothing) {
+    BeginExport(target);
+    WriteExport("one");
+    CloseExport();
+    BeginExport(folder / "other");
+    WriteExport("two");
+    DropExports();
+    ExpectNothingLeft();
+    EXPECT_FALSE(ExportBegun(target));
+    DropExports();
+}
+
+TEST_F(ExportFile, BegunAgainBeginsAnew) {
+    BeginExport(target);
+    WriteExport("one");
+    CloseExport();
+    BeginExport(target);
+    WriteExport("two");
+    CloseExport();
+    FinishExport(target);
+    EXPECT_EQ(ReadWholeFile(target), "two");
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(ExportFile, WithoutABeginningNothingGoesOn) {
+    EXPECT_EQ(ErrorOf([&] { ResumeExport(target); }), ErrorFileNotFound);
+    EXPECT_EQ(ErrorOf([] { WriteExport("a"); }), ErrorBadFileNumber);
+    EXPECT_EQ(ErrorOf([] { ExportLength(); }), ErrorBadFileNumber);
+    CloseExport();
+    FinishExport(target);
+    ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, LinkLeadsToTheFileThatIsReplaced) {
+    WriteWholeFile(folder / "real", "earlier");
+    std::filesystem::create_symlink(folder / "real", target);
+    BeginExport(target);
+    WriteExport("new");
+    CloseExport();
+    FinishExport(target);
+    EXPECT_TRUE(std::filesystem::is_symlink(target));
+    EXPECT_EQ(ReadWholeFile(folder / "real"), "new");
+}
+
+TEST_F(ExportFile, FolderOrDeviceCannotBeReplaced) {
+    EXPECT_EQ(ErrorOf([&] { BeginExport(folder.Path()); }), ErrorPathFileAccess);
+    EXPECT_EQ(ErrorOf([] { BeginExport("/dev/full"); }), ErrorPathFileAccess);
+    EXPECT_FALSE(ExportBegun("/dev/full"));
+    ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, FolderThatDoesNotExist) {
+    EXPECT_EQ(ErrorOf([&] { BeginExport(folder / "none/map"); }), ErrorPathNotFound);
+    EXPECT_FALSE(ExportBegun(folder / "none/map"));
+}
+
+TEST_F(ExportFile, FolderThatMayNotBeWritten) {
+    if (geteuid() == 0) {
+        GTEST_SKIP() << "root may write everywhere";
+    }
+    chmod(folder.Path().c_str(), 0500);
+    EXPECT_EQ(ErrorOf([&] { BeginExport(target); }), ErrorPermissionDenied);
+    chmod(folder.Path().c_str(), 0700);
+    ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, FolderInItsPlaceBeforeTheEndIsKept) {
+    BeginExport(target);
+    WriteExport("a");
+    CloseExport();
+    std::filesystem::create_directory(target);
+    EXPECT_EQ(ErrorOf([&] { FinishExport(target); }), ErrorPathFileAccess);
+    EXPECT_TRUE(std::filesystem::is_directory(target));
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(ExportFile, FullDiskIsToldOnceAndTheFileIsLost) {
+    WriteWholeFile(target, "earlier");
+    FailingFiles disk;
+    disk.FailWritingAfter(10, ErrorDiskFull);
+    BeginExport(target);
+    EXPECT_EQ(ErrorOf([] { WriteExport(std::string(100000, 'a')); }), ErrorDiskFull);
+    WriteExport("more");
+    PatchExport(0, "b");
+    CloseExport();
+    ResumeExport(target);
+    WriteExport("more");
+    CloseExport();
+    FinishExport(target);
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(ExportFile, FullDiskMayShowWhenItIsClosed) {
+    FailingFiles disk;
+    disk.FailWritingAfter(2, ErrorDiskFull);
+    BeginExport(target);
+    WriteExport("abc");
+    EXPECT_EQ(ErrorOf(CloseExport), ErrorDiskFull);
+    EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    FinishExport(target);
+    ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, FailureOfThePatchLosesTheFile) {
+    FailingFiles disk;
+    BeginExport(target);
+    WriteExport("abc");
+    CloseExport();
+    ResumeExport(target);
+    disk.FailSeeking(ErrorDeviceIo);
+    EXPECT_EQ(ErrorOf([] { PatchExport(0, "x"); }), ErrorDeviceIo);
+    CloseExport();
+    FinishExport(target);
+    ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, FailureOfClosingLosesTheFile) {
+    FailingFiles disk;
+    BeginExport(target);
+    WriteExport("abc");
+    disk.FailClosing(ErrorDeviceIo);
+    EXPECT_EQ(ErrorOf(CloseExport), ErrorDeviceIo);
+    FinishExport(target);
+    ExpectNothingLeft();
+}
+
+} // namespace
+} // namespace quelmont
