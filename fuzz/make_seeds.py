@@ -1,56 +1,61 @@
 #!/usr/bin/python3
-"""Writes the seeds of the fuzzers into corpus/: small files of each format, with the four bytes before
-them that choose the map (see map_fuzz.h). Those of minute_grid were written by hand.
+"""Writes the seeds of the fuzzers into corpus/: small files of each format that quelmont-convert makes,
+and such files damaged, with the four bytes before them that choose the map (see map_fuzz.h; three in convert). Most of
+minute_grid were written by hand and stay.
 
-    fuzz/make_seeds.py
+    fuzz/make_seeds.py [QUELMONT-CONVERT]
 """
 
+import json
 import pathlib
 import struct
+import subprocess
+import sys
+import tempfile
 
-CORPUS = pathlib.Path(__file__).resolve().parent / "corpus"
-# Two lines in seconds of arc: one in the middle of most maps, one across the 180th meridian.
+PROJECT = pathlib.Path(__file__).resolve().parent.parent
+CORPUS = PROJECT / "fuzz" / "corpus"
+CONVERT = sys.argv[1] if len(sys.argv) > 1 else PROJECT / "build" / "release" / "bin" / "quelmont-convert"
+
+# Two lines in seconds of arc, latitude and longitude: one in the middle of most maps, one across the
+# 180th meridian, where it is cut.
 LINES = [[(180000 + 50 * i, -36000 + 90 * i) for i in range(12)],
          [(3600 - 60 * i, 647700 + 100 * i) for i in range(12)]]
+LAKE_GENEVA = "--bounds=5.9,46,7.1,46.7"
 
 
-def coordinate(seconds, long):
-    sign = -1 if seconds < 0 else 1
-    degrees, rest = divmod(abs(seconds), 3600)
-    parts = [degrees // 2, degrees % 2] if long else [degrees]
-    return struct.pack(f"{len(parts) + 2}b", *(sign * part for part in (*parts, rest // 60, rest % 60)))
+def run(source, name, options):
+    with tempfile.TemporaryDirectory() as folder:
+        target = pathlib.Path(folder) / name
+        subprocess.run([CONVERT, source, target, *options], check=True, stderr=subprocess.DEVNULL)
+        return target.read_bytes()
 
 
-def segment(rank, line):
-    lats, lons = zip(*line)
-    data = bytes([rank, len(line) // 100, len(line) % 100])
-    data += coordinate(min(lons), True) + coordinate(min(lats), False)
-    data += coordinate(max(lons), True) + coordinate(max(lats), False)
-    data += coordinate(lons[0], True) + coordinate(lats[0], False)
-    for (lat0, lon0), (lat1, lon1) in zip(line, line[1:]):
-        data += struct.pack("2b", lon1 - lon0, lat1 - lat0)
-    return data
+def feature(kind, coordinates, row, label):
+    return {"type": "Feature", "properties": {"row": row, "label": label},
+            "geometry": {"type": kind, "coordinates": coordinates}}
 
 
-def record(lat, lon):
-    def angle(seconds, width, letters):
-        value = abs(seconds)
-        return (f"{value // 3600:0{width}}{value // 60 % 60:02}{value % 60:02}"
-                f"{letters[seconds < 0]}")
-    return (angle(lat, 2, "NS") + angle(lon, 3, "EW")).ljust(18).encode() + b"\r\n"
+def degrees(line):
+    return [(lon / 3600, lat / 3600) for lat, lon in line]
 
 
-def graph_header(code, count):
-    return f"       {code % 100:02}{count:06}   {code // 100:02}".encode()
+def converted(name, *options, rows=(1, 1), points=False):
+    """The bytes of a map file with the two lines, or with all their points one by one."""
+    if points:
+        features = [feature("Point", place, 1, f"K\u00f6ln {i}")
+                    for line in LINES for i, place in enumerate(degrees(line))]
+    else:
+        features = [feature("LineString", degrees(line), row, None) for line, row in zip(LINES, rows)]
+    with tempfile.TemporaryDirectory() as folder:
+        source = pathlib.Path(folder) / "lines.geojson"
+        source.write_text(json.dumps({"type": "FeatureCollection", "features": features}))
+        return run(source, name, options)
 
 
-def world(lines):
-    data = b""
-    for line in lines:
-        data += bytes.fromhex("0000c642")
-        for lat, lon in line:
-            data += struct.pack("<2f", lat / 3600, lon / 3600) + b"\n"
-    return data
+def excerpt(name, *options):
+    """The bytes of a map file with the surroundings of Lake Geneva, from the default map."""
+    return run(PROJECT / "data" / "Qmnt4.map", name, (LAKE_GENEVA, *options))
 
 
 def put(fuzzer, name, header, data):
@@ -59,57 +64,83 @@ def put(fuzzer, name, header, data):
     (folder / name).write_bytes(bytes(header) + data)
 
 
-def records(header):
-    return b"".join(header(line) + b"".join(record(*place) for place in line) for line in LINES)
-
-
-def text(lines, pattern, break_text=""):
-    return "".join(break_text + "".join(pattern(i, *place) for i, place in enumerate(line))
-                   for line in lines).encode("cp1252")
-
-
-def main():
-    two = b"".join(segment(rank, line) for rank, line in zip((1, 22), LINES))
+def packed():
     # The third byte goes through .pkv, the three parts as .pkd, and .grv; the first is the projection,
     # of which number 16, counted from 0, is UTM.
-    for place, name in enumerate(("pkv", "coast", "river", "political", "grv")):
-        put("packed", name, (place, 0, place * 52, 0), two)
-    put("packed", "utm", (16, 0, 0, 0), two)
-    put("packed", "hidden", (0, 0, 1, 0), two)
-    put("packed", "escape", (0, 1, 1, 1), two * 3)
-    put("packed", "rank_without_row", (0, 0, 0, 0), segment(73, LINES[0]))
-    put("packed", "cut_off", (2, 0, 0, 0), two[:-7])
-    put("packed", "count_of_none", (0, 0, 0, 0), b"\x01\x00\x00" + two[3:24] + two)
+    parts = (("pkv", "fuzz.pkv", (1, 22)), ("coast", "fuc.pkd", (9, 15)), ("river", "fur.pkd", (21, 31)),
+             ("political", "fup.pkd", (32, 36)), ("grv", "fuzz.grv", (1, 72)))
+    for place, (name, file, rows) in enumerate(parts):
+        put("packed", name, (place, 0, place * 52, 0), converted(file, "--feature", "@row", rows=rows))
+    lines = converted("fuzz.pkv", "--feature", "@row", rows=(1, 22))
+    put("packed", "utm", (16, 0, 0, 0), lines)
+    put("packed", "hidden", (0, 0, 1, 0), lines)
+    put("packed", "escape", (0, 1, 1, 1), lines * 3)
+    put("packed", "cut_off", (2, 0, 0, 0), lines[:-7])
+    put("packed", "rank_without_row", (0, 0, 0, 0), b"\x49" + lines[1:])
+    put("packed", "count_of_none", (0, 0, 0, 0), b"\x01\x00\x00" + lines[3:24] + lines)
+    put("packed", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.pkv", "--feature", "@feature"))
 
-    put("fixed_record", "dat", (0, 0, 0, 0), records(lambda line: b" " * 18 + b"\r\n"))
-    put("fixed_record", "no_header", (8, 1, 0, 0), b"".join(record(*place) for place in LINES[0]))
-    for name, third in (("grf", 128), ("grf_hidden", 129)):
-        put("fixed_record", name, (0, 0, third, 0), records(lambda line: graph_header(3001, len(line))))
-    put("fixed_record", "unknown_code", (0, 0, 129, 0), records(lambda line: graph_header(4999, len(line))))
-    put("fixed_record", "negative_count", (0, 0, 129, 0), b"       01    -1   30" + record(0, 0))
-    put("fixed_record", "utm", (16, 0, 0, 0), records(lambda line: b" " * 20))
 
-    degrees = [[(lat / 3600, lon / 3600) for lat, lon in line] for line in LINES]
-    items = text(degrees, lambda i, lat, lon: f"{lat:.4f} {lon:.4f}\r\n", "land\r\n")
-    put("world_text", "lines", (0, 0, 0, 0), items)
+def fixed_record():
+    lines = converted("fuzz.dat")
+    put("fixed_record", "dat", (0, 0, 0, 0), lines)
+    put("fixed_record", "no_header", (8, 1, 0, 0), lines[20:])
+    put("fixed_record", "utm", (16, 0, 0, 0), lines)
+    graph = converted("fuzz.grf", "--feature", "@row", rows=(1, 72))
+    put("fixed_record", "grf", (0, 0, 128, 0), graph)
+    put("fixed_record", "grf_hidden", (0, 0, 129, 0), graph)
+    # Code 3001 becomes 4901, which means nothing.
+    put("fixed_record", "unknown_code", (0, 0, 129, 0), graph[:18] + b"49" + graph[20:])
+    put("fixed_record", "negative_count", (0, 0, 129, 0), graph[:9] + b"    -1" + graph[15:40])
+    put("fixed_record", "lake_geneva", (3, 0, 0, 0), excerpt("fuzz.dat", "--simplify", "60"))
+
+
+def world():
+    items = converted("fuzz.mp1")
+    put("world_text", "lines", (0, 0, 0, 0), b"land\r\n" + items)
     put("world_text", "commas", (3, 1, 1, 0), items.replace(b"\r\n", b","))
     put("world_text", "no_blank", (0, 0, 0, 0), b"33\n-33\n1E9 1\n")
     put("world_text", "utm", (16, 0, 0, 0), items)
-
-    put("world_binary", "lines", (0, 0, 0, 0), world(LINES))
-    put("world_binary", "region", (1, 1, 0, 0), world(LINES) * 3)
-    put("world_binary", "tail", (0, 0, 0, 0), world(LINES).replace(b"\n", b"a\x01b\n"))
+    put("world_text", "lake_geneva", (2, 0, 0, 0), excerpt("fuzz.mp1", "--simplify", "60"))
+    floats = converted("fuzz.mps")
+    put("world_binary", "lines", (0, 0, 0, 0), floats)
+    put("world_binary", "region", (1, 1, 0, 0), floats * 3)
+    put("world_binary", "tail", (0, 0, 0, 0), floats.replace(b"\n", b"a\x01b\n"))
     put("world_binary", "no_number", (0, 0, 0, 0), struct.pack("<2f", float("nan"), 1) + b"\n")
-    put("world_binary", "cut_off", (10, 0, 0, 0), world(LINES)[:-1])
+    put("world_binary", "cut_off", (10, 0, 0, 0), floats[:-1])
+    put("world_binary", "lake_geneva", (4, 0, 0, 0), excerpt("fuzz.mps"))
 
-    put("ascii_map", "commas", (0, 0, 0, 0),
-        text(degrees, lambda i, lat, lon: f"{int(i == 0)},{lat:.4f},{lon:.4f}, \"K\xf6ln {i}\"\r\n"))
-    put("ascii_map", "blanks", (9, 0, 0, 0),
-        text(degrees, lambda i, lat, lon: f" {int(i == 0)}  {lat:.4f}\t{lon:.4f}\n"))
+
+def ascii_map():
+    labelled = converted("fuzz.prn", "--label", "label", points=True)
+    put("ascii_map", "commas", (0, 0, 0, 0), labelled)
+    put("ascii_map", "windows_1252", (5, 0, 0, 0), labelled.decode().encode("cp1252"))
+    put("ascii_map", "blanks", (9, 0, 0, 0), converted("fuzz.prn").replace(b",", b"  ").replace(b"\r\n", b"\n"))
     put("ascii_map", "utm_metres", (16, 0, 128, 0),
-        text(LINES, lambda i, lat, lon: f"{int(i == 0)} {500000 + lon // 9} {5900000 + lat} \"x\"\n"))
+        converted("fuzz.utm", "--utm", "9W", "--label", "label", points=True))
     put("ascii_map", "unclosed", (0, 0, 0, 0), b"1,1,1,\"Oslo\n")
     put("ascii_map", "blank_lines", (0, 0, 0, 0), b"\n\r\n \n1\n2\n3\n\n\n")
+    put("ascii_map", "lake_geneva", (6, 0, 0, 0), excerpt("fuzz.prn", "--simplify", "60"))
+
+
+def convert():
+    # The order of the names in convert_fuzz.cpp; each goes into the next format.
+    names = ("fuzz.map", "fuzz.pnt", "fuzz.pkv", "fuc.pkd", "fuzz.grv", "fuzz.grf", "fuzz.dat", "fuzz.mps",
+             "fuzz.mp1", "fuzz.prn", "fuzz.utm")
+    for place, name in enumerate(names):
+        row = "9" if name == "fuc.pkd" else "1"
+        put("convert", name[-3:], (place, (place + 1) % len(names), 0),
+            converted(name, "--feature", row, "--utm", "177,WGS84 1984", "--label", "label"))
+    put("convert", "simplified", (0, 2, 60), excerpt("fuzz.map"))
+
+
+def main():
+    packed()
+    fixed_record()
+    world()
+    ascii_map()
+    convert()
+    put("minute_grid", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.map"))
 
 
 if __name__ == "__main__":

@@ -52,7 +52,11 @@ std::vector<std::string> ConvertTally::Notes(const std::string& ending) const {
         " put in between: steps of " + ending + " are no longer than 127 seconds");
     add(dividedLines, "line", "lines", " divided: " + ending + " counts no more points in one");
     add(lostLabels, "label", "labels", " left out: " + ending + " has none");
-    add(changedLabels, "label", "labels", " changed: double quotes and line ends cannot stand in one");
+    add(changedLabels, "label", "labels",
+        " changed: no double quotes, line ends or endless texts in " + ending);
+    if (features.empty()) {
+        notes.emplace_back("there was nothing to write, and what was written is empty");
+    }
     return notes;
 }
 

@@ -31,7 +31,7 @@ public:
     std::int64_t dividedLines = 0;   ///< had more points than the format can count
     std::int64_t farPoints = 0;      ///< left out: too far from the zone
     std::int64_t lostLabels = 0;     ///< the format has none
-    std::int64_t changedLabels = 0;  ///< had double quotes or line ends
+    std::int64_t changedLabels = 0;  ///< had double quotes, line ends or too many letters
 
     /// Each as a sentence for the user, those that are 0 left out.
     std::vector<std::string> Notes(const std::string& ending) const;

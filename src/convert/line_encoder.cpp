@@ -8,6 +8,7 @@
 #include "mapinput/line_graph_codes.h"
 #include "mapinput/minute_grid_file.h"
 #include "mapinput/packed_file.h"
+#include "mapinput/text_reader.h"
 #include "mapinput/world_file.h"
 
 #include <algorithm>
@@ -238,8 +239,9 @@ public:
     AsciiEncoder(const UtmZone* zone_, ConvertTally& tally_) : zone(zone_), tally(tally_) {}
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
-        std::string label = feature.Label;
-        tally.changedLabels += label.find_first_of("\"\r\n") != std::string::npos ? 1 : 0;
+        std::string label = feature.Label.substr(0, EndOfLabel(feature.Label));
+        const bool changed = label.find_first_of("\"\r\n") != std::string::npos;
+        tally.changedLabels += changed || label.size() < feature.Label.size() ? 1 : 0;
         if (zone == nullptr) {
             EncodePart(feature, line, label, bytes);
             return;
@@ -260,6 +262,16 @@ public:
 
 private:
     static constexpr double Centimetres = 1e2;
+
+    /// Where a label is cut, between characters: with the numbers before it, it has to be read in one go.
+    static std::size_t EndOfLabel(const std::string& label) {
+        constexpr std::size_t most = MaxTextItem / 2;
+        std::size_t end = std::min(label.size(), most);
+        while (end < label.size() && end > 0 && (static_cast<unsigned char>(label[end]) & 0xC0U) == 0x80U) {
+            --end;
+        }
+        return end;
+    }
 
     /// The label goes to the first point that is written.
     void EncodePart(const TargetFeature& feature, const MapLine& line, std::string& label, ByteSink& bytes) {

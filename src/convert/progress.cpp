@@ -22,7 +22,7 @@ constexpr int EndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 } // namespace
 
 Progress::Progress(std::ostream& errors_, bool terminal_)
-    : errors(errors_), terminal(terminal_), next(Timer::now() + std::chrono::seconds(1)) {
+    : errors(errors_), terminal(terminal_), next(Timer::now() + std::chrono::milliseconds(500)) {
     ToldToEnd = 0;
     for (const int number : EndingSignals) {
         // What is to be ignored, by nohup say, stays so.

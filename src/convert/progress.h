@@ -9,7 +9,7 @@ namespace quelmont {
 /// Tells on a terminal how far a long conversion is, and stops it on a signal to end.
 class Progress {
 public:
-    /// Nothing is told before a second has passed, and nothing at all unless errors is a terminal.
+    /// Nothing is told before half a second has passed, and nothing at all unless errors is a terminal.
     Progress(std::ostream& errors, bool terminal);
     ~Progress();
     Progress(const Progress&) = delete;

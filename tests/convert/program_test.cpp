@@ -113,7 +113,7 @@ TEST_F(ConvertProgram, WritesTheSameUnderAGermanLocaleAndWithoutAHome) {
 
 /// Makes a text map so large that its conversion takes a few seconds.
 constexpr const char* MakeLarge =
-    "awk 'BEGIN { for (i = 0; i < 3000000; ++i) print i % 10 == 0, i % 80, i % 170 }' >large.prn";
+    "awk 'BEGIN { for (i = 0; i < 2000000; ++i) print i % 10 == 0, i % 80, i % 170 }' >large.prn";
 
 TEST_F(ConvertProgram, StoppedOneLeavesNothingBehind) {
     ASSERT_EQ(Shell(MakeLarge), 0);

@@ -219,7 +219,7 @@ TEST_F(Refusals, OfAnEmptyMapFileIsNone) {
     for (const char* ending : {".map", ".pkv", ".grv", ".grf", ".dat", ".mps", ".mp1", ".prn", ".utm"}) {
         const std::string name = std::string("in") + ending;
         Put(name, "");
-        Convert({name, "out.geojson", "--utm", "9"});
+        EXPECT_EQ(Run({name, "out.geojson", "--utm", "9"}).code, 0) << name;
         EXPECT_THAT(Features("out.geojson"), ElementsAre()) << name;
     }
 }

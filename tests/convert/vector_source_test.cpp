@@ -114,10 +114,13 @@ TEST_F(Geometries, EmptyOnesAreToldAndGiveNothing) {
     EXPECT_EQ(outcome.errors, "quelmont-convert: 2 features without a geometry\n");
 }
 
-TEST_F(Geometries, SourceWithoutFeaturesGivesAnEmptyMap) {
+TEST_F(Geometries, SourceWithoutFeaturesGivesAnEmptyMapAndIsTold) {
     Put("in.geojson", Collection(""));
-    Convert({"in.geojson", "out.map", "--feature", "1"});
+    const Outcome outcome = Run({"in.geojson", "out.map", "--feature", "1"});
+    EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(Get("out.map"), "");
+    EXPECT_EQ(outcome.errors,
+              "quelmont-convert: there was nothing to write, and what was written is empty\n");
 }
 
 TEST_F(Geometries, LineAcross180EndsOnBothItsSides) {

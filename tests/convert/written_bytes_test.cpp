@@ -195,8 +195,20 @@ TEST_F(WrittenBytes, QuotesAndLineEndsInLabelsAreChangedAndTold) {
     const Outcome outcome = Run({"in.geojson", "out.prn", "--label", "n"});
     EXPECT_EQ(Get("out.prn"), "1,2.000000,1.000000,\"the 'Rock' of\"\r\n");
     EXPECT_EQ(outcome.errors,
-              "quelmont-convert: 1 label changed: double quotes and line ends cannot stand in "
-              "one\n");
+              "quelmont-convert: 1 label changed: no double quotes, line ends or endless texts in .prn\n");
+}
+
+TEST_F(WrittenBytes, EndlessLabelIsCutBetweenItsLetters) {
+    // An odd number of bytes before letters of two; 32768 is even.
+    std::string label = "x";
+    for (int i = 0; i < 20000; ++i) {
+        label += "ö";
+    }
+    Put("in.geojson", Collection(PointFeature("\"n\":\"" + label + "\"", "[1,2]")));
+    const Outcome outcome = Run({"in.geojson", "out.prn", "--label", "n"});
+    EXPECT_EQ(Get("out.prn"), "1,2.000000,1.000000,\"" + label.substr(0, 32767) + "\"\r\n");
+    EXPECT_THAT(outcome.errors, HasSubstr("1 label changed"));
+    EXPECT_EQ(Run({"out.prn", "out.mp1"}).errors, "quelmont-convert: 1 label left out: .mp1 has none\n");
 }
 
 TEST_F(WrittenBytes, LabelsThatTheFormatHasNoPlaceForAreTold) {
