@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Writes the seeds of the fuzzers into corpus/: small files of each format that quelmont-convert makes,
-and such files damaged, with the four bytes before them that choose the map (see map_fuzz.h; three in convert). Most of
-minute_grid were written by hand and stay.
+and such files damaged, with the four bytes before them that choose the map (see map_fuzz.h; three in
+convert_fuzz.cpp). Most of minute_grid were written by hand and stay.
 
     fuzz/make_seeds.py [QUELMONT-CONVERT]
 """
