@@ -1,0 +1,185 @@
+#!/usr/bin/python3
+"""Other programs read what quelmont-draw writes: LibreOffice CGM, Inkscape and libwmf WMF, LibreCAD DXF.
+
+    heavy_consumers.py PROGRAM
+
+Each reads the default map and a sheet of symbols and lines; the coordinates of what it read are those in the
+file. The same comparison must fail when a line is missing and when a symbol is changed.
+"""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as tree
+
+import shapes
+
+PROGRAM = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else "quelmont-draw").resolve()
+TIMEOUT = 240
+NUMBER = re.compile(r"-?\d+(?:\.\d+)?(?:e-?\d+)?")
+
+
+def run(*command, folder):
+    environment = dict(os.environ, HOME=str(folder), QT_QPA_PLATFORM="offscreen")
+    subprocess.run([str(word) for word in command], cwd=folder, env=environment, timeout=TIMEOUT, check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def numbers(text):
+    return [float(word) for word in NUMBER.findall(text)]
+
+
+def length(element, name):
+    return numbers(next(value for key, value in element.items() if key.endswith("}" + name)))[0]
+
+
+def libreoffice(file):
+    """Shapes of the flat drawing that LibreOffice makes of a file, in units of 0.01 mm."""
+    run("soffice", "--headless", "--convert-to", "fodp", file, folder=file.parent)
+    root = tree.parse(file.with_suffix(".fodp")).getroot()
+    widths = {}
+    for style in root.iter():
+        if style.tag.endswith("}style"):
+            name = next((value for key, value in style.items() if key.endswith("}name")), "")
+            for properties in style:
+                for key, value in properties.items():
+                    if key.endswith("}stroke-width"):
+                        widths[name] = numbers(value)[0] * 1000
+    found = []
+    page = next(element for element in root.iter() if element.tag.endswith("}page"))
+    for element in page:
+        kind = element.tag.split("}")[1]
+        style = next((value for key, value in element.items() if key.endswith("}style-name")), "")
+        width = widths.get(style, 0)
+        if kind == "line":
+            found.append(("line", [(1000 * length(element, "x" + end), 1000 * length(element, "y" + end))
+                                   for end in "12"], width))
+        elif kind in ("polyline", "polygon"):
+            left, top = (1000 * length(element, name) for name in "xy")
+            points = next(value for key, value in element.items() if key.endswith("}points"))
+            found.append(("line" if kind == "polyline" else kind,
+                          [(left + x, top + y) for x, y in shapes.pairs(numbers(points))], width))
+        elif kind == "circle":
+            left, top, wide, high = (1000 * length(element, name) for name in ("x", "y", "width", "height"))
+            found.append(("ellipse", [(left + wide / 2, top + high / 2), (wide / 2, high / 2)], width))
+    return found
+
+
+def inkscape(file):
+    """Shapes of the plain SVG that Inkscape makes of a file, pixels."""
+    output = file.with_suffix(".svg")
+    run("inkscape", "--export-plain-svg", f"--export-filename={output}", file, folder=file.parent)
+    found = []
+    for element in tree.parse(output).getroot().iter():
+        kind = element.tag.split("}")[1]
+        stroke = re.search(r"stroke-width:([\d.e-]+)", element.get("style", ""))
+        width = float(stroke.group(1)) if stroke else 0
+        if kind == "path" and element.get("d"):
+            closed = "z" in element.get("d").lower()
+            found.append(("polygon" if closed else "line", shapes.pairs(numbers(element.get("d"))), width))
+        elif kind == "ellipse":
+            cx, cy, rx, ry = (float(element.get(name)) for name in ("cx", "cy", "rx", "ry"))
+            found.append(("ellipse", [(cx, cy), (rx, ry)], width))
+    return found
+
+
+def painted(file, program):
+    """Pixels of each row and column that are not white, of what Ghostscript paints of a page."""
+    output = file.with_suffix(".pgm")
+    run("gs", "-q", "-dBATCH", "-dNOPAUSE", "-dSAFER", "-sDEVICE=pgmraw", "-r72", f"-sOutputFile={output}",
+        program, folder=file.parent)
+    data = output.read_bytes()
+    return sum(byte < 250 for byte in data[data.index(b"255\n") + 4:])
+
+
+def libwmf(file):
+    """Lines of the PostScript that libwmf makes of a file; each axis has a scale of its own there."""
+    program = file.with_suffix(".eps")
+    run("wmf2eps", "-o", program, file, folder=file.parent)
+    found = []
+    for block in program.read_text().split("gsave % wmf_[eps_]")[1:]:
+        if block.startswith("poly_line"):
+            points = [tuple(numbers(line)) for line in block[:block.index("newpath")].splitlines()[2:]]
+            width = float(re.search(r"([\d.]+) setlinewidth", block).group(1))
+            found.append(("line", points[::-1], width))
+    return found
+
+
+def librecad(file):
+    run("librecad", "dxf2pdf", "-a", "-c", "-o", file.with_suffix(".pdf"), file, folder=file.parent)
+    return painted(file, file.with_suffix(".pdf"))
+
+
+class Consumers(unittest.TestCase):
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name)
+
+    def draw(self, options, name):
+        shapes.draw(PROGRAM, options, self.folder / name)
+        return self.folder / name
+
+    def compare_sheets(self, ending, own, read, tolerance, width_tolerance):
+        options = shapes.sheet(self.folder)
+        for name, more in (("scaled", []), ("unscaled", ["--no-line-scaling"])):
+            file = self.draw(options + more, f"{name}.{ending}")
+            self.assertIsNone(shapes.difference(own(file.read_bytes()), read(file), tolerance, width_tolerance))
+        data = file.read_bytes()
+        mine = own(data)
+        line = next(shape for shape in reversed(mine) if shape[0] == "line")
+        file.write_bytes(shapes.without(data, line))
+        self.assertIsNotNone(shapes.difference(mine, read(file), tolerance, width_tolerance), "a line is missing")
+        symbol = next(shape for shape in reversed(mine) if shape[0] == "ellipse")
+        file.write_bytes(shapes.with_larger(data, symbol))
+        self.assertIsNotNone(shapes.difference(mine, read(file), tolerance, width_tolerance), "a symbol is larger")
+
+    def test_libreoffice_reads_the_sheet_from_cgm(self):
+        # A hundredth of a millimetre is 1.5 units; widths are whole hundredths.
+        self.compare_sheets("cgm", shapes.cgm_shapes, libreoffice, 4, 1.01)
+
+    def test_libreoffice_reads_the_default_map_from_cgm(self):
+        file = self.draw(["--projection", "robinson"], "world.cgm")
+        # It drops lines of one point, and some of the points that are repeated.
+        own = [shape for shape in shapes.cgm_shapes(file.read_bytes()) if len(set(shape[1])) > 1]
+        read = libreoffice(file)
+        self.assertIsNone(shapes.places_difference(own, read, 4))
+        self.assertIsNotNone(shapes.places_difference(own[1:], read, 4), "a line is missing")
+
+    def test_inkscape_reads_the_sheet_from_wmf(self):
+        self.compare_sheets("wmf", shapes.wmf_shapes, inkscape, 1, 0.01)
+
+    def test_inkscape_reads_the_default_map_from_wmf(self):
+        file = self.draw(["--projection", "robinson"], "world.wmf")
+        self.assertIsNone(shapes.difference(shapes.wmf_shapes(file.read_bytes()), inkscape(file), 1, 0.01))
+
+    def test_libwmf_reads_the_lines_from_wmf(self):
+        file = self.draw(shapes.sheet(self.folder), "sheet.wmf")
+        data = file.read_bytes()
+        own = [shape for shape in shapes.wmf_shapes(data) if shape[0] == "line"]
+        self.assertIsNone(shapes.difference(own, libwmf(file), 1, 0.1))
+        self.assertGreater(painted(file, file.with_suffix(".eps")), 1000)
+        file.write_bytes(shapes.without(data, own[-1]))
+        self.assertIsNotNone(shapes.difference(own, libwmf(file), 1, 0.1), "a line is missing")
+        file.write_bytes(shapes.with_larger(data, own[0]))
+        self.assertIsNotNone(shapes.difference(own, libwmf(file), 1, 0.1), "a symbol is larger")
+        world = self.draw(["--projection", "robinson"], "world.wmf")
+        libwmf(world)  # it cuts long lines, in a way of its own
+        self.assertGreater(painted(world, world.with_suffix(".eps")), 10000)
+
+    def test_librecad_prints_dxf(self):
+        file = self.draw(shapes.sheet(self.folder), "sheet.dxf")
+        text = file.read_bytes().decode("ascii")
+        whole = librecad(file)
+        begin = text.rindex("  0\r\nPOLYLINE")
+        file.write_bytes((text[:begin] + text[text.index("  0\r\nENDSEC", begin):]).encode("ascii"))
+        self.assertLess(librecad(file), whole - 100)
+        self.assertGreater(librecad(self.draw(["--projection", "robinson"], "world.dxf")), 10000)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
