@@ -32,11 +32,19 @@ enum SymbolType : std::int16_t {
 /// The twelve that a file can have.
 constexpr std::int16_t SymbolTypes = 12;
 
+/// Square, diamond, triangle and circle, by their outline or filled.
+constexpr bool IsOpenShape(std::int16_t symbolType) {
+    return symbolType == SymbolOpenSquare || symbolType == SymbolOpenDiamond ||
+           symbolType == SymbolOpenTriangle || symbolType == SymbolOpenCircle;
+}
+constexpr bool IsFilledShape(std::int16_t symbolType) {
+    return symbolType == SymbolFilledSquare || symbolType == SymbolFilledDiamond ||
+           symbolType == SymbolFilledTriangle || symbolType == SymbolFilledCircle;
+}
+
 /// Symbols drawn by strokes or outlines, whose pen has a width of its own.
 constexpr bool HasBorder(std::int16_t symbolType) {
-    return symbolType == SymbolPlus || symbolType == SymbolCross || symbolType == SymbolOpenSquare ||
-           symbolType == SymbolOpenDiamond || symbolType == SymbolOpenTriangle ||
-           symbolType == SymbolOpenCircle;
+    return symbolType == SymbolPlus || symbolType == SymbolCross || IsOpenShape(symbolType);
 }
 
 /// How one feature of a map file is drawn. Sizes in twips.

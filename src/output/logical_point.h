@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/map_design.h"
+
 #include <cstdint>
 
 namespace quelmont {
@@ -14,6 +16,16 @@ struct LogicalPoint {
 /// Reads   ProjX, ProjY, MapXMin, MapYMin, LogicalScale, LogicalOriginX, LogicalOriginY.
 /// RunTimeError "Overflow" when it does not fit 16 bits.
 LogicalPoint LogicalPointOfCell();
+
+/// The anchor of a text item.
+/// Reads   ClientWidth, ClientHeight, LogicalWidth, LogicalHeight.
+/// RunTimeError "Overflow" when it does not fit 16 bits, "Division by zero" on a window without a size.
+LogicalPoint LogicalPointOfText(const TextItem& text);
+
+/// Height of a text item's characters in CGM and DXF files, logical units.
+/// Reads   TextScalePercent, LogicalHeight, ClientHeight.
+/// RunTimeError "Division by zero" on a window without a height.
+double FileTextHeight(const TextItem& text);
 
 /// Width of lines in a file: a share of the drawing in logical units, or PenWidth as it stands.
 /// Reads   LineWidthsScaled, PenWidth, TwipsPerPixelY, LogicalWidth, ClientWidth.

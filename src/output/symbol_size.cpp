@@ -18,8 +18,7 @@ void SetSymbolSize(std::int16_t Feature, std::int32_t FileIndex) {
     const std::int16_t type = Design.CurrentSymbolType;
 
     Design.SymbolRadius = style.SymbolSize;
-    if (type == SymbolOpenSquare || type == SymbolOpenDiamond || type == SymbolOpenTriangle ||
-        type == SymbolOpenCircle) {
+    if (IsOpenShape(type)) {
         Design.SymbolRadius = std::max(0, style.SymbolSize - style.BorderWidth / 2);
     }
     const double fileUnits = Divide(Design.LogicalWidth, Design.ClientWidth);

@@ -11,11 +11,6 @@ namespace quelmont {
 
 namespace {
 
-/// Distances of an equilateral triangle's base and apex from its centre, for half a side of 1.
-/// Three digits, on every device, so that the triangle is the same everywhere.
-constexpr double TriangleBase = 0.577;
-constexpr double TriangleApex = 1.155;
-
 struct SymbolBox {
     std::int32_t x, y;
     std::int32_t left, right, top, bottom;
@@ -90,17 +85,12 @@ void Shape(const SymbolBox& b) {
     }
 }
 
-bool IsFilled(std::int16_t symbolType) {
-    return symbolType == SymbolFilledSquare || symbolType == SymbolFilledDiamond ||
-           symbolType == SymbolFilledTriangle || symbolType == SymbolFilledCircle;
-}
-
 } // namespace
 
 void DrawSymbol(std::int32_t x, std::int32_t y) {
     const SymbolBox box = BoxAround(x, y);
     DrawSurface& surface = *Design.Surface;
-    const bool filled = IsFilled(Design.CurrentSymbolType);
+    const bool filled = IsFilledShape(Design.CurrentSymbolType);
 
     SurfaceHandle made = 0;
     SurfaceHandle before = 0;

@@ -275,6 +275,14 @@ TEST_F(DxfSymbol, FilledCircleIsARingAsWideAsItsRadius) {
                             Vertex(1050, 2000) + " 42=1", "SEQEND"));
 }
 
+TEST_F(DxfSymbol, SmallestFilledCirclesAreACircleAndNothing) {
+    // A ring of width 1 is a circle, one of width 0 is none.
+    Begin();
+    Symbol(SymbolFilledCircle, 1, 1, 1000, 2000);
+    Symbol(SymbolFilledCircle, 0, 1, 1000, 2000);
+    EXPECT_THAT(EndWithEntities(), ElementsAre("CIRCLE 8=0 62=1 10=1000 20=2000 40=1"));
+}
+
 TEST_F(DxfSymbol, TypesWithoutASymbolWriteNothing) {
     EXPECT_THAT(EntitiesOf(13), IsEmpty());
     EXPECT_THAT(EntitiesOf(0), IsEmpty());

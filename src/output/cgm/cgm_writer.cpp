@@ -1,6 +1,5 @@
 #include "output/cgm/cgm_writer.h"
 
-#include "core/checked_math.h"
 #include "core/coordinates.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
@@ -73,16 +72,6 @@ constexpr std::size_t LongestString = 254;
 /// In a TEXT element, whose length counts six bytes more.
 constexpr std::size_t LongestText = 248;
 
-bool IsFilled(std::int16_t type) {
-    return type == SymbolDot || type == SymbolFilledSquare || type == SymbolFilledDiamond ||
-           type == SymbolFilledTriangle || type == SymbolFilledCircle;
-}
-
-bool IsOpenShape(std::int16_t type) {
-    return type == SymbolOpenSquare || type == SymbolOpenDiamond || type == SymbolOpenTriangle ||
-           type == SymbolOpenCircle;
-}
-
 std::uint16_t Word(int value) { return static_cast<std::uint16_t>(static_cast<std::int16_t>(value)); }
 
 } // namespace
@@ -147,7 +136,7 @@ void CgmWriter::StartStretch() {
 }
 
 void CgmWriter::CgmStartNewBoundaryFile() {
-    if (IsFilled(Design.CurrentSymbolType)) {
+    if (Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType)) {
         Element(InteriorStyle, {Solid});
     } else if (IsOpenShape(Design.CurrentSymbolType)) {
         Element(InteriorStyle, {Hollow});
@@ -450,9 +439,7 @@ void CgmWriter::CgmWrite() {
 
 void CgmWriter::CgmText(std::size_t item) {
     const TextItem& text = Design.TextItems[item];
-    const double scale =
-        (Design.TextScalePercent / 100.0) * Divide(Design.LogicalHeight, Design.ClientHeight);
-    const std::int16_t height = RoundToInt16(scale * text.TextHeight);
+    const std::int16_t height = RoundToInt16(FileTextHeight(text));
     Set(0, TextColour);
     CgmColors(text.TextColour);
     CgmByteCount = 8;
@@ -467,12 +454,10 @@ void CgmWriter::CgmText(std::size_t item) {
     Element(CharacterOrientation, {direction(std::cos, 90), direction(std::sin, 90), direction(std::cos, 0),
                                    direction(std::sin, 0)});
     Element(TextAlignment, {1, 4, 0, 0, 0, 0});
-    const std::int16_t x = RoundToInt16(Divide(text.TextX, Design.ClientWidth) * Design.LogicalWidth);
-    const std::int16_t y =
-        RoundToInt16(Design.LogicalHeight - (Divide(text.TextY, Design.ClientHeight) * Design.LogicalHeight));
+    const LogicalPoint place = LogicalPointOfText(text);
     Set(0, TextLong);
-    Set(4, Word(x));
-    Set(6, Word(y));
+    Set(4, Word(place.x));
+    Set(6, Word(place.y));
     Set(8, 1); // final
     CgmByteCount = -1;
     CgmString(text.TextString);

@@ -1,6 +1,5 @@
 #include "output/dxf/dxf_writer.h"
 
-#include "core/checked_math.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -8,6 +7,7 @@
 #include "core/text_encoding.h"
 #include "output/dxf/dxf_color.h"
 #include "output/export_file.h"
+#include "output/symbols.h"
 
 #include <algorithm>
 #include <array>
@@ -248,6 +248,18 @@ void DxfWriter::Disk(double left, double right, double y, double width) {
     SequenceEnd();
 }
 
+/// A circle has no width, so one wider than 1 is a ring, whose middle is so far from the centre.
+void DxfWriter::Circle(LogicalPoint centre, int middle, double width) {
+    if (width > 1.0) {
+        Disk(centre.x - middle, centre.x + middle, centre.y, width);
+    } else if (width == 1.0) {
+        StartEntity("CIRCLE", DxfColor(Design.PenColor));
+        Group(10, static_cast<int>(centre.x));
+        Group(20, static_cast<int>(centre.y));
+        Group(40, static_cast<int>(Design.SymbolRadiusFile));
+    }
+}
+
 // ---- Points
 
 void DxfWriter::Point() {
@@ -297,8 +309,8 @@ void DxfWriter::Symbol() {
     const double right = RoundToInt16(x + r);
     const double low = RoundToInt16(y - r);
     const double high = RoundToInt16(y + r);
-    const double base = y - 0.577 * r;
-    const double apex = 1.155 * r + y;
+    const double base = y - TriangleBase * r;
+    const double apex = TriangleApex * r + y;
     const double width = Design.BorderWidthFile;
     switch (Design.CurrentSymbolType) {
     case SymbolDot:
@@ -329,17 +341,10 @@ void DxfWriter::Symbol() {
         Solid({{left, base}, {right, base}, {x, apex}, {x, apex}});
         break;
     case SymbolOpenCircle:
-        if (width == 1.0) {
-            StartEntity("CIRCLE", DxfColor(Design.PenColor));
-            Group(10, x);
-            Group(20, y);
-            Group(40, static_cast<double>(r));
-        } else if (width > 1.0) {
-            Disk(left, right, y, width);
-        }
+        Circle(point, r, width);
         break;
     case SymbolFilledCircle:
-        Disk(x - r / 2, x + r / 2, y, r);
+        Circle(point, r / 2, r); // the ring fills itself
         break;
     default:
         break;
@@ -369,15 +374,12 @@ void DxfWriter::DxfPolylineTerminate() {
 
 void DxfWriter::DxfText(std::size_t item) {
     const TextItem& text = Design.TextItems[item];
-    const std::int16_t x = RoundToInt16(Divide(text.TextX, Design.ClientWidth) * Design.LogicalWidth);
-    const std::int16_t y =
-        RoundToInt16(Design.LogicalHeight - (Divide(text.TextY, Design.ClientHeight) * Design.LogicalHeight));
-    const double scale =
-        (Design.TextScalePercent / 100.0) * Divide(Design.LogicalHeight, Design.ClientHeight);
+    const LogicalPoint place = LogicalPointOfText(text);
+    const double height = FileTextHeight(text);
     StartEntity("TEXT", DxfColor(text.TextColour));
-    Group(10, static_cast<int>(x));
-    Group(20, static_cast<int>(y));
-    Group(40, scale * text.TextHeight);
+    Group(10, static_cast<int>(place.x));
+    Group(20, static_cast<int>(place.y));
+    Group(40, height);
     Group(1, Escaped(text.TextString));
     Group(50, static_cast<int>(text.TextAngle));
     Group(7, "STANDARD");

@@ -44,6 +44,7 @@ private:
     void Ring(std::initializer_list<Place> corners, double width);
     static void Solid(std::initializer_list<Place> corners);
     void Disk(double left, double right, double y, double width);
+    void Circle(LogicalPoint centre, int middle, double width);
 
     std::int64_t DxfSeqEndPos = 0; ///< length of the file before the last sequence end
     bool PolylineMark = false;     ///< a stretch of lines has begun and has no vertex yet

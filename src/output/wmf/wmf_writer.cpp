@@ -6,6 +6,7 @@
 #include "output/export_file.h"
 #include "output/logical_point.h"
 #include "output/scale_screen.h"
+#include "output/symbols.h"
 
 #include <array>
 #include <string>
@@ -27,11 +28,6 @@ void Report(bool done, std::string_view operation, std::string_view routine) {
     if (!done) {
         ShowApiErrorBox(std::string(operation) + " error in " + std::string(routine));
     }
-}
-
-bool IsFilled(std::int16_t type) {
-    return type == SymbolDot || type == SymbolFilledSquare || type == SymbolFilledDiamond ||
-           type == SymbolFilledTriangle || type == SymbolFilledCircle;
 }
 
 /// The 22 bytes before the metafile. The checksum leaves out the left and the upper edge: they are
@@ -215,14 +211,15 @@ void WmfWriter::WmfWrite() {
                    .right = RoundToInt16(point.x + r),
                    .low = RoundToInt16(point.y - r),
                    .high = RoundToInt16(point.y + r),
-                   .base = RoundToInt32(point.y - 0.577 * r),
-                   .apex = RoundToInt32(1.155 * r + point.y)});
+                   .base = RoundToInt32(point.y - TriangleBase * r),
+                   .apex = RoundToInt32(TriangleApex * r + point.y)});
 }
 
 void WmfWriter::DrawWmfSymbol(const Symbol& symbol) {
     constexpr std::string_view routine = "WmfWrite";
     MetafileRecorder& surface = *WmfSurface;
-    const bool filled = IsFilled(Design.CurrentSymbolType);
+    const bool filled =
+        Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType);
     WmfPen = surface.CreatePen(PenStyleSolid, Design.BorderWidthFile, ColorBits(Design.PenColor));
     Report(WmfPen != 0, "CreatePen(1)", routine);
     const SurfaceHandle penBefore = WmfPen == 0 ? 0 : surface.SelectObject(WmfPen);
