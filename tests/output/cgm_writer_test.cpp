@@ -371,16 +371,7 @@ TEST_F(Cgm, ColourOfCirclesComesBeforeTheirLines) {
 
 class CgmTexts : public Cgm {
 protected:
-    static TextItem Item(const std::string& text) {
-        TextItem item;
-        item.TextString = text;
-        item.TextColour = 0x0000FF;
-        item.TextX = 4000; // a quarter of the window, 8000 units
-        item.TextY = 1155; // a tenth of it from above: 23100 - 2310
-        item.TextHeight = 100;
-        item.TextWidth = 60;
-        return item;
-    }
+    static TextItem Item(const std::string& text) { return TextOfMap(text, 0x0000FF); }
     std::vector<std::string> Written() {
         Begin();
         return EndWithElements();

@@ -312,15 +312,8 @@ TEST_F(DxfSymbol, SymbolsBetweenLinesNeedNoSequenceEnd) {
 
 class DxfTexts : public Dxf {
 protected:
-    static TextItem Item(const std::string& text) {
-        TextItem item;
-        item.TextString = text;
-        item.TextColour = 0x800000; // number 174
-        item.TextX = 4000;          // a quarter of the window, 8000 units
-        item.TextY = 1155;          // a tenth of it from above: 23100 - 2310
-        item.TextHeight = 100;
-        return item;
-    }
+    /// Its colour has the number 174.
+    static TextItem Item(const std::string& text) { return TextOfMap(text, 0x800000); }
     std::vector<std::string> Written() {
         Begin();
         return EndWithEntities();

@@ -86,6 +86,21 @@ protected:
         CloseStretch();
     }
 
+    /// A text of twelve points at a quarter of the width, 8000 units, and at a tenth of the height from above:
+    /// 23100 - 2310.
+    static TextItem TextOfMap(const std::string& text, ColorValue color) {
+        TextItem item;
+        item.TextString = text;
+        item.TextColour = color;
+        item.TextFont = "Arial";
+        item.TextSize = 12;
+        item.TextX = 4000;
+        item.TextY = 1155;
+        item.TextWidth = 60;
+        item.TextHeight = 100;
+        return item;
+    }
+
     /// Names in the folder of the exports.
     std::vector<std::string> Files() const {
         std::vector<std::string> names;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -14,6 +15,11 @@ constexpr std::size_t PlaceableBytes = 22;
 constexpr std::size_t HeaderBytes = 18;
 /// Parameters whose count stands in the first of them.
 constexpr int CountedPoints = -1;
+/// Bytes whose count stands in the first, and a place.
+constexpr int CountedText = -2;
+/// Five words, eight bytes and a face name of 32 bytes.
+constexpr int FontNumbers = -3;
+constexpr std::size_t FaceNameBytes = 32;
 
 struct KnownRecord {
     unsigned function;
@@ -28,15 +34,19 @@ constexpr std::array KnownRecords = std::to_array<KnownRecord>({
     {0x0103, "SetMapMode",      1},
     {0x0106, "SetPolyFillMode", 1},
     {0x012D, "SelectObject",    1},
+    {0x012E, "SetTextAlign",    1},
     {0x01F0, "DeleteObject",    1},
+    {0x0209, "SetTextColor",    2},
     {0x020B, "SetWindowOrg",    2},
     {0x020C, "SetWindowExt",    2},
     {0x02FA, "CreatePen",       5},
+    {0x02FB, "CreateFont",      FontNumbers},
     {0x02FC, "CreateBrush",     4},
     {0x0324, "Polygon",         CountedPoints},
     {0x0325, "Polyline",        CountedPoints},
     {0x0418, "Ellipse",         4},
     {0x041B, "Rectangle",       4},
+    {0x0521, "TextOut",         CountedText},
 });
 // clang-format on
 
@@ -71,15 +81,15 @@ private:
 class Handles {
 public:
     void Take(const WmfRecord& record) {
-        if (record.name == "CreatePen" || record.name == "CreateBrush") {
+        if (record.name == "CreatePen" || record.name == "CreateBrush" || record.name == "CreateFont") {
             Make(record);
         } else if (record.name == "SelectObject") {
             const std::size_t slot = Slot(record);
-            (slots[slot].front() == 'P' ? pen : brush) = static_cast<int>(slot);
+            selected[slots[slot].front()] = slot;
         } else if (record.name == "DeleteObject") {
             const std::size_t slot = Slot(record);
-            Require(static_cast<int>(slot) != pen && static_cast<int>(slot) != brush,
-                    "a selected object is deleted");
+            const auto held = selected.find(slots[slot].front());
+            Require(held == selected.end() || held->second != slot, "a selected object is deleted");
             slots[slot].clear();
         }
     }
@@ -89,7 +99,7 @@ public:
     void CheckLeftOver() const {
         for (const std::string& slot : slots) {
             Require(slot.empty() || slot == "Pen 0 0 0 0 0" || slot == "Brush 0 -1 255 0" ||
-                        slot == "Brush 1 0 0 0",
+                        slot == "Brush 1 0 0 0" || slot == "Font 16 7 0 0 700 0 0 0 1 0 0 0 0 'System'",
                     "an object is left over: " + slot);
         }
     }
@@ -111,10 +121,43 @@ private:
         return slot;
     }
 
-    std::vector<std::string> slots; ///< what lies in each, empty when it is free
-    int pen = -1;
-    int brush = -1;
+    std::vector<std::string> slots;       ///< what lies in each, empty when it is free
+    std::map<char, std::size_t> selected; ///< slot, by the first letter of the kind
 };
+
+std::string BytesOf(const std::vector<std::int32_t>& words) {
+    std::string bytes;
+    for (const std::int32_t word : words) {
+        bytes += static_cast<char>(word & 0xFF);
+        bytes += static_cast<char>(word >> 8 & 0xFF);
+    }
+    return bytes;
+}
+
+void TakeFont(WmfRecord& record) {
+    constexpr std::size_t plainWords = 5;
+    constexpr std::size_t plainBytes = 8;
+    const std::string bytes = BytesOf(record.numbers).substr(2 * plainWords);
+    Require(bytes.size() == plainBytes + FaceNameBytes, "a font has a length that is not its own");
+    record.numbers.resize(plainWords);
+    for (const char byte : bytes.substr(0, plainBytes)) {
+        record.numbers.push_back(static_cast<unsigned char>(byte));
+    }
+    const std::size_t end = bytes.find('\0', plainBytes);
+    Require(end != std::string::npos, "a face name has no end");
+    record.text = bytes.substr(plainBytes, end - plainBytes);
+    Require(bytes.find_first_not_of('\0', end) == std::string::npos, "there is more behind a face name");
+}
+
+void TakeText(WmfRecord& record) {
+    Require(record.numbers.size() >= 3 && record.numbers[0] >= 0, "a text has no count");
+    const auto length = static_cast<std::size_t>(record.numbers[0]);
+    Require(record.numbers.size() == 3 + (length + 1) / 2, "a text has another count of characters");
+    const std::string bytes = BytesOf({record.numbers.begin() + 1, record.numbers.end() - 2});
+    record.text = bytes.substr(0, length);
+    Require(bytes.size() == length || bytes.back() == '\0', "a text is not padded with zero");
+    record.numbers.erase(record.numbers.begin(), record.numbers.end() - 2);
+}
 
 WmfRecord ReadRecord(WordReader& reader) {
     constexpr std::uint32_t head = 3;
@@ -133,6 +176,10 @@ WmfRecord ReadRecord(WordReader& reader) {
     if (known->words == CountedPoints) {
         Require(words >= 1 && words == 1 + 2 * record.numbers[0],
                 record.name + " has another count of points");
+    } else if (known->words == FontNumbers) {
+        TakeFont(record);
+    } else if (known->words == CountedText) {
+        TakeText(record);
     } else {
         Require(words == known->words, record.name + " has a length that is not its own");
     }
@@ -161,6 +208,9 @@ std::string WmfRecord::Text() const {
     line << name;
     for (const std::int32_t number : numbers) {
         line << ' ' << number;
+    }
+    if (name == "TextOut" || name == "CreateFont") {
+        line << " '" << text << '\'';
     }
     return line.str();
 }

@@ -12,9 +12,11 @@ namespace quelmont {
 struct WmfRecord {
     std::string name;                  ///< "Polyline"
     std::vector<std::int32_t> numbers; ///< 16-bit parameters, signed, as they stand in the file
+    std::string text;                  ///< of TextOut; the face of CreateFont
     std::uint32_t words = 0;           ///< of the whole record
 
-    /// "Polyline 2 0 0 25 50".
+    /// "Polyline 2 0 0 25 50"; "TextOut 20 10 'Sea'", y first; of CreateFont five numbers, eight bytes and
+    /// the face.
     std::string Text() const;
 };
 
@@ -31,8 +33,8 @@ struct WmfFile {
 /// nobody knows or whose length is not its own, a handle that is used before it is made or after it was
 /// deleted, a selected object that is deleted, an object that is left over, a file that does not end with the
 /// end record.
-/// Objects that the file makes in place of stock ones may stay: a null brush, and the black pen and white
-/// brush that a device begins with.
+/// Objects that the file makes in place of stock ones may stay: a null brush, and the black pen, white
+/// brush and system font that a device begins with.
 WmfFile ReadWmf(std::string_view bytes);
 
 } // namespace quelmont

@@ -17,18 +17,22 @@ constexpr std::uint16_t FunctionSetBkMode       = 0x0102;
 constexpr std::uint16_t FunctionSetMapMode      = 0x0103;
 constexpr std::uint16_t FunctionSetPolyFillMode = 0x0106;
 constexpr std::uint16_t FunctionSelectObject    = 0x012D;
+constexpr std::uint16_t FunctionSetTextAlign    = 0x012E;
 constexpr std::uint16_t FunctionDeleteObject    = 0x01F0;
+constexpr std::uint16_t FunctionSetTextColor    = 0x0209;
 constexpr std::uint16_t FunctionSetWindowOrg    = 0x020B;
 constexpr std::uint16_t FunctionSetWindowExt    = 0x020C;
 constexpr std::uint16_t FunctionLineTo          = 0x0213;
 constexpr std::uint16_t FunctionMoveTo          = 0x0214;
 constexpr std::uint16_t FunctionCreatePen       = 0x02FA;
+constexpr std::uint16_t FunctionCreateFont      = 0x02FB;
 constexpr std::uint16_t FunctionCreateBrush     = 0x02FC;
 constexpr std::uint16_t FunctionPolygon         = 0x0324;
 constexpr std::uint16_t FunctionPolyline        = 0x0325;
 constexpr std::uint16_t FunctionEllipse         = 0x0418;
 constexpr std::uint16_t FunctionRectangle       = 0x041B;
 constexpr std::uint16_t FunctionSetPixel        = 0x041F;
+constexpr std::uint16_t FunctionTextOut         = 0x0521;
 // clang-format on
 
 /// Of a brush.
@@ -39,6 +43,10 @@ constexpr std::uint16_t StyleNull = 1;
 constexpr SurfaceHandle StockHandles = 0x80000000U;
 constexpr SurfaceHandle StockWhiteBrush = StockHandles + 0;
 constexpr SurfaceHandle StockBlackPen = StockHandles + 7;
+constexpr SurfaceHandle StockSystemFont = StockHandles + 13;
+
+/// Bytes of a face name, the zero at its end included.
+constexpr std::size_t FaceNameBytes = 32;
 
 /// Words of a record before its parameters, and of the metafile's header.
 constexpr std::uint32_t RecordHeadWords = 3;
@@ -58,9 +66,41 @@ bool Fits(std::int32_t value) {
     return value >= Limits::min() && value <= Limits::max();
 }
 
+/// Bytes as words; a byte that is left over has a zero beside it.
+std::vector<std::uint16_t> WordsOf(std::string_view bytes) {
+    std::vector<std::uint16_t> words;
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+        const auto low = static_cast<unsigned char>(bytes[i]);
+        const auto high = static_cast<unsigned char>(i + 1 < bytes.size() ? bytes[i + 1] : '\0');
+        words.push_back(static_cast<std::uint16_t>(low | high << 8U));
+    }
+    return words;
+}
+
+std::vector<std::uint16_t> FontWords(const MetafileFont& font) {
+    const auto flag = [](bool set) { return set ? '\1' : '\0'; };
+    std::string bytes = {flag(font.italic),
+                         flag(font.underline),
+                         flag(font.strikeout),
+                         static_cast<char>(font.charSet),
+                         static_cast<char>(font.outPrecision),
+                         static_cast<char>(font.clipPrecision),
+                         static_cast<char>(font.quality),
+                         static_cast<char>(font.pitchAndFamily)};
+    std::string face(font.faceName.substr(0, FaceNameBytes - 1));
+    face.resize(FaceNameBytes);
+    bytes += face;
+    std::vector<std::uint16_t> words = {Word(font.height), Word(font.width), Word(font.escapement),
+                                        Word(font.orientation), Word(font.weight)};
+    const std::vector<std::uint16_t> rest = WordsOf(bytes);
+    words.insert(words.end(), rest.begin(), rest.end());
+    return words;
+}
+
 } // namespace
 
-MetafileRecorder::MetafileRecorder() : pen(StockBlackPen), brush(StockWhiteBrush) {}
+MetafileRecorder::MetafileRecorder()
+    : selected{{Kind::Pen, StockBlackPen}, {Kind::Brush, StockWhiteBrush}, {Kind::Font, StockSystemFont}} {}
 
 void MetafileRecorder::RecordWords(std::uint16_t function, const std::vector<std::uint16_t>& words) {
     const auto length = RecordHeadWords + static_cast<std::uint32_t>(words.size());
@@ -176,10 +216,10 @@ std::uint16_t MetafileRecorder::TakeSlot() {
 }
 
 SurfaceHandle MetafileRecorder::CreateObject(std::uint16_t function, const std::vector<std::uint16_t>& words,
-                                             bool isPen) {
+                                             Kind kind) {
     RecordWords(function, words);
     const SurfaceHandle handle = nextHandle++;
-    objects[handle] = {TakeSlot(), isPen};
+    objects[handle] = {TakeSlot(), kind};
     return handle;
 }
 
@@ -189,12 +229,20 @@ SurfaceHandle MetafileRecorder::CreatePen(int style, std::int32_t width, std::ui
     }
     const ColorValue bits = ColorBits(color);
     return CreateObject(FunctionCreatePen,
-                        {static_cast<std::uint16_t>(style), Word(width), 0, Low(bits), High(bits)}, true);
+                        {static_cast<std::uint16_t>(style), Word(width), 0, Low(bits), High(bits)},
+                        Kind::Pen);
 }
 
 SurfaceHandle MetafileRecorder::CreateSolidBrush(std::uint32_t color) {
     const ColorValue bits = ColorBits(color);
-    return CreateObject(FunctionCreateBrush, {StyleSolid, Low(bits), High(bits), 0}, false);
+    return CreateObject(FunctionCreateBrush, {StyleSolid, Low(bits), High(bits), 0}, Kind::Brush);
+}
+
+SurfaceHandle MetafileRecorder::CreateFontIndirectA(const MetafileFont& font) {
+    if (!Fits(font.height) || !Fits(font.width) || !Fits(font.escapement) || !Fits(font.orientation)) {
+        return 0;
+    }
+    return CreateObject(FunctionCreateFont, FontWords(font), Kind::Font);
 }
 
 SurfaceHandle MetafileRecorder::GetStockObject(int number) {
@@ -208,6 +256,9 @@ std::uint16_t MetafileRecorder::SlotOfStock(SurfaceHandle object) {
     }
     if (object == StockBlackPen) {
         RecordWords(FunctionCreatePen, {PenStyleSolid, 0, 0, 0, 0});
+    } else if (object == StockSystemFont) {
+        RecordWords(FunctionCreateFont,
+                    FontWords({.height = 16, .width = 7, .weight = 700, .faceName = "System"}));
     } else if (object == StockWhiteBrush) {
         RecordWords(FunctionCreateBrush, {StyleSolid, Low(ColorMask), High(ColorMask), 0});
     } else {
@@ -221,15 +272,18 @@ SurfaceHandle MetafileRecorder::SelectObject(SurfaceHandle object) {
     if (found == objects.end() && object < StockHandles) {
         return 0;
     }
-    const bool isPen = found != objects.end() ? found->second.isPen : object == StockBlackPen;
+    const Kind kind = found != objects.end()      ? found->second.kind
+                      : object == StockBlackPen   ? Kind::Pen
+                      : object == StockSystemFont ? Kind::Font
+                                                  : Kind::Brush;
     const std::uint16_t slot = found != objects.end() ? found->second.slot : SlotOfStock(object);
     RecordWords(FunctionSelectObject, {slot});
-    return std::exchange(isPen ? pen : brush, object);
+    return std::exchange(selected[kind], object);
 }
 
 bool MetafileRecorder::DeleteObject(SurfaceHandle object) {
     const auto found = objects.find(object);
-    if (found == objects.end() || object == pen || object == brush) {
+    if (found == objects.end() || selected[found->second.kind] == object) {
         return false;
     }
     RecordWords(FunctionDeleteObject, {found->second.slot});
@@ -241,6 +295,30 @@ bool MetafileRecorder::DeleteObject(SurfaceHandle object) {
 int MetafileRecorder::SetPolyFillMode(int mode) {
     Record(FunctionSetPolyFillMode, {mode});
     return std::exchange(fillMode, mode);
+}
+
+bool MetafileRecorder::SetTextAlign(int flags) {
+    Record(FunctionSetTextAlign, {flags});
+    return true;
+}
+
+std::uint32_t MetafileRecorder::SetTextColor(std::uint32_t color) {
+    const ColorValue bits = ColorBits(color);
+    RecordWords(FunctionSetTextColor, {Low(bits), High(bits)});
+    return std::exchange(textColor, bits);
+}
+
+bool MetafileRecorder::TextOutA(std::int32_t x, std::int32_t y, std::string_view text) {
+    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+    if (!Fits(x) || !Fits(y) || text.size() > most) {
+        return false;
+    }
+    std::vector<std::uint16_t> words = WordsOf(text);
+    words.insert(words.begin(), static_cast<std::uint16_t>(text.size()));
+    words.push_back(Word(y));
+    words.push_back(Word(x));
+    RecordWords(FunctionTextOut, words);
+    return true;
 }
 
 std::string MetafileRecorder::Header() const {

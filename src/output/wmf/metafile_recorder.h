@@ -7,10 +7,23 @@
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace quelmont {
+
+/// What CreateFontIndirectA makes a font of. Heights are those of characters when negative, of cells
+/// otherwise; angles are tenths of a degree, counter-clockwise where y grows downward.
+struct MetafileFont {
+    std::int32_t height = 0; ///< logical units
+    std::int32_t width = 0;  ///< logical units, 0: as the face has it
+    std::int32_t escapement = 0, orientation = 0;
+    std::int32_t weight = 400; ///< 700 is bold
+    bool italic = false, underline = false, strikeout = false;
+    std::uint8_t charSet = 1, outPrecision = 0, clipPrecision = 0, quality = 0, pitchAndFamily = 0;
+    std::string_view faceName; ///< Windows-1252; what is longer than 31 characters is cut
+};
 
 /// A surface that makes the records of a Windows metafile (format of Windows 3.0), for its owner to take.
 /// Numbers are little-endian words of 16 bits; a record is its length in words, its function and
@@ -24,6 +37,8 @@ public:
     /// Mapping modes of SetMapMode and modes of SetBkMode.
     static constexpr int MapAnisotropic = 8;
     static constexpr int BackgroundTransparent = 1;
+    /// Mode of SetTextAlign: the anchor is where the baseline begins.
+    static constexpr int AlignBaseline = 24;
 
     MetafileRecorder();
 
@@ -46,6 +61,14 @@ public:
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
 
+    /// Returns 0 when a number does not fit a word.
+    SurfaceHandle CreateFontIndirectA(const MetafileFont& font);
+    bool SetTextAlign(int flags);
+    /// Returns the colour before.
+    std::uint32_t SetTextColor(std::uint32_t color);
+    /// Windows-1252, at most 32767 characters.
+    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text);
+
     /// Bytes of the metafile's header.
     static constexpr std::size_t HeaderBytes = 18;
 
@@ -66,13 +89,14 @@ private:
     bool RecordBox(std::uint16_t function, std::int32_t left, std::int32_t top, std::int32_t right,
                    std::int32_t bottom);
     std::uint16_t TakeSlot();
-    SurfaceHandle CreateObject(std::uint16_t function, const std::vector<std::uint16_t>& words, bool isPen);
+    enum class Kind { Pen, Brush, Font };
+    SurfaceHandle CreateObject(std::uint16_t function, const std::vector<std::uint16_t>& words, Kind kind);
     /// The slot of a stock object, which is made when it has none.
     std::uint16_t SlotOfStock(SurfaceHandle object);
 
     struct Object {
         std::uint16_t slot;
-        bool isPen;
+        Kind kind;
     };
     std::string records;             ///< since they were last taken
     std::uint32_t recordedWords = 0; ///< of all records
@@ -81,8 +105,8 @@ private:
     std::vector<bool> slots;         ///< taken
     std::uint32_t largestRecord = 0; ///< words
     SurfaceHandle nextHandle = 1;
-    SurfaceHandle pen;
-    SurfaceHandle brush;
+    std::map<Kind, SurfaceHandle> selected; ///< of each kind
+    std::uint32_t textColor = 0;
     int fillMode = FillAlternate;
 };
 

@@ -7,6 +7,7 @@
 #include "output/logical_point.h"
 #include "output/scale_screen.h"
 #include "output/symbols.h"
+#include "output/wmf/metafile_text.h"
 
 #include <array>
 #include <string>
@@ -83,6 +84,7 @@ void WmfWriter::ResetLine() {
 }
 
 void WmfWriter::Finish() {
+    PrintText(*WmfSurface);
     Guarded("SaveMetafileToDisk", [this] { SaveMetafileToDisk(); });
     WmfSurface.reset();
     ResetLine();
