@@ -6,6 +6,7 @@
 #include "commandline/headless_machine.h"
 #include "core/map_design.h"
 #include "core/run_time_error.h"
+#include "core/stop_signals.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
 #include "output/bmp/bmp_file.h"
@@ -94,6 +95,11 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
     }
     machine.window.Cls();
     MapDraw();
+    if (StopSignals::Came()) {
+        errors << Program << "stopped\n";
+        return ExitFailed;
+    }
+    const StopSignals stopSignals;
 
     const Timer::time_point drawn = Timer::now();
     try {

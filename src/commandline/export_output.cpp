@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <map>
 
 namespace quelmont {
 
@@ -61,8 +60,8 @@ std::string ColorThatDxfLacks() {
 } // namespace
 
 OutputFormat OutputFormatOf(const std::string& name) {
-    const std::size_t point = name.rfind('.');
-    const std::string letters = name.size() - point == 4 ? LastThreeLetters(name) : "";
+    const bool hasEnding = name.size() >= 4 && name[name.size() - 4] == '.';
+    const std::string letters = hasEnding ? LastThreeLetters(name) : "";
     const auto* const found = std::find_if(Endings.begin(), Endings.end(),
                                            [&](const Ending& ending) { return ending.letters == letters; });
     return found == Endings.end() ? OutputFormat::Unknown : found->format;
@@ -77,11 +76,13 @@ std::vector<std::string> AsciiOutputs(const std::string& output) {
     } else if (Design.GridOutputCount > 0) {
         names = {stem + "-grid" + ending};
     }
-    std::map<std::string, int> titles;
     for (const InputFileEntry& file : Design.InputFiles) {
-        const std::string title = ParseFileName(file.MapFileName).title;
-        const int count = ++titles[title];
-        names.push_back(stem + "-" + title + (count > 1 ? "-" + std::to_string(count) : "") + ending);
+        const std::string name = stem + "-" + ParseFileName(file.MapFileName).title;
+        std::string free = name + ending;
+        for (int number = 2; std::find(names.begin(), names.end(), free) != names.end(); ++number) {
+            free = name + "-" + std::to_string(number) + ending;
+        }
+        names.push_back(free);
     }
     return names;
 }
@@ -108,6 +109,9 @@ std::string ArmExport(const std::string& output) {
         break;
     case OutputFormat::Ascii:
         Design.AsciiFileName = AsciiOutputs(output);
+        if (Design.AsciiFileName.empty()) {
+            return "there is no grid and there are no map files to be written";
+        }
         Design.OutputAscii = true;
         break;
     default:

@@ -11,11 +11,12 @@ enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Ascii, Unknown };
 OutputFormat OutputFormatOf(const std::string& name);
 
 /// Arms the export of the output's format for the next draw; the pictures need none. Returns why it
-/// cannot be: a colour that a DXF file has no number for, with the nearest one that it has.
+/// cannot be: a colour that a DXF file has no number for, with the nearest one that it has, or nothing that
+/// a text file could hold.
 std::string ArmExport(const std::string& output);
 
 /// The names of the text files that an ASCII export of the design writes: the grid's, then one for
-/// each map file.
+/// each map file. A name that is taken gets "-2" behind it, or the next number that is free.
 std::vector<std::string> AsciiOutputs(const std::string& output);
 
 } // namespace quelmont

@@ -1,6 +1,8 @@
 #include "commandline/headless_machine.h"
 
 #include "core/map_design.h"
+#include "core/stop_signals.h"
+#include "mainwindow/map_draw.h"
 
 #include <ostream>
 
@@ -41,5 +43,11 @@ HeadlessMachine::HeadlessMachine(SurfacePoint windowSize, SurfacePoint fullScree
 }
 
 HeadlessMachine::~HeadlessMachine() { Machine() = before; }
+
+void HeadlessPump::DoEvents() {
+    if (StopSignals::Came()) {
+        EscapeKey();
+    }
+}
 
 } // namespace quelmont

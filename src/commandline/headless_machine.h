@@ -67,7 +67,8 @@ private:
 
 class HeadlessPump final : public Pump {
 public:
-    void DoEvents() override {}
+    /// A signal to end the process stops the draw.
+    void DoEvents() override;
 };
 
 /// A screen on which a maximised window has a drawing area of a given size, in pixels.

@@ -2,48 +2,18 @@
 
 #include "convert/map_line.h"
 
-#include <csignal>
 #include <ostream>
 
 namespace quelmont {
 
-namespace {
-
-volatile std::sig_atomic_t ToldToEnd = 0;
-
-/// A second signal ends the process at once.
-void TakeSignal(int number) {
-    ToldToEnd = 1;
-    std::signal(number, SIG_DFL);
-}
-
-constexpr int EndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
-
-} // namespace
-
 Progress::Progress(std::ostream& errors_, bool terminal_)
-    : errors(errors_), terminal(terminal_), next(Timer::now() + std::chrono::milliseconds(500)) {
-    ToldToEnd = 0;
-    for (const int number : EndingSignals) {
-        // What is to be ignored, by nohup say, stays so.
-        if (std::signal(number, TakeSignal) == SIG_IGN) {
-            std::signal(number, SIG_IGN);
-        }
-    }
-}
+    : errors(errors_), terminal(terminal_), next(Timer::now() + std::chrono::milliseconds(500)) {}
 
-Progress::~Progress() {
-    Clear();
-    for (const int number : EndingSignals) {
-        if (std::signal(number, SIG_DFL) == SIG_IGN) {
-            std::signal(number, SIG_IGN);
-        }
-    }
-}
+Progress::~Progress() { Clear(); }
 
 void Progress::Add(std::int64_t more, double share) {
     points += more;
-    if (ToldToEnd != 0) {
+    if (StopSignals::Came()) {
         throw ConvertError("stopped");
     }
     if (!terminal || Timer::now() < next) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/stop_signals.h"
+
 #include <chrono>
 #include <cstdint>
 #include <iosfwd>
@@ -26,6 +28,7 @@ public:
 private:
     using Timer = std::chrono::steady_clock;
 
+    StopSignals stopSignals;
     std::ostream& errors;
     bool terminal;
     bool told = false;

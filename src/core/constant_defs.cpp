@@ -84,9 +84,9 @@ void OutputDefaults() {
     Design.FontSizes = {8,  9,  10, 11, 12, 14, 16, 18,  20,  22,  24, 26,
                         28, 36, 48, 60, 72, 84, 96, 108, 120, 132, 144};
     Design.PrintUnitTwips = 1440;
-    Design.PrintLeft = 1.0;
-    Design.PrintTop = 1.0;
-    Design.PrintWidth = 6.5;
+    Design.PrintLeft = 1.0F;
+    Design.PrintTop = 1.0F;
+    Design.PrintWidth = 6.5F;
     Design.PrintCentreX = true;
     Design.PrintCentreY = true;
 }

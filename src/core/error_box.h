@@ -14,6 +14,13 @@ void ShowErrorBox(std::string_view routine, const RunTimeError& error);
 /// Box of a failed surface or system operation, under the title "Windows API Error".
 void ShowApiErrorBox(std::string_view text);
 
+/// The same unless the operation was done.
+inline void ReportUnless(bool done, std::string_view text) {
+    if (!done) {
+        ShowApiErrorBox(text);
+    }
+}
+
 /// Any other box that a draw may bring more than once.
 void ShowDrawBox(std::string_view title, std::string_view text);
 

@@ -25,7 +25,7 @@ std::string WithExtension(std::string_view name, std::string_view extension) {
     if (Capitals(last) == Capitals(ending)) {
         return std::string(name);
     }
-    return std::string(name) + (name.ends_with('.') ? ending.substr(1) : ending);
+    return std::string(name) + ending;
 }
 
 FileNameParts ParseFileName(std::string_view FileName) {

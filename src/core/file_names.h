@@ -18,7 +18,7 @@ std::string LastThreeLetters(std::string_view name);
 std::string Capitals(std::string_view text);
 
 /// A name of a file to save: unless it ends in the extension, in any case of its letters, "." and the
-/// extension are put behind it, and nothing but the extension behind a name that ends in a point.
+/// extension are put behind it.
 std::string WithExtension(std::string_view name, std::string_view extension);
 
 struct FileNameParts {

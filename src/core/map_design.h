@@ -239,8 +239,10 @@ struct MapDesign {
 
     // ---- Page of a printed map. In units of PrintUnitTwips.
     std::int32_t PrintUnitTwips = 0;
-    double PrintLeft = 0.0, PrintTop = 0.0, PrintWidth = 0.0, PrintHeight = 0.0;
+    float PrintLeft = 0.0F, PrintTop = 0.0F, PrintWidth = 0.0F, PrintHeight = 0.0F;
     bool PrintCentreX = false, PrintCentreY = false;
+    float PrinterOffsetX = 0.0F, PrinterOffsetY = 0.0F; ///< strip that the printer cannot reach
+    float PrinterTwipsPerPixelX = 0.0F, PrinterTwipsPerPixelY = 0.0F;
 
     // ---- Run state of a draw. Written by the draw cycle and the handler of Escape.
     std::string PlotStopReason; ///< "" normally, "Escape", "GridDiskError"

@@ -2,12 +2,21 @@
 
 #include "core/run_time_error.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace quelmont {
+
+namespace {
+
+/// Bytes of a name in a folder.
+constexpr std::size_t LongestName = 255;
+
+} // namespace
 
 std::string ReplacedFileName(const std::string& path) {
     std::error_code ignored;
@@ -17,6 +26,9 @@ std::string ReplacedFileName(const std::string& path) {
     }
     if (!std::filesystem::is_regular_file(target, ignored)) {
         throw RunTimeError(ErrorPathFileAccess);
+    }
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+        throw RunTimeError(ErrorPermissionDenied);
     }
     return target.string();
 }
@@ -32,8 +44,16 @@ void ReplaceFile(const std::string& target, const std::string& by) {
     }
 }
 
-TemporaryFile::TemporaryFile(const std::string& target)
-    : name(target + "." + std::to_string(getpid()) + ".tmp") {}
+TemporaryFile::TemporaryFile(const std::string& target) {
+    const std::size_t folder = target.rfind('/') + 1; // 0 when there is none
+    std::error_code ignored;
+    for (int number = 1;
+         number == 1 || std::filesystem::exists(std::filesystem::symlink_status(name, ignored)); ++number) {
+        const std::string ending =
+            "." + std::to_string(getpid()) + (number > 1 ? "-" + std::to_string(number) : "") + ".tmp";
+        name = target.substr(0, std::min(target.size(), folder + LongestName - ending.size())) + ending;
+    }
+}
 
 TemporaryFile::~TemporaryFile() {
     if (!moved) {

@@ -8,14 +8,16 @@ namespace quelmont {
 
 /// The file that a name leads to, links followed, so that a link stays a link when its file is
 /// replaced. A name that leads to nothing is itself. RunTimeError "Path/File access error" for what is
-/// no plain file.
+/// no plain file, "Permission denied" for one that may not be written: the folder alone would let it be
+/// replaced.
 std::string ReplacedFileName(const std::string& path);
 
 /// A file, or a folder with all that is in it, that is removed at the end unless it was put in the
 /// place of its target. Nothing is made; that is for its writer.
 class TemporaryFile {
 public:
-    /// The name is the target's, with the number of the process and ".tmp" behind it.
+    /// The name is the target's, with the number of the process and ".tmp" behind it; a long one is cut
+    /// until it fits, and one that exists is passed over.
     explicit TemporaryFile(const std::string& target);
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;

@@ -3,7 +3,9 @@
 #include "desktop/dialogs.h"
 
 #include "core/rounding.h"
+#include "core/stop_signals.h"
 #include "desktop/window_place.h"
+#include "mainwindow/map_draw.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -74,6 +76,9 @@ void DesktopPump::DoEvents() {
     if (!sinceTurn.isValid() || sinceTurn.nsecsElapsed() >= TurnNanoseconds) {
         QCoreApplication::processEvents();
         sinceTurn.start();
+    }
+    if (StopSignals::Came()) {
+        EscapeKey();
     }
 }
 

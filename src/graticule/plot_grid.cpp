@@ -9,6 +9,7 @@
 #include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/page_scale.h"
 #include "platform/machine.h"
 
 #include <cmath>
@@ -28,31 +29,26 @@ constexpr int SiteError = 4;
 void PaintBackground() {
     DrawSurface& surface = *Design.Surface;
     const SurfaceHandle brush = surface.CreateSolidBrush(ColorBits(Design.BackColor));
-    SurfaceHandle before = 0;
-    if (brush == 0) {
-        ShowApiErrorBox("CreateSolidBrush(1) error in PlotGrid");
-    } else {
-        before = surface.SelectObject(brush);
-    }
+    ReportUnless(brush != 0, "CreateSolidBrush(1) error in PlotGrid");
+    const SurfaceHandle before = brush == 0 ? 0 : surface.SelectObject(brush);
     MakeDevicePen(PenStyleNull, 1, Design.BackColor, SiteBackground, Routine);
-    if (Design.LobeFirst && !surface.Rectangle(-Design.LogicalMarginX, -Design.LogicalMarginY,
-                                               Design.LogicalWidth + Design.LogicalMarginX,
-                                               Design.LogicalHeight + Design.LogicalMarginY)) {
-        ShowApiErrorBox("Rectangle(1) error in PlotGrid");
+    if (Design.LobeFirst) {
+        ReportUnless(surface.Rectangle(-Design.LogicalMarginX, -Design.LogicalMarginY,
+                                       Design.LogicalWidth + Design.LogicalMarginX,
+                                       Design.LogicalHeight + Design.LogicalMarginY),
+                     "Rectangle(1) error in PlotGrid");
     }
     if (before != 0) {
         surface.SelectObject(before);
     }
-    if (brush != 0 && !surface.DeleteObject(brush)) {
-        ShowApiErrorBox("DeleteObject(0) error in PlotGrid");
-    }
+    ReportUnless(brush == 0 || surface.DeleteObject(brush), "DeleteObject(0) error in PlotGrid");
 }
 
 void MakeGridPen() {
     ReleaseDevicePen(SiteBackground, Routine);
     Design.PenColor = Design.GridColor;
     Design.PenWidth = RoundToInt32(Divide(Design.GridLineWidth, Design.TwipsPerPixelY));
-    MakeDevicePen(PenStyleSolid, Design.PenWidth, Design.PenColor, SiteGrid, Routine);
+    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, SiteGrid, Routine);
 }
 
 /// The circle is laid straight on the map frame, every third degree. False when it is all that the

@@ -5,6 +5,7 @@
 #include "core/error_box.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
+#include "core/stop_signals.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/plot_grid.h"
 #include "mainwindow/main_menu.h"
@@ -35,10 +36,7 @@ void EnableMenus(bool drawing) {
 }
 
 void DisarmExports() {
-    Design.OutputAscii = false;
-    Design.OutputCgm = false;
-    Design.OutputDxf = false;
-    Design.OutputWmf = false;
+    DisarmWriters();
     Design.OutputGc = false;
 }
 
@@ -132,6 +130,7 @@ void End() {
     ReleaseDevicePen(1, "MapDraw");
     DropExports(); // what is whole has taken its place
     DisarmExports();
+    Design.OutputFileName.clear();
     ResetLineState();
     MainWindow& window = *Machine().window;
     window.Refresh();
@@ -152,6 +151,7 @@ void MapDraw() {
         return;
     }
     BeginDrawBoxes();
+    const StopSignals stopSignals;
     if (Guarded("MapDraw", Begin)) {
         Guarded("MapDraw", [] {
             if (Design.ProjNum == ProjInterruptedMollweide) {
@@ -165,6 +165,9 @@ void MapDraw() {
         DisarmExports();
     }
     EndDrawBoxes();
+    if (StopSignals::Came()) {
+        Machine().window->Close();
+    }
 }
 
 void EscapeKey() {

@@ -2,6 +2,7 @@
 
 #include "core/constant_defs.h"
 #include "core/map_design.h"
+#include "core/stop_signals.h"
 #include "graticule/calc_graticule.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
@@ -34,6 +35,7 @@ void ResetMenus() {
 } // namespace
 
 void StartUp() {
+    TakeFileLimitsAsErrors();
     Design.SavedCaption = FindProjection(ProjEquirectangular)->caption;
     Machine().window->SetCaption(Design.SavedCaption);
     Design.AppPath = Machine().places->ProgramFolder();

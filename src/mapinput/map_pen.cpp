@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "output/device_pen.h"
+#include "output/page_scale.h"
 #include "output/symbol_size.h"
 #include "platform/draw_surface.h"
 
@@ -23,7 +24,7 @@ void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites
     const std::int16_t width = HasBorder(Design.CurrentSymbolType) ? style.BorderWidth : style.LineWidth;
     Design.PenWidth = RoundToInt32(Divide(width, Design.TwipsPerPixelY));
     DeleteMapPen(sites.deleteObject);
-    MakeDevicePen(PenStyleSolid, Design.PenWidth, Design.PenColor, sites.createPen, Routine);
+    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, sites.createPen, Routine);
 }
 
 void DeleteMapPen(int site) { ReleaseDevicePen(site, Routine); }

@@ -88,10 +88,7 @@ bool EndsLineOnDisk() {
 /// A draw whose map files could not all be read leaves no export.
 void GiveUpExport() {
     DropExports();
-    Design.OutputAscii = false;
-    Design.OutputCgm = false;
-    Design.OutputDxf = false;
-    Design.OutputWmf = false;
+    DisarmWriters();
 }
 
 /// One call of MapPlot.

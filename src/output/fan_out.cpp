@@ -12,16 +12,6 @@ FileWriters& Writers() {
 
 namespace {
 
-/// The first writer whose flag is set, in the order of a point.
-FileWriter* WriterOfPoint() {
-    const FileWriters& writers = Writers();
-    return Design.OutputAscii ? writers.ascii
-           : Design.OutputCgm ? writers.cgm
-           : Design.OutputDxf ? writers.dxf
-           : Design.OutputWmf ? writers.wmf
-                              : nullptr;
-}
-
 /// The first chain writer whose flag is set, in the order of a line break and of a header.
 FileWriter* WriterOfChain() {
     const FileWriters& writers = Writers();
@@ -30,6 +20,9 @@ FileWriter* WriterOfChain() {
            : Design.OutputWmf ? writers.wmf
                               : nullptr;
 }
+
+/// The first writer whose flag is set, in the order of a point.
+FileWriter* WriterOfPoint() { return Design.OutputAscii ? Writers().ascii : WriterOfChain(); }
 
 } // namespace
 
@@ -73,6 +66,13 @@ void FinishFile() {
         writer->Finish();
         Design.LineBreakPending = true;
     }
+    Design.OutputCgm = false;
+    Design.OutputDxf = false;
+    Design.OutputWmf = false;
+}
+
+void DisarmWriters() {
+    Design.OutputAscii = false;
     Design.OutputCgm = false;
     Design.OutputDxf = false;
     Design.OutputWmf = false;

@@ -47,6 +47,9 @@ void PrintLineBrkDisk();
 /// writer has none, and sets PlotStopReason to "GridDiskError".
 void PrintFileHeader();
 
+/// Clears the flags of all writers.
+void DisarmWriters();
+
 /// A stretch of map data begins on the file device.
 void StartFileStretch();
 

@@ -4,6 +4,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/page_scale.h"
 #include "output/symbols.h"
 #include "platform/draw_surface.h"
 
@@ -16,8 +17,9 @@ void Draw() {
                            Design.DevicePixelX;
     const double deviceY = (Design.ScreenOriginY - ((Design.ProjY - Design.MapYMin) * Design.ScreenScaleY)) /
                            Design.DevicePixelY;
-    const std::int32_t x = RoundToInt16(deviceX);
-    const std::int32_t y = RoundToInt16(deviceY);
+    // Sixteen bits hold a place on the map; its place on a page may lie beyond.
+    const std::int32_t x = PageX(RoundToInt16(deviceX));
+    const std::int32_t y = PageY(RoundToInt16(deviceY));
     switch (Design.CurrentSymbolType) {
     case SymbolLine:
         if (Design.PointStatus == 1 || Design.LineStart == 3) {

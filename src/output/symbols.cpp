@@ -3,6 +3,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/page_scale.h"
 #include "platform/draw_surface.h"
 
 #include <array>
@@ -19,22 +20,17 @@ struct SymbolBox {
 
 SymbolBox BoxAround(std::int32_t x, std::int32_t y) {
     const double radius = Design.SymbolRadius;
-    const double radiusX = radius / Design.DevicePixelX;
-    const double radiusY = radius / Design.DevicePixelY;
+    const double scale = PageScale();
+    const double radiusX = (scale * radius) / Design.DevicePixelX;
+    const double radiusY = (scale * radius) / Design.DevicePixelY;
     return {x,
             y,
             RoundToInt32(x - radiusX),
             RoundToInt32(x + radiusX),
             RoundToInt32(y - radiusY),
             RoundToInt32(y + radiusY),
-            RoundToInt16(y + (TriangleBase * radius) / Design.DevicePixelY),
-            RoundToInt16(y - (TriangleApex * radius) / Design.DevicePixelY)};
-}
-
-void ReportUnless(bool done, std::string_view text) {
-    if (!done) {
-        ShowApiErrorBox(text);
-    }
+            RoundToInt16(y + ((TriangleBase * radius) * scale) / Design.DevicePixelY),
+            RoundToInt16(y - ((TriangleApex * radius) * scale) / Design.DevicePixelY)};
 }
 
 /// The strokes of plus and cross return through the centre, so that one stroke draws both arms.

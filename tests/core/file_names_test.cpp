@@ -85,7 +85,7 @@ TEST(Extension, IsPutBehindANameThatLacksIt) {
     EXPECT_EQ(WithExtension("map.cgm", "cgm"), "map.cgm");
     EXPECT_EQ(WithExtension("MAP.CGM", "cgm"), "MAP.CGM");
     EXPECT_EQ(WithExtension("map.dxf", "cgm"), "map.dxf.cgm");
-    EXPECT_EQ(WithExtension("map.", "cgm"), "map.cgm");
+    EXPECT_EQ(WithExtension("map.", "cgm"), "map..cgm");
     EXPECT_EQ(WithExtension("cgm", "cgm"), "cgm.cgm");
     EXPECT_EQ(WithExtension("", "cgm"), ".cgm");
 }

@@ -38,9 +38,10 @@ protected:
                "\nSetPolyFillMode(1, 1)\nSelectObject(2)\n";
     }
     /// The same of a filled one, whose brush is handle 4, 0x0080FF = 33023.
-    static std::string Filled(const std::string& shape) {
-        return "CreateSolidBrush(33023, 4)\nSelectObject(4)\nSetPolyFillMode(1, 1)\n" + shape +
-               "\nSetPolyFillMode(1, 1)\nSelectObject(2)\nDeleteObject(4)\n";
+    static std::string Filled(const std::string& shape, const std::string& brush = "4") {
+        return "CreateSolidBrush(33023, " + brush + ")\nSelectObject(" + brush +
+               ")\nSetPolyFillMode(1, 1)\n" + shape +
+               "\nSetPolyFillMode(1, 1)\nSelectObject(2)\nDeleteObject(" + brush + ")\n";
     }
     void ExpectBox(const std::string& text) {
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Windows API Error", text}));
@@ -90,6 +91,28 @@ TEST_F(Symbols, HalfPixelsRoundToTheEvenNeighbour) {
     Design.DevicePixelY = 15.0F;
     Design.DevicePixelX = 18.0F;
     EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(98, 77, 102, 83)"));
+}
+
+TEST_F(Symbols, KeepTheirShareOfTheMapOnPaper) {
+    // 6.5 inches of 1440 twips from a window of 4680 twips: twice as large. Printer pixels of 2.5 by 5
+    // twips: left 100 - 90 / 2.5 = 64, top 80 - 90 / 5 = 62, base 80 + 0.577 * 90 / 5 = 90.39,
+    // apex 80 - 1.155 * 90 / 5 = 59.21.
+    machine.window.scaleWidth = 4680.0;
+    Design.PrintUnitTwips = 1440;
+    Design.PrintWidth = 6.5F;
+    Design.DevicePixelX = 2.5F;
+    Design.DevicePixelY = 5.0F;
+    Design.PrintingNow = true;
+    EXPECT_EQ(Draw(SymbolPlus), Open("Polyline(64, 80, 136, 80, 100, 80, 100, 62, 100, 98, 100, 80)"));
+    EXPECT_EQ(Draw(SymbolCross), Open("Polyline(64, 98, 136, 62, 100, 80, 64, 62, 136, 98, 100, 80)"));
+    EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(64, 62, 136, 98)"));
+    EXPECT_EQ(Draw(SymbolFilledSquare), Filled("Rectangle(64, 62, 136, 98)", "4"));
+    EXPECT_EQ(Draw(SymbolOpenDiamond), Open("Polygon(64, 80, 100, 98, 136, 80, 100, 62)"));
+    EXPECT_EQ(Draw(SymbolFilledDiamond), Filled("Polygon(64, 80, 100, 98, 136, 80, 100, 62)", "5"));
+    EXPECT_EQ(Draw(SymbolOpenTriangle), Open("Polygon(64, 90, 100, 59, 136, 90)"));
+    EXPECT_EQ(Draw(SymbolFilledTriangle), Filled("Polygon(64, 90, 100, 59, 136, 90)", "6"));
+    EXPECT_EQ(Draw(SymbolOpenCircle), Open("Ellipse(64, 62, 136, 98)"));
+    EXPECT_EQ(Draw(SymbolFilledCircle), Filled("Ellipse(64, 62, 136, 98)", "7"));
 }
 
 TEST_F(Symbols, EachFailingShapeHasItsOwnMessage) {

@@ -113,7 +113,11 @@ void AscOutput::AscGrid_Click() {
     }
     const FileDialogAnswer answer = Machine().fileDialogs->Save(request);
     if (answer.error == 0) {
-        names[row] = WithExtension(answer.names.front(), request.extension);
+        std::string_view name = answer.names.front();
+        if (name.ends_with('.')) {
+            name.remove_suffix(1); // the point that the dialog proposed
+        }
+        names[row] = WithExtension(name, request.extension);
         ShowName(row);
     }
 }

@@ -97,11 +97,12 @@ void SaveBmp(const std::string& name, const BitmapCapture& capture) {
 }
 
 void BmpSave() {
-    BitmapCapture capture;
-    if (!CaptureBmp(capture)) {
-        return;
-    }
-    Guarded("BmpSave", [&] { SaveBmp(Design.BmpFileName, capture); });
+    Guarded("BmpSave", [] {
+        BitmapCapture capture;
+        if (CaptureBmp(capture)) {
+            SaveBmp(Design.BmpFileName, capture);
+        }
+    });
     DropExports();
 }
 

@@ -72,7 +72,8 @@ constexpr std::size_t LongestString = 254;
 /// In a TEXT element, whose length counts six bytes more.
 constexpr std::size_t LongestText = 248;
 
-std::uint16_t Word(int value) { return static_cast<std::uint16_t>(static_cast<std::int16_t>(value)); }
+/// RunTimeError "Overflow" beyond sixteen bits.
+std::uint16_t Word(int value) { return static_cast<std::uint16_t>(RoundToInt16(value)); }
 
 } // namespace
 
@@ -117,12 +118,9 @@ void CgmWriter::WriteHeaderElements() {
     Element(VdcExtent,
             {-Design.LogicalMarginX, -Design.LogicalMarginY, Design.LogicalWidth + Design.LogicalMarginX,
              Design.LogicalHeight + Design.LogicalMarginY});
-    Set(0, BackgroundColour);
-    CgmColors(Design.BackColor);
-    CgmByteCount = 8;
-    CgmShort();
+    ColourElement(BackgroundColour, Design.BackColor);
     Element(BeginPictureBody, {});
-    Element(InteriorStyle, {Solid});
+    Interior(Solid);
     Element(EdgeType, {1});
     Element(EdgeWidth, {1});
     Element(EdgeVisibility, {1});
@@ -137,19 +135,19 @@ void CgmWriter::StartStretch() {
 
 void CgmWriter::CgmStartNewBoundaryFile() {
     if (Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType)) {
-        Element(InteriorStyle, {Solid});
+        Interior(Solid);
     } else if (IsOpenShape(Design.CurrentSymbolType)) {
-        Element(InteriorStyle, {Hollow});
+        Interior(Hollow);
     }
 }
 
+void CgmWriter::Interior(int style) {
+    Element(InteriorStyle, {style});
+    interior = style;
+}
+
 void CgmWriter::CgmLineColor(ColorValue color) {
-    Guarded("CgmLineColor", [&] {
-        Set(0, LineColour);
-        CgmColors(color);
-        CgmByteCount = 8;
-        CgmShort();
-    });
+    Guarded("CgmLineColor", [&] { ColourElement(LineColour, color); });
 }
 
 void CgmWriter::Finish() {
@@ -201,6 +199,13 @@ void CgmWriter::CgmColors(ColorValue color) {
     Set(2, static_cast<std::uint16_t>(bits & 0xFFU));
     Set(4, static_cast<std::uint16_t>(bits >> 8U & 0xFFU));
     Set(6, static_cast<std::uint16_t>(bits >> 16U));
+}
+
+void CgmWriter::ColourElement(std::uint16_t header, ColorValue color) {
+    Set(0, header);
+    CgmColors(color);
+    CgmByteCount = 8;
+    CgmShort();
 }
 
 void CgmWriter::Write(std::string_view bytes) {
@@ -263,8 +268,8 @@ bool CgmWriter::CgmVertices(int start, int count, int stride) {
 }
 
 void CgmWriter::OpenChain() {
+    LineStyle(); // a width too large leaves the chain to the next point
     Design.LineBreakPending = false;
-    LineStyle();
     Set(0, PolylineLong);
     Set(2, 1); // the length is written over when the chain ends
     CgmLengthPos = CgmWritePos + 2;
@@ -326,20 +331,17 @@ void CgmWriter::Point() {
 }
 
 void CgmWriter::LineStyle() {
-    Set(0, LineColour);
-    CgmColors(Design.PenColor);
-    CgmByteCount = 8;
-    CgmShort();
-    Element(LineWidth, {RoundToInt16(FileLineWidth())});
+    const std::int16_t width = RoundToInt16(FileLineWidth());
+    ColourElement(LineColour, Design.PenColor);
+    Element(LineWidth, {width});
 }
 
 void CgmWriter::EdgeAndFillStyle() {
-    for (const std::uint16_t colour : {EdgeColour, FillColour}) {
-        Set(0, colour);
-        CgmColors(Design.PenColor);
-        CgmByteCount = 8;
-        CgmShort();
+    if (Design.CurrentSymbolType == SymbolDot && interior != Solid) {
+        Interior(Solid); // points of the grid in a lobe behind a map file of open shapes
     }
+    ColourElement(EdgeColour, Design.PenColor);
+    ColourElement(FillColour, Design.PenColor);
     Element(EdgeWidth, {IsOpenShape(Design.CurrentSymbolType) ? Design.BorderWidthFile : 1});
 }
 
@@ -440,10 +442,7 @@ void CgmWriter::CgmWrite() {
 void CgmWriter::CgmText(std::size_t item) {
     const TextItem& text = Design.TextItems[item];
     const std::int16_t height = RoundToInt16(FileTextHeight(text));
-    Set(0, TextColour);
-    CgmColors(text.TextColour);
-    CgmByteCount = 8;
-    CgmShort();
+    ColourElement(TextColour, text.TextColour);
     Element(TextPrecision, {2});
     Element(CharacterHeight, {height});
     Element(CharacterExpansion, {1, 0});

@@ -41,6 +41,7 @@ private:
     void CgmPoly();
     bool CgmVertices(int start, int count, int stride);
     void CgmColors(ColorValue color);
+    void ColourElement(std::uint16_t header, ColorValue color);
     void CgmShort();
     void CgmString(std::string_view text);
     void CgmText(std::size_t item);
@@ -49,6 +50,7 @@ private:
     void Write(std::string_view bytes);
     void Set(std::size_t entry, std::uint16_t word);
     void Element(std::uint16_t header, std::initializer_list<int> parameters);
+    void Interior(int style);
     void LineStyle();
     void EdgeAndFillStyle();
     void ClosedShape(std::uint16_t header, std::initializer_list<int> offsets);
@@ -65,6 +67,7 @@ private:
     std::int16_t CgmByteCount = 0; ///< bytes of CgmBuffer to be written; -1 for a TEXT element
     std::int64_t CgmWritePos = 1;  ///< next position in the file, from 1
     std::int64_t CgmLengthPos = 0; ///< position of the open polyline's length, 0 when none is open
+    int interior = 0;              ///< style of shapes that the file has last been told
     bool carried = false;          ///< a full chain's last vertex opens the next one
     Vertex last = {};
 };

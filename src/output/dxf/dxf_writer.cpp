@@ -74,12 +74,13 @@ void Group(int code, double value) {
     Group(code, text);
 }
 
-/// A text in ASCII; any other character by its number.
+/// A text in ASCII, on one line: a blank for a control character, the number of any other.
 std::string Escaped(std::string_view text) {
     std::string escaped;
     for (const char32_t character : Characters(text)) {
         if (character < 0x80) {
-            escaped += static_cast<char>(character);
+            const bool isControl = character < 0x20 || character == 0x7F;
+            escaped += isControl ? ' ' : static_cast<char>(character);
         } else if (character <= 0xFFFF) {
             std::array<char, 16> number = {};
             std::snprintf(number.data(), number.size(), "\\U+%04X", static_cast<unsigned>(character));

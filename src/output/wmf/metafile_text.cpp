@@ -39,21 +39,16 @@ void PrintRotatedText(MetafileRecorder& surface, const TextItem& item) {
          .charSet = DefaultCharSet,
          .clipPrecision = ClipAngles,
          .faceName = faceName});
-    if (font == 0) {
-        ShowApiErrorBox("CreateFontIndirect error(1) in PrintRotatedText");
-    }
+    ReportUnless(font != 0, "CreateFontIndirect error(1) in PrintRotatedText");
     const SurfaceHandle fontBefore = font == 0 ? 0 : surface.SelectObject(font);
     surface.SetTextAlign(MetafileRecorder::AlignBaseline);
     const std::uint32_t colorBefore = surface.SetTextColor(item.TextColour);
-    if (!surface.TextOutA(x, y, ToWindows1252(item.TextString))) {
-        ShowApiErrorBox("TextOut error(1) in PrintRotatedText");
-    }
+    ReportUnless(surface.TextOutA(x, y, ToWindows1252(item.TextString)),
+                 "TextOut error(1) in PrintRotatedText");
     surface.SetTextColor(colorBefore);
     if (font != 0) {
         surface.SelectObject(fontBefore);
-        if (!surface.DeleteObject(font)) {
-            ShowApiErrorBox("DeleteObject error(2) in PrintRotatedText");
-        }
+        ReportUnless(surface.DeleteObject(font), "DeleteObject error(2) in PrintRotatedText");
     }
 }
 

@@ -25,12 +25,6 @@ constexpr std::size_t PlaceableBytes = 22;
 /// Records that wait for the file.
 constexpr std::size_t BlockBytes = std::size_t{256} * 1024;
 
-void Report(bool done, std::string_view operation, std::string_view routine) {
-    if (!done) {
-        ShowApiErrorBox(std::string(operation) + " error in " + std::string(routine));
-    }
-}
-
 /// The 22 bytes before the metafile. The checksum leaves out the left and the upper edge: they are
 /// equal, and would cancel each other.
 std::string PlaceableHeader() {
@@ -55,7 +49,6 @@ std::string PlaceableHeader() {
 // ---- The recording
 
 void WmfWriter::Arm() {
-    constexpr std::string_view routine = "mnuInput_Click";
     WmfSurface = std::make_unique<MetafileRecorder>();
     WmfPen = 0;
     WmfBrush = 0;
@@ -63,12 +56,14 @@ void WmfWriter::Arm() {
     begun = false;
     written = true;
     ScaleScreen();
-    Report(WmfSurface->SetMapMode(MetafileRecorder::MapAnisotropic), "SetMapMode", routine);
-    Report(WmfSurface->SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
-           "SetWindowOrgEx", routine);
-    Report(WmfSurface->SetWindowExtEx(Design.LogicalWidth + 2 * Design.LogicalMarginX,
-                                      -(Design.LogicalHeight + 2 * Design.LogicalMarginY)),
-           "SetWindowExtEx", routine);
+    ReportUnless(WmfSurface->SetMapMode(MetafileRecorder::MapAnisotropic),
+                 "SetMapMode error in mnuInput_Click");
+    ReportUnless(
+        WmfSurface->SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
+        "SetWindowOrgEx error in mnuInput_Click");
+    ReportUnless(WmfSurface->SetWindowExtEx(Design.LogicalWidth + 2 * Design.LogicalMarginX,
+                                            -(Design.LogicalHeight + 2 * Design.LogicalMarginY)),
+                 "SetWindowExtEx error in mnuInput_Click");
     WmfSurface->SetBkMode(MetafileRecorder::BackgroundTransparent);
     Design.PenWidth = 1;
 }
@@ -128,14 +123,16 @@ void WmfWriter::SaveMetafileToDisk() {
         throw RunTimeError(*beginningFailed);
     }
     const std::string headers = PlaceableHeader() + WmfSurface->Header();
+    bool headed = true;
     try {
         ResumeExport(Design.WmfFileName);
         PatchExport(0, headers);
     } catch (const RunTimeError&) {
-        written = false;
+        headed = false;
     }
+    ReportUnless(headed, "lwrite error in SaveMetafileToDisk");
     CloseRecords();
-    Report(written, "hwrite", "SaveMetafileToDisk");
+    ReportUnless(written, "hwrite error in SaveMetafileToDisk");
     FinishExport(Design.WmfFileName);
 }
 
@@ -179,7 +176,6 @@ void WmfWriter::LineBreak() {
 }
 
 void WmfWriter::FlushChain() {
-    constexpr std::string_view routine = "PrintLineBrkDisk";
     if (WmfPoints.empty()) {
         return;
     }
@@ -188,12 +184,12 @@ void WmfWriter::FlushChain() {
         Design.PointCount = 2;
     }
     const SurfaceHandle made = WmfSurface->CreatePen(PenStyleSolid, WmfPenWidth, ColorBits(WmfPenColor));
-    Report(made != 0, "CreatePen(1)", routine);
+    ReportUnless(made != 0, "CreatePen(1) error in PrintLineBrkDisk");
     const SurfaceHandle before = made == 0 ? 0 : WmfSurface->SelectObject(made);
-    Report(WmfSurface->Polyline(WmfPoints), "Polyline(1)", routine);
+    ReportUnless(WmfSurface->Polyline(WmfPoints), "Polyline(1) error in PrintLineBrkDisk");
     if (made != 0) {
         WmfSurface->SelectObject(before);
-        Report(WmfSurface->DeleteObject(made), "DeleteObject(2)", routine);
+        ReportUnless(WmfSurface->DeleteObject(made), "DeleteObject(2) error in PrintLineBrkDisk");
     }
     WmfPoints.clear();
     SaveBlock();
@@ -218,68 +214,66 @@ void WmfWriter::WmfWrite() {
 }
 
 void WmfWriter::DrawWmfSymbol(const Symbol& symbol) {
-    constexpr std::string_view routine = "WmfWrite";
     MetafileRecorder& surface = *WmfSurface;
-    const bool filled =
-        Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType);
+    const bool filled = Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType);
     WmfPen = surface.CreatePen(PenStyleSolid, Design.BorderWidthFile, ColorBits(Design.PenColor));
-    Report(WmfPen != 0, "CreatePen(1)", routine);
+    ReportUnless(WmfPen != 0, "CreatePen(1) error in WmfWrite");
     const SurfaceHandle penBefore = WmfPen == 0 ? 0 : surface.SelectObject(WmfPen);
     WmfBrush = filled ? surface.CreateSolidBrush(ColorBits(Design.PenColor)) : 0;
-    Report(!filled || WmfBrush != 0, "CreateSolidBrush(1)", routine);
+    ReportUnless(!filled || WmfBrush != 0, "CreateSolidBrush(1) error in WmfWrite");
     const SurfaceHandle brushBefore =
         surface.SelectObject(WmfBrush != 0 ? WmfBrush : surface.GetStockObject(StockNullBrush));
     const int modeBefore = surface.SetPolyFillMode(FillAlternate);
-    Report(modeBefore != 0, "SetPolyFillMode(1)", routine);
+    ReportUnless(modeBefore != 0, "SetPolyFillMode(1) error in WmfWrite");
     Shape(symbol);
     if (WmfPen != 0) {
         surface.SelectObject(penBefore);
-        Report(surface.DeleteObject(WmfPen), "DeleteObject(3)", routine);
+        ReportUnless(surface.DeleteObject(WmfPen), "DeleteObject(3) error in WmfWrite");
         WmfPen = 0;
     }
-    Report(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2)", routine);
+    ReportUnless(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2) error in WmfWrite");
     surface.SelectObject(brushBefore);
     if (WmfBrush != 0) {
-        Report(surface.DeleteObject(WmfBrush), "DeleteObject(4)", routine);
+        ReportUnless(surface.DeleteObject(WmfBrush), "DeleteObject(4) error in WmfWrite");
         WmfBrush = 0;
     }
     SaveBlock();
 }
 
 void WmfWriter::Shape(const Symbol& s) {
-    constexpr std::string_view routine = "WmfWrite";
     MetafileRecorder& surface = *WmfSurface;
-    const auto polyline = [&](const std::vector<SurfacePoint>& points, std::string_view name) {
-        Report(surface.Polyline(points), name, routine);
+    const auto polyline = [&](const std::vector<SurfacePoint>& points, std::string_view failure) {
+        ReportUnless(surface.Polyline(points), failure);
     };
-    const auto polygon = [&](const std::vector<SurfacePoint>& points, std::string_view name) {
-        Report(surface.Polygon(points), name, routine);
+    const auto polygon = [&](const std::vector<SurfacePoint>& points, std::string_view failure) {
+        ReportUnless(surface.Polygon(points), failure);
     };
     const auto [x, y] = s.centre;
     switch (Design.CurrentSymbolType) {
     case SymbolPlus:
-        polyline({{s.left, y}, {s.right, y}, {x, y}, {x, s.low}, {x, s.high}}, "Polyline(1)");
+        polyline({{s.left, y}, {s.right, y}, {x, y}, {x, s.low}, {x, s.high}},
+                 "Polyline(1) error in WmfWrite");
         break;
     case SymbolCross:
         polyline({{s.left, s.low}, {s.right, s.high}, {x, y}, {s.right, s.low}, {s.left, s.high}},
-                 "Polyline(2)");
+                 "Polyline(2) error in WmfWrite");
         break;
     case SymbolDot:
     case SymbolOpenSquare:
     case SymbolFilledSquare:
-        Report(surface.Rectangle(s.left, s.low, s.right, s.high), "Rectangle(1)", routine);
+        ReportUnless(surface.Rectangle(s.left, s.low, s.right, s.high), "Rectangle(1) error in WmfWrite");
         break;
     case SymbolOpenDiamond:
     case SymbolFilledDiamond:
-        polygon({{s.left, y}, {x, s.high}, {s.right, y}, {x, s.low}}, "Polygon(2)");
+        polygon({{s.left, y}, {x, s.high}, {s.right, y}, {x, s.low}}, "Polygon(2) error in WmfWrite");
         break;
     case SymbolOpenTriangle:
     case SymbolFilledTriangle:
-        polygon({{s.left, s.base}, {s.right, s.base}, {x, s.apex}}, "Polygon(3)");
+        polygon({{s.left, s.base}, {s.right, s.base}, {x, s.apex}}, "Polygon(3) error in WmfWrite");
         break;
     case SymbolOpenCircle:
     case SymbolFilledCircle:
-        Report(surface.Ellipse(s.left, s.low, s.right, s.high), "Ellipse(1)", routine);
+        ReportUnless(surface.Ellipse(s.left, s.low, s.right, s.high), "Ellipse(1) error in WmfWrite");
         break;
     default:
         break;

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace quelmont {
+
+/// While one exists, a signal to end the process (interrupt, terminate, hang up) is remembered, so that
+/// work can stop where it leaves nothing behind. A second signal ends the process at once. Signals that
+/// were to be ignored, by nohup say, stay so.
+class StopSignals {
+public:
+    StopSignals();
+    ~StopSignals();
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+
+    /// Whether one came since the last object was made.
+    static bool Came();
+};
+
+/// A file that outgrows the process's limit fails its write, as one on a full disk does, and does not
+/// end the process. For the start of a program.
+void TakeFileLimitsAsErrors();
+
+} // namespace quelmont

@@ -1,0 +1,44 @@
+#include "output/page_scale.h"
+
+#include "core/checked_math.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "platform/machine.h"
+
+namespace quelmont {
+
+namespace {
+
+/// The printer's first pixel lies at the end of the strip that it cannot reach.
+std::int32_t OnPage(std::int32_t place, float margin, float strip, float twipsPerPixel) {
+    const double twips = (static_cast<double>(margin) - strip) * Design.PrintUnitTwips;
+    return RoundToInt32(place + Divide(twips, twipsPerPixel));
+}
+
+} // namespace
+
+double PageScale() {
+    if (!Design.PrintingNow) {
+        return 1.0;
+    }
+    return Divide(static_cast<double>(Design.PrintWidth) * Design.PrintUnitTwips,
+                  Machine().window->ScaleWidth());
+}
+
+std::int32_t DevicePenWidth() {
+    if (!Design.PrintingNow || !Design.LineWidthsScaled) {
+        return Design.PenWidth;
+    }
+    return RoundToInt32(
+        Divide((PageScale() * Design.PenWidth) * Design.TwipsPerPixelY, Design.PrinterTwipsPerPixelY));
+}
+
+std::int32_t PageX(std::int32_t x) {
+    return Design.PrintingNow ? OnPage(x, Design.PrintLeft, Design.PrinterOffsetX, Design.DevicePixelX) : x;
+}
+
+std::int32_t PageY(std::int32_t y) {
+    return Design.PrintingNow ? OnPage(y, Design.PrintTop, Design.PrinterOffsetY, Design.DevicePixelY) : y;
+}
+
+} // namespace quelmont
