@@ -1,21 +1,9 @@
-#include "commandline/design_options.h"
-#include "commandline/draw_options.h"
-#include "commandline/export_output.h"
-#include "core/core_state.h"
-#include "core/error_box.h"
-#include "core/file_numbers.h"
-#include "core/map_design.h"
-#include "exports/drawn_lines.h"
-#include "mainwindow/map_draw.h"
-#include "mainwindow/start_up.h"
-#include "output/device_pen.h"
-#include "output/dxf/dxf_color.h"
-#include "output/export_file.h"
-#include "output/fan_out.h"
+#include "exports/same_map.h"
+#include "exports/whole_draw.h"
 #include "projection/projection_table.h"
 #include "support/cgm_file.h"
-#include "support/fresh_program.h"
-#include "support/temporary_folder.h"
+#include "support/dxf_file.h"
+#include "support/wmf_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,116 +20,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-
-const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    DropExports();
-    Writers() = {};
-});
-
-using Arguments = std::vector<std::string>;
-
-/// Whole draws in a window whose pixels are as fine as logical units, so that what the window was asked to
-/// draw is a measure for what a file holds.
-class WholeDraw : public FreshProgramTest {
-protected:
-    WholeDraw() {
-        machine.screen.twipsPerPixelX = 1.0F;
-        machine.screen.twipsPerPixelY = 1.0F;
-        machine.screen.fullScreenX = 32000;
-        machine.screen.fullScreenY = 23100;
-        machine.window.scaleWidth = 32000.0;
-        machine.window.scaleHeight = 23100.0;
-        machine.places.programFolder = QUELMONT_PROGRAMS "/";
-    }
-
-    /// Everything before the draw, as quelmont-draw does it.
-    void Prepare(Arguments arguments, const std::string& output) {
-        ResetCore();
-        ResetDrawBoxes();
-        machine.window.surface.Forget();
-        arguments.push_back(output);
-        const auto options = ReadDrawOptions(arguments, "3.00");
-        ASSERT_TRUE(std::holds_alternative<DrawOptions>(options));
-        StartUp();
-        ASSERT_TRUE(ApplyOptions(std::get<DrawOptions>(options)));
-        ASSERT_EQ(ArmExport(output), "");
-    }
-
-    /// Draws to a file of that ending; what the window was asked to draw is in Screen().
-    void Draw(const Arguments& arguments, const std::string& ending) {
-        Prepare(arguments, folder / ("map." + ending));
-        MapDraw();
-        EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
-        EXPECT_FALSE(IsFileOpen(InputFileNumber));
-        EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
-    }
-    /// The same stretches with the same pens. (Printing what differs would take longer than the draws.)
-    void ExpectPicture(const std::vector<RecordedSegment>& picture) {
-        EXPECT_TRUE(machine.window.surface.Segments() == picture) << "an export changes the picture";
-    }
-    DrawnMap Screen() { return MapOfSurface(machine.window.surface); }
-    std::string File(const std::string& name) const { return ReadWholeFile(folder / name); }
-
-    std::vector<std::string> Files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
-
-    TemporaryFolder folder;
-};
-
-/// Within what the roundings of pixels, logical units and their origins can make. A lone point is two equal
-/// ones in some of the files and may come near one that moved less than that.
-constexpr int Tolerance = 3;
-
-bool Near(SurfacePoint a, SurfacePoint b) {
-    return std::abs(a.x - b.x) <= Tolerance && std::abs(a.y - b.y) <= Tolerance;
-}
-
-std::string Text(SurfacePoint point) { return std::to_string(point.x) + " " + std::to_string(point.y); }
-
-void ExpectSamePoints(const std::vector<SurfacePoint>& file, const std::vector<SurfacePoint>& screen,
-                      const std::string& what) {
-    ASSERT_EQ(file.size(), screen.size()) << what;
-    for (std::size_t i = 0; i < file.size(); ++i) {
-        ASSERT_TRUE(Near(file[i], screen[i]))
-            << what << ", point " << i << ": " << Text(file[i]) << " and " << Text(screen[i]);
-    }
-}
-
-/// Two points that round to one on the other device.
-void TakeAsOne(std::vector<SurfacePoint>& line, const std::vector<SurfacePoint>& other) {
-    if (line.size() == 2 && other.size() == 1 && Near(line[0], line[1])) {
-        line.pop_back();
-    }
-}
-
-void ExpectSameMap(const DrawnMap& file, const DrawnMap& screen, const std::string& what) {
-    ASSERT_EQ(file.lines.size(), screen.lines.size()) << what;
-    for (std::size_t i = 0; i < file.lines.size(); ++i) {
-        const std::string line = what + ", line " + std::to_string(i);
-        std::vector<SurfacePoint> written = file.lines[i].points;
-        std::vector<SurfacePoint> drawn = screen.lines[i].points;
-        TakeAsOne(written, drawn);
-        TakeAsOne(drawn, written);
-        ASSERT_NO_FATAL_FAILURE(ExpectSamePoints(written, drawn, line));
-    }
-    ExpectSamePoints(file.dots, screen.dots, what + ", dots");
-}
-
-void ExpectSameColors(const DrawnMap& file, const DrawnMap& screen) {
-    ASSERT_EQ(file.lines.size(), screen.lines.size());
-    for (std::size_t i = 0; i < file.lines.size(); ++i) {
-        if (!screen.lines[i].color.empty()) {
-            ASSERT_EQ(file.lines[i].color, screen.lines[i].color) << "line " << i;
-        }
-    }
-}
 
 /// Text files of a draw, one behind the other in the order in which they are drawn.
 DrawnMap MapOfTexts(const std::vector<std::string>& texts) {
@@ -160,32 +38,30 @@ protected:
 
 TEST_P(ExportOfEachProjection, HasTheLinesOfThePictureInEveryFormat) {
     Draw(projection, "png");
-    const std::vector<RecordedSegment> picture = machine.window.surface.Segments();
+    const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
     const DrawnMap screen = Screen();
     ASSERT_GT(screen.lines.size(), 50U);
 
     Draw(projection, "cgm");
     ExpectPicture(picture);
     const DrawnMap cgm = MapOfCgm(File("map.cgm"));
-    ExpectSameMap(cgm, screen, "cgm");
-    ExpectSameColors(cgm, screen);
+    EXPECT_EQ(Difference(cgm, screen), "") << "cgm";
 
     Draw(projection, "dxf");
     ExpectPicture(picture);
-    ExpectSameMap(MapOfDxf(File("map.dxf")), screen, "dxf");
+    EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "") << "dxf";
 
     Draw(projection, "wmf");
     ExpectPicture(picture);
     const DrawnMap wmf = MapOfWmf(File("map.wmf"));
-    ExpectSameMap(wmf, screen, "wmf");
-    ExpectSameColors(wmf, screen);
+    EXPECT_EQ(Difference(wmf, screen), "") << "wmf";
 
     EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map.dxf", "map.wmf"));
 }
 
 TEST_P(ExportOfEachProjection, HasTheLinesOfThePictureAsText) {
     Draw(projection, "png");
-    const std::vector<RecordedSegment> picture = machine.window.surface.Segments();
+    const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
     const DrawnMap screen = Screen();
     Draw(projection, "txt");
     ExpectPicture(picture);
@@ -203,7 +79,8 @@ TEST_P(ExportOfEachProjection, HasTheLinesOfThePictureAsText) {
         EXPECT_EQ(texts.lines.size(), screen.lines.size());
         EXPECT_EQ(count(texts), count(screen));
     } else {
-        ExpectSameMap(MapOfTexts({File("map-grid.txt"), File("map-Qmnt4.map.txt")}), screen, "txt");
+        EXPECT_EQ(Difference(MapOfTexts({File("map-grid.txt"), File("map-Qmnt4.map.txt")}), screen), "")
+            << "txt";
     }
 }
 
@@ -218,28 +95,37 @@ TEST_P(ExportOfEachGrid, HasTheLinesAndDotsOfThePicture) {
         const Arguments arguments{"--projection", std::to_string(projNum), "--grid-type",
                                   std::to_string(GetParam()), "--no-map"};
         const std::string what = "projection " + std::to_string(projNum) + ", ";
-        Draw(arguments, "cgm");
+        Draw(arguments, "png");
+        const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
         const DrawnMap screen = Screen();
         EXPECT_EQ(screen.lines.empty(), GetParam() >= 4) << what;
         EXPECT_EQ(screen.dots.empty(), GetParam() != 1 && GetParam() != 4) << what;
-        ExpectSameMap(MapOfCgm(File("map.cgm")), screen, what + "cgm");
+        Draw(arguments, "cgm");
+        ExpectPicture(picture);
+        EXPECT_EQ(Difference(MapOfCgm(File("map.cgm")), screen), "") << what + "cgm";
         Draw(arguments, "dxf");
-        ExpectSameMap(MapOfDxf(File("map.dxf")), screen, what + "dxf");
+        ExpectPicture(picture);
+        EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "") << what + "dxf";
         Draw(arguments, "wmf");
-        ExpectSameMap(MapOfWmf(File("map.wmf")), screen, what + "wmf");
+        ExpectPicture(picture);
+        EXPECT_EQ(Difference(MapOfWmf(File("map.wmf")), screen), "") << what + "wmf";
     }
 }
 
 TEST_P(ExportOfEachGrid, HasItsTextFiles) {
-    Draw({"--no-map", "--grid-type", std::to_string(GetParam())}, "txt");
+    const Arguments arguments{"--no-map", "--grid-type", std::to_string(GetParam())};
+    if (GetParam() == 5) {
+        // The map has nothing that a text file could hold.
+        EXPECT_THAT(Armed(arguments, folder / "map.txt"), testing::HasSubstr("no grid"));
+        return;
+    }
+    Draw(arguments, "txt");
     const DrawnMap screen = Screen();
     switch (GetParam()) {
     case 1:
         EXPECT_THAT(Files(), UnorderedElementsAre("map-grid-points.txt", "map-grid-lines.txt"));
-        ExpectSameMap({MapOfText(File("map-grid-lines.txt")).lines, {}}, {screen.lines, {}}, "lines");
-        break;
-    case 5:
-        EXPECT_THAT(Files(), IsEmpty());
+        EXPECT_EQ(Difference({MapOfText(File("map-grid-lines.txt")).lines, {}, {}}, {screen.lines, {}, {}}),
+                  "");
         break;
     default:
         EXPECT_THAT(Files(), ElementsAre("map-grid.txt"));
@@ -250,7 +136,7 @@ TEST_P(ExportOfEachGrid, HasItsTextFiles) {
              MapOfText(File(GetParam() == 1 ? "map-grid-points.txt" : "map-grid.txt")).lines) {
             dots.insert(dots.end(), line.points.begin(), line.points.end());
         }
-        ExpectSamePoints(dots, screen.dots, "dots");
+        EXPECT_EQ(Difference(dots, screen.dots), "");
     }
 }
 
@@ -267,10 +153,17 @@ TEST_F(WholeDraw, MapWithNeitherGridNorFilesIsAWholeFileAllTheSame) {
 }
 
 TEST_F(WholeDraw, MapFilesWithoutAGrid) {
-    Draw({"--grid-type", "5"}, "cgm");
-    ExpectSameMap(MapOfCgm(File("map.cgm")), Screen(), "cgm");
-    Draw({"--grid-type", "5"}, "txt");
-    EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map-Qmnt4.map.txt"));
+    const Arguments arguments{"--grid-type", "5"};
+    Draw(arguments, "cgm");
+    const DrawnMap screen = Screen();
+    EXPECT_EQ(Difference(MapOfCgm(File("map.cgm")), screen), "");
+    Draw(arguments, "dxf");
+    EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "");
+    Draw(arguments, "wmf");
+    EXPECT_EQ(Difference(MapOfWmf(File("map.wmf")), screen), "");
+    Draw(arguments, "txt");
+    EXPECT_EQ(Difference(MapOfText(File("map-Qmnt4.map.txt")), screen), "");
+    EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map.dxf", "map.wmf", "map-Qmnt4.map.txt"));
 }
 
 TEST_F(WholeDraw, NothingCrossesAMapThatIsCutInTheMiddleOfTheOcean) {
@@ -325,14 +218,34 @@ TEST_F(WholeDraw, EscapeLeavesNothingAndKeepsTheEarlierFile) {
 }
 
 TEST_F(WholeDraw, MapFileThatFailsLeavesNoExport) {
-    for (const char* ending : {"cgm", "dxf", "wmf"}) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "txt"}) {
         Prepare({}, folder / ("map." + std::string(ending)));
         Design.InputFiles[0].MapFileName = folder / "missing.map";
         MapDraw();
+        // A text file of the grid is whole before the map file begins.
+        std::filesystem::remove(folder / "map-grid.txt");
         EXPECT_THAT(Files(), IsEmpty()) << ending;
         const std::vector<AskedBox> boxes = machine.boxes.Taken();
-        ASSERT_EQ(boxes.size(), 1U);
+        ASSERT_EQ(boxes.size(), 1U) << ending;
         EXPECT_EQ(boxes[0].title, "File not found error in MapPlot");
+        EXPECT_EQ(Design.OutputFileName, "");
+    }
+}
+
+TEST_F(WholeDraw, MapFileThatIsGoneInALaterLobeLeavesNoExport) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "txt"}) {
+        std::filesystem::copy_file(QUELMONT_PROGRAMS "/Qmnt4.map", folder / "gone.map");
+        Prepare({"--projection", "42", "--map", folder / "gone.map"},
+                folder / ("map." + std::string(ending)));
+        // Beeps end the passes.
+        machine.clock.onBeep = [&] { std::filesystem::remove(folder / "gone.map"); };
+        MapDraw();
+        machine.clock.onBeep = nullptr;
+        EXPECT_FALSE(std::filesystem::exists(folder / "gone.map"));
+        std::filesystem::remove(folder / "map-grid.txt");
+        EXPECT_THAT(Files(), IsEmpty()) << ending;
+        EXPECT_FALSE(machine.boxes.Taken().empty());
+        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
     }
 }
 
@@ -351,17 +264,33 @@ TEST_F(WholeDraw, FolderThatDoesNotExistIsToldOnceAndEndsTheDraw) {
 }
 
 TEST_F(WholeDraw, TextsOfTheDesignEndTheFile) {
-    Prepare({"--no-map"}, folder / "map.cgm");
     TextItem item;
     item.TextString = "Sea";
+    item.TextFont = "Arial";
+    item.TextSize = 500;
     item.TextX = 16000;
     item.TextY = 11550;
     item.TextHeight = 500;
-    Design.TextItems = {item};
-    MapDraw();
-    const std::vector<std::string> elements = CgmBody(File("map.cgm"));
-    EXPECT_EQ(elements.back().substr(0, 5), "TEXT ");
-    EXPECT_EQ(elements.back().substr(elements.back().size() - 7), "1 'Sea'");
+    const auto draw = [&](const std::string& ending) {
+        Prepare({"--no-map"}, folder / ("map." + ending));
+        Design.TextItems = {item};
+        MapDraw();
+        return File("map." + ending);
+    };
+    const std::vector<std::string> cgm = CgmBody(draw("cgm"));
+    EXPECT_EQ(cgm.back().substr(0, 5), "TEXT ");
+    EXPECT_EQ(cgm.back().substr(cgm.back().size() - 7), "1 'Sea'");
+    const std::vector<std::string> dxf = DxfEntities(draw("dxf"));
+    EXPECT_EQ(dxf.back().substr(0, 5), "TEXT ");
+    EXPECT_THAT(dxf.back(), testing::HasSubstr(" 1=Sea "));
+    const std::vector<std::string> wmf = ReadWmf(draw("wmf")).Texts();
+    const auto text = std::find_if(wmf.begin(), wmf.end(),
+                                   [](const std::string& record) { return record.starts_with("TextOut "); });
+    ASSERT_NE(text, wmf.end());
+    EXPECT_EQ(text->substr(text->size() - 6), " 'Sea'");
+    EXPECT_EQ(std::count_if(text, wmf.end(),
+                            [](const std::string& record) { return record.starts_with("Polyline"); }),
+              0);
 }
 
 } // namespace

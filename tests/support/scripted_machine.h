@@ -152,11 +152,17 @@ class ScriptedClock : public Clock {
 public:
     /// Each reading is secondsPerReading later than the one before it.
     double SecondsSinceMidnight() const override;
-    void Beep() override { ++beeps; }
+    void Beep() override {
+        ++beeps;
+        if (onBeep) {
+            onBeep();
+        }
+    }
 
     mutable double seconds = 0.0; ///< what the next reading gives
     double secondsPerReading = 0.0;
     int beeps = 0;
+    std::function<void()> onBeep; ///< what happens at each one
 };
 
 class ScriptedPrinters : public Printers {

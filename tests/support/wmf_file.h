@@ -18,6 +18,7 @@ struct WmfRecord {
     /// "Polyline 2 0 0 25 50"; "TextOut 20 10 'Sea'", y first; of CreateFont five numbers, eight bytes and
     /// the face.
     std::string Text() const;
+    bool operator==(const WmfRecord&) const = default;
 };
 
 struct WmfFile {
