@@ -155,7 +155,13 @@ class Consumers(unittest.TestCase):
 
     def test_inkscape_reads_the_default_map_from_wmf(self):
         file = self.draw(["--projection", "robinson"], "world.wmf")
-        self.assertIsNone(shapes.difference(shapes.wmf_shapes(file.read_bytes()), inkscape(file), 1, 0.01))
+        own = shapes.wmf_shapes(file.read_bytes())
+        read = inkscape(file)
+        self.assertIsNone(shapes.difference(own, read, 1, 0.01))
+        self.assertIsNotNone(shapes.difference(own, read[1:], 1, 0.01), "a line is missing")
+        kind, points, width = read[-1]
+        moved = read[:-1] + [(kind, [(x + 5, y) for x, y in points], width)]
+        self.assertIsNotNone(shapes.difference(own, moved, 1, 0.01), "a line is moved")
 
     def test_libwmf_reads_the_lines_from_wmf(self):
         file = self.draw(shapes.sheet(self.folder), "sheet.wmf")

@@ -63,6 +63,29 @@ def read_by_ezdxf(file):
     return found, len(auditor.errors) + len(auditor.fixes)
 
 
+def read_by_gdal(file):
+    """Points of each line as GDAL reads it, a feature each."""
+    told = subprocess.run(["ogrinfo", "-al", str(file)], check=True, capture_output=True, text=True).stdout
+    found = []
+    for geometry in re.findall(r"^  (\w+ .*\(.*\))$", told, re.MULTILINE):
+        if geometry.startswith("LINESTRING ("):
+            pairs = geometry[len("LINESTRING ("):-1].split(",")
+            found.append([tuple(map(float, pair.split())) for pair in pairs])
+    assert len(found) == int(re.search(r"Feature Count: (\d+)", told).group(1))
+    return found
+
+
+def without_last_polyline(data):
+    begin = data.rindex(b"  0\r\nPOLYLINE")
+    return data[:begin] + data[data.index(b"  0\r\nENDSEC", begin):]
+
+
+def with_digit_before(data, code, entity):
+    """A one before the number of a group of the last of such entities."""
+    place = data.index(code + b"\r\n", data.rindex(b"\r\n" + entity + b"\r\n")) + len(code) + 2
+    return data[:place] + b"1" + data[place:]
+
+
 class Consumers(unittest.TestCase):
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
@@ -73,50 +96,58 @@ class Consumers(unittest.TestCase):
         shapes.draw(PROGRAM, options, self.folder / name)
         return self.folder / name
 
+    def assert_only_the_file_itself_is_read_so(self, file, read, own, changed):
+        """read tells what own says, and something else of a file without a line and of a changed one."""
+        data = file.read_bytes()
+        self.assertEqual(read(file), own)
+        file.write_bytes(without_last_polyline(data))
+        self.assertNotEqual(read(file), own, "a line is missing")
+        file.write_bytes(changed)
+        self.assertNotEqual(read(file), own, "something is changed")
+
     def test_ezdxf_reads_every_entity_of_the_sheet(self):
         for more in ([], ["--no-line-scaling"]):
             file = self.draw(shapes.sheet(self.folder) + more, "sheet.dxf")
-            entities, wrong = read_by_ezdxf(file)
-            self.assertEqual(wrong, 0)
-            self.assertEqual(entities, own_entities(file.read_bytes()))
+            self.assertEqual(read_by_ezdxf(file)[1], 0)
+            data = file.read_bytes()
+            for entity in (b"SOLID", b"CIRCLE") if more else (b"SOLID",):
+                file.write_bytes(data)
+                self.assert_only_the_file_itself_is_read_so(file, lambda name: read_by_ezdxf(name)[0],
+                                                            own_entities(data),
+                                                            with_digit_before(data, b" 10", entity))
 
-    def test_comparison_sees_a_missing_line_and_a_larger_symbol(self):
-        file = self.draw(shapes.sheet(self.folder), "sheet.dxf")
-        text = file.read_bytes().decode("ascii")
-        own = own_entities(text.encode("ascii"))
-        begin = text.rindex("  0\r\nPOLYLINE")
-        file.write_bytes((text[:begin] + text[text.index("  0\r\nENDSEC", begin):]).encode("ascii"))
-        self.assertNotEqual(read_by_ezdxf(file)[0], own)
-        solid = text.index("SOLID")
-        place = text.index(" 10\r\n", solid) + 5
-        file.write_bytes((text[:place] + "1" + text[place:]).encode("ascii"))
-        self.assertNotEqual(read_by_ezdxf(file)[0], own)
-
-    def test_ezdxf_reads_the_default_map_and_gdal_counts_it(self):
+    def test_ezdxf_reads_the_default_map(self):
         file = self.draw(["--projection", "robinson"], "world.dxf")
-        entities, wrong = read_by_ezdxf(file)
-        self.assertEqual(wrong, 0)
-        self.assertGreater(len(entities), 9000)
-        self.assertEqual(entities, own_entities(file.read_bytes()))
-        told = subprocess.run(["ogrinfo", "-al", "-so", str(file)], check=True, capture_output=True,
-                              text=True).stdout
-        self.assertEqual(int(re.search(r"Feature Count: (\d+)", told).group(1)), len(entities))
-        extent = [float(number) for number in re.search(r"Extent: \((.*)\)", told).group(1)
-                  .replace(") - (", ", ").split(", ")]
-        x, y = zip(*(point for entity in entities for point in entity["points"]))
-        self.assertEqual(extent, [min(x), min(y), max(x), max(y)])
+        self.assertEqual(read_by_ezdxf(file)[1], 0)
+        data = file.read_bytes()
+        own = own_entities(data)
+        self.assertGreater(len(own), 9000)
+        self.assert_only_the_file_itself_is_read_so(file, lambda name: read_by_ezdxf(name)[0], own,
+                                                    with_digit_before(data, b" 20", b"VERTEX"))
+
+    def test_gdal_reads_every_line_of_the_default_map(self):
+        file = self.draw(["--projection", "robinson"], "world.dxf")
+        data = file.read_bytes()
+        self.assert_only_the_file_itself_is_read_so(file, read_by_gdal,
+                                                    [entity["points"] for entity in own_entities(data)],
+                                                    with_digit_before(data, b" 20", b"VERTEX"))
 
     def test_imagemagick_sees_the_same_pixels_in_bmp_and_png(self):
-        pixels = []
-        for name in ("map.bmp", "map.png"):
-            # An odd width, so that rows have padding.
-            file = self.draw(["--projection", "robinson", "--window", "641x401"], name)
+        def pixels(file):
             told = subprocess.run(["identify", "-format", "%m %w %h %#", str(file)], check=True,
                                   capture_output=True, text=True).stdout.split()
-            pixels.append(told[1:])
             self.assertIn(told[0], ("BMP", "BMP3", "PNG"))
-        self.assertEqual(pixels[0], pixels[1])
-        self.assertEqual(pixels[0][:2], ["641", "401"])
+            return told[1:]
+
+        # An odd width, so that rows have padding.
+        bmp, png = (self.draw(["--projection", "robinson", "--window", "641x401"], name)
+                    for name in ("map.bmp", "map.png"))
+        self.assertEqual(pixels(bmp), pixels(png))
+        self.assertEqual(pixels(bmp)[:2], ["641", "401"])
+        data = bytearray(bmp.read_bytes())
+        data[-100] ^= 0xFF
+        bmp.write_bytes(data)
+        self.assertNotEqual(pixels(bmp), pixels(png), "a pixel is changed")
 
 
 if __name__ == "__main__":
