@@ -91,7 +91,7 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
     }
     if (const std::string reason = ArmExport(options.output); !reason.empty()) {
         errors << Program << options.output << ": " << reason << ".\n";
-        return ExitFailed;
+        return ExitWrongUsage;
     }
     machine.window.Cls();
     MapDraw();

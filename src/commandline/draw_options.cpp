@@ -219,6 +219,7 @@ void OptionTable::AddPicture() {
         [this](const std::string& value) { options.percent = NumberValue(value, 10, 100); });
     app.add_flag("--no-line-scaling", options.noLineScaling,
                  "Narrowest lines in .cgm, .dxf, .wmf, not a share of the map")
+        ->disable_flag_override()
         ->group(group);
     Add("--text-scale", "1..1000", "Size of text in .cgm and .dxf, percent (100)",
         [this](const std::string& value) { options.textScale = NumberValue(value, 1, 1000); });

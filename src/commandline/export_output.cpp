@@ -2,8 +2,9 @@
 
 #include "core/file_names.h"
 #include "core/map_design.h"
+#include "core/replaced_file.h"
 #include "mainwindow/file_writers.h"
-#include "output/dxf/dxf_color.h"
+#include "pickers/color_table.h"
 
 #include <algorithm>
 #include <array>
@@ -27,6 +28,8 @@ constexpr std::array Endings = std::to_array<Ending>({
     {"TXT", OutputFormat::Ascii},
 });
 
+constexpr int NoCell = -1;
+
 /// A colour as RRGGBB.
 std::string Written(ColorValue color) {
     std::array<char, 8> text = {};
@@ -35,13 +38,14 @@ std::string Written(ColorValue color) {
     return text.data();
 }
 
+/// Strict readers refuse a colour without a number. Those of the picker all have one.
 std::string ColorWithoutNumber(ColorValue color) {
     const ColorValue bits = ColorBits(color);
-    if (!DxfColor(bits).empty()) {
+    if (CellOfColor(bits, NoCell) != NoCell) {
         return "";
     }
     return "a DXF file cannot have the colour " + Written(bits) + "; the nearest that it can have is " +
-           Written(NearestIndexedColor(bits));
+           Written(NearestTableColor(bits));
 }
 
 /// Colours of what will be drawn.
@@ -55,6 +59,34 @@ std::string ColorThatDxfLacks() {
         }
     }
     return reason;
+}
+
+/// Text files that would not all be there at the end.
+std::string TextFilesThatCollide() {
+    const std::vector<std::string>& names = Design.AsciiFileName;
+    if (names.empty()) {
+        return "there is no grid and there are no map files to be written";
+    }
+    for (auto name = names.begin(); name != names.end(); ++name) {
+        const auto same = std::find_if(names.begin(), name,
+                                       [&](const std::string& before) { return IsSameFile(before, *name); });
+        if (same != name) {
+            return *same + " and " + *name + " are the same file";
+        }
+    }
+    return "";
+}
+
+/// A map file that an output would replace.
+std::string MapFileThatIsLost(const std::vector<std::string>& outputs) {
+    for (const std::string& output : outputs) {
+        for (const InputFileEntry& file : Design.InputFiles) {
+            if (IsSameFile(output, file.MapFileName)) {
+                return "it would replace the map file " + file.MapFileName;
+            }
+        }
+    }
+    return "";
 }
 
 } // namespace
@@ -88,34 +120,39 @@ std::vector<std::string> AsciiOutputs(const std::string& output) {
 }
 
 std::string ArmExport(const std::string& output) {
-    switch (OutputFormatOf(output)) {
+    const OutputFormat format = OutputFormatOf(output);
+    std::vector<std::string> outputs{output};
+    std::string reason;
+    switch (format) {
     case OutputFormat::Cgm:
         Design.CgmFileName = output;
-        Design.OutputCgm = true;
         break;
-    case OutputFormat::Dxf: {
-        const std::string reason = ColorThatDxfLacks();
-        if (!reason.empty()) {
-            return reason;
-        }
+    case OutputFormat::Dxf:
         Design.DxfFileName = output;
-        Design.OutputDxf = true;
+        reason = ColorThatDxfLacks();
         break;
-    }
     case OutputFormat::Wmf:
         Design.WmfFileName = output;
-        Design.OutputWmf = true;
-        ArmMetafile();
         break;
     case OutputFormat::Ascii:
-        Design.AsciiFileName = AsciiOutputs(output);
-        if (Design.AsciiFileName.empty()) {
-            return "there is no grid and there are no map files to be written";
-        }
-        Design.OutputAscii = true;
+        outputs = Design.AsciiFileName = AsciiOutputs(output);
+        reason = TextFilesThatCollide();
         break;
     default:
         break;
+    }
+    if (reason.empty()) {
+        reason = MapFileThatIsLost(outputs);
+    }
+    if (!reason.empty()) {
+        return reason;
+    }
+    Design.OutputCgm = format == OutputFormat::Cgm;
+    Design.OutputDxf = format == OutputFormat::Dxf;
+    Design.OutputWmf = format == OutputFormat::Wmf;
+    Design.OutputAscii = format == OutputFormat::Ascii;
+    if (Design.OutputWmf) {
+        ArmMetafile();
     }
     return "";
 }

@@ -11,8 +11,8 @@ enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Ascii, Unknown };
 OutputFormat OutputFormatOf(const std::string& name);
 
 /// Arms the export of the output's format for the next draw; the pictures need none. Returns why it
-/// cannot be: a colour that a DXF file has no number for, with the nearest one that it has, or nothing that
-/// a text file could hold.
+/// cannot be: an output that is one of the map files, a colour that a DXF file cannot have, with the nearest
+/// one that it can, text files that are the same file or that nothing would be written to.
 std::string ArmExport(const std::string& output);
 
 /// The names of the text files that an ASCII export of the design writes: the grid's, then one for

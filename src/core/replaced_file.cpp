@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quelmont {
@@ -16,13 +17,50 @@ namespace {
 /// Bytes of a name in a folder.
 constexpr std::size_t LongestName = 255;
 
+/// Where links lead to, be it nowhere. One that leads back to itself is itself.
+std::filesystem::path EndOfLinks(const std::filesystem::path& path) {
+    constexpr int mostLinks = 40;
+    std::filesystem::path end = path;
+    std::error_code failure;
+    for (int link = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(end, failure)); ++link) {
+        const std::filesystem::path next = std::filesystem::read_symlink(end, failure);
+        if (link == mostLinks || failure) {
+            return path;
+        }
+        end = end.parent_path() / next; // next alone when it begins at the root
+    }
+    return end;
+}
+
+/// A file that replaces another one is as private and as much its owner's as that was, as far as this
+/// process may say so.
+void TakeOwnerAndMode(const std::string& name, const std::string& from) {
+    struct stat facts = {};
+    if (stat(from.c_str(), &facts) == 0 && S_ISREG(facts.st_mode)) {
+        constexpr mode_t modeBits = 0777;
+        [[maybe_unused]] const int owner = chown(name.c_str(), facts.st_uid, facts.st_gid);
+        [[maybe_unused]] const int mode = chmod(name.c_str(), facts.st_mode & modeBits);
+    }
+}
+
 } // namespace
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    const std::filesystem::path one = std::filesystem::weakly_canonical(EndOfLinks(a), ignored);
+    const std::filesystem::path other = std::filesystem::weakly_canonical(EndOfLinks(b), ignored);
+    return a == b || (!one.empty() && one == other);
+}
 
 std::string ReplacedFileName(const std::string& path) {
     std::error_code ignored;
     const std::filesystem::path target = std::filesystem::canonical(path, ignored);
     if (target.empty()) {
-        return path;
+        const std::filesystem::path end = EndOfLinks(path);
+        if (end.filename().native().size() > LongestName) {
+            throw RunTimeError(ErrorBadFileNumber);
+        }
+        return end.string();
     }
     if (!std::filesystem::is_regular_file(target, ignored)) {
         throw RunTimeError(ErrorPathFileAccess);
@@ -63,6 +101,7 @@ TemporaryFile::~TemporaryFile() {
 }
 
 void TemporaryFile::MoveTo(const std::string& target) {
+    TakeOwnerAndMode(name, target);
     ReplaceFile(target, name);
     moved = true;
 }

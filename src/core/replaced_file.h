@@ -7,10 +7,13 @@
 namespace quelmont {
 
 /// The file that a name leads to, links followed, so that a link stays a link when its file is
-/// replaced. A name that leads to nothing is itself. RunTimeError "Path/File access error" for what is
-/// no plain file, "Permission denied" for one that may not be written: the folder alone would let it be
-/// replaced.
+/// replaced; it need not exist. RunTimeError "Path/File access error" for what is no plain file,
+/// "Permission denied" for one that may not be written (the folder alone would let it be replaced), "Bad
+/// file name or number" for a name that no folder can hold.
 std::string ReplacedFileName(const std::string& path);
+
+/// Whether two names lead to the same file, or would if it existed.
+bool IsSameFile(const std::string& a, const std::string& b);
 
 /// A file, or a folder with all that is in it, that is removed at the end unless it was put in the
 /// place of its target. Nothing is made; that is for its writer.
@@ -25,8 +28,8 @@ public:
 
     const std::string& Name() const { return name; }
 
-    /// Takes the place of a file in the same folder. RunTimeError "Permission denied", "Path/File access
-    /// error"; the earlier file stays then.
+    /// Takes the place of a file in the same folder, and who may read and write it. RunTimeError "Permission
+    /// denied", "Path/File access error"; the earlier file stays then.
     void MoveTo(const std::string& target);
 
 private:

@@ -1,5 +1,6 @@
 #include "pickers/color_table.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace quelmont {
@@ -19,12 +20,30 @@ constexpr std::array<std::string_view, 15> RampNames = {
     "azure", "blue", "violet", "magenta", "rose",         "brown", "dull hue",
 };
 
+std::int32_t Distance(ColorValue a, ColorValue b) {
+    std::int32_t sum = 0;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const auto difference =
+            static_cast<std::int32_t>(a >> shift & 0xFFU) - static_cast<std::int32_t>(b >> shift & 0xFFU);
+        sum += difference * difference;
+    }
+    return sum;
+}
+
 std::string PartsInWords(ColorValue color) {
     return "red " + std::to_string(color & 0xFFU) + ", green " + std::to_string(color >> 8U & 0xFFU) +
            ", blue " + std::to_string(color >> 16U & 0xFFU);
 }
 
 } // namespace
+
+ColorValue NearestTableColor(ColorValue color) {
+    const auto* const nearest =
+        std::min_element(ColorTable.begin(), ColorTable.end(), [&](std::uint32_t a, std::uint32_t b) {
+            return Distance(FromRedGreenBlue(a), color) < Distance(FromRedGreenBlue(b), color);
+        });
+    return FromRedGreenBlue(*nearest);
+}
 
 int CellOfColor(ColorValue color, int preferred) {
     const ColorValue bits = ColorBits(color);

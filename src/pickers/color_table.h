@@ -55,6 +55,9 @@ static_assert(RowMatchesStandardColors(), "the first row holds the standard colo
 /// The colour of a cell, 0 to 255.
 constexpr ColorValue ColorOfCell(std::size_t cell) { return FromRedGreenBlue(ColorTable[cell]); }
 
+/// The colour of the table that is nearest to a colour by the sum of the squared differences of their parts.
+ColorValue NearestTableColor(ColorValue color);
+
 /// The cell that shows a colour: preferred, if it does (0 to 255), else the first one that does; -1 when
 /// none does. Some colours stand in several cells.
 int CellOfColor(ColorValue color, int preferred);

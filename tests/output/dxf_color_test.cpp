@@ -43,11 +43,5 @@ TEST(DxfColor, NegativeColourHasNoNumber) { EXPECT_EQ(DxfColor(0x800000FF), "");
 
 TEST(DxfColor, ColourOutsideOfTheTableHasNoNumber) { EXPECT_EQ(DxfColor(0x123456), ""); }
 
-TEST(DxfColor, NearestColourOfTheTable) {
-    EXPECT_EQ(NearestIndexedColor(0x0000FF), 0x0000FFU);
-    EXPECT_EQ(NearestIndexedColor(0x000002), 0x000001U);
-    EXPECT_EQ(NearestIndexedColor(0xFEFEFE), 0xFFFFFFU);
-}
-
 } // namespace
 } // namespace quelmont

@@ -54,6 +54,14 @@ TEST(ColorTable, ColourIsFoundInThePreferredCellElseInTheFirst) {
 
 TEST(ColorTable, ColourThatIsNotThereHasNoCell) { EXPECT_EQ(CellOfColor(Rgb(1, 0, 0), 0), -1); }
 
+TEST(ColorTable, NearestColourIsTheOneWithTheLeastSquares) {
+    EXPECT_EQ(NearestTableColor(0x0000FF), 0x0000FFU);
+    EXPECT_EQ(NearestTableColor(0x000008), 0x000000U);
+    EXPECT_EQ(NearestTableColor(0xFEFEFE), 0xFFFFFFU);
+    // 0x663300 (0x003366 written) is 16 + 1 + 18 off in each part: 0x123456 lies nowhere nearer.
+    EXPECT_EQ(NearestTableColor(Rgb(0x12, 0x34, 0x56)), Rgb(0x00, 0x33, 0x66));
+}
+
 TEST(ColorTable, CellsAreToldInWords) {
     EXPECT_EQ(CellInWords(4), "dark red: red 128, green 0, blue 0");
     EXPECT_EQ(CellInWords(15), "white: red 255, green 255, blue 255");

@@ -3,11 +3,11 @@
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
+#include "core/replaced_file.h"
 #include "platform/machine.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
 #include <system_error>
 
 namespace quelmont {
@@ -142,7 +142,13 @@ bool AscOutput::ReplacementsAllowed() const {
 }
 
 bool AscOutput::NamesDiffer() const {
-    if (std::set<std::string>(names.begin(), names.end()).size() == names.size()) {
+    bool differ = true;
+    for (std::size_t row = 0; row < names.size(); ++row) {
+        differ =
+            differ && std::none_of(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(row),
+                                   [&](const std::string& above) { return IsSameFile(above, names[row]); });
+    }
+    if (differ) {
         return true;
     }
     Machine().boxes->Ask("Error: Duplicate Filename", "The output files must have\ndifferent filenames.",

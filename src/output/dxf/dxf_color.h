@@ -119,7 +119,4 @@ constexpr std::array IndexedColors = std::to_array<IndexedColor>({
 /// The text of a colour's number, empty for a colour that has none. The palette flag is taken off.
 std::string DxfColor(ColorValue color);
 
-/// The colour of the table that is nearest to a colour by the sum of the squared differences.
-ColorValue NearestIndexedColor(ColorValue color);
-
 } // namespace quelmont
