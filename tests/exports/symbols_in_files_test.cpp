@@ -1,4 +1,3 @@
-#include "exports/same_map.h"
 #include "exports/whole_draw.h"
 #include "support/cgm_file.h"
 
@@ -64,22 +63,10 @@ protected:
 };
 
 TEST_F(SymbolsInFiles, SheetIsTheWindowsInEveryFormat) {
-    const Arguments sheet = Sheet();
-    Draw(sheet, "png");
-    const DrawnMap screen = Screen();
-    ASSERT_EQ(screen.symbols.size(), 30U);
-    ASSERT_EQ(screen.dots.size(), 3U);
-    ASSERT_EQ(screen.lines.size(), 5U);
-    const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
-    Draw(sheet, "cgm");
-    EXPECT_EQ(Difference(MapOfCgm(File("map.cgm")), screen), "");
-    ExpectPicture(picture);
-    Draw(sheet, "dxf");
-    EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "");
-    ExpectPicture(picture);
-    Draw(sheet, "wmf");
-    EXPECT_EQ(Difference(MapOfWmf(File("map.wmf")), screen), "");
-    ExpectPicture(picture);
+    const DrawnMap screen = ExpectSameInEachFormat(Sheet());
+    EXPECT_EQ(screen.symbols.size(), 30U);
+    EXPECT_EQ(screen.dots.size(), 3U);
+    EXPECT_EQ(screen.lines.size(), 5U);
 }
 
 TEST_F(SymbolsInFiles, SheetHasEachTypeOnceInEachSize) {
@@ -192,20 +179,9 @@ TEST_F(SymbolsInFiles, DotsOfLaterLobesAreFilledBehindOpenShapes) {
     const Arguments arguments{
         "--projection", "42", "--grid-type",   "4",  "--map", MapFile("one.map", {{10, 10}}),
         "--symbol",     "11", "--symbol-size", "300"};
-    Draw(arguments, "png");
-    const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
-    const DrawnMap screen = Screen();
-    ASSERT_GT(screen.dots.size(), 100U);
-    ASSERT_EQ(screen.symbols.size(), 1U);
-    Draw(arguments, "cgm");
-    ExpectPicture(picture);
-    EXPECT_EQ(Difference(MapOfCgm(File("map.cgm")), screen), "");
-    Draw(arguments, "dxf");
-    ExpectPicture(picture);
-    EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "");
-    Draw(arguments, "wmf");
-    ExpectPicture(picture);
-    EXPECT_EQ(Difference(MapOfWmf(File("map.wmf")), screen), "");
+    const DrawnMap screen = ExpectSameInEachFormat(arguments);
+    EXPECT_GT(screen.dots.size(), 100U);
+    EXPECT_EQ(screen.symbols.size(), 1U);
 }
 
 /// Lines of so many points, and one behind them.
@@ -231,17 +207,10 @@ protected:
 
 TEST_P(LongLinesInFiles, ArriveWholeAndNothingLeadsToTheNextLine) {
     const Arguments arguments = LongLine();
-    Draw(arguments, "png");
-    const DrawnMap screen = Screen();
+    const DrawnMap screen = ExpectSameInEachFormat(arguments);
     ASSERT_EQ(screen.lines.size(), 2U);
-    ASSERT_EQ(screen.lines[0].points.size(), static_cast<std::size_t>(GetParam()));
-    ASSERT_EQ(screen.lines[1].points.size(), 2U);
-    Draw(arguments, "cgm");
-    EXPECT_EQ(Difference(MapOfCgm(File("map.cgm")), screen), "");
-    Draw(arguments, "dxf");
-    EXPECT_EQ(Difference(MapOfDxf(File("map.dxf")), screen), "");
-    Draw(arguments, "wmf");
-    EXPECT_EQ(Difference(MapOfWmf(File("map.wmf")), screen), "");
+    EXPECT_EQ(screen.lines[0].points.size(), static_cast<std::size_t>(GetParam()));
+    EXPECT_EQ(screen.lines[1].points.size(), 2U);
     Draw(arguments, "txt");
     EXPECT_EQ(Difference(MapOfText(File("map-long.map.txt")), screen), "");
 }

@@ -8,6 +8,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "exports/drawn_lines.h"
+#include "exports/same_map.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
 #include "output/device_pen.h"
@@ -21,6 +22,8 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quelmont {
@@ -80,16 +83,25 @@ protected:
     void ExpectPicture(const std::vector<SurfaceCall>& picture) {
         EXPECT_TRUE(machine.window.surface.Calls() == picture) << "an export changes the picture";
     }
+    /// The same map in each format with a writer of lines and symbols, and no other picture than without an
+    /// export. Returns what the window shows.
+    DrawnMap ExpectSameInEachFormat(const Arguments& arguments, const std::string& what = "") {
+        Draw(arguments, "png");
+        const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
+        const DrawnMap screen = Screen();
+        const std::pair<const char*, DrawnMap (*)(std::string_view)> formats[] = {
+            {"cgm", MapOfCgm}, {"dxf", MapOfDxf}, {"wmf", MapOfWmf}};
+        for (const auto& [ending, map] : formats) {
+            Draw(arguments, ending);
+            ExpectPicture(picture);
+            EXPECT_EQ(Difference(map(File("map." + std::string(ending))), screen), "") << what << ending;
+        }
+        return screen;
+    }
     DrawnMap Screen() { return MapOfSurface(machine.window.surface); }
     std::string File(const std::string& name) const { return ReadWholeFile(folder / name); }
 
-    std::vector<std::string> Files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::vector<std::string> Files() const { return folder.Names(); }
 
     TemporaryFolder folder;
 };

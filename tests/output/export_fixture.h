@@ -8,7 +8,6 @@
 #include "support/fresh_program.h"
 #include "support/temporary_folder.h"
 
-#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -86,8 +85,8 @@ protected:
         CloseStretch();
     }
 
-    /// A text of twelve points at a quarter of the width, 8000 units, and at a tenth of the height from above:
-    /// 23100 - 2310.
+    /// A text of twelve points at a quarter of the width, 8000 units, and at a tenth of the height from
+    /// above: 23100 - 2310.
     static TextItem TextOfMap(const std::string& text, ColorValue color) {
         TextItem item;
         item.TextString = text;
@@ -102,13 +101,7 @@ protected:
     }
 
     /// Names in the folder of the exports.
-    std::vector<std::string> Files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::vector<std::string> Files() const { return folder.Names(); }
 
     TemporaryFolder folder;
     const std::string target = folder / "map";

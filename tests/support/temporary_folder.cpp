@@ -21,6 +21,14 @@ TemporaryFolder::~TemporaryFolder() {
     std::filesystem::remove_all(path, ignored);
 }
 
+std::vector<std::string> TemporaryFolder::Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path)) {
+        names.push_back(entry.path().filename().string());
+    }
+    return names;
+}
+
 std::string ReadWholeFile(const std::string& name) {
     std::ifstream file(name, std::ios::binary);
     std::ostringstream contents;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quelmont {
 
@@ -17,6 +18,8 @@ public:
     const std::string& Path() const { return path; }
     /// The path of something in it.
     std::string operator/(std::string_view name) const { return path + "/" + std::string(name); }
+    /// What lies in it, in no order.
+    std::vector<std::string> Names() const;
 
 private:
     std::string path;
