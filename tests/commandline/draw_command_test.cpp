@@ -1,14 +1,8 @@
 #include "commandline/draw_command.h"
 
-#include "core/core_state.h"
-#include "core/file_numbers.h"
-#include "core/map_design.h"
-#include "core/run_time_error.h"
+#include "draw_command_fixture.h"
 #include "output/device_pen.h"
 #include "projection/projection_table.h"
-#include "support/failing_file.h"
-#include "support/fresh_program.h"
-#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,24 +23,8 @@ using testing::StartsWith;
 
 const FreshRoom FreshOutput(ResetDevicePen);
 
-struct Outcome {
-    int code = -1;
-    std::string output;
-    std::string errors;
-};
-
-class DrawCommandOf : public FreshProgramTest {
+class DrawCommandOf : public DrawCommandTest {
 protected:
-    Outcome Run(std::vector<std::string> arguments) {
-        ResetCore();
-        std::ostringstream output;
-        std::ostringstream errors;
-        const int code = DrawCommand(arguments, output, errors);
-        EXPECT_FALSE(IsFileOpen(InputFileNumber));
-        EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-        return {code, output.str(), errors.str()};
-    }
-
     QImage Picture(const char* name) const {
         return QImage(QString::fromStdString(folder / name)).convertToFormat(QImage::Format_RGB32);
     }
@@ -62,7 +40,6 @@ protected:
         return count;
     }
 
-    TemporaryFolder folder;
     const std::string picture = folder / "a.png";
 };
 
@@ -152,7 +129,7 @@ TEST_F(DrawCommandOf, RefusedDesignTellsItsBoxAndWritesNothing) {
 
 TEST_F(DrawCommandOf, MissingMapFileTellsItsBoxAndWritesWhatCameBefore) {
     const std::string missing = folder / "missing.map";
-    const std::string world = std::filesystem::canonical("/proc/self/exe").parent_path() / "Qmnt4.map";
+    const std::string world = World();
     ASSERT_EQ(Run({"--window", "400x300", picture}).code, ExitDone);
     const Outcome outcome = Run({"--window", "400x300", "--map", world, "--map", missing, "--map", world,
                                  "--feature-color", "FF00FE", folder / "b.png"});

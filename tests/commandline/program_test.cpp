@@ -5,30 +5,48 @@
 
 #include <QImage>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <utility>
+#include <vector>
 
+#include <fcntl.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace quelmont {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 class Program : public testing::Test {
 protected:
     /// Runs the program through the shell in the folder; its streams go to the files out and err
-    /// unless the line says otherwise. Gives the exit code, or -1 when it was killed.
-    int Run(const std::string& line) const {
+    /// unless the line says otherwise. Gives the exit code, or -1 when it was killed. Something else
+    /// may come before it in the shell.
+    int Run(const std::string& line, const std::string& before = "") const {
         const std::string command =
-            "cd '" + folder.Path() + "' && >out 2>err '" + QUELMONT_DRAW + "' " + line;
-        const int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+            "cd '" + folder.Path() + "' && " + before + ">out 2>err '" + QUELMONT_DRAW + "' " + line;
+        return ExitCode(std::system(command.c_str()));
     }
+    static int ExitCode(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -1; }
     std::string Output() const { return ReadWholeFile(folder / "out"); }
     std::string Errors() const { return ReadWholeFile(folder / "err"); }
+
+    std::vector<std::string> Files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+            names.push_back(entry.path().filename().string());
+        }
+        return names;
+    }
 
     TemporaryFolder folder;
 };
@@ -120,6 +138,80 @@ TEST_F(Program, FailsWhenThePictureCannotBeWritten) {
     EXPECT_EQ(Run("--no-map full.png"), 1);
     EXPECT_EQ(Errors(), "quelmont-draw: full.png: Path/File access error\n");
 }
+
+TEST_F(Program, FileThatOutgrowsItsLimitIsAFullDisk) {
+    const std::vector<std::pair<std::string, std::string>> failures = {
+        {"cgm", "Error: Disk full\n"},
+        {"dxf", "Error: Disk full\n"},
+        {"wmf", "Windows API Error\nhwrite error in SaveMetafileToDisk\n"},
+        {"bmp", "Error in BmpSave\nError: Disk full\n"},
+        {"png", "quelmont-draw: a.png: Disk full\n"},
+    };
+    for (const auto& [ending, failure] : failures) {
+        EXPECT_EQ(Run("a." + ending, "ulimit -f 8 && "), 1) << ending; // 4 or 8 kB, by the shell
+        EXPECT_THAT(Errors(), EndsWith(failure)) << ending;
+        EXPECT_THAT(Files(), UnorderedElementsAre("out", "err")) << ending;
+    }
+    EXPECT_EQ(Run("a.txt", "ulimit -f 8 && "), 1);
+    EXPECT_EQ(Errors(), "Error in ScaleXY\nError: Disk full\n");
+    EXPECT_THAT(Files(), UnorderedElementsAre("out", "err", "a-grid.txt")) << "which is whole";
+}
+
+/// The program with a map file on which it draws for about a second.
+class LongDraw : public Program, public testing::WithParamInterface<std::pair<const char*, const char*>> {
+protected:
+    LongDraw() {
+        // Records of a code (1000: a coastline begins, 0: it goes on) and two angles in minutes, low
+        // byte first: a long zigzag between 0 and 4096 minutes.
+        const std::string turns = std::string("\0\0\0\x10\0\0", 6) + std::string("\0\0\0\0\0\x10", 6);
+        std::string map = std::string("\xE8\x03\0\0\0\0", 6);
+        for (int turn = 0; turn < 3'000'000; ++turn) {
+            map += turns;
+        }
+        WriteWholeFile(folder / "big.map", map);
+    }
+
+    /// Runs the program in the folder and sends it a signal as soon as it writes what shall become a file.
+    /// Gives the exit code.
+    int RunUntilItWrites(const char* output, const std::string& file, int signal) const {
+        const pid_t child = fork();
+        if (child == 0) {
+            const int errors = open((folder / "err").c_str(), O_WRONLY | O_CREAT, 0666);
+            dup2(errors, STDERR_FILENO);
+            if (chdir(folder.Path().c_str()) == 0) {
+                execl(QUELMONT_DRAW, QUELMONT_DRAW, "--map", "big.map", output, nullptr);
+            }
+            _exit(127);
+        }
+        const std::string temporary = folder / (file + "." + std::to_string(child) + ".tmp");
+        int status = 0;
+        while (!std::filesystem::exists(temporary)) {
+            if (waitpid(child, &status, WNOHANG) != 0) {
+                ADD_FAILURE() << "the program ended without a trace of " << temporary;
+                return ExitCode(status);
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        kill(child, signal);
+        waitpid(child, &status, 0);
+        return ExitCode(status);
+    }
+};
+
+TEST_P(LongDraw, SignalStopsItAndLeavesTheEarlierFile) {
+    const auto& [output, file] = GetParam();
+    WriteWholeFile(folder / file, "earlier");
+    EXPECT_EQ(RunUntilItWrites(output, file, SIGTERM), 1);
+    EXPECT_EQ(Errors(), "quelmont-draw: stopped\n");
+    EXPECT_EQ(ReadWholeFile(folder / file), "earlier");
+    std::filesystem::remove(folder / "a-grid.txt"); // which was whole before
+    EXPECT_THAT(Files(), UnorderedElementsAre("err", "big.map", file));
+}
+
+INSTANTIATE_TEST_SUITE_P(Exports, LongDraw,
+                         testing::Values(std::pair("a.cgm", "a.cgm"), std::pair("a.dxf", "a.dxf"),
+                                         std::pair("a.wmf", "a.wmf"), std::pair("a.txt", "a-big.map.txt")),
+                         [](const auto& test) { return std::string(test.param.first).substr(2); });
 
 TEST_F(Program, WritesTheSameUnderAGermanLocaleAndWithoutAHome) {
     EXPECT_EQ(Run("--no-map a.png"), 0);

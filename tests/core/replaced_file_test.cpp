@@ -1,6 +1,7 @@
 #include "core/replaced_file.h"
 
 #include "core/run_time_error.h"
+#include "support/hard_times.h"
 #include "support/run_time_errors.h"
 #include "support/temporary_folder.h"
 
@@ -8,13 +9,19 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quelmont {
 namespace {
 
 using testing::IsEmpty;
+
+/// What stands behind the target's name.
+const std::string Ending = "." + std::to_string(getpid()) + ".tmp";
+const std::string SecondEnding = "." + std::to_string(getpid()) + "-2.tmp";
 
 std::string NamesIn(const std::string& folder) {
     std::string names;
@@ -25,7 +32,69 @@ std::string NamesIn(const std::string& folder) {
 }
 
 TEST(TemporaryFile, LiesBesideItsTargetUnderTheNumberOfTheProcess) {
-    EXPECT_EQ(TemporaryFile("maps/world.map").Name(), "maps/world.map." + std::to_string(getpid()) + ".tmp");
+    EXPECT_EQ(TemporaryFile("maps/world.map").Name(), "maps/world.map" + Ending);
+}
+
+TEST(TemporaryFile, LongNameIsCutUntilItFitsAFolder) {
+    // 255 bytes is what a name may have; the folders before it count for nothing.
+    const std::string folder = std::string(200, 'd') + "/" + std::string(255, 'e') + "/";
+    const std::size_t room = 255 - Ending.size();
+    const std::string fitting(room, 'f');
+    EXPECT_EQ(TemporaryFile(folder + fitting).Name(), folder + fitting + Ending);
+    EXPECT_EQ(TemporaryFile(folder + fitting + "g").Name(), folder + fitting + Ending);
+    EXPECT_EQ(TemporaryFile(folder + std::string(255, 'f')).Name(), folder + fitting + Ending);
+    EXPECT_EQ(TemporaryFile(std::string(255, 'f')).Name(), fitting + Ending);
+}
+
+TEST(TemporaryFile, LongNamesCanBeWrittenAndPutInPlace) {
+    const TemporaryFolder folder;
+    const std::string target = folder / std::string(255, 'f');
+    {
+        TemporaryFile file(target);
+        WriteWholeFile(file.Name(), "whole");
+        file.MoveTo(target);
+    }
+    EXPECT_EQ(ReadWholeFile(target), "whole");
+    EXPECT_EQ(NamesIn(folder.Path()), std::string(255, 'f') + " ");
+}
+
+TEST(TemporaryFile, NameThatIsTakenIsPassedOver) {
+    const TemporaryFolder folder;
+    const std::string taken = folder / ("a.map" + Ending);
+    const auto passOver = [&] {
+        const TemporaryFile file(folder / "a.map");
+        EXPECT_EQ(file.Name(), folder / ("a.map" + SecondEnding));
+        WriteWholeFile(file.Name(), "half");
+    };
+    WriteWholeFile(taken, "somebody's");
+    passOver();
+    EXPECT_EQ(ReadWholeFile(taken), "somebody's");
+    std::filesystem::remove(taken);
+    std::filesystem::create_directory(taken);
+    WriteWholeFile(taken + "/a", "somebody's");
+    passOver();
+    EXPECT_EQ(ReadWholeFile(taken + "/a"), "somebody's");
+    std::filesystem::remove_all(taken);
+    std::filesystem::create_symlink(folder / "nowhere", taken);
+    passOver();
+    EXPECT_EQ(std::filesystem::read_symlink(taken), folder / "nowhere");
+    EXPECT_EQ(NamesIn(folder.Path()), "a.map" + Ending + " ") << "nothing came where the link leads";
+}
+
+TEST(TemporaryFile, TwoOfOneTargetAreTwoFiles) {
+    const TemporaryFolder folder;
+    for (const std::string& title : {std::string("a.map"), std::string(255, 'f')}) {
+        const std::string target = folder / title;
+        auto first = std::make_unique<TemporaryFile>(target);
+        WriteWholeFile(first->Name(), "first");
+        TemporaryFile second(target);
+        WriteWholeFile(second.Name(), "second");
+        EXPECT_EQ(second.Name(), folder / (title.substr(0, 255 - SecondEnding.size()) + SecondEnding));
+        EXPECT_EQ(ReadWholeFile(first->Name()), "first");
+        first.reset();
+        second.MoveTo(target);
+        EXPECT_EQ(ReadWholeFile(target), "second");
+    }
 }
 
 TEST(TemporaryFile, IsRemovedUnlessItWasPutInPlace) {
@@ -76,6 +145,21 @@ TEST(ReplacedFile, IsWhereALinkLeads) {
     std::filesystem::create_symlink(folder / "far.map", folder / "near.map");
     EXPECT_EQ(ReplacedFileName(folder / "near.map"), std::filesystem::canonical(folder / "far.map").string());
     EXPECT_EQ(ReplacedFileName(folder / "none.map"), folder / "none.map");
+}
+
+TEST(ReplacedFile, MustBeOneThatMayBeWritten) {
+    const TemporaryFolder folder;
+    const std::string locked = folder / "a.map";
+    WriteWholeFile(locked, "earlier");
+    WriteWholeFile(folder / "b.map", "earlier");
+    std::filesystem::create_symlink(locked, folder / "link.map");
+    chmod(folder.Path().c_str(), 0777); // where the name could be given to another file
+    chmod(locked.c_str(), 0444);
+    chmod((folder / "b.map").c_str(), 0666);
+    const WithoutPrivilege nobody;
+    EXPECT_EQ(ErrorOf([&] { ReplacedFileName(locked); }), ErrorPermissionDenied);
+    EXPECT_EQ(ErrorOf([&] { ReplacedFileName(folder / "link.map"); }), ErrorPermissionDenied);
+    EXPECT_EQ(ErrorOf([&] { ReplacedFileName(folder / "b.map"); }), 0);
 }
 
 TEST(ReplacedFile, MustBeAPlainFile) {

@@ -37,6 +37,20 @@ protected:
         }
     }
 
+    /// Such an image in a file, behind its header: bottom row first, blue, green, red.
+    static std::string Rows(std::int32_t width, std::int32_t height) {
+        std::string rows;
+        for (std::int32_t y = height - 1; y >= 0; --y) {
+            for (std::int32_t x = 0; x < width; ++x) {
+                rows += static_cast<char>(x | y >> 8); // a y beyond 255 reaches into the blue
+                rows += static_cast<char>(y);
+                rows += '\x11';
+            }
+            rows += std::string(static_cast<std::size_t>(width % 4), '\0'); // to whole fours
+        }
+        return rows;
+    }
+
     std::string Saved() {
         BmpSave();
         return ReadWholeFile(target);
@@ -91,9 +105,20 @@ TEST_F(Bmp, RowsOfSeveralStripesFollowEachOther) {
     }
 }
 
-TEST_F(Bmp, WideImageHasAStripeForEachRow) {
-    Show(6000, 2); // 18000 bytes a row
-    EXPECT_EQ(Saved().size(), 54U + 2U * 18000U);
+TEST_F(Bmp, ColumnOfOneStripeAndOneThatIsARowLonger) {
+    for (const std::int32_t height : {4096, 4097}) { // rows of 4 bytes: 16384 and one more
+        Show(1, height);
+        const std::string bytes = Saved();
+        EXPECT_EQ(bytes.size(), 54U + 4U * static_cast<std::size_t>(height));
+        EXPECT_TRUE(bytes.substr(54) == Rows(1, height)) << height;
+    }
+}
+
+TEST_F(Bmp, RowLongerThanAStripeIsWrittenWhole) {
+    Show(5462, 3); // 16386 bytes and 2 of padding
+    const std::string bytes = Saved();
+    EXPECT_EQ(bytes.size(), 54U + 3U * 16388U);
+    EXPECT_TRUE(bytes.substr(54) == Rows(5462, 3));
 }
 
 TEST_F(Bmp, LongerFileLeavesNoTail) {
@@ -108,6 +133,23 @@ TEST_F(Bmp, WindowWithoutPixelsCannotBeCaptured) {
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Windows API Error", "BITMAP_CaptureBmp - Capture Failed"}));
     EXPECT_THAT(Files(), IsEmpty());
+}
+
+/// Whose picture does not fit the memory a second time.
+class WindowThatCannotBeCopied : public ScriptedWindow {
+public:
+    PixelImage CopyPixels() override { throw RunTimeError(ErrorOutOfMemory); }
+};
+
+TEST_F(Bmp, CopyThatFailsIsToldAndKeepsTheEarlierFile) {
+    WriteWholeFile(target, "earlier");
+    WindowThatCannotBeCopied window;
+    Machine().window = &window;
+    BmpSave();
+    Machine().window = &machine.window;
+    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in BmpSave", "Error: Out of memory"}));
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("map"));
 }
 
 TEST_F(Bmp, EmptyCaptureCannotBeSaved) {

@@ -1,15 +1,13 @@
 #include "output/cgm/cgm_writer.h"
 
-#include "core/run_time_error.h"
-#include "export_fixture.h"
-#include "support/cgm_file.h"
-#include "support/failing_file.h"
+#include "cgm_fixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <unistd.h>
@@ -24,22 +22,8 @@ using namespace std::string_literals;
 
 const FreshRoom FreshExports(DropExports);
 
-class Cgm : public ExportTest {
+class Cgm : public CgmTest {
 protected:
-    Cgm() {
-        Writers().cgm = &writer;
-        Design.OutputCgm = true;
-        Design.CgmFileName = target;
-        ResetLineState();
-    }
-
-    static void Begin() { PrintFileHeader(); }
-    std::string End() {
-        FinishFile();
-        return ReadWholeFile(target);
-    }
-    std::vector<std::string> EndWithElements() { return CgmBody(End()); }
-
     /// The file of one line, and its polylines.
     std::vector<CgmElement> PolylinesOfLongLine(int points) {
         Begin();
@@ -54,8 +38,6 @@ protected:
         }
         return lines;
     }
-
-    CgmWriter writer;
 };
 
 TEST_F(Cgm, HeaderTellsTheProgramAndTheExtent) {
@@ -347,6 +329,36 @@ TEST_F(CgmSymbol, SeveralSymbolsShareTheInterior) {
     EXPECT_EQ(elements.size(), 9U);
 }
 
+TEST_F(CgmSymbol, DotsOfTheGridAreFilledWhateverCameBefore) {
+    // The grid begins no stretch of map data; in a lobe it follows the map files of the lobe before.
+    const auto dotsOfTheGrid = [] {
+        OpenExport(1);
+        Design.CurrentSymbolType = SymbolDot;
+        Point(1, 1); // four elements each
+        Point(2, 2);
+        PrintLineBrkDisk();
+        CloseStretch();
+    };
+    Begin();
+    dotsOfTheGrid(); // the header has told that shapes are filled
+    Symbol(SymbolOpenCircle, 100, 7, 1000, 2000);
+    dotsOfTheGrid();
+    dotsOfTheGrid();
+    Symbol(SymbolFilledCircle, 100, 7, 1000, 2000);
+    dotsOfTheGrid();
+    const std::vector<std::string> elements = EndWithElements();
+    std::vector<std::pair<std::size_t, std::string>> interiors;
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        if (elements[i].starts_with("INTERIOR")) {
+            interiors.emplace_back(i, elements[i]);
+        }
+    }
+    EXPECT_THAT(interiors, ElementsAre(testing::Pair(8, "INTERIOR STYLE 0"), // of the open circle
+                                       testing::Pair(13, "INTERIOR STYLE 1"),
+                                       testing::Pair(13 + 1 + 8 + 8, "INTERIOR STYLE 1"))); // of the filled
+    EXPECT_EQ(elements.size(), 30U + 5U + 8U);
+}
+
 TEST_F(CgmSymbol, TypesWithoutASymbolWriteNothing) {
     Begin();
     Symbol(13, 100, 1, 5, 5);
@@ -456,13 +468,6 @@ TEST_F(Cgm, LongestStringElsewhereIs254Characters) {
     EXPECT_EQ(ReadCgm(End()).at(10).text, std::string(254, 'f'));
 }
 
-TEST_F(Cgm, HeaderThatFailsStopsTheDraw) {
-    Design.CgmFileName = folder / "none/map";
-    Begin();
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CgmHeader", "Error: Path not found"}));
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
-}
-
 TEST_F(Cgm, FinishedFileLeavesAFreshWriter) {
     Begin();
     End();
@@ -474,22 +479,6 @@ TEST_F(Cgm, FinishedFileLeavesAFreshWriter) {
     Line({{1, 1}, {2, 2}});
     CloseStretch();
     EXPECT_EQ(EndWithElements().back(), "POLYLINE 1 1 2 2");
-    EXPECT_THAT(Files(), ElementsAre("map"));
-}
-
-TEST_F(Cgm, FullDiskIsToldOnceAndTheEarlierFileStays) {
-    WriteWholeFile(target, "earlier");
-    FailingFiles disk;
-    disk.FailWritingAfter(1000, ErrorDiskFull);
-    Begin();
-    Stretch(SymbolLine);
-    for (int line = 0; line < 20; ++line) {
-        LongLine(1999); // 8 kB: the buffer is written out after the eighth
-    }
-    CloseStretch();
-    FinishFile();
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CgmPoly", "Error: Disk full"}));
-    EXPECT_EQ(ReadWholeFile(target), "earlier");
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
 

@@ -341,6 +341,14 @@ TEST_F(DxfTexts, CharactersOutsideOfAsciiAreNumbers) {
               "TEXT 8=0 62=174 10=8000 20=20790 40=200 1=\\U+00C5b\\U+0416? 50=0 7=STANDARD");
 }
 
+TEST_F(DxfTexts, ControlCharactersAreBlanks) {
+    Design.TextItems = {Item("a\r\nb\tc\x7F")}; // a line end would be read as the group's
+    Begin();
+    const std::string bytes = End();
+    EXPECT_NE(bytes.find("\r\n  1\r\na  b c \r\n 50\r\n0\r\n  7\r\nSTANDARD\r\n"), std::string::npos);
+    EXPECT_EQ(DxfEntities(bytes).size(), 1U);
+}
+
 TEST_F(DxfTexts, TextThatOverflowsCostsItselfAlone) {
     Design.TextItems = {Item("far"), Item("near")};
     Design.TextItems[0].TextX = 17000; // 34000 units
@@ -354,6 +362,57 @@ TEST_F(Dxf, HeaderThatFailsStopsTheDraw) {
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Error in DxfHeader", "Error: Path/File access error"}));
     EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+}
+
+/// What fails at the end of a line or of the file costs the file, and never the one before.
+class DxfFailures : public Dxf {
+protected:
+    DxfFailures() {
+        WriteWholeFile(target, "earlier");
+        Begin();
+    }
+    void ExpectLost(const AskedBox& box) {
+        EXPECT_THAT(machine.boxes.asked, ElementsAre(box));
+        DropExports(); // as every draw ends
+        EXPECT_EQ(ReadWholeFile(target), "earlier");
+        EXPECT_THAT(Files(), ElementsAre("map"));
+    }
+
+    FailingFiles disk;
+};
+
+TEST_F(DxfFailures, FullDiskAtTheEndOfALine) {
+    disk.FailWritingAfter(2000, ErrorDiskFull);
+    Stretch(SymbolLine);
+    // Bytes go out by 65536: 55 begin a line, a vertex has 35 and its digits, the sequence end 13 more.
+    for (int i = 0; i < 1767; ++i) {
+        Point(1, 1);
+    }
+    Point(10000, 10000);
+    Point(10000, 10000); // 55 + 1767 * 37 + 2 * 45 = 65524
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    PrintLineBrkDisk();
+    CloseStretch();
+    FinishFile();
+    ExpectLost({"Error in DxfPolylineTerminate", "Error: Disk full"});
+}
+
+TEST_F(DxfFailures, FullDiskAtTheEnd) {
+    disk.FailWritingAfter(10, ErrorDiskFull);
+    FinishFile();
+    ExpectLost({"Error in DxfEnd", "Error: Disk full"});
+}
+
+TEST_F(DxfFailures, FileThatCannotBeClosedAtTheEnd) {
+    disk.FailClosing(ErrorDeviceIo);
+    FinishFile();
+    ExpectLost({"Error in DxfEnd", "Error: Device I/O error"});
+}
+
+TEST_F(DxfFailures, FileThatCannotBeOpenedAtTheEnd) {
+    disk.FailOpening(ErrorPermissionDenied);
+    FinishFile();
+    ExpectLost({"Error in DxfEnd", "Error: Permission denied"});
 }
 
 TEST_F(Dxf, FullDiskIsToldOnceAndTheEarlierFileStays) {

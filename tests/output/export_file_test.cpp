@@ -3,6 +3,7 @@
 #include "core/file_numbers.h"
 #include "export_fixture.h"
 #include "support/failing_file.h"
+#include "support/hard_times.h"
 #include "support/run_time_errors.h"
 
 #include <gmock/gmock.h>
@@ -12,13 +13,13 @@
 #include <string>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace quelmont {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const FreshRoom FreshExports(DropExports);
 
@@ -27,6 +28,13 @@ protected:
     void ExpectNothingLeft() {
         EXPECT_THAT(Files(), IsEmpty());
         EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+    }
+
+    /// The only stretch of a file.
+    static void Write(const std::string& name, std::string_view text) {
+        BeginExport(name);
+        WriteExport(text);
+        CloseExport();
     }
 };
 
@@ -123,6 +131,38 @@ TEST_F(ExportFile, LinkLeadsToTheFileThatIsReplaced) {
     EXPECT_EQ(ReadWholeFile(folder / "real"), "new");
 }
 
+TEST_F(ExportFile, LinksToOneFileAreTwoExportsAndTheLaterOneStays) {
+    WriteWholeFile(folder / "real", "earlier");
+    std::filesystem::create_symlink(folder / "real", folder / "a");
+    std::filesystem::create_symlink("real", folder / "b");
+    Write(folder / "a", "of a");
+    Write(folder / "b", "of b");
+    EXPECT_THAT(Files(), SizeIs(5)) << "each has a temporary file of its own";
+    EXPECT_EQ(ReadWholeFile(folder / "real"), "earlier");
+    FinishExport(folder / "a");
+    EXPECT_EQ(ReadWholeFile(folder / "real"), "of a");
+    FinishExport(folder / "b");
+    EXPECT_EQ(ReadWholeFile(folder / "real"), "of b");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "a"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "b"));
+    EXPECT_THAT(Files(), SizeIs(3));
+}
+
+TEST_F(ExportFile, NameMayBeAsLongAsTheSystemAllows) {
+    for (std::size_t length = 240; length <= 255; ++length) {
+        const std::string title(length, 'm');
+        Write(folder / title, "new");
+        FinishExport(folder / title);
+        EXPECT_EQ(ReadWholeFile(folder / title), "new") << length;
+        EXPECT_THAT(Files(), ElementsAre(title));
+        std::filesystem::remove(folder / title);
+    }
+    const std::string tooLong = folder / std::string(256, 'm');
+    Write(tooLong, "new");
+    EXPECT_EQ(ErrorOf([&] { FinishExport(tooLong); }), ErrorPathFileAccess);
+    ExpectNothingLeft();
+}
+
 TEST_F(ExportFile, FolderOrDeviceCannotBeReplaced) {
     EXPECT_EQ(ErrorOf([&] { BeginExport(folder.Path()); }), ErrorPathFileAccess);
     EXPECT_EQ(ErrorOf([] { BeginExport("/dev/full"); }), ErrorPathFileAccess);
@@ -136,12 +176,13 @@ TEST_F(ExportFile, FolderThatDoesNotExist) {
 }
 
 TEST_F(ExportFile, FolderThatMayNotBeWritten) {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "root may write everywhere";
+    chmod(folder.Path().c_str(), 0555);
+    {
+        const WithoutPrivilege nobody;
+        EXPECT_EQ(ErrorOf([&] { BeginExport(target); }), ErrorPermissionDenied);
     }
-    chmod(folder.Path().c_str(), 0500);
-    EXPECT_EQ(ErrorOf([&] { BeginExport(target); }), ErrorPermissionDenied);
     chmod(folder.Path().c_str(), 0700);
+    EXPECT_FALSE(ExportBegun(target));
     ExpectNothingLeft();
 }
 

@@ -250,6 +250,16 @@ TEST_F(WmfSymbol, SymbolThatOverflowsIsLost) {
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in WmfWrite", "Error: Overflow"}));
 }
 
+TEST_F(WmfSymbol, TriangleWhoseApexOverflowsLosesItsShapeAlone) {
+    // The upper edge is at 32760, the apex at 32560 + 231 = 32791.
+    Symbol(SymbolOpenTriangle, 200, 7, 5, 32560);
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Windows API Error", "Polygon(3) error in WmfWrite"}));
+    const std::vector<std::string> objects = EndWithRecords();
+    EXPECT_EQ(objects.size(), Open("shape").size() - 1);
+    EXPECT_THAT(objects, testing::Not(testing::Contains(testing::StartsWith("Polygon"))));
+}
+
 TEST_F(Wmf, ChecksumLeavesOutTheLeftAndTheUpperEdge) {
     Design.LogicalMarginX = 100;
     Design.LogicalMarginY = 60;
@@ -295,6 +305,21 @@ TEST_F(Wmf, FullDiskIsToldAndTheEarlierFileStays) {
     FinishFile();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Windows API Error", "hwrite error in SaveMetafileToDisk"}));
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(Wmf, HeaderThatCannotBeWrittenAtTheEndIsTold) {
+    WriteWholeFile(target, "earlier");
+    FailingFiles disk;
+    Stretch(SymbolLine);
+    while (disk.opens == 0) {
+        LongLine(1999); // until a block goes to the file, and nothing waits
+    }
+    disk.FailWritingAfter(39, ErrorDiskFull); // the end record has 6 bytes, the headers 40
+    FinishFile();
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Windows API Error", "lwrite error in SaveMetafileToDisk"}));
     EXPECT_EQ(ReadWholeFile(target), "earlier");
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
