@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -134,7 +135,7 @@ TEST_F(ExportCommand, CapitalEndingsWriteTheirFormats) {
 TEST_F(ExportCommand, TextFilesOfNothingAreRefused) {
     const std::string name = folder / "x.txt";
     const Outcome outcome = Run({"--grid-type", "5", "--no-map", name});
-    EXPECT_EQ(outcome.code, ExitFailed);
+    EXPECT_EQ(outcome.code, ExitWrongUsage);
     EXPECT_EQ(outcome.errors,
               "quelmont-draw: " + name + ": there is no grid and there are no map files to be written.\n");
     EXPECT_THAT(Files(), IsEmpty());
@@ -144,17 +145,41 @@ TEST_F(ExportCommand, ColourThatADxfFileLacksIsRefusedAndTheNearestIsNamed) {
     const std::string name = folder / "a.dxf";
     // One step of red away from FF0000, which has the number 1.
     const Outcome grid = Run({"--no-map", "--grid-color", "FE0000", name});
-    EXPECT_EQ(grid.code, ExitFailed);
+    EXPECT_EQ(grid.code, ExitWrongUsage);
     EXPECT_EQ(grid.errors, "quelmont-draw: " + name +
                                ": a DXF file cannot have the colour FE0000; the nearest that it can have is "
                                "FF0000.\n");
     // 18, 1 and 16 away from 003366.
     const Outcome features = Run({"--map", World(), "--feature-color", "123456", name});
-    EXPECT_EQ(features.code, ExitFailed);
+    EXPECT_EQ(features.code, ExitWrongUsage);
     EXPECT_THAT(features.errors, HasSubstr("the colour 123456; the nearest that it can have is 003366."));
     EXPECT_THAT(Files(), IsEmpty());
     EXPECT_EQ(Run({"--no-map", "--grid-color", "003366", name}).code, ExitDone);
     EXPECT_THAT(Files(), ElementsAre("a.dxf"));
+}
+
+TEST_F(ExportCommand, MapFileThatIsDrawnIsNotReplaced) {
+    const std::string map = folder / "y-grid.txt";
+    const std::string points = "1 10 10\n0 20 20\n0 20 30\n";
+    WriteWholeFile(map, points);
+    const Outcome text = Run({"--map", map, folder / "y.txt"});
+    EXPECT_EQ(text.code, ExitWrongUsage);
+    EXPECT_EQ(text.errors,
+              "quelmont-draw: " + (folder / "y.txt") + ": it would replace the map file " + map + ".\n");
+    std::filesystem::create_symlink(map, folder / "link.cgm");
+    EXPECT_EQ(Run({"--map", map, folder / "link.cgm"}).code, ExitWrongUsage);
+    EXPECT_EQ(ReadWholeFile(map), points);
+}
+
+TEST_F(ExportCommand, TextFilesThatAreOneFileAreRefused) {
+    WriteWholeFile(folder / "b", "1 10 10\n0 20 20\n");
+    std::filesystem::create_symlink("one", folder / "x-grid.txt");
+    std::filesystem::create_symlink("one", folder / "x-b.txt");
+    const Outcome outcome = Run({"--map", folder / "b", folder / "x.txt"});
+    EXPECT_EQ(outcome.code, ExitWrongUsage);
+    EXPECT_EQ(outcome.errors, "quelmont-draw: " + (folder / "x.txt") + ": " + (folder / "x-grid.txt") +
+                                  " and " + (folder / "x-b.txt") + " are the same file.\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
 }
 
 TEST_F(ExportCommand, ColourThatIsNotDrawnIsNotRefused) {

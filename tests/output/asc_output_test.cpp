@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace quelmont {
 namespace {
 
@@ -148,6 +150,17 @@ TEST_F(AsciiDialog, NoTwoRowsHaveTheSameName) {
                 ElementsAre(AskedBox{"Error: Duplicate Filename",
                                      "The output files must have\ndifferent filenames."}));
     EXPECT_FALSE(Design.OutputAscii);
+}
+
+TEST_F(AsciiDialog, NoTwoRowsLeadToTheSameFile) {
+    std::filesystem::create_symlink("out0.txt", folder / "link.txt");
+    AscOutput form;
+    NameAll(form);
+    machine.fileDialogs.Choose({folder / "link.txt"});
+    form.Choose("AscGrid", 8);
+    form.PressDefault();
+    EXPECT_FALSE(form.Closed());
+    EXPECT_EQ(machine.boxes.asked.at(0).title, "Error: Duplicate Filename");
 }
 
 TEST_F(AsciiDialog, EmptyNameIsToldBeforeADuplicate) {

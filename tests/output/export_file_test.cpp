@@ -158,8 +158,7 @@ TEST_F(ExportFile, NameMayBeAsLongAsTheSystemAllows) {
         std::filesystem::remove(folder / title);
     }
     const std::string tooLong = folder / std::string(256, 'm');
-    Write(tooLong, "new");
-    EXPECT_EQ(ErrorOf([&] { FinishExport(tooLong); }), ErrorPathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { BeginExport(tooLong); }), ErrorBadFileNumber);
     ExpectNothingLeft();
 }
 

@@ -92,7 +92,8 @@ TEST_F(MetafileText, TextsAndFacesAreWindows1252AndFacesHaveAnEnd) {
     Design.TextItems = {Item("K\u00F8ge \u0416")};
     Design.TextItems[0].TextFont = "Schriftart f\u00FCr lange Landkartentexte";
     const std::vector<std::string> records = Recorded();
-    EXPECT_EQ(records.at(0), "CreateFont -480 0 0 0 400 0 0 0 1 0 16 0 0 'Schriftart f\xFCr lange Landkarten'");
+    EXPECT_EQ(records.at(0),
+              "CreateFont -480 0 0 0 400 0 0 0 1 0 16 0 0 'Schriftart f\xFCr lange Landkarten'");
     EXPECT_EQ(records.at(4), "TextOut 20790 8000 'K\xF8ge ?'");
 }
 
