@@ -3,6 +3,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "output/export_file.h"
+#include "output/little_endian.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -13,19 +14,9 @@ namespace {
 
 constexpr int BitsPerPixel = 24;
 constexpr std::int32_t StripeBytes = 16384;
-constexpr std::uint32_t Signature = 0x4D42; // "BM"
+constexpr std::uint16_t Signature = 0x4D42; // "BM"
 constexpr std::uint32_t HeaderBytes = 0x36;
 constexpr std::uint32_t InfoHeaderBytes = 0x28;
-
-void AppendWord(std::string& bytes, std::uint32_t value) {
-    bytes += static_cast<char>(value & 0xFFU);
-    bytes += static_cast<char>(value >> 8U & 0xFFU);
-}
-
-void AppendLong(std::string& bytes, std::uint32_t value) {
-    AppendWord(bytes, value & 0xFFFFU);
-    AppendWord(bytes, value >> 16U);
-}
 
 std::string Header(std::int32_t width, std::int32_t height) {
     const auto imageBytes =

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quelmont {
 
@@ -173,7 +174,7 @@ void CgmWriter::CgmEnd() {
 void CgmWriter::ResetLine() {
     CgmLengthPos = 0;
     CgmByteCount = 0;
-    carried = false;
+    carried.reset();
 }
 
 // ---- Bytes
@@ -277,8 +278,7 @@ void CgmWriter::OpenChain() {
     CgmShort();
     Design.PointCount = 0;
     if (carried) {
-        carried = false;
-        WriteVertex(last);
+        WriteVertex(*std::exchange(carried, std::nullopt));
     }
 }
 
@@ -296,11 +296,10 @@ void CgmWriter::CgmPoly() {
             OpenChain();
         }
         WriteVertex(vertex);
-        last = vertex;
         if (Design.PointCount == Design.MaxChainPoints) {
             PatchLength();
             Design.LineBreakPending = true;
-            carried = true;
+            carried = vertex;
         }
     });
 }
@@ -318,7 +317,7 @@ void CgmWriter::PatchLength() {
 void CgmWriter::LineBreak() {
     if (Design.CurrentSymbolType == SymbolLine) {
         PatchLength();
-        carried = false;
+        carried.reset();
     } else {
         CgmShort();
     }

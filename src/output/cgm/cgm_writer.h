@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -68,8 +69,7 @@ private:
     std::int64_t CgmWritePos = 1;  ///< next position in the file, from 1
     std::int64_t CgmLengthPos = 0; ///< position of the open polyline's length, 0 when none is open
     int interior = 0;              ///< style of shapes that the file has last been told
-    bool carried = false;          ///< a full chain's last vertex opens the next one
-    Vertex last = {};
+    std::optional<Vertex> carried; ///< a full chain's last vertex, which opens the next one
 };
 
 } // namespace quelmont

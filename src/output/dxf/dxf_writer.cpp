@@ -13,6 +13,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <utility>
 
 namespace quelmont {
 
@@ -159,7 +160,7 @@ void DxfWriter::StartStretch() { PolylineMark = Design.CurrentSymbolType == Symb
 void DxfWriter::ResetLine() {
     DxfSeqEndPos = 0;
     PolylineMark = false;
-    carried = false;
+    carried.reset();
 }
 
 void DxfWriter::Finish() {
@@ -285,8 +286,7 @@ void DxfWriter::Chain() {
         Design.PointCount = 0;
         PolylineHead(width, false);
         if (carried) {
-            carried = false;
-            Vertex(last);
+            Vertex(*std::exchange(carried, std::nullopt));
             Design.PointCount = 1;
         }
     }
@@ -297,7 +297,7 @@ void DxfWriter::Chain() {
         DxfSeqEndPos = ExportLength();
         SequenceEnd();
         Design.LineBreakPending = true;
-        carried = true;
+        carried = place;
     }
 }
 
@@ -359,7 +359,7 @@ void DxfWriter::LineBreak() {
 }
 
 void DxfWriter::DxfPolylineTerminate() {
-    carried = false;
+    carried.reset();
     if (Design.LineBreakPending) {
         return; // no polyline is open
     }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,7 +49,7 @@ private:
 
     std::int64_t DxfSeqEndPos = 0; ///< length of the file before the last sequence end
     bool PolylineMark = false;     ///< a stretch of lines has begun and has no vertex yet
-    bool carried = false;          ///< a full chain's last vertex opens the next one
+    std::optional<Place> carried;  ///< a full chain's last vertex, which opens the next one
     Place last = {0.0, 0.0};
     std::string vertexText; ///< kept for its memory
 };

@@ -1,6 +1,7 @@
 #include "output/wmf/metafile_recorder.h"
 
 #include "core/standard_colors.h"
+#include "output/little_endian.h"
 
 #include <algorithm>
 #include <iterator>
@@ -56,11 +57,6 @@ std::uint16_t Low(std::uint32_t value) { return static_cast<std::uint16_t>(value
 std::uint16_t High(std::uint32_t value) { return static_cast<std::uint16_t>(value >> 16U); }
 std::uint16_t Word(std::int32_t value) { return Low(static_cast<std::uint32_t>(value)); }
 
-void AppendWord(std::string& bytes, std::uint16_t word) {
-    bytes += static_cast<char>(word & 0xFFU);
-    bytes += static_cast<char>(word >> 8U);
-}
-
 bool Fits(std::int32_t value) {
     using Limits = std::numeric_limits<std::int16_t>;
     return value >= Limits::min() && value <= Limits::max();
@@ -104,8 +100,7 @@ MetafileRecorder::MetafileRecorder()
 
 void MetafileRecorder::RecordWords(std::uint16_t function, const std::vector<std::uint16_t>& words) {
     const auto length = RecordHeadWords + static_cast<std::uint32_t>(words.size());
-    AppendWord(records, Low(length));
-    AppendWord(records, High(length));
+    AppendLong(records, length);
     AppendWord(records, function);
     for (const std::uint16_t word : words) {
         AppendWord(records, word);
@@ -329,11 +324,9 @@ std::string MetafileRecorder::Header() const {
     AppendWord(header, inMemory);
     AppendWord(header, static_cast<std::uint16_t>(HeaderWords));
     AppendWord(header, version);
-    AppendWord(header, Low(words));
-    AppendWord(header, High(words));
+    AppendLong(header, words);
     AppendWord(header, static_cast<std::uint16_t>(slots.size()));
-    AppendWord(header, Low(largestRecord));
-    AppendWord(header, High(largestRecord));
+    AppendLong(header, largestRecord);
     AppendWord(header, 0);
     return header;
 }

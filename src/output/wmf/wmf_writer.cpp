@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "output/export_file.h"
+#include "output/little_endian.h"
 #include "output/logical_point.h"
 #include "output/scale_screen.h"
 #include "output/symbols.h"
@@ -38,8 +39,7 @@ std::string PlaceableHeader() {
                                                  bottom, UnitsPerInch, 0, 0,    checksum};
     std::string header;
     for (const std::uint16_t value : words) {
-        header += static_cast<char>(value & 0xFFU);
-        header += static_cast<char>(value >> 8U);
+        AppendWord(header, value);
     }
     return header;
 }
@@ -75,7 +75,7 @@ void WmfWriter::Header() {
 
 void WmfWriter::ResetLine() {
     WmfPoints.clear();
-    carried = false;
+    carried.reset();
 }
 
 void WmfWriter::Finish() {
@@ -152,25 +152,24 @@ void WmfWriter::ChainPoint(SurfacePoint point) {
     if (Design.LineBreakPending) {
         Design.LineBreakPending = false;
         WmfPoints.clear();
-        if (std::exchange(carried, false)) {
-            WmfPoints.push_back(last);
+        if (carried) {
+            WmfPoints.push_back(*std::exchange(carried, std::nullopt));
         }
     }
     WmfPoints.push_back(point);
-    last = point;
     Design.PointCount = static_cast<std::int32_t>(WmfPoints.size());
     WmfPenColor = Design.PenColor;
     WmfPenWidth = RoundToInt32(FileLineWidth());
     if (Design.PointCount == Design.MaxChainPoints) {
         FlushChain();
         Design.LineBreakPending = true;
-        carried = true;
+        carried = point;
     }
 }
 
 void WmfWriter::LineBreak() {
     if (Design.CurrentSymbolType == SymbolLine) {
-        carried = false;
+        carried.reset();
         FlushChain();
     }
 }

@@ -55,8 +55,7 @@ private:
     std::int32_t WmfPenWidth = 1;
     SurfaceHandle WmfPen = 0;
     SurfaceHandle WmfBrush = 0;
-    bool carried = false; ///< a full chain's last vertex opens the next one
-    SurfacePoint last;
+    std::optional<SurfacePoint> carried; ///< a full chain's last vertex, which opens the next one
 };
 
 } // namespace quelmont
