@@ -1,6 +1,7 @@
 #include "output/export_file.h"
 
 #include "core/file_numbers.h"
+#include "core/map_design.h"
 #include "core/replaced_file.h"
 #include "core/run_time_error.h"
 
@@ -72,6 +73,10 @@ void WriteCollected() {
 } // namespace
 
 void BeginExport(const std::string& target) {
+    if (std::any_of(Design.InputFiles.begin(), Design.InputFiles.end(),
+                    [&](const InputFileEntry& file) { return IsSameFile(file.MapFileName, target); })) {
+        throw RunTimeError(ErrorPathFileAccess);
+    }
     const std::size_t before = IndexOf(target);
     if (before != ExportState::None) {
         // First of all: the new one has its name.

@@ -11,7 +11,8 @@
 namespace quelmont {
 
 /// Creates the temporary file of a target, anew, and opens it. RunTimeError as OpenFile, and
-/// "Path/File access error" for a target that is no plain file.
+/// "Path/File access error" for a target that is no plain file, and for a map file of the design: a map
+/// is not worth what it was made of.
 void BeginExport(const std::string& target);
 
 /// Whether the file of a target was begun in this draw.

@@ -162,6 +162,16 @@ TEST_F(ExportFile, NameMayBeAsLongAsTheSystemAllows) {
     ExpectNothingLeft();
 }
 
+TEST_F(ExportFile, MapFileOfTheDesignIsNotReplaced) {
+    WriteWholeFile(target, "points");
+    std::filesystem::create_symlink(target, folder / "link");
+    Design.InputFiles.emplace_back().MapFileName = target;
+    EXPECT_EQ(ErrorOf([&] { BeginExport(target); }), ErrorPathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { BeginExport(folder / "link"); }), ErrorPathFileAccess);
+    EXPECT_EQ(ReadWholeFile(target), "points");
+    EXPECT_EQ(Files().size(), 2U);
+}
+
 TEST_F(ExportFile, FolderOrDeviceCannotBeReplaced) {
     EXPECT_EQ(ErrorOf([&] { BeginExport(folder.Path()); }), ErrorPathFileAccess);
     EXPECT_EQ(ErrorOf([] { BeginExport("/dev/full"); }), ErrorPathFileAccess);
