@@ -42,6 +42,13 @@ std::string PlainWkt(const OGRGeometry& geometry) {
 
 } // namespace
 
+// Messages name files as they are given: with their folder unless that is the current one.
+ConvertTest::ConvertTest() : earlierFolder(std::filesystem::current_path()) {
+    std::filesystem::current_path(folder.Path());
+}
+
+ConvertTest::~ConvertTest() { std::filesystem::current_path(earlierFolder); }
+
 void ConvertTest::Put(const std::string& name, std::string_view contents) const {
     WriteWholeFile(folder / name, contents);
 }
@@ -51,22 +58,15 @@ std::string ConvertTest::Get(const std::string& name) const { return ReadWholeFi
 bool ConvertTest::Has(const std::string& name) const { return std::filesystem::exists(folder / name); }
 
 std::vector<std::string> ConvertTest::Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-        names.push_back(entry.path().filename().string());
-    }
+    std::vector<std::string> names = folder.Names();
     std::sort(names.begin(), names.end());
     return names;
 }
 
 Outcome ConvertTest::Run(std::vector<std::string> arguments) const {
-    // The folder's name would be in every message otherwise.
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder.Path());
     std::ostringstream output;
     std::ostringstream errors;
     const int code = ConvertCommand(arguments, output, errors, false);
-    std::filesystem::current_path(before);
     EXPECT_FALSE(IsFileOpen(InputFileNumber));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
     return {code, output.str(), errors.str()};

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,9 @@ struct Outcome {
 /// A folder with files, in which conversions run. Names of files are those in the folder.
 class ConvertTest : public testing::Test {
 protected:
+    ConvertTest();
+    ~ConvertTest() override;
+
     void Put(const std::string& name, std::string_view contents) const;
     std::string Get(const std::string& name) const;
     bool Has(const std::string& name) const;
@@ -39,6 +43,9 @@ protected:
     std::vector<std::string> Features(const std::string& name) const;
 
     TemporaryFolder folder;
+
+private:
+    std::filesystem::path earlierFolder;
 };
 
 /// A GeoJSON feature collection of the features given, commas between them.

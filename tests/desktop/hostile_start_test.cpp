@@ -37,8 +37,11 @@ protected:
         fs::create_directory(Folder());
         fs::copy_file(QUELMONT_START_PROBE, Folder() / "probe");
         fs::copy_file(QUELMONT_WORLD_MAP, Folder() / "Qmnt4.map");
+        // Beside the program: the folder of the tests may be out of reach for somebody else.
+        fs::copy_file(QUELMONT_SCREENS, folder / "screens.json");
         environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" QUELMONT_SCREENS);
+        environment.insert("QT_QPA_PLATFORM",
+                           QString::fromStdString("offscreen:configfile=" + (folder / "screens.json")));
         environment.insert("HOME", QString::fromStdString(folder / "home"));
         environment.remove("XDG_CONFIG_HOME");
     }
