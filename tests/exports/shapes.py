@@ -22,12 +22,15 @@ def record(code, latitude, longitude):
     return struct.pack("<3h", code, round(latitude * 60), round(longitude * 60))
 
 
-def sheet(folder):
+ALL_SYMBOLS = range(2, 13)
+RECTANGLES = (2, 5, 6)
+
+
+def sheet(folder, symbols=ALL_SYMBOLS):
     """Writes the map files of a sheet of symbols and lines, and returns the options that draw it."""
     folder = pathlib.Path(folder)
     options = ["--projection", "robinson", "--grid-type", "5"]
-    # Dots last: libwmf paints a rectangle wrongly when it is the first of all shapes.
-    for symbol in [*range(3, 13), 2]:
+    for symbol in symbols:
         for row, size in enumerate(SIZES):
             name = folder / f"symbol{symbol}-{size}.map"
             name.write_bytes(record(1000, 60 - 30 * row, -150 + 25 * (symbol - 2)))
