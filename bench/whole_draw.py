@@ -103,14 +103,19 @@ class Table:
         print(f"{name:58}{clock:9.3f}{processor:11.3f}{megabytes:7.0f}{ratio}", flush=True)
 
 
-def main():
+def read_arguments():
+    """Where the programs lie, how often and on how many points they run, and a folder to work in."""
     parser = argparse.ArgumentParser()
     root = pathlib.Path(__file__).resolve().parent.parent
     parser.add_argument("--programs", type=pathlib.Path, default=root / "build/dev/bin")
     parser.add_argument("--runs", type=int, default=3)
     parser.add_argument("--points", type=int, default=14_000_000)
     parser.add_argument("--work", type=pathlib.Path)
-    arguments = parser.parse_args()
+    return parser.parse_args()
+
+
+def main():
+    arguments = read_arguments()
     with tempfile.TemporaryDirectory() as temporary:
         time_all(arguments, (arguments.work or pathlib.Path(temporary)).resolve())
 

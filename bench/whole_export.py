@@ -9,14 +9,13 @@ those of the DXF export of the same map. ogr2ogr (Debian: gdal-bin, python3-gdal
 lines from FlatGeobuf, projected already.
 """
 
-import argparse
 import multiprocessing
 import pathlib
 import shutil
 import subprocess
 import tempfile
 
-from whole_draw import ROBINSON, best, minute_grid_lines, run, write_for_gdal
+from whole_draw import ROBINSON, best, minute_grid_lines, read_arguments, run, write_for_gdal
 
 FORMATS = ("dxf", "cgm", "wmf", "txt", "bmp")
 
@@ -56,13 +55,7 @@ def time_map(arguments, work, draw, name, options, path=None):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    root = pathlib.Path(__file__).resolve().parent.parent
-    parser.add_argument("--programs", type=pathlib.Path, default=root / "build/dev/bin")
-    parser.add_argument("--runs", type=int, default=3)
-    parser.add_argument("--points", type=int, default=14_000_000)
-    parser.add_argument("--work", type=pathlib.Path)
-    arguments = parser.parse_args()
+    arguments = read_arguments()
     programs = arguments.programs.resolve()
     print(f"{'':44}{'clock':>9}{'processor':>11}{'MB':>7}{'MB file':>10}{'times':>7}")
     with tempfile.TemporaryDirectory(dir=arguments.work) as temporary:
