@@ -2,6 +2,7 @@
 
 #include "core/file_names.h"
 #include "core/number_text.h"
+#include "core/split_text.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 
@@ -28,18 +29,6 @@ std::optional<Number> WholeNumber(std::string_view text, int base = 10) {
     const char* const end = text.data() + text.size();
     const auto [stopped, error] = std::from_chars(text.data(), end, number, base);
     return error == std::errc() && stopped == end ? std::optional(number) : std::nullopt;
-}
-
-std::vector<std::string_view> SplitAtCommas(std::string_view value) {
-    std::vector<std::string_view> parts;
-    for (;;) {
-        const std::size_t comma = value.find(',');
-        parts.push_back(value.substr(0, comma));
-        if (comma == std::string_view::npos) {
-            return parts;
-        }
-        value.remove_prefix(comma + 1);
-    }
 }
 
 } // namespace

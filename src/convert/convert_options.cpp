@@ -2,6 +2,7 @@
 
 #include "convert/file_kind.h"
 #include "core/file_names.h"
+#include "core/split_text.h"
 #include "platform/system.h"
 #include "projection/utm.h"
 
@@ -68,18 +69,6 @@ Examples:
 Exit status: 0 done; 1 something failed, as the message tells, and OUTPUT is as it
 was; 2 the command line is wrong.
 )";
-
-std::vector<std::string_view> SplitAtCommas(std::string_view value) {
-    std::vector<std::string_view> parts;
-    for (;;) {
-        const std::size_t comma = value.find(',');
-        parts.push_back(value.substr(0, comma));
-        if (comma == std::string_view::npos) {
-            return parts;
-        }
-        value.remove_prefix(comma + 1);
-    }
-}
 
 /// A whole text as a finite number.
 std::optional<double> NumberOf(std::string_view text) {

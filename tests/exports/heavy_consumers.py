@@ -8,17 +8,14 @@ file. The same comparison must fail when a line is missing and when a symbol is 
 """
 
 import os
-import pathlib
 import re
 import subprocess
 import sys
-import tempfile
 import unittest
 import xml.etree.ElementTree as tree
 
 import shapes
 
-PROGRAM = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else "quelmont-draw").resolve()
 TIMEOUT = 240
 NUMBER = re.compile(r"-?\d+(?:\.\d+)?(?:e-?\d+)?")
 
@@ -114,16 +111,7 @@ def librecad(file):
     return painted(file, file.with_suffix(".pdf"))
 
 
-class Consumers(unittest.TestCase):
-    def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = pathlib.Path(temporary.name)
-
-    def draw(self, options, name):
-        shapes.draw(PROGRAM, options, self.folder / name)
-        return self.folder / name
-
+class Consumers(shapes.ConsumerTest):
     def compare_sheets(self, ending, own, read, tolerance, width_tolerance):
         options = shapes.sheet(self.folder)
         for name, more in (("scaled", []), ("unscaled", ["--no-line-scaling"])):

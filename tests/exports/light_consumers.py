@@ -4,18 +4,14 @@
     light_consumers.py PROGRAM
 """
 
-import pathlib
 import re
 import subprocess
 import sys
-import tempfile
 import unittest
 
 from ezdxf import recover
 
 import shapes
-
-PROGRAM = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else "quelmont-draw").resolve()
 
 
 def groups(data):
@@ -86,16 +82,7 @@ def with_digit_before(data, code, entity):
     return data[:place] + b"1" + data[place:]
 
 
-class Consumers(unittest.TestCase):
-    def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = pathlib.Path(temporary.name)
-
-    def draw(self, options, name):
-        shapes.draw(PROGRAM, options, self.folder / name)
-        return self.folder / name
-
+class Consumers(shapes.ConsumerTest):
     def assert_only_the_file_itself_is_read_so(self, file, read, own, changed):
         """read tells what own says, and something else of a file without a line and of a changed one."""
         data = file.read_bytes()

@@ -8,13 +8,26 @@ element.
 import pathlib
 import struct
 import subprocess
+import sys
+import tempfile
+import unittest
 
+PROGRAM = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else "quelmont-draw").resolve()
 SIZES = (3, 8, 15)
 WIDTHS = (1, 2, 3, 5, 9)
 
 
-def draw(program, options, output):
-    subprocess.run([str(program), *options, str(output)], check=True)
+class ConsumerTest(unittest.TestCase):
+    """Draws maps into a folder of its own."""
+
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name)
+
+    def draw(self, options, name):
+        subprocess.run([str(PROGRAM), *options, str(self.folder / name)], check=True)
+        return self.folder / name
 
 
 def record(code, latitude, longitude):
