@@ -1,5 +1,8 @@
 #include "mainwindow/profile_file.h"
 
+#include "core/replaced_file.h"
+#include "core/run_time_error.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -43,6 +46,19 @@ std::vector<std::string> Lines(const std::string& file) {
     return lines;
 }
 
+/// A line without the byte order mark that some editors put before a file in UTF-8.
+std::string_view WithoutMark(std::string_view line) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return line.substr(line.starts_with(mark) ? mark.size() : 0);
+}
+
+/// A value without one pair of quotes around it, double or single.
+std::string_view Unquoted(std::string_view value) {
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
 /// The name between the brackets of a section's line, nothing for any other line.
 std::optional<std::string_view> SectionName(std::string_view line) {
     line = Trimmed(line);
@@ -67,7 +83,7 @@ struct KeyPlace {
 KeyPlace FindKey(const std::vector<std::string>& lines, std::string_view section, std::string_view key) {
     KeyPlace place{lines.size(), false, false};
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (const auto name = SectionName(lines[i])) {
+        if (const auto name = SectionName(i == 0 ? WithoutMark(lines[i]) : lines[i])) {
             if (place.sectionFound) {
                 break;
             }
@@ -83,27 +99,18 @@ KeyPlace FindKey(const std::vector<std::string>& lines, std::string_view section
 }
 
 /// Beside the target under a temporary name, then renamed.
-bool Replace(const std::string& file, const std::vector<std::string>& lines) {
-    const std::string temporary = file + ".new";
-    {
-        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-        for (const std::string& line : lines) {
-            stream << line << "\r\n";
-        }
-        stream.close();
-        if (!stream) {
-            std::error_code ignored;
-            std::filesystem::remove(temporary, ignored);
-            return false;
-        }
+void Replace(const std::string& file, const std::vector<std::string>& lines) {
+    const std::string target = ReplacedFileName(file);
+    TemporaryFile temporary(target);
+    std::ofstream stream(temporary.Name(), std::ios::binary | std::ios::trunc);
+    for (const std::string& line : lines) {
+        stream << line << "\r\n";
     }
-    std::error_code error;
-    std::filesystem::rename(temporary, file, error);
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
+    stream.close();
+    if (!stream) {
+        throw RunTimeError(ErrorPathFileAccess);
     }
-    return !error;
+    temporary.MoveTo(target);
 }
 
 } // namespace
@@ -116,7 +123,7 @@ std::optional<std::string> ReadProfileString(const std::string& file, std::strin
         return std::nullopt;
     }
     const std::string_view line = lines[place.line];
-    return std::string(Trimmed(line.substr(line.find('=') + 1)));
+    return std::string(Unquoted(Trimmed(line.substr(line.find('=') + 1))));
 }
 
 bool WriteProfileString(const std::string& file, std::string_view section, std::string_view key,
@@ -133,7 +140,12 @@ bool WriteProfileString(const std::string& file, std::string_view section, std::
         const std::size_t at = place.sectionFound ? place.line : lines.size();
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), line);
     }
-    return Replace(file, lines);
+    try {
+        Replace(file, lines);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
 }
 
 } // namespace quelmont

@@ -7,6 +7,9 @@
 #include <filesystem>
 #include <optional>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace quelmont {
 namespace {
 
@@ -39,6 +42,59 @@ TEST_F(ProfileFile, KeyWithoutAValueIsEmpty) {
 TEST_F(ProfileFile, LetterCaseAndBlanksDoNotCount) {
     WriteWholeFile(file, "[ qUELMONT ]\r\n  wINDOWmAXIMIZED \t=  1 2 \r\n");
     EXPECT_EQ(Read("WindowMaximized"), "1 2");
+}
+
+TEST_F(ProfileFile, OnePairOfQuotesAroundAValueIsDropped) {
+    const auto read = [&](const std::string& value) {
+        WriteWholeFile(file, "[Quelmont]\nKey=" + value + "\n");
+        return Read("Key");
+    };
+    EXPECT_EQ(read("\"1 2\""), "1 2");
+    EXPECT_EQ(read("  '1 2'  "), "1 2");
+    EXPECT_EQ(read("\"\"1\"\""), "\"1\"") << "one pair only";
+    EXPECT_EQ(read("\" 1 \""), " 1 ") << "blanks inside are the value's";
+    EXPECT_EQ(read("\"\""), "");
+    EXPECT_EQ(read("\""), "\"") << "one quote is no pair";
+    EXPECT_EQ(read("\"1'"), "\"1'") << "two kinds are no pair";
+    EXPECT_EQ(read("1\" 2\""), "1\" 2\"") << "around the whole value only";
+}
+
+TEST_F(ProfileFile, ByteOrderMarkIsPassedOverAndKept) {
+    WriteWholeFile(file, "\xEF\xBB\xBF[Quelmont]\r\nKey=1\r\n");
+    EXPECT_EQ(Read("Key"), "1");
+    EXPECT_TRUE(Write("Key", "2"));
+    EXPECT_EQ(ReadWholeFile(file), "\xEF\xBB\xBF[Quelmont]\r\nKey=2\r\n");
+    WriteWholeFile(file, "; mine\n\xEF\xBB\xBF[Quelmont]\nKey=1\n");
+    EXPECT_EQ(Read("Key"), std::nullopt) << "before the first line only";
+}
+
+TEST_F(ProfileFile, WritingFollowsALink) {
+    std::filesystem::create_directory(folder / "elsewhere");
+    const std::string real = folder / "elsewhere/mine.ini";
+    WriteWholeFile(real, "[Quelmont]\nOther=1\n");
+    std::filesystem::create_symlink("elsewhere/mine.ini", file);
+    EXPECT_TRUE(Write("Key", "2"));
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(ReadWholeFile(real), "[Quelmont]\r\nOther=1\r\nKey=2\r\n");
+
+    std::filesystem::remove(real);
+    EXPECT_TRUE(Write("Key", "3")) << "a link to a file that is not there yet makes it";
+    EXPECT_EQ(ReadWholeFile(real), "[Quelmont]\r\nKey=3\r\n");
+}
+
+TEST_F(ProfileFile, WritingKeepsModeAndOwner) {
+    WriteWholeFile(file, "[Quelmont]\n");
+    constexpr auto mode = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                          std::filesystem::perms::group_read;
+    std::filesystem::permissions(file, mode);
+    constexpr uid_t other = 12345;
+    const bool given = chown(file.c_str(), other, other) == 0; // as root only
+    EXPECT_TRUE(Write("Key", "1"));
+    EXPECT_EQ(std::filesystem::status(file).permissions(), mode);
+    struct stat facts = {};
+    ASSERT_EQ(stat(file.c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_uid, given ? other : geteuid());
+    EXPECT_EQ(facts.st_gid, given ? other : getegid());
 }
 
 TEST_F(ProfileFile, KeyOfAnotherSectionIsNotTaken) {
