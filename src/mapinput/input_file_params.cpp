@@ -1,6 +1,5 @@
 #include "mapinput/input_file_params.h"
 
-#include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
@@ -47,23 +46,6 @@ constexpr std::array<const char*, SymbolTypes> SymbolNames = {
     "Filled circle",   // 12
 };
 // clang-format on
-
-constexpr const char* LabelFontTitle = "Select Label Font";
-constexpr const char* LabelFontText =
-    "Quelmont .PRN and .UTM files may contain labels that can be displayed next to the point they "
-    "represent.\n\nWhen you press OK, a Font selection dialog box will appear.  Use this box to select the "
-    "font that will be used to display any labels contained in this file.";
-
-/// Only these carry labels.
-bool HasLabels(std::string_view fileName) {
-    const std::string letters = LastThreeLetters(fileName);
-    return letters == "PRN" || letters == "UTM";
-}
-
-void AskLabelFont() {
-    // The fonts themselves cannot be chosen yet: the entry keeps those it has.
-    Machine().boxes->Ask(LabelFontTitle, LabelFontText, BoxButtons::Ok, BoxIcon::Information);
-}
 
 std::int16_t TwipsOf(const GridCell& cell) {
     return RoundToInt16(ValueOf(cell.text) * Design.TwipsPerPixelY);
@@ -205,9 +187,6 @@ void InputFileParams::OK_Click() {
     InputFileEntry accepted = entry;
     Store(accepted);
     entry = std::move(accepted);
-    if (HasLabels(fileName)) {
-        AskLabelFont();
-    }
     CloseAccepted();
 }
 

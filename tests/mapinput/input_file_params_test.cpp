@@ -441,21 +441,13 @@ TEST_F(FileParameters, SizeThatCannotBeStoredLeavesTheEntryAndTheDialog) {
 
 // ---- Labels
 
-TEST_F(FileParameters, FilesWithLabelsAnnounceTheChoiceOfTheirFont) {
+TEST_F(FileParameters, NoFontIsAnnouncedAsLongAsNoneCanBeChosen) {
     for (const char* const name : {"a.prn", "a.PRN", "a.utm", "a.Utm"}) {
         Add(name);
         form->PressDefault();
         EXPECT_TRUE(form->Closed());
         EXPECT_FALSE(Design.DialogCancelled);
-        EXPECT_THAT(
-            machine.boxes.Taken(),
-            ElementsAre(AskedBox{
-                "Select Label Font",
-                "Quelmont .PRN and .UTM files may contain labels that can be displayed next to the point "
-                "they "
-                "represent.\n\nWhen you press OK, a Font selection dialog box will appear.  Use this box to "
-                "select the font that will be used to display any labels contained in this file.",
-                BoxButtons::Ok, BoxIcon::Information, BoxAnswer::Ok}));
+        EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
         EXPECT_EQ(entry.LabelFontName, "Arial");
         EXPECT_EQ(entry.LabelFontSize, 10);
         EXPECT_EQ(entry.LabelColor, Black);
@@ -475,12 +467,6 @@ TEST_F(FileParameters, EntryKeepsItsLabelFont) {
     EXPECT_EQ(entry.LabelFontSize, 24);
     EXPECT_EQ(entry.LabelColor, Rgb(255, 0, 0));
     EXPECT_TRUE(entry.LabelItalic);
-}
-
-TEST_F(FileParameters, CancelAnnouncesNoFont) {
-    Add("a.prn");
-    form->PressCancel();
-    EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(FileParameters, HelpHasItsPage) {
