@@ -61,17 +61,13 @@ struct TextItem {
     std::int16_t TextHeight = 0, TextDescent = 0, TextCellHeight = 0; ///< of the font, twips
 };
 
-/// The state of the whole program: one map design, and what the last draw made of it.
-///
-/// There is exactly one, Design. Every routine reads and writes its fields by name; nothing passes
-/// a design along. Flags stand in files as -1 and 0. Sections follow the flow of the data.
-struct MapDesign {
-    // ---- Projection. Written by the projection menu and the design file reader, read everywhere.
-    std::int16_t ProjNum = 2;                 ///< sparse number, stored in design files
-    std::string ProjName = "Equirectangular"; ///< name in reports
-    std::array<bool, 43> ProjGridSet = {};    ///< by ProjNum: GridText was accepted for it
-    std::int16_t ProjMenuLast = 0;            ///< last index of the projection menu
-    std::int16_t ProjNumPrev = 0;             ///< the projection before the last change
+/// What the map shows, as texts and as the numbers made of them: all that the dialogs of the
+/// boundaries change. A copy keeps it while they are open, so that a cancelled dialog leaves no
+/// part of its answers behind.
+struct DesignBounds {
+    /// The projection that the numbers below were made for, 0 before any were; ProjNum when they can
+    /// be drawn. Written by ParamSelect, the last step of every acceptance.
+    std::int16_t BoundsProjNum = 0;
 
     // ---- Texts of the design. Written by the boundary dialogs and the design file reader, read by
     // CalcGraticule, CalcGraticuleInterrupt, CalcUtmZone, CalcUtmGrid.
@@ -141,9 +137,27 @@ struct MapDesign {
     std::array<double, 10> LobeLonDeg = {};
     std::array<std::int32_t, 10> LobeLonSec = {};
     std::array<double, 10> LobeCentral = {}; ///< x of each lobe, projection units
-    double LobeOffsetX = 0.0;                ///< x of the lobe being drawn, else 0
-    bool LobeFirst = false;                  ///< first pass of the draw
-    bool LobeLast = false;                   ///< last pass of the draw
+
+    // ---- Extent. Written by ParamSelect, read by ScaleScreen and whoever draws.
+    double MapXMin = 0.0, MapXMax = 1.0, MapYMin = 0.0, MapYMax = 1.0; ///< projection units
+};
+
+/// The state of the whole program: one map design, and what the last draw made of it.
+///
+/// There is exactly one, Design. Every routine reads and writes its fields by name; nothing passes
+/// a design along. Flags stand in files as -1 and 0. Sections follow the flow of the data.
+struct MapDesign : DesignBounds {
+    // ---- Projection. Written by the projection menu and the design file reader, read everywhere.
+    std::int16_t ProjNum = 2;                 ///< sparse number, stored in design files
+    std::string ProjName = "Equirectangular"; ///< name in reports
+    std::array<bool, 43> ProjGridSet = {};    ///< by ProjNum: GridText was accepted for it
+    std::int16_t ProjMenuLast = 0;            ///< last index of the projection menu
+    std::int16_t ProjNumPrev = 0;             ///< the projection before the last change
+
+    // ---- The lobe being drawn. Written by the draw cycle.
+    double LobeOffsetX = 0.0; ///< its x, projection units, else 0
+    bool LobeFirst = false;   ///< first pass of the draw
+    bool LobeLast = false;    ///< last pass of the draw
 
     // ---- Point cell: the calling convention of ProjectSelect.
     double ProjLat = 0.0, ProjLon = 0.0; ///< in: degrees, relative longitude; metres on UTM
@@ -157,8 +171,7 @@ struct MapDesign {
     bool StartLine = false;    ///< the current point begins a line of its source
     bool UtmPointPath = false; ///< points are seconds that become degrees before they are projected
 
-    // ---- Extent and fit. Extent written by ParamSelect, the fit by ScaleScreen.
-    double MapXMin = 0.0, MapXMax = 1.0, MapYMin = 0.0, MapYMax = 1.0; ///< projection units
+    // ---- Fit of the map to the drawing area. Written by ScaleScreen.
     double XAxisLength = 1.0; ///< length of the x axis in transformed output
     double AsciiScale = 0.0;
     double MapReduce = 1.0; ///< share of the drawing area that the map fills, 0.1 to 1

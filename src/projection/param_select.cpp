@@ -237,6 +237,7 @@ void ParamSelect() {
         }
         break;
     }
+    Design.BoundsProjNum = Design.ProjNum;
     Design.PlotStopReason.clear();
 }
 

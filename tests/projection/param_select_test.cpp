@@ -51,6 +51,15 @@ protected:
     static AskedBox Failure(const char* description) { return {"Error in ParamSelect", description}; }
 };
 
+TEST_F(Extent, BoundsBelongToTheProjectionFromThenOn) {
+    Rectangle(ProjMercator, 45.0, -45.0, 180.0);
+    EXPECT_EQ(Design.BoundsProjNum, ProjMercator);
+    Design.ProjNum = ProjRobinson;
+    EXPECT_EQ(Design.BoundsProjNum, ProjMercator) << "a projection that was chosen and no more";
+    Disc(ProjOrthographic, 40.0, 90.0);
+    EXPECT_EQ(Design.BoundsProjNum, ProjOrthographic);
+}
+
 // ---- Rectangles.
 
 TEST_F(Extent, MercatorFromItsFourPoints) {
