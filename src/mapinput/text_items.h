@@ -7,6 +7,9 @@
 
 namespace quelmont {
 
+/// Whether a character ends a number: a blank, a tab, a comma or a line end.
+constexpr bool IsDelimiter(char c) { return c == ' ' || c == '\t' || c == ',' || c == '\r' || c == '\n'; }
+
 /// Takes blanks and tabs off the front of a text.
 inline void TakeBlanks(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));

@@ -1,6 +1,7 @@
 #include "mapinput/world_reader.h"
 
 #include "core/map_design.h"
+#include "core/run_time_error.h"
 #include "mapinput/byte_reader.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
@@ -65,13 +66,14 @@ private:
 
 bool TakeWorldTail(ByteReader& bytes) {
     bool lineEnd = false;
-    for (;;) {
+    for (std::size_t taken = 0; taken < MaxFilling; ++taken) {
         const std::byte byte = bytes.Take<1>()[0];
         if (byte == WorldRecordEnd) {
             return lineEnd;
         }
         lineEnd = lineEnd || byte == WorldLineEnd;
     }
+    throw RunTimeError(ErrorInputPastEnd);
 }
 
 bool ReadWorldText(MapPoint& point, std::int32_t FileIndex) {

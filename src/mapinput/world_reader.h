@@ -8,7 +8,7 @@ class ByteReader;
 class MapPoint;
 
 /// Takes the bytes up to the end of a record of a binary world file. Whether the next point begins a
-/// line. RunTimeError "Input past end of file" when there is no end.
+/// line. RunTimeError "Input past end of file" when there is no end, nor within MaxFilling bytes.
 bool TakeWorldTail(ByteReader& bytes);
 
 /// Plots the world file in text (.mp1) or in binary (.mps) that is open under file number 1, in the

@@ -95,6 +95,14 @@ TEST_F(AsciiMapReader, ManyBlankLinesArePassedOver) {
     ExpectCleanEnd();
 }
 
+TEST_F(AsciiMapReader, EndlessBlanksInOneLineAreAnError) {
+    Plot("1,1,1\n" + std::string(MaxFilling / 2, ' ') + "\n" + std::string(MaxFilling / 2, ' ') +
+         "\n0,1,2\n");
+    ExpectCleanEnd();
+    Plot("1,1,1\n" + std::string(MaxFilling + 1, ' ') + "\n0,1,2\n");
+    ExpectError("Input past end of file");
+}
+
 TEST_F(AsciiMapReader, PointThatIsCutOffIsAnError) {
     Plot("1,1,1\n0,1\n");
     EXPECT_THAT(recorder.points, SizeIs(1));

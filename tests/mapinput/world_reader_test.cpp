@@ -74,10 +74,22 @@ TEST_F(WorldTextReader, ItemsReachAcrossBlocks) {
     EXPECT_EQ(Moves(), 1U);
 }
 
-TEST_F(WorldTextReader, EndlessItemIsReadInPieces) {
-    Plot("1 1\n1 2\n" + std::string(3 * MaxTextItem, 'x') + "\n2 1\n");
+TEST_F(WorldTextReader, LongestItemIsRead) {
+    Plot("1 1\n1 2\n" + std::string(MaxTextItem - 1, 'x') + "\n2 1\n");
     EXPECT_THAT(recorder.points, SizeIs(3));
     EXPECT_EQ(Moves(), 2U);
+    ExpectCleanEnd();
+}
+
+TEST_F(WorldTextReader, EndlessItemIsAnError) {
+    Plot("1 1\n1 2\n" + std::string(MaxTextItem + 1, 'x') + "\n2 1\n");
+    EXPECT_THAT(recorder.points, SizeIs(2));
+    ExpectError("Input past end of file");
+}
+
+TEST_F(WorldTextReader, LongLastItemWithoutALineEndIsRead) {
+    Plot("1 1\n1 2\n" + std::string(MaxTextItem, 'x'));
+    EXPECT_THAT(recorder.points, SizeIs(2));
     ExpectCleanEnd();
 }
 
@@ -191,6 +203,13 @@ TEST_F(WorldBinaryReader, FileThatEndsWithinARecordIsAnError) {
 TEST_F(WorldBinaryReader, LastRecordWithoutALineFeedIsNotDrawn) {
     Plot(Point(1, 1) + Point(1, 2).substr(0, 8) + "no end");
     EXPECT_THAT(recorder.points, SizeIs(1));
+    ExpectError("Input past end of file");
+}
+
+TEST_F(WorldBinaryReader, EndlessTailIsAnError) {
+    std::string marked = Point(1, 1);
+    marked.insert(8, std::string(MaxFilling, 'x'));
+    Plot(marked + Point(1, 2));
     ExpectError("Input past end of file");
 }
 
