@@ -1,7 +1,8 @@
 // Feeds bytes as a map file through quelmont-convert into another format. What is written has to be
 // whole: it is read back.
 //
-// The first two bytes choose the formats, the third how much is dropped; the rest is the file.
+// The first two bytes choose the formats, the third how much is dropped, the fourth the habits of the file
+// (see memory_file.h); the rest is the file.
 
 #include "convert/file_kind.h"
 #include "convert/line_encoder.h"
@@ -24,7 +25,7 @@
 namespace quelmont {
 namespace {
 
-constexpr std::size_t HeaderSize = 3;
+constexpr std::size_t HeaderSize = 4;
 constexpr std::array Names = {"fuzz.map", "fuzz.pnt", "fuzz.pkv", "fuc.pkd",  "fuzz.grv", "fuzz.grf",
                               "fuzz.dat", "fuzz.mps", "fuzz.mp1", "fuzz.prn", "fuzz.utm"};
 
@@ -79,8 +80,9 @@ private:
 };
 
 /// Whether a file could be read to its end.
-bool Read(const char* name, std::span<const std::uint8_t> contents, LineReceiver& receiver) {
-    SetMemoryFile(contents);
+bool Read(const char* name, std::span<const std::uint8_t> contents, const MemoryFileHabits& habits,
+          LineReceiver& receiver) {
+    SetMemoryFile(contents, habits);
     try {
         MapFileSource(name, KindOf(name), std::nullopt, &Zone()).Read(receiver);
         return true;
@@ -89,15 +91,16 @@ bool Read(const char* name, std::span<const std::uint8_t> contents, LineReceiver
     }
 }
 
-void Run(const char* from, const char* to, int tolerance, std::span<const std::uint8_t> contents) {
+void Run(const char* from, const char* to, int tolerance, const MemoryFileHabits& habits,
+         std::span<const std::uint8_t> contents) {
     Writer writer(to, tolerance);
-    if (!Read(from, contents, writer)) {
+    if (!Read(from, contents, habits, writer)) {
         return;
     }
     const std::string written = writer.Written();
     Writer back("fuzz.dat", 0);
     const bool whole =
-        Read(to, {reinterpret_cast<const std::uint8_t*>(written.data()), written.size()}, back);
+        Read(to, {reinterpret_cast<const std::uint8_t*>(written.data()), written.size()}, {}, back);
     if (!whole || IsFileOpen(InputFileNumber)) {
         std::abort();
     }
@@ -109,7 +112,7 @@ void Run(const char* from, const char* to, int tolerance, std::span<const std::u
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace quelmont;
     if (size >= HeaderSize) {
-        Run(Names[data[0] % Names.size()], Names[data[1] % Names.size()], data[2],
+        Run(Names[data[0] % Names.size()], Names[data[1] % Names.size()], data[2], HabitsOf(data[3]),
             std::span(data, size).subspan(HeaderSize));
     }
     return 0;

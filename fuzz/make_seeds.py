@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Writes the seeds of the fuzzers into corpus/: small files of each format that quelmont-convert makes,
-and such files damaged, with the four bytes before them that choose the map (see map_fuzz.h; three in
-convert_fuzz.cpp). Most of minute_grid were written by hand and stay.
+and such files damaged, with the bytes before them that choose the map and the habits of the file (see
+map_fuzz.h and convert_fuzz.cpp). Most of minute_grid were written by hand and stay.
 
     fuzz/make_seeds.py [QUELMONT-CONVERT]
 """
@@ -58,10 +58,10 @@ def excerpt(name, *options):
     return run(PROJECT / "data" / "Qmnt4.map", name, (LAKE_GENEVA, *options))
 
 
-def put(fuzzer, name, header, data):
+def put(fuzzer, name, header, data, habits=0):
     folder = CORPUS / fuzzer
     folder.mkdir(parents=True, exist_ok=True)
-    (folder / name).write_bytes(bytes(header) + data)
+    (folder / name).write_bytes(bytes((*header, habits)) + data)
 
 
 def packed():
@@ -134,6 +134,18 @@ def convert():
     put("convert", "simplified", (0, 2, 60), excerpt("fuzz.map"))
 
 
+def strange_files():
+    """One seed of each fuzzer as a file that tells no length, comes in pieces, grows, or shrinks; the
+    numbers are those of HabitsOf."""
+    for fuzzer, name, size in (("minute_grid", "lake_geneva", 4), ("packed", "lake_geneva", 4),
+                               ("fixed_record", "lake_geneva", 4), ("world_text", "lake_geneva", 4),
+                               ("world_binary", "lake_geneva", 4), ("ascii_map", "lake_geneva", 4),
+                               ("convert", "simplified", 3)):
+        seed = (CORPUS / fuzzer / name).read_bytes()
+        for habit, number in (("told_nothing", 4), ("in_pieces", 2), ("grows", 52), ("shrinks", 96)):
+            put(fuzzer, habit, seed[:size], seed[size + 1:], number)
+
+
 def main():
     packed()
     fixed_record()
@@ -141,6 +153,7 @@ def main():
     ascii_map()
     convert()
     put("minute_grid", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.map"))
+    strange_files()
 
 
 if __name__ == "__main__":

@@ -28,7 +28,7 @@
 namespace quelmont {
 namespace {
 
-constexpr std::size_t HeaderSize = 4;
+constexpr std::size_t HeaderSize = 5;
 
 void Check(bool holds) {
     if (!holds) {
@@ -159,7 +159,7 @@ void Run(std::span<const std::uint8_t, HeaderSize> header, const char* name,
     SilentMachine machine(Surface);
     ResetDrawBoxes();
     ChooseMap(header, name);
-    SetMemoryFile(contents);
+    SetMemoryFile(contents, HabitsOf(header[4]));
     int turn = 0;
     machine.onEvents = [&] {
         if (++turn == header[3]) {

@@ -9,9 +9,9 @@ namespace quelmont {
 /// Feeds an input as a map file through the whole of MapPlot, and aborts where the program is not left
 /// as it has to be.
 ///
-/// The first four bytes choose the map, the name (the names are spread evenly over the values of the
-/// third byte) with its symbol and what is hidden, and the turn of events at which Escape is pressed; the
-/// rest is the file. Shorter inputs do nothing.
+/// The first five bytes choose the map, the name (the names are spread evenly over the values of the
+/// third byte) with its symbol and what is hidden, the turn of events at which Escape is pressed, and the
+/// habits of the file (see memory_file.h); the rest is the file. Shorter inputs do nothing.
 void FuzzMapFile(std::span<const std::uint8_t> input, std::span<const char* const> names);
 
 } // namespace quelmont

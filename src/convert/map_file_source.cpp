@@ -185,7 +185,8 @@ void MapFileSource::Read(LineReceiver& receiver) {
 }
 
 double MapFileSource::Share() const {
-    return size > 0 ? static_cast<double>(recordAt) / static_cast<double>(size) : 1.0;
+    // The size that was told need not be true.
+    return size > 0 ? std::min(static_cast<double>(recordAt) / static_cast<double>(size), 1.0) : -1.0;
 }
 
 void MapFileSource::ReadRecords(ByteReader& bytes, Lines& lines) {

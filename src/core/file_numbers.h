@@ -33,8 +33,8 @@ void CloseFile(int number);
 
 bool IsFileOpen(int number);
 
-/// Reads up to the size of the span and returns how many bytes there were, less only at the end of
-/// the file. RunTimeError "Bad file name or number", "Bad file mode" on a file opened for output,
+/// Reads up to the size of the span and returns how many bytes there were, 0 only at the end of the
+/// file. RunTimeError "Bad file name or number", "Bad file mode" on a file opened for output,
 /// "Device I/O error". Nothing is buffered: ask for large blocks.
 std::size_t ReadFile(int number, std::span<std::byte> bytes);
 
@@ -46,7 +46,9 @@ void WriteFile(int number, std::span<const std::byte> bytes);
 /// Moves to a byte counted from 0; "Invalid procedure call or argument" before it.
 void SeekFile(int number, std::int64_t position);
 
-/// Bytes of the open file.
+/// Bytes of the open file, as the system tells them: it tells 0 of files that it makes up as they are read,
+/// and other programs may write to a file that is open. Fit for a share of the work done, not for the size
+/// of a buffer.
 std::int64_t FileLength(int number);
 
 /// What a file number reads and writes: by default a file of the system. Tests put a device of

@@ -3,29 +3,32 @@
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
 
-#include <algorithm>
 #include <cstring>
 #include <limits>
 
 namespace quelmont {
 
-ByteReader::ByteReader()
-    : block(static_cast<std::size_t>(std::clamp<std::int64_t>(FileLength(InputFileNumber), 1, BlockSize))) {}
+ByteReader::ByteReader() : block(std::make_unique_for_overwrite<std::byte[]>(BlockSize)) {
+    if (!IsFileOpen(InputFileNumber)) {
+        throw RunTimeError(ErrorBadFileNumber);
+    }
+}
 
 bool ByteReader::Fill(std::size_t count) {
-    if (atEnd || count > block.size()) {
+    if (atEnd || count > BlockSize) {
         return false;
     }
     const std::size_t kept = Buffered();
-    std::memmove(block.data(), block.data() + next, kept);
+    std::memmove(block.get(), block.get() + next, kept);
     next = 0;
     filled = kept;
-    const std::size_t wanted = block.size() - kept;
-    const std::size_t got = ReadFile(InputFileNumber, std::span(block).subspan(kept));
-    filled += got;
-    position += static_cast<std::int64_t>(got);
-    atEnd = got < wanted;
-    return Buffered() >= count;
+    while (filled < count && !atEnd) {
+        const std::size_t got = ReadFile(InputFileNumber, std::span(block.get(), BlockSize).subspan(filled));
+        filled += got;
+        position += static_cast<std::int64_t>(got);
+        atEnd = got == 0;
+    }
+    return filled >= count;
 }
 
 void ByteReader::Seek(std::int64_t count) {

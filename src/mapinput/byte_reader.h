@@ -4,20 +4,21 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
-#include <vector>
 
 namespace quelmont {
 
 /// The bytes of the map file that has just been opened under file number 1, read in large blocks.
-/// Every reader takes its bytes from here and nothing else touches the file.
+/// Every reader takes its bytes from here and nothing else touches the file. How long the file is shows
+/// when it has been read, and not before.
 class ByteReader {
 public:
     /// RunTimeError when the file is not open.
     ByteReader();
 
     /// Whether at least so many bytes are left, count up to BlockSize. RunTimeError when the file
-    /// cannot be read.
+    /// cannot be read. Once the file has no more, it has no more until the next Seek, even if it grows.
     bool Has(std::size_t count) { return Buffered() >= count || Fill(count); }
 
     /// The next Size bytes, which stay valid until the next call. RunTimeError "Input past end of
@@ -27,7 +28,7 @@ public:
         if (!Has(Size)) [[unlikely]] {
             PastEnd();
         }
-        const std::byte* bytes = block.data() + next;
+        const std::byte* bytes = block.get() + next;
         next += Size;
         return std::span<const std::byte, Size>(bytes, Size);
     }
@@ -35,8 +36,8 @@ public:
     /// The bytes that lie ready, at least so many (up to BlockSize) unless the file ends before; they
     /// stay valid until more are asked for. RunTimeError when the file cannot be read.
     std::span<const std::byte> Ahead(std::size_t least) {
-        Has(std::min(least, block.size())); // a small file has a small block
-        return {block.data() + next, Buffered()};
+        Has(std::min(least, BlockSize));
+        return {block.get() + next, Buffered()};
     }
 
     /// Steps over bytes, and over the end of the file if they are more than it has. What lies beyond
@@ -61,11 +62,13 @@ private:
     void Seek(std::int64_t count);
     [[noreturn]] static void PastEnd();
 
-    std::vector<std::byte> block; ///< no larger than the file
-    std::size_t next = 0;         ///< of the block's bytes, the first that was not taken
-    std::size_t filled = 0;       ///< bytes in the block
-    std::int64_t position = 0;    ///< of the block's end in the file
-    bool atEnd = false;           ///< the file has no more
+    /// Of BlockSize bytes, whatever length the file tells: some systems' files tell none, and a file may
+    /// grow or shrink while it is read.
+    std::unique_ptr<std::byte[]> block;
+    std::size_t next = 0;      ///< of the block's bytes, the first that was not taken
+    std::size_t filled = 0;    ///< bytes in the block
+    std::int64_t position = 0; ///< of the block's end in the file
+    bool atEnd = false;        ///< the file has no more
 };
 
 /// The two bytes of a signed number, the low one first.

@@ -8,9 +8,11 @@
 #include "mapinput/minute_grid_file.h"
 #include "mapinput/shown_features.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 
 namespace quelmont {
 
@@ -23,10 +25,10 @@ std::optional<MinuteGridRecord> NextRecord(ByteReader& bytes) {
         return DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
     }
     std::array<std::byte, MinuteGridRecordSize> rest = {};
-    std::size_t count = 0;
-    while (bytes.Has(1)) {
-        rest[count++] = bytes.Take<1>()[0];
-    }
+    const std::span<const std::byte> ready = bytes.Ahead(rest.size());
+    const std::size_t count = std::min(ready.size(), rest.size());
+    std::copy_n(ready.begin(), count, rest.begin());
+    bytes.Skip(static_cast<std::int64_t>(count));
     const MinuteGridRecord record = DecodeMinuteGrid(rest);
     if (RankOf(record.Code) == 0 && count <= sizeof record.Code) {
         return std::nullopt;

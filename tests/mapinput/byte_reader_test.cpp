@@ -31,6 +31,57 @@ TEST_F(ByteReaderTest, GivesTheBytesInOrder) {
     EXPECT_FALSE(bytes.Has(3));
 }
 
+TEST_F(ByteReaderTest, LengthThatAFileTellsMeansNothing) {
+    for (const std::int64_t told : {0, 1, 5, 1'000'000}) {
+        files.TellLength(told);
+        Open("abcdef");
+        ByteReader bytes;
+        EXPECT_TRUE(bytes.Has(6)) << told;
+        EXPECT_EQ(Text(bytes.Ahead(100)), "abcdef") << told;
+        EXPECT_EQ(Text(bytes.Take<6>()), "abcdef") << told;
+        EXPECT_FALSE(bytes.Has(1)) << told;
+        CloseFile(InputFileNumber);
+    }
+}
+
+TEST_F(ByteReaderTest, ReadThatGivesFewerBytesIsNotTheEnd) {
+    std::string contents;
+    for (int i = 0; i < 300'000; ++i) {
+        contents += static_cast<char>(i % 251);
+    }
+    files.ReadAtMost(7);
+    Open(contents);
+    ByteReader bytes;
+    std::string read;
+    while (bytes.Has(5)) {
+        read += Text(bytes.Take<5>());
+    }
+    EXPECT_EQ(read, contents);
+    EXPECT_FALSE(bytes.Has(1));
+}
+
+TEST_F(ByteReaderTest, FileThatGrowsIsReadAsLongAsItIsThen) {
+    Open("abc");
+    ByteReader bytes;
+    files.Put("input", "abcdef");
+    EXPECT_TRUE(bytes.Has(6));
+    files.Put("input", "abcdefghi");
+    EXPECT_EQ(Text(bytes.Take<6>()), "abcdef");
+    EXPECT_TRUE(bytes.Has(3));
+    EXPECT_FALSE(bytes.Has(4));
+    files.Put("input", "abcdefghijkl");
+    EXPECT_FALSE(bytes.Has(4)) << "an end that was seen stays";
+}
+
+TEST_F(ByteReaderTest, FileThatShrinksEnds) {
+    Open(std::string(3 * ByteReader::BlockSize, 'x'));
+    ByteReader bytes;
+    EXPECT_TRUE(bytes.Has(1));
+    files.Put("input", "xyz");
+    bytes.Skip(static_cast<std::int64_t>(ByteReader::BlockSize));
+    EXPECT_FALSE(bytes.Has(1));
+}
+
 TEST_F(ByteReaderTest, EmptyFileHasNothing) {
     Open("");
     ByteReader bytes;

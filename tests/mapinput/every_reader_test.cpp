@@ -9,12 +9,16 @@
 #include "mapinput/minute_grid_file.h"
 #include "mapinput/world_file.h"
 #include "packed_segments.h"
+#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace quelmont {
 namespace {
@@ -208,6 +212,56 @@ TEST_P(EveryReader, EmptyFileDrawsNothing) {
     EXPECT_THAT(recorder.points, IsEmpty());
     EXPECT_EQ(Counted().PointsRead, 0);
     ExpectCleanEnd();
+}
+
+TEST_P(EveryReader, FileIsReadToItsEndWhateverLengthItTells) {
+    Plot(Contents());
+    const std::vector<PlottedPoint> expected = recorder.points;
+    const auto size = static_cast<std::int64_t>(Contents().size());
+    for (const std::int64_t told : {std::int64_t{0}, std::int64_t{1}, std::int64_t{5}, size / 2, size * 3}) {
+        files.TellLength(told);
+        Plot(Contents());
+        EXPECT_EQ(recorder.points, expected) << "told " << told;
+        ExpectCleanEnd();
+    }
+}
+
+TEST_P(EveryReader, FileThatComesInSmallPiecesDrawsTheSame) {
+    Plot(Contents());
+    const std::vector<PlottedPoint> expected = recorder.points;
+    for (const std::size_t most : {1U, 2U, 3U, 17U}) {
+        files.ReadAtMost(most);
+        Plot(Contents());
+        EXPECT_EQ(recorder.points, expected) << most << " bytes at once";
+        ExpectCleanEnd();
+    }
+}
+
+TEST_P(EveryReader, FileOfTheSystemThatTellsNoLengthIsReadAsItsCopy) {
+    const TemporaryFolder folder;
+    const std::string name = folder / GetParam().name;
+    ASSERT_EQ(symlink("/proc/version", name.c_str()), 0);
+    AddFile(name, ReadWholeFile("/proc/version"));
+    PlotList();
+    const std::vector<PlottedPoint> expected = recorder.points;
+    const std::int64_t read = Counted().PointsRead;
+    const std::vector<AskedBox> boxes = machine.boxes.Taken();
+    SetFileDeviceMaker(nullptr);
+    PlotList();
+    EXPECT_EQ(recorder.points, expected);
+    EXPECT_EQ(Counted().PointsRead, read);
+    EXPECT_EQ(machine.boxes.Taken(), boxes);
+}
+
+TEST_P(EveryReader, PipeIsRefusedAndNotDrawnAsEmpty) {
+    const TemporaryFolder folder;
+    const std::string name = folder / GetParam().name;
+    ASSERT_EQ(mkfifo(name.c_str(), 0600), 0);
+    AddFile(name, "");
+    SetFileDeviceMaker(nullptr);
+    Design.OutputWmf = false;
+    MapPlot();
+    ExpectError("Path/File access error");
 }
 
 TEST_P(EveryReader, FileThatIsNotThereIsTold) {

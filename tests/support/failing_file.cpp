@@ -38,7 +38,7 @@ public:
 
     std::size_t Read(std::span<std::byte> wanted) override {
         const std::size_t there = place < bytes->size() ? bytes->size() - place : 0;
-        const std::size_t count = std::min(there, wanted.size());
+        const std::size_t count = std::min({there, wanted.size(), owner.mostPerRead.value_or(there)});
         const std::size_t allowed = Allowed(owner.reading, readSoFar, count);
         if (allowed > 0) {
             std::memcpy(wanted.data(), bytes->data() + place, allowed);
@@ -71,7 +71,9 @@ public:
         place = static_cast<std::size_t>(position);
     }
 
-    std::int64_t Length() override { return static_cast<std::int64_t>(bytes->size()); }
+    std::int64_t Length() override {
+        return owner.toldLength.value_or(static_cast<std::int64_t>(bytes->size()));
+    }
 
     void Close() override {
         ++owner.closes;

@@ -36,6 +36,11 @@ public:
     void FailReadingAfter(std::int64_t bytes, int error) { reading = Limit{bytes, error}; }
     void FailWritingAfter(std::int64_t bytes, int error) { writing = Limit{bytes, error}; }
 
+    /// From now on each file tells this length, whatever it holds.
+    void TellLength(std::int64_t bytes) { toldLength = bytes; }
+    /// From now on a read gives no more bytes than these at once.
+    void ReadAtMost(std::size_t bytes) { mostPerRead = bytes; }
+
     int opens = 0;
     int closes = 0;
 
@@ -52,6 +57,8 @@ private:
     int seeking = 0;
     std::optional<Limit> reading;
     std::optional<Limit> writing;
+    std::optional<std::int64_t> toldLength;
+    std::optional<std::size_t> mostPerRead;
 };
 
 } // namespace quelmont

@@ -26,6 +26,19 @@ TEST(FailingFiles, HoldWhatWasWritten) {
     EXPECT_EQ(files.closes, 2);
 }
 
+TEST(FailingFiles, ReadsGiveAsFewBytesAsTheyAreTold) {
+    FailingFiles files;
+    files.Put("in", "abcde");
+    files.ReadAtMost(3);
+    files.TellLength(1);
+    OpenFile(InputFileNumber, "in", OpenMode::Input);
+    EXPECT_EQ(FileLength(InputFileNumber), 1);
+    std::array<std::byte, 9> bytes;
+    EXPECT_EQ(ReadFile(InputFileNumber, bytes), 3U);
+    EXPECT_EQ(ReadFile(InputFileNumber, bytes), 2U);
+    EXPECT_EQ(ReadFile(InputFileNumber, bytes), 0U);
+}
+
 TEST(FailingFiles, WritingFailsBehindItsLimit) {
     FailingFiles files;
     files.FailWritingAfter(4, ErrorDiskFull);
