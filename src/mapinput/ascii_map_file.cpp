@@ -26,7 +26,7 @@ double TakeNumber(std::string_view& text) {
     } else {
         TakeLineEnd(text);
     }
-    return ValueOf(item);
+    return MapNumberOf(item);
 }
 
 std::string_view TakeLabel(std::string_view& text) {

@@ -65,7 +65,7 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex) {
         } else {
             TestMetres(point, read.Third, read.Second);
         }
-        if (read.Break != 0) {
+        if (read.Break != 0 || Design.StartLine) {
             point.StartNewLine();
         }
         if (!point.PlotStep()) {

@@ -11,7 +11,7 @@ class MapPoint;
 /// of MapLabels. False when Escape was pressed.
 ///
 /// A .utm file is in metres and has to be on the UTM projection; it clears UtmPointPath. A first point
-/// that begins no line goes on from the last point of the file before.
+/// that begins no line is taken as MapPoint::BeginFile tells.
 /// RunTimeError when the file cannot be read, when a point has no place, and as TakeAsciiMapPoint.
 bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex);
 

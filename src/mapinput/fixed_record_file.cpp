@@ -1,8 +1,8 @@
 #include "mapinput/fixed_record_file.h"
 
-#include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/run_time_error.h"
+#include "mapinput/text_items.h"
 
 #include <cstdlib>
 #include <string_view>
@@ -13,7 +13,7 @@ namespace {
 
 /// The number in positions counted from 1.
 double NumberAt(const FixedRecord& record, std::size_t first, std::size_t last) {
-    return ValueOf(std::string_view(record.data() + first - 1, last - first + 1));
+    return MapNumberOf(std::string_view(record.data() + first - 1, last - first + 1));
 }
 
 FixedRecord Blank() {

@@ -71,6 +71,8 @@ bool PlotRecord(MapPoint& point, const FixedRecord& record) {
     if (Design.LineStart == HeaderRead) {
         point.StartNewLine();
         Design.LineStart = 3;
+    } else if (Design.StartLine) {
+        point.StartNewLine();
     }
     return point.PlotStep();
 }

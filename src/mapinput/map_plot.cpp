@@ -108,12 +108,13 @@ private:
     MapPoint point;
     std::string caption; ///< of the window, as the draw cycle set it
     std::string fileName;
+    bool failedInFile = false; ///< and not at the export
 };
 
 void MapPlotRun::Run() {
     try {
         caption = Machine().window->Caption();
-        Design.StartLine = false;
+        Design.LineStart = 0; // a draw before this one may have ended anywhere
         Design.MapLabels.clear();
         bool whole = true;
         for (std::int32_t index = 1; whole && index <= Design.MapFileCount; ++index) {
@@ -128,6 +129,7 @@ void MapPlotRun::Run() {
         GiveUpExport();
         DeleteMapPen(SiteAfterError);
     }
+    Design.StartLine = false;
     Close();
 }
 
@@ -151,6 +153,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
     try {
         after = ReadMapFile(index);
     } catch (const RunTimeError&) {
+        failedInFile = true;
         count();
         throw;
     }
@@ -180,6 +183,8 @@ void MapPlotRun::ShowFailure(const RunTimeError& error) const {
         ShowDrawBox("File not found error in MapPlot",
                     fileName + "\n\nThe above file, listed in the Open Digital Map File item\n"
                                "of the File menu, was not found.");
+    } else if (failedInFile) {
+        ShowDrawBox("Error in MapPlot", "Error: " + error.Description() + "\n" + fileName);
     } else {
         ShowErrorBox(Routine, error);
     }

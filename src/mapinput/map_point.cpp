@@ -39,8 +39,10 @@ std::int32_t FitInt32(std::int64_t value) {
 void MapPoint::BeginFile() {
     family = FamilyOf(Design.ProjNum);
     Design.UtmPointPath = true;
-    PrevInBounds = false;
+    Design.StartLine = !hasPrevious || PrevInBounds;
     PointInBounds = false;
+    EdgeLat = 0;
+    EdgeLon = 0;
     PointsRead = 0;
     PointsPlotted = 0;
 }
@@ -100,6 +102,7 @@ bool MapPoint::PlotStep() {
         break;
     }
     Design.StartLine = false;
+    hasPrevious = true;
     PrevInBounds = PointInBounds;
     Design.PointLatSecPrev = Design.PointLatSec;
     Design.PointLonSecPrev = Design.PointLonSec;

@@ -27,7 +27,9 @@ enum class ClippingFamily {
 /// RunTimeError where a position has no value or does not fit its field.
 class MapPoint {
 public:
-    /// Begins a map file: takes the projection's family and clears what belongs to one file.
+    /// Begins a map file: takes the projection's family and clears what belongs to one file. Its first
+    /// point begins a line, whatever its source says, unless the last point of the files before lies
+    /// outside: then it enters the map from there.
     void BeginFile();
 
     /// Turns the point into the map's frame and tests it against its bounds, which are inside.
@@ -110,7 +112,9 @@ private:
     void DrawToCut(Place point, bool acrossSeam);
 
     ClippingFamily family = ClippingFamily::None;
-    /// The last cut point. A line that leaps over the hole of the rectangle family is cut there.
+    bool hasPrevious = false; ///< a point of this map's files has passed PlotStep
+    /// The last cut point of the file, at first the equator on the western boundary. A line that leaps
+    /// over the hole of the rectangle family is cut there.
     std::int32_t EdgeLat = 0, EdgeLon = 0;
 };
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/number_text.h"
+
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 /// The front of a text that is read item by item.
@@ -32,6 +35,14 @@ inline void TakeLineEnd(std::string_view& text) {
 /// end one.
 inline void TakeBlankLines(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\x1A"), text.size()));
+}
+
+/// The number at the front of a text, 0 for a text without one. Behind its first digit it ends at a blank, a
+/// tab or a comma: what follows in a map file is another column, not the rest of the number. RunTimeError
+/// "Overflow" when it is too large.
+inline double MapNumberOf(std::string_view text) {
+    const std::size_t digit = std::min(text.find_first_of("0123456789"), text.size());
+    return ValueOf(text.substr(0, text.find_first_of(" \t,", digit)));
 }
 
 } // namespace quelmont

@@ -25,9 +25,9 @@ std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item) {
     if (first != '-' && !(first >= '0' && first <= '9')) {
         return std::nullopt;
     }
-    const std::size_t blank = item.find(' ');
+    const std::size_t blank = item.find_first_of(" \t");
     const std::size_t split = blank == std::string_view::npos ? 0 : blank + 1;
-    return WorldDegrees{ValueOf(item.substr(0, split)), ValueOf(item.substr(split))};
+    return WorldDegrees{MapNumberOf(item.substr(0, split)), MapNumberOf(item.substr(split))};
 }
 
 std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {

@@ -12,7 +12,8 @@
 /// World files: latitude and longitude in decimal degrees, without features.
 ///
 /// .mp1  text of items that a comma or a line end closes. An item that begins with "-" or a digit is
-///       a point, latitude, blank, longitude; any other ends the line of points.
+///       a point, latitude, blank or tab, longitude, and columns of no concern; any other ends the line of
+///       points.
 /// .mps  records of little-endian floats: the latitude, the longitude, and bytes up to a line feed. The
 ///       marker 99 before the latitude begins a line, a byte of value 1 before the line feed lets the
 ///       next point begin one.

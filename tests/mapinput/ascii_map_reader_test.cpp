@@ -77,6 +77,47 @@ TEST_F(AsciiMapReader, FirstPointThatBeginsNoLineGoesOnFromTheFileBefore) {
     EXPECT_EQ(recorder.points[3].lat, 8.0);
 }
 
+TEST_F(AsciiMapReader, FirstPointThatBeginsNoLineBeginsOneBehindAPointOfTheMap) {
+    Rectangle(ProjEquirectangular, 10, -10, -10, 10);
+    AddFile("a.prn", "1,5,5\n0,6,5\n");
+    AddFile("empty.prn", "");
+    AddFile("b.prn", "0,8,5\n0,9,5\n");
+    PlotList();
+    ASSERT_THAT(recorder.points, SizeIs(4));
+    EXPECT_TRUE(recorder.points[2].move);
+    EXPECT_EQ(recorder.points[2].lat, 8.0);
+    EXPECT_FALSE(recorder.points[3].move);
+    ExpectCleanEnd();
+}
+
+TEST_F(AsciiMapReader, FirstPointOfADrawBeginsALineWhateverTheDrawBeforeLeft) {
+    Rectangle(ProjEquirectangular, 10, -10, -10, 10);
+    Plot("1,5,5\n0,12,5\n");
+    Plot("0,8,5\n0,7,5\n");
+    ASSERT_THAT(recorder.points, SizeIs(2));
+    EXPECT_TRUE(recorder.points[0].move);
+    EXPECT_EQ(recorder.points[0].lat, 8.0) << "and not the edge";
+    EXPECT_FALSE(recorder.points[1].move);
+}
+
+TEST_F(AsciiMapReader, OnePointThatBeginsNoLineIsAMapOfOnePoint) {
+    // The point of the draw before, and what a program starts with, lie on the same parallel.
+    Plot("0,0,20\n");
+    Plot("0,0,20\n");
+    ASSERT_THAT(recorder.points, SizeIs(1));
+    EXPECT_TRUE(recorder.points[0].move);
+    ExpectCleanEnd();
+}
+
+TEST_F(AsciiMapReader, FirstPointOutsideThatBeginsNoLineIsEnteredFrom) {
+    Rectangle(ProjEquirectangular, 10, -10, -10, 10);
+    Plot("0,12,5\n0,8,5\n");
+    ASSERT_THAT(recorder.points, SizeIs(2));
+    EXPECT_EQ(recorder.points[0].lat, 10.0);
+    EXPECT_TRUE(recorder.points[0].move);
+    EXPECT_EQ(recorder.points[1].lat, 8.0);
+}
+
 TEST_F(AsciiMapReader, PointsReachAcrossBlocks) {
     std::string contents;
     std::size_t points = 0;

@@ -47,6 +47,12 @@ TEST(FixedRecordFile, NumbersAreReadAsFarAsTheyGo) {
         << "300.5 seconds go to the even number";
 }
 
+TEST(FixedRecordFile, NumberEndsAtABlankBehindItsDigits) {
+    EXPECT_EQ(PointOf("1 0000N1 20000E   \r\n"), (FixedRecordPoint{3600, 3600}));
+    EXPECT_EQ(PointOf("010000N 1\t0000E   \r\n"), (FixedRecordPoint{3600, 3600}));
+    EXPECT_EQ(DecodeLineGraphHeader(Record("       1 1 2   x  3 ")), (LineGraphHeader{301, 1}));
+}
+
 TEST(FixedRecordFile, NumberThatIsTooLargeIsAnError) {
     EXPECT_EQ(ErrorOf([] { PointOf("000000N9E90000E   \r\n"); }), ErrorOverflow);
 }

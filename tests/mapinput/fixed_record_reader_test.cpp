@@ -67,6 +67,23 @@ TEST_F(DataBankReader, FirstPointWithoutAHeaderGoesOnFromTheFileBefore) {
     ExpectCleanEnd();
 }
 
+TEST_F(DataBankReader, FirstPointWithoutAHeaderBeginsALineBehindAPointOfTheMap) {
+    Rectangle(ProjEquirectangular, 10, -10, -10, 10);
+    AddFile("a.dat", Break + Point(5, 5) + Point(6, 5));
+    AddFile("b.dat", Point(8, 5) + Point(7, 5));
+    PlotList();
+    ASSERT_THAT(recorder.points, SizeIs(4));
+    EXPECT_TRUE(recorder.points[2].move);
+    EXPECT_FALSE(recorder.points[3].move);
+    ExpectCleanEnd();
+}
+
+TEST_F(DataBankReader, HeaderAtTheEndOfADrawIsForgotten) {
+    Plot(Break + Point(5, 5) + Break);
+    Plot("");
+    EXPECT_EQ(Design.LineStart, 0);
+}
+
 TEST_F(DataBankReader, LineThatBeginsOutsideLeavesItsMoveToTheNextPoint) {
     Rectangle(ProjEquirectangular, 10, -10, -10, 10);
     Plot(Break + Point(20, 0));

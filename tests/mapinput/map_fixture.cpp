@@ -156,6 +156,10 @@ void MapTest::Lobe(double west, double east) {
 
 void MapTest::Draw(const std::vector<TruePlace>& line) {
     road.BeginFile();
+    GoOn(line);
+}
+
+void MapTest::GoOn(const std::vector<TruePlace>& line) {
     bool first = true;
     for (const TruePlace& place : line) {
         Design.PointLatSec = place.lat;
@@ -224,7 +228,8 @@ void ReaderTest::ExpectCleanEnd() {
 void ReaderTest::ExpectError(const std::string& description) {
     const std::vector<AskedBox> boxes = machine.boxes.Taken();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0], (AskedBox{"Error in MapPlot", "Error: " + description}));
+    EXPECT_EQ(boxes[0], (AskedBox{"Error in MapPlot",
+                                  "Error: " + description + "\n" + Design.InputFiles.back().MapFileName}));
     ExpectCleanEnd();
 }
 

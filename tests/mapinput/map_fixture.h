@@ -77,8 +77,9 @@ protected:
     /// Points go to the recorder until the next MapPlot has ended.
     static void StartRecording();
 
-    /// Draws a line by a MapPoint of its own file.
+    /// Draws a line by a MapPoint of its own file; GoOn draws another one of the same file.
     void Draw(const std::vector<TruePlace>& line);
+    void GoOn(const std::vector<TruePlace>& line);
 
     /// Puts a file into memory and at the end of the list.
     InputFileEntry& AddFile(const std::string& name, std::string_view contents);

@@ -175,7 +175,15 @@ TEST_F(MapPlotTest, FileThatCannotBeOpenedShowsTheReason) {
     files.FailOpening(ErrorPermissionDenied);
     Design.OutputWmf = false;
     MapPlot();
-    ExpectBox("Error in MapPlot", "Error: Permission denied");
+    ExpectBox("Error in MapPlot", "Error: Permission denied\na.map");
+    ExpectClosed();
+}
+
+TEST_F(MapPlotTest, FailureInAFileNamesTheFile) {
+    AddFile("C:\\maps\\first.map", Line(1, Stretch));
+    AddFile("C:\\maps\\second.prn", "1,2,3,\"no end\n");
+    MapPlot();
+    ExpectBox("Error in MapPlot", "Error: Invalid procedure call or argument\nC:\\maps\\second.prn");
     ExpectClosed();
 }
 

@@ -197,7 +197,8 @@ TEST_F(MinuteGridReader, OneByteIsNoRecord) {
 TEST_F(MinuteGridReader, FileThatFailsInTheMiddleShowsABox) {
     files.FailReadingAfter(18, ErrorDeviceIo);
     Plot(Line(1, {{0, 0}, {0, 60}, {0, 120}, {0, 180}, {0, 240}}));
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in MapPlot", "Error: Device I/O error"}));
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(AskedBox{"Error in MapPlot", "Error: Device I/O error\na.map"}));
     EXPECT_FALSE(IsFileOpen(InputFileNumber));
     EXPECT_EQ(surface.LiveObjects(), 0);
 }

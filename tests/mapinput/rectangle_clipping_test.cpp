@@ -131,10 +131,10 @@ TEST_F(RectangleClipping, LeapBetween20And340DegreesIsCutAtTheLastCut) {
     AcrossTheDateLine();
     Draw({Degrees(55, 172), Degrees(65, 176)}); // cut at 60 N, relative 4
     ForgetPlotted();
-    Draw({Degrees(50, 175), Degrees(50, -90)}); // relative 5 to 100
+    GoOn({Degrees(50, 175), Degrees(50, -90)}); // relative 5 to 100
     ExpectPlotted({{Move, 50, 5}, {Go, 60, 4}});
     ForgetPlotted();
-    Draw({Degrees(50, -90), Degrees(50, 175)});
+    GoOn({Degrees(50, -90), Degrees(50, 175)});
     ExpectPlotted({{Move, 60, 4}, {Go, 50, 5}});
 }
 
@@ -146,7 +146,7 @@ TEST_F(RectangleClipping, HoleBeginsBeyond20Degrees) {
     ForgetPlotted();
     Draw({Degrees(55, 172), Degrees(65, 176)}); // leaves the cut 60 N, relative 4
     ForgetPlotted();
-    Draw({Degrees(50, -175), {180000, -557999}});
+    GoOn({Degrees(50, -175), {180000, -557999}});
     ExpectPlotted({{Move, 50, 15}, {Go, 60, 4}});
 }
 
@@ -160,8 +160,33 @@ TEST_F(RectangleClipping, HoleEndsAt340Degrees) {
     ForgetPlotted();
     Draw({Degrees(55, 172), Degrees(65, 176)});
     ForgetPlotted();
-    Draw({Degrees(50, 180), {180000, 575999}});
+    GoOn({Degrees(50, 180), {180000, 575999}});
     ExpectPlotted({{Move, 50, 10}, {Go, 60, 4}});
+}
+
+TEST_F(RectangleClipping, HoleOfANewFileIsCutAtTheEquatorOnTheWesternEdge) {
+    Rectangle(ProjEquirectangular, 60.0, -60.0, 170.0, -170.0);
+    Draw({Degrees(55, 172), Degrees(65, 176)}); // leaves the cut 60 N, relative 4
+    ForgetPlotted();
+    Draw({Degrees(50, 175), Degrees(50, -90)});
+    ExpectPlotted({{Move, 50, 5}, {Go, 0, 0}});
+}
+
+TEST_F(RectangleClipping, SymbolsOfTheHoleStandAtTheCutOfTheFirstFileToo) {
+    Rectangle(ProjEquirectangular, 60.0, -60.0, 170.0, -170.0);
+    Design.CurrentSymbolType = SymbolDot;
+    surface.Forget();
+    Draw({Degrees(50, 175), Degrees(50, -90)});
+    ExpectPlotted({{Move, 50, 5}, {Go, 0, 0}});
+    const std::vector<SurfaceCall> dots = surface.CallsOf(SurfaceOp::SetPixel);
+    ASSERT_EQ(dots.size(), 2U);
+    // The map is 20 degrees wide and 120 high.
+    const double left = Design.ScreenOriginX / Design.DevicePixelX;
+    const double wide = Design.ScreenScaleX * (Design.MapXMax - Design.MapXMin) / Design.DevicePixelX;
+    const double high = Design.ScreenScaleY * (Design.MapYMax - Design.MapYMin) / Design.DevicePixelY;
+    EXPECT_NEAR(static_cast<double>(dots[0].numbers[0]) - left, wide * 5.0 / 20.0, 1.0);
+    EXPECT_NEAR(static_cast<double>(dots[1].numbers[0]) - left, 0.0, 1.0);
+    EXPECT_NEAR(static_cast<double>(dots[1].numbers[1] - dots[0].numbers[1]), high * 50.0 / 120.0, 1.0);
 }
 
 TEST_F(RectangleClipping, CoastAcrossTheSeamHasNoStrokeAcrossTheMap) {

@@ -41,6 +41,12 @@ TEST(WorldFile, ItemOfAPointIsLatitudeAndLongitude) {
     EXPECT_EQ(DecodeWorldItem("12.34567 0"), (WorldPoint{44'444, 0})) << "44444.412 seconds";
 }
 
+TEST(WorldFile, ColumnsBehindTheLongitudeAreOfNoConcern) {
+    EXPECT_EQ(DecodeWorldItem("45.5 10.25 300"), (WorldPoint{163'800, 36'900}));
+    EXPECT_EQ(DecodeWorldItem("45.5\t10.25\t300"), (WorldPoint{163'800, 36'900}));
+    EXPECT_EQ(DecodeWorldItem("45.5  10 300"), (WorldPoint{163'800, 36'000}));
+}
+
 TEST(WorldFile, OtherItemsEndTheLine) {
     for (const std::string_view item : {"", " ", "segment 12", "+1 2", ".5 2", "> 1 2", "\t"}) {
         EXPECT_EQ(DecodeWorldItem(item), std::nullopt) << item;
