@@ -1,10 +1,10 @@
 #include "commandline/export_output.h"
 
+#include "core/color_table.h"
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/replaced_file.h"
 #include "mainwindow/file_writers.h"
-#include "pickers/color_table.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "mainwindow/projection_menu.h"
 
 #include "core/map_design.h"
-#include "graticule/boundary_dialog.h"
+#include "dialogs/bounds/boundary_dialog.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "platform/machine.h"

@@ -2,9 +2,9 @@
 
 #include "core/file_names.h"
 #include "core/map_design.h"
+#include "dialogs/exports/asc_output.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/map_draw.h"
-#include "output/ascii/asc_output.h"
 #include "output/bmp/bmp_file.h"
 #include "platform/machine.h"
 

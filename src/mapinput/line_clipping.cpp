@@ -1,7 +1,7 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "graticule/az_interpolate.h"
+#include "mapinput/az_interpolate.h"
 #include "mapinput/map_point.h"
 #include "projection/project_select.h"
 

@@ -5,12 +5,12 @@
 #include "desktop/palette_grid.h"
 
 #include "core/map_design.h"
-#include "graticule/lat_lon_bounds.h"
-#include "graticule/lat_lon_interrupt.h"
-#include "graticule/select_grid_type.h"
-#include "graticule/utm_dialogs.h"
-#include "output/line_width_scale.h"
-#include "pickers/colors256.h"
+#include "dialogs/bounds/lat_lon_bounds.h"
+#include "dialogs/bounds/lat_lon_interrupt.h"
+#include "dialogs/bounds/utm_dialogs.h"
+#include "dialogs/exports/line_width_scale.h"
+#include "dialogs/look/colors256.h"
+#include "dialogs/look/select_grid_type.h"
 
 #include <QAccessible>
 #include <QApplication>

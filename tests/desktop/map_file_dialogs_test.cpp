@@ -5,8 +5,8 @@
 
 #include "core/map_design.h"
 #include "desktop/grid_table.h"
+#include "dialogs/files/input_file_params.h"
 #include "mapinput/feature_rows.h"
-#include "mapinput/input_file_params.h"
 
 #include <QAccessible>
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "graticule/az_interpolate.h"
+#include "mapinput/az_interpolate.h"
 
 #include "map_fixture.h"
 

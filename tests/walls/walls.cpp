@@ -12,7 +12,7 @@ namespace quelmont {
 namespace {
 
 /// The lowest floor that may know Qt.
-constexpr int QtFloor = 7;
+constexpr int QtFloor = 8;
 constexpr std::string_view WidgetRoom = "desktop";
 
 const Room* Find(const std::vector<Room>& rooms, const std::string& name) {

@@ -71,8 +71,8 @@ protected:
     std::vector<Room> rooms = {{"ground", 0, {}},
                                {"middle", 1, {"ground"}},
                                {"neighbour", 1, {"ground"}},
-                               {"surface", 7, {"middle"}},
-                               {"desktop", 8, {"middle"}}};
+                               {"surface", 8, {"middle"}},
+                               {"desktop", 9, {"middle"}}};
 };
 
 TEST_F(MadeUpHouse, IsSound) { EXPECT_THAT(Faults(), IsEmpty()); }

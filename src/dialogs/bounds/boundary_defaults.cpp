@@ -1,0 +1,89 @@
+#include "dialogs/bounds/boundary_defaults.h"
+
+#include "core/angle_text.h"
+#include "core/map_design.h"
+#include "graticule/calc_graticule.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace quelmont {
+
+void ProposeBounds() {
+    if (Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)]) {
+        return;
+    }
+    ConstantGrid();
+    switch (Design.ProjNum) {
+    case ProjMercator:
+        Design.GridText[0] = "80    00    00    N";
+        Design.GridText[1] = "80    00    00    S";
+        Design.GridText[2] = "020    00    00"; // 30 degrees do not divide the 160
+        break;
+    case ProjConformalConic:
+        Design.GridText[1] = "60    00    00    S";
+        break;
+    case ProjInterruptedMollweide:
+        Design.GridText[2] = "010    00    00";
+        Design.GridText[3] = "020    00    00    E";
+        Design.GridText[4] = "020    00    00    E";
+        Design.GridText[5] = "010    00    00"; // 45 degrees do not divide the lobes
+        break;
+    case ProjGnomonic:
+        Design.GridText[8] = "060    00    00";
+        break;
+    case ProjStereographic:
+    case ProjOrthographic:
+        Design.GridText[8] = "090    00    00";
+        break;
+    default:
+        break;
+    }
+}
+
+void ProposeLobes() {
+    Design.LobeText = {"2",
+                       "2",
+                       Design.GridText[3],
+                       "100    00    00    E",
+                       "100    00    00    W",
+                       "000    00    00    W",
+                       "140    00    00    E",
+                       "070    00    00    W",
+                       "000    00    00    W",
+                       ""};
+}
+
+void OrderLobes() {
+    constexpr std::size_t firstInterruption = 3;
+    constexpr std::size_t perHemisphere = 3;
+    Design.LobeLonText.fill({});
+    std::size_t boundary = 0;
+    for (const std::size_t hemisphere : {0U, 1U}) {
+        const std::size_t first = firstInterruption + hemisphere * perHemisphere;
+        Design.LobeLonText[boundary++] = Design.GridText[3];
+        for (std::int16_t k = 0; k < LobeInterruptions(hemisphere); ++k) {
+            Design.LobeLonText[boundary++] = Design.LobeText[first + static_cast<std::size_t>(k)];
+        }
+        Design.LobeLonText[boundary++] = Design.GridText[4];
+    }
+    std::transform(Design.LobeLonText.begin(), Design.LobeLonText.end(), Design.LobeLonSec.begin(),
+                   [](const std::string& text) { return LongitudeSeconds(text); });
+    std::transform(Design.LobeLonSec.begin(), Design.LobeLonSec.end(), Design.LobeLonDeg.begin(),
+                   [](std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; });
+}
+
+void StoreStandardParallels(const std::string& north, const std::string& south) {
+    Design.StdParText = {north, south};
+    Design.StdParNorthText = north;
+    Design.StdParSouthText = south;
+    Design.StdParNorth = static_cast<double>(LatitudeSeconds(north)) / SecPerDegree;
+    Design.StdParSouth = static_cast<double>(LatitudeSeconds(south)) / SecPerDegree;
+}
+
+void ForgetStandardParallels() {
+    Design.StdParNorthText = "00    00    00    N";
+    Design.StdParSouthText = "00    00    00    S";
+}
+
+} // namespace quelmont

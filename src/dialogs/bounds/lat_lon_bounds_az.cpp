@@ -1,0 +1,84 @@
+#include "dialogs/bounds/lat_lon_bounds_az.h"
+
+#include "core/angle_field.h"
+#include "core/number_text.h"
+#include "dialogs/bounds/boundary_checks.h"
+#include "dialogs/bounds/boundary_defaults.h"
+#include "graticule/calc_graticule.h"
+#include "projection/param_select.h"
+
+namespace quelmont {
+
+namespace {
+
+constexpr double KilometresPerNauticalMile = 1.8532488;
+constexpr double StatuteMilesPerKilometre = 0.621371192;
+constexpr std::string_view HeightMask = "%%,%%%,%%%";
+constexpr std::string_view HeightPicture = "00,000,000";
+
+} // namespace
+
+AzimuthalBounds::AzimuthalBounds(std::string_view className)
+    : DesignFields(std::string(className), "Azimuthal Projection Boundaries") {
+    Design.BoundsChanged = false;
+    Design.DialogCancelled = true;
+    ProposeBounds();
+}
+
+void AzimuthalBounds::AddCentreAndGrid() {
+    AddField("LatCentral", "Central l&atitude of map", LatitudeMask, Design.GridText[6]);
+    AddField("LonCentral", "Central lo&ngitude of map", LongitudeMask, Design.GridText[7]);
+    AddField("LatGr", "Degrees of &latitude between grid marks", ArcMask, Design.GridText[2]);
+    AddField("LonGr", "Degrees of lon&gitude between grid marks", ArcMask, Design.GridText[5]);
+    for (const char* const field : {"LatCentral", "LonCentral", "LatGr", "LonGr"}) {
+        CheckWhenLeft(field);
+    }
+}
+
+void AzimuthalBounds::Accept() {
+    StoreFields();
+    CalcGraticule();
+    if (!CalculationAllowed()) {
+        return;
+    }
+    ParamSelect();
+    ForgetStandardParallels();
+    Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    Design.BoundsChanged = true;
+    CloseAccepted();
+}
+
+LatLonBoundsAz::LatLonBoundsAz() : AzimuthalBounds("LatLonBoundsAz") {
+    AddCentreAndGrid();
+    AddField("AzRangeDist", "&Range of map in degrees", ArcMask, Design.GridText[8]);
+    CheckWhenLeft("AzRangeDist");
+    AddOkAndCancel([this] { OK_Click(); });
+    SetHelpPage(HelpPageOfBoundaries);
+}
+
+void LatLonBoundsAz::OK_Click() {
+    if (Allowed(AcceptLatLonBoundsAz(TextOf("AzRangeDist")))) {
+        Accept();
+    }
+}
+
+LatLonBoundsVp::LatLonBoundsVp() : AzimuthalBounds("LatLonBoundsVp") {
+    AddCentreAndGrid();
+    AddField("VpDistanceKM", "&Distance above surface in kilometers", HeightMask, Design.GridText[9],
+             Stores::BareDigits);
+    CheckWhenLeft("VpDistanceKM");
+    On("VpDistanceKM", ControlEvent::Change, [this] { VpDistanceKM_Change(); });
+    Add({.name = "VpDistanceSM", .kind = ControlKind::Label, .text = "", .caption = "In statute miles"});
+    Add({.name = "VpDistanceNM", .kind = ControlKind::Label, .text = "", .caption = "In nautical miles"});
+    VpDistanceKM_Change();
+    AddOkAndCancel([this] { Accept(); });
+    SetHelpPage(HelpPageOfBoundaries);
+}
+
+void LatLonBoundsVp::VpDistanceKM_Change() {
+    const double km = ValueOf(BareDigits(TextOf("VpDistanceKM")));
+    Edit("VpDistanceNM").text = FormatNumber(km / KilometresPerNauticalMile, HeightPicture);
+    Edit("VpDistanceSM").text = FormatNumber(km * StatuteMilesPerKilometre, HeightPicture);
+}
+
+} // namespace quelmont

@@ -1,0 +1,68 @@
+#include "dialogs/bounds/lat_lon_std_par.h"
+
+#include "dialogs/bounds/boundary_checks.h"
+#include "dialogs/bounds/boundary_defaults.h"
+#include "projection/param_select.h"
+
+namespace quelmont {
+
+namespace {
+
+bool LiesInside(double parallel) { return parallel > Design.LatSouth && parallel < Design.LatNorth; }
+
+void ProposeParallels() {
+    const bool isSet = Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)];
+    if (!isSet ||
+        (!HasOneStandardParallel() && !(LiesInside(Design.StdParNorth) && LiesInside(Design.StdParSouth)))) {
+        ParamStdParallel();
+    }
+}
+
+/// Column of the hemisphere's letter, from 0.
+constexpr std::size_t LetterColumn = 18;
+
+} // namespace
+
+LatLonStdPar::LatLonStdPar() : DesignFields("LatLonStdPar", "Latitudes of Standard Parallels") {
+    Design.DialogCancelled = true;
+    ProposeParallels();
+    AddField("LatNorthStdPar", "&Northernmost standard parallel", LatitudeMask, Design.StdParText[0]);
+    AddField("LatSouthStdPar", "&Southernmost standard parallel", LatitudeMask, Design.StdParText[1]);
+    CheckWhenLeft("LatNorthStdPar");
+    if (HasOneStandardParallel()) {
+        Edit("LatSouthStdPar").enabled = false;
+        On("LatNorthStdPar", ControlEvent::Change, [this] { LatNorthStdPar_Change(); });
+        LatNorthStdPar_Change();
+    } else {
+        CheckWhenLeft("LatSouthStdPar");
+    }
+    Add({.name = "LatNorth",
+         .kind = ControlKind::Label,
+         .text = Design.GridText[0],
+         .caption = "Northernmost latitude of map"});
+    Add({.name = "LatSouth",
+         .kind = ControlKind::Label,
+         .text = Design.GridText[1],
+         .caption = "Southernmost latitude of map"});
+    AddOkAndCancel([this] { OK_Click(); });
+    SetHelpPage(HelpPageOfBoundaries);
+}
+
+void LatLonStdPar::LatNorthStdPar_Change() {
+    std::string mirrored = TextOf("LatNorthStdPar");
+    mirrored[LetterColumn] = 'S';
+    SetText("LatSouthStdPar", mirrored);
+}
+
+void LatLonStdPar::OK_Click() {
+    if (!Allowed(AcceptLatLonStdPar(TextOf("LatNorthStdPar"), TextOf("LatSouthStdPar")))) {
+        return;
+    }
+    StoreStandardParallels(TextOf("LatNorthStdPar"), TextOf("LatSouthStdPar"));
+    ParamSelect();
+    Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    Design.BoundsChanged = true;
+    CloseAccepted();
+}
+
+} // namespace quelmont

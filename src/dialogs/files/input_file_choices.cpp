@@ -1,0 +1,207 @@
+#include "dialogs/files/input_file_choices.h"
+
+#include "core/file_names.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "dialogs/files/file_list_help.h"
+#include "dialogs/files/input_file_params.h"
+#include "mapinput/feature_rows.h"
+#include "platform/machine.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* HelpOfAdd =
+    "To add a file to the list: Click on the line where the file is to be added, then press the Add Digital "
+    "Map File button.";
+constexpr const char* HelpOfEdit =
+    "To edit or delete a file from the list: Click on the filename and press the Edit or Delete Digital Map "
+    "File button.";
+constexpr const char* HelpOfOk = "Press the OK button when you are done adding or editing digital map files.";
+
+constexpr const char* DialogTitle = "Open Digital Map File";
+constexpr const char* DialogFilter =
+    "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, .grf)|"
+    "*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World (.mp1, .mps)|"
+    "*.mp1;*.mps";
+
+struct FilterOfLetters {
+    std::string_view letters;
+    int index; ///< in DialogFilter, from 1
+};
+// clang-format off
+constexpr std::array FilterIndices = std::to_array<FilterOfLetters>({
+    {"PRN", 1}, {"UTM", 1},
+    {"ALL", 2}, {"PNT", 2}, {"CCI", 2},
+    {"GRV", 3}, {"GRF", 3},
+    {"MAP", 4},
+    {"DAT", 5},
+    {"PKV", 6}, {"PKD", 6},
+    {"MP1", 7}, {"MPS", 7},
+});
+// clang-format on
+constexpr int OtherFilter = 4;
+
+int FilterIndexOf(std::string_view name) {
+    const std::string letters = LastThreeLetters(name);
+    const auto* const found =
+        std::find_if(FilterIndices.begin(), FilterIndices.end(),
+                     [&](const FilterOfLetters& row) { return row.letters == letters; });
+    return found == FilterIndices.end() ? OtherFilter : found->index;
+}
+
+/// Where a line's name begins, behind the position and the blanks.
+constexpr std::size_t NameColumn = 5;
+
+std::string LineOf(std::size_t position, std::string_view name) {
+    return (FormatNumber(static_cast<double>(position), "00") += "   ") += name;
+}
+
+FileDialogAnswer AskForFiles() {
+    FileDialogRequest request{.title = DialogTitle,
+                              .filter = DialogFilter,
+                              .filterIndex = FilterIndexOf(Design.MapFileDefault),
+                              .name = "*.MAP",
+                              .several = true};
+    if (!Design.MapFileDefault.empty()) {
+        ParseFileName(Design.MapFileDefault, request);
+    }
+    return Machine().fileDialogs->Open(request);
+}
+
+} // namespace
+
+InputFileChoices::InputFileChoices()
+    : DesignDialog("InputFileChoices", "Add or Edit Digital Map File"), filesBefore(Design.InputFiles),
+      countBefore(Design.MapFileCount) {
+    Design.DialogCancelled = true;
+    Add({.name = "Label1", .kind = ControlKind::Label, .text = HelpOfAdd});
+    Add({.name = "Label2", .kind = ControlKind::Label, .text = HelpOfEdit});
+    Add({.name = "Label4", .kind = ControlKind::Label, .text = HelpOfOk});
+    Add({.name = "Label3", .kind = ControlKind::Label, .text = "Current Digital Map &Files:"});
+    Add({.name = "InputFilesOpen", .kind = ControlKind::List, .caption = At("Label3").text});
+    Add({.name = "InputFileAdd", .kind = ControlKind::Button, .text = "&Add Digital Map File"});
+    Add({.name = "InputFileEdit", .kind = ControlKind::Button, .text = "&Edit Digital Map File"});
+    Add({.name = "InputFileDelete", .kind = ControlKind::Button, .text = "&Delete Digital Map File"});
+    On("InputFilesOpen", ControlEvent::Click, [this] { EnableButtons(); });
+    On("InputFilesOpen", ControlEvent::DoubleClick, [this] { InputFileEdit_Click(); });
+    On("InputFilesOpen", ControlEvent::Drop, [this] { InputFilesOpen_Drop(); });
+    On("InputFileAdd", ControlEvent::Click, [this] { InputFileAdd_Click(); });
+    On("InputFileEdit", ControlEvent::Click, [this] { InputFileEdit_Click(); });
+    On("InputFileDelete", ControlEvent::Click, [this] { InputFileDelete_Click(); });
+    AddOkAndCancel([this] { CloseAccepted(); });
+    On("Cancel", ControlEvent::Click, [this] { RestoreAndCancel(); });
+    SetHelpPage(HelpPageOfMapFiles);
+    RenumberLines();
+    Select(Design.InputFiles.size());
+}
+
+void InputFileChoices::RenumberLines() {
+    std::vector<std::string>& lines = Edit("InputFilesOpen").items;
+    lines.clear();
+    for (const InputFileEntry& file : Design.InputFiles) {
+        lines.push_back(LineOf(lines.size() + 1, file.MapFileName));
+    }
+    lines.emplace_back();
+}
+
+void InputFileChoices::Select(std::size_t line) {
+    Edit("InputFilesOpen").value = static_cast<int>(line);
+    EnableButtons();
+}
+
+void InputFileChoices::EnableButtons() {
+    const bool isFile = SelectedFile().has_value();
+    Edit("InputFileEdit").enabled = isFile;
+    Edit("InputFileDelete").enabled = isFile;
+}
+
+std::optional<std::size_t> InputFileChoices::SelectedFile() const {
+    const auto line = static_cast<std::size_t>(At("InputFilesOpen").value);
+    return line < Design.InputFiles.size() ? std::optional(line) : std::nullopt;
+}
+
+void InputFileChoices::InputFileAdd_Click() {
+    SetFocus("InputFilesOpen");
+    const FileDialogAnswer answer = AskForFiles();
+    if (answer.error == 0) {
+        AddFiles(answer.names);
+    } else if (answer.error != FileDialogCancelled) {
+        Machine().boxes->Ask("File Common Dialog Error",
+                             "Error " + std::to_string(answer.error) + " in " + DialogTitle, BoxButtons::Ok,
+                             BoxIcon::Exclamation);
+    }
+}
+
+void InputFileChoices::InputFilesOpen_Drop() { AddFiles(At("InputFilesOpen").dropped); }
+
+void InputFileChoices::AddFiles(const std::vector<std::string>& names) {
+    auto position = static_cast<std::size_t>(At("InputFilesOpen").value);
+    for (const std::string& name : names) {
+        // One that fails keeps none of the others back.
+        Handle([&] {
+            if (AddFile(name, position)) {
+                ++position;
+            }
+        });
+    }
+    RenumberLines();
+    Select(position);
+}
+
+bool InputFileChoices::AddFile(const std::string& name, std::size_t position) {
+    InputFileEntry entry = NewMapFileEntry(name);
+    InputFileParams parameters(name, entry, MapFileMode::Add);
+    Machine().forms->Show(parameters);
+    if (Design.DialogCancelled) {
+        return false;
+    }
+    const std::int16_t count = RoundToInt16(static_cast<double>(Design.InputFiles.size()) + 1.0);
+    Design.InputFiles.insert(Design.InputFiles.begin() + static_cast<std::ptrdiff_t>(position),
+                             std::move(entry));
+    Design.MapFileCount = count;
+    Design.MapFileDefault = name;
+    return true;
+}
+
+void InputFileChoices::InputFileEdit_Click() {
+    const std::optional<std::size_t> file = SelectedFile();
+    if (!file) {
+        return;
+    }
+    SetFocus("InputFilesOpen");
+    const std::string name = At("InputFilesOpen").items[*file].substr(NameColumn);
+    InputFileParams parameters(name, Design.InputFiles[*file], MapFileMode::Edit);
+    Machine().forms->Show(parameters);
+}
+
+void InputFileChoices::InputFileDelete_Click() {
+    const std::optional<std::size_t> file = SelectedFile();
+    if (!file) {
+        return;
+    }
+    SetFocus("InputFilesOpen");
+    const std::string title = ParseFileName(Design.InputFiles[*file].MapFileName).title;
+    if (Machine().boxes->Ask("Delete Digital Map File from List",
+                             "File: " + title + "\n\nRemove file from the list of digital map files?",
+                             BoxButtons::YesNo, BoxIcon::Exclamation) != BoxAnswer::Yes) {
+        return;
+    }
+    Design.InputFiles.erase(Design.InputFiles.begin() + static_cast<std::ptrdiff_t>(*file));
+    Design.MapFileCount = RoundToInt16(static_cast<double>(Design.InputFiles.size()));
+    RenumberLines();
+    Select(*file);
+}
+
+void InputFileChoices::RestoreAndCancel() {
+    Design.InputFiles = filesBefore;
+    Design.MapFileCount = countBefore;
+    Cancel_Click();
+}
+
+} // namespace quelmont

@@ -1,0 +1,142 @@
+#include "mapinput/az_interpolate.h"
+
+#include "core/checked_math.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quelmont {
+
+namespace {
+
+constexpr int NewtonSteps = 20;
+constexpr int BisectionSteps = 60;
+constexpr double SmallestChange = DegToRad * 3e-05;
+constexpr double OneSecond = DegToRad / SecPerDegree;
+/// Ends further apart than this lie on both sides of the seam.
+constexpr double SeamLeap = 1.8 * Pi;
+
+/// A segment from (a1, b1) to (a2, b2), latitude and relative longitude in radians, and the map's
+/// circle as the zeros of the haversine of the distance from its centre less that of the range.
+struct Crossing {
+    double a1, b1, a2, b2;
+    double centreLat, centreLon, cosCentre, haversineOfRange;
+
+    double F(double a, double b) const {
+        const double sinP = std::sin((a - centreLat) / 2.0);
+        const double sinQ = std::sin((b - centreLon) / 2.0);
+        return cosCentre * std::cos(a) * (sinQ * sinQ) + sinP * sinP - haversineOfRange;
+    }
+    double ByLongitude(double a, double b) const {
+        const double q = (b - centreLon) / 2.0;
+        return cosCentre * std::cos(a) * std::sin(q) * std::cos(q);
+    }
+    double ByLatitude(double a, double b) const {
+        const double p = (a - centreLat) / 2.0;
+        const double sinQ = std::sin((b - centreLon) / 2.0);
+        return std::cos(p) * std::sin(p) - cosCentre * std::sin(a) * (sinQ * sinQ);
+    }
+    bool AcrossSeam() const { return std::fabs(b2 - b1) >= SeamLeap; }
+};
+
+template <typename Change>
+double Newton(double start, Change&& change) {
+    double value = start;
+    for (int step = 0; step < NewtonSteps; ++step) {
+        const double by = change(value);
+        value = value - by;
+        if (std::fabs(by) < SmallestChange) {
+            break;
+        }
+    }
+    return value;
+}
+
+/// The place between two ends where f leaves the sign that it has at the first.
+template <typename Function>
+double Bisect(double first, double second, Function&& f) {
+    const bool sign = f(first) > 0.0;
+    for (int step = 0; step < BisectionSteps; ++step) {
+        const double middle = (first + second) / 2.0;
+        ((f(middle) > 0.0) == sign ? first : second) = middle;
+    }
+    return (first + second) / 2.0;
+}
+
+/// Also false for what is no number.
+bool Between(double value, double end1, double end2) {
+    return value >= std::min(end1, end2) - OneSecond && value <= std::max(end1, end2) + OneSecond;
+}
+
+double AlongParallel(const Crossing& c) {
+    // Across the seam the far end is a full circle away from where it stands.
+    const double end1 = !c.AcrossSeam() ? c.b1 : c.b1 > c.b2 ? c.b1 - 2.0 * Pi : c.b1 + 2.0 * Pi;
+    const double start = c.AcrossSeam() ? std::min(c.b1, c.b2) : (c.b1 + c.b2) / 2.0;
+    const double b = Newton(start, [&](double at) { return c.F(c.a1, at) / c.ByLongitude(c.a1, at); });
+    if (Between(b, end1, c.b2) ||
+        (c.AcrossSeam() && (Between(b - 2.0 * Pi, end1, c.b2) || Between(b + 2.0 * Pi, end1, c.b2)))) {
+        return b;
+    }
+    return Bisect(c.b2, end1, [&](double at) { return c.F(c.a1, at); });
+}
+
+double AlongMeridian(const Crossing& c) {
+    const double a =
+        Newton((c.a1 + c.a2) / 2.0, [&](double at) { return c.F(at, c.b1) / c.ByLatitude(at, c.b1); });
+    if (Between(a, c.a1, c.a2)) {
+        return a;
+    }
+    return Bisect(c.a2, c.a1, [&](double at) { return c.F(at, c.b1); });
+}
+
+/// Returns the latitude and leaves the longitude in b.
+double General(const Crossing& c, double& b) {
+    // The numerator across the seam is positive whatever the order of the two longitudes.
+    const double rise = c.AcrossSeam() ? 2.0 * Pi - std::fabs(c.b2 - c.b1) : c.b2 - c.b1;
+    const double m = rise / (c.a2 - c.a1);
+    const auto lonAt = [&](double at) { return (at - c.a2) * m + c.b2; };
+    double a = Newton((c.a1 + c.a2) / 2.0, [&](double at) {
+        const double lon = lonAt(at);
+        return c.F(at, lon) / (c.ByLatitude(at, lon) + c.ByLongitude(at, lon) * m);
+    });
+    if (!Between(a, c.a1, c.a2)) {
+        a = Bisect(c.a2, c.a1, [&](double at) { return c.F(at, lonAt(at)); });
+    }
+    b = lonAt(a);
+    return a;
+}
+
+double Radians(std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree * DegToRad; }
+
+std::int32_t Seconds(double radians) { return RoundToInt32(radians / DegToRad * SecPerDegree); }
+
+} // namespace
+
+void AzInterpolate(std::int32_t& lat, std::int32_t& lon) {
+    const double halfRange = std::sin(static_cast<double>(Design.RangeSec) / SecPerDegree * HalfDegToRad);
+    const Crossing c{Radians(Design.PointLatSecPrev),
+                     Radians(Design.PointLonSecPrev),
+                     Radians(Design.PointLatSec),
+                     Radians(Design.PointLonSec),
+                     Design.LatCentralRad,
+                     Design.LonCentral * DegToRad,
+                     Design.CosLatCentral,
+                     halfRange * halfRange};
+    double a = 0.0;
+    double b = 0.0;
+    if (c.a1 == c.a2 && c.b1 != c.b2) {
+        a = c.a1;
+        b = AlongParallel(c);
+    } else if (c.b1 == c.b2 && c.a1 != c.a2) {
+        a = AlongMeridian(c);
+        b = c.b1;
+    } else if (c.a1 != c.a2) {
+        a = General(c, b);
+    }
+    lat = Seconds(a);
+    lon = Seconds(b);
+}
+
+} // namespace quelmont
