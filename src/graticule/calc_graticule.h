@@ -24,8 +24,10 @@ void CalcGraticule();
 /// The bounds of one lobe, counted from 1 through both hemispheres, in the same fields.
 ///
 /// Reads   GridText 0, 1, 2, 5, LobeText, LobeLonText.
-/// The equator bounds every lobe. No test is made: the dialog has made it. A run-time failure
-/// shows "Error in CalcGraticuleInterrupt" and ends the routine.
+/// The equator bounds every lobe of a map that holds it; on a map of one hemisphere the lobes of the
+/// other have no height (LatNorthSec = LatSouthSec). A lobe lower than one spacing counts as one. No
+/// test is made: the dialog has made it. A run-time failure shows "Error in CalcGraticuleInterrupt"
+/// and ends the routine.
 void CalcGraticuleInterrupt(std::int16_t lobe);
 
 /// Finds the place of every lobe: the x that its central meridian has on the uninterrupted map.
@@ -33,9 +35,5 @@ void CalcGraticuleInterrupt(std::int16_t lobe);
 /// Reads   LobeText (counts), LobeLonDeg, ProjNum (42), LonCentral of the whole map.
 /// Writes  LobeCentral (projection units; 0 for the slot between the hemispheres), the point cell.
 void LonInterruptOffset();
-
-/// Interruptions of a hemisphere from its text in LobeText, 0 to 3.
-/// RunTimeError "Subscript out of range" for any other number.
-std::int16_t LobeInterruptions(std::size_t hemisphere);
 
 } // namespace quelmont

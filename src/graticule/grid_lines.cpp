@@ -15,6 +15,9 @@ namespace {
 
 /// Lets a southern edge through that arrives from floating-point addition.
 constexpr double SouthTolerance = 3e-06;
+/// What floating-point addition may leave between the last parallel and the northern edge, degrees
+/// (metres on UTM).
+constexpr double EdgeTolerance = 3e-06;
 /// Keeps the ends of a meridian through the antipode off the antipode itself, degrees.
 constexpr double OffAntipode = 3e-05;
 /// Beyond it, 170 degrees, lines near the antipode sweep around the rim of the map.
@@ -63,6 +66,13 @@ void StepEvenly(double from, double to, double step, Plot&& plot) {
         const double at = from + step * j;
         plot(at > to || j == m ? to : at);
     }
+}
+
+/// Steps from the southern edge to the northern one. The spacing divides the height of a map, but not
+/// that of a lobe, whose northern edge then ends a shorter step.
+std::int32_t ParallelSteps(double height, double step) {
+    const std::int32_t n = RoundToInt32(Divide(height, step));
+    return n * step < height - EdgeTolerance ? n + 1 : n;
 }
 
 void EvenParallel(GridPass& pass) {
@@ -237,7 +247,7 @@ void PlotPoint(GridPass& pass) {
 
 bool Parallels(GridPass& pass) {
     EndLine(pass);
-    const std::int32_t n = RoundToInt32(Divide(Design.LatNorth - Design.LatSouth, pass.steps.LatLineStep));
+    const std::int32_t n = ParallelSteps(Design.LatNorth - Design.LatSouth, pass.steps.LatLineStep);
     for (std::int32_t i = 0; i <= n; ++i) {
         Design.ProjLat = std::fmin(pass.steps.LatLineStep * i + Design.LatSouth, Design.LatNorth);
         OneParallel(pass);

@@ -1,48 +1,38 @@
 #include "core/angle_text.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
-#include "core/number_text.h"
-#include "core/rounding.h"
+#include "core/run_time_error.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/graticule_fields.h"
+#include "projection/lobe_row.h"
 #include "projection/project_select.h"
 
-#include <cstdlib>
+#include <algorithm>
 
 namespace quelmont {
 
 namespace {
 
-/// Seconds of a latitude without its letter: the hemisphere is the lobe's.
-std::int32_t LatitudeSize(std::string_view text) { return std::abs(LatitudeSeconds(text)); }
+constexpr std::int32_t Equator = 0;
 
-/// The lobes of one hemisphere stand in a row of boundaries that begins at first: boundaries first
-/// to first + interruptions + 1, lobes first + 1 to first + interruptions + 1.
-void PlaceLobes(std::size_t first, std::size_t interruptions) {
-    std::array<double, 5> boundary = {};
-    for (std::size_t k = 0; k <= interruptions + 1; ++k) {
-        boundary[k] = Design.LobeLonDeg[first + k];
-        while (k > 0 && boundary[k] <= boundary[k - 1]) {
-            boundary[k] += 360.0;
+/// Each lobe lies between the boundary before its number and the one at it.
+void PlaceLobes(const LobeRow& row) {
+    const double west = Design.LobeLonDeg[row.first - 1];
+    double before = west;
+    for (std::size_t lobe = row.first; lobe <= row.last; ++lobe) {
+        double boundary = Design.LobeLonDeg[lobe];
+        while (boundary <= before) {
+            boundary += 360.0;
         }
-    }
-    for (std::size_t j = 1; j <= interruptions + 1; ++j) {
         Design.ProjLat = 0.0;
-        Design.ProjLon = (boundary[j] + boundary[j - 1]) / 2.0 - boundary[0];
+        Design.ProjLon = (boundary + before) / 2.0 - west;
         ProjectSelect();
-        Design.LobeCentral[first + j] = Design.ProjX;
+        Design.LobeCentral[lobe] = Design.ProjX;
+        before = boundary;
     }
 }
 
 } // namespace
-
-std::int16_t LobeInterruptions(std::size_t hemisphere) {
-    const std::int16_t count = RoundToInt16(ValueOf(Design.LobeText[hemisphere]));
-    if (count < 0 || count > 3) {
-        throw RunTimeError(ErrorSubscript);
-    }
-    return count;
-}
 
 void CalcGraticuleInterrupt(std::int16_t lobe) {
     Guarded("CalcGraticuleInterrupt", [&] {
@@ -50,19 +40,19 @@ void CalcGraticuleInterrupt(std::int16_t lobe) {
             throw RunTimeError(ErrorSubscript);
         }
         const auto index = static_cast<std::size_t>(lobe);
-        if (lobe <= LobeInterruptions(0) + 1) {
-            Design.LatNorthSec = LatitudeSize(Design.GridText[0]);
-            Design.LatSouthSec = 0;
-        } else {
-            Design.LatNorthSec = 0;
-            Design.LatSouthSec = -LatitudeSize(Design.GridText[1]);
-        }
+        const bool northern = index <= LobesOf(0).last;
+        const auto within = [northern](std::int32_t latitude) {
+            return northern ? std::max(latitude, Equator) : std::min(latitude, Equator);
+        };
+        Design.LatNorthSec = within(LatitudeSeconds(Design.GridText[0]));
+        Design.LatSouthSec = within(LatitudeSeconds(Design.GridText[1]));
         Design.LatGridSec = ArcSeconds(Design.GridText[2]);
         Design.LonWestSec = LongitudeSeconds(Design.LobeLonText[index - 1]);
         Design.LonEastSec = LongitudeSeconds(Design.LobeLonText[index]);
         Design.LonGridSec = ArcSeconds(Design.GridText[5]);
         SpanLongitudes();
         CountDivisions();
+        Design.LatGridCount = std::max(Design.LatGridCount, 1);
         DegreesFromSeconds();
         CompactTexts(Design.LobeLonText[index - 1], Design.LobeLonText[index]);
         CentreOfRectangle();
@@ -74,10 +64,8 @@ void LonInterruptOffset() {
     Guarded("LonInterruptOffset", [] {
         Design.LobeCentral = {};
         Design.LobeOffsetX = 0.0;
-        const auto north = static_cast<std::size_t>(LobeInterruptions(0));
-        const auto south = static_cast<std::size_t>(LobeInterruptions(1));
-        PlaceLobes(0, north);
-        PlaceLobes(north + 2, south);
+        PlaceLobes(LobesOf(0));
+        PlaceLobes(LobesOf(1));
     });
 }
 

@@ -15,6 +15,7 @@
 #include "output/fan_out.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
+#include "projection/lobe_row.h"
 
 #include <vector>
 
@@ -92,19 +93,16 @@ bool Pass() {
     return true;
 }
 
-/// The lobes that have a height: northern ones, then southern ones. One number is left free between
-/// the hemispheres, where the right boundary of one list and the left of the other stand together.
+/// The lobes that have a height: northern ones, then southern ones.
 std::vector<std::int16_t> LobesToDraw() {
-    const int north = LobeInterruptions(0);
-    const int south = LobeInterruptions(1);
     std::vector<std::int16_t> lobes;
-    for (int lobe = 1; lobe <= north + 3 + south; ++lobe) {
-        if (lobe == north + 2) {
-            continue;
-        }
-        CalcGraticuleInterrupt(static_cast<std::int16_t>(lobe));
-        if (Design.LatNorthSec > Design.LatSouthSec) {
-            lobes.push_back(static_cast<std::int16_t>(lobe));
+    for (const LobeRow& row : {LobesOf(0), LobesOf(1)}) {
+        for (std::size_t number = row.first; number <= row.last; ++number) {
+            const auto lobe = static_cast<std::int16_t>(number);
+            CalcGraticuleInterrupt(lobe);
+            if (Design.LatNorthSec > Design.LatSouthSec) {
+                lobes.push_back(lobe);
+            }
         }
     }
     return lobes;

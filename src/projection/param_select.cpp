@@ -5,6 +5,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "projection/lobe_row.h"
 #include "projection/project_select.h"
 
 #include <cmath>
@@ -129,6 +130,16 @@ void Cone() {
 
 bool EndsIn(const std::string& text, char letter) { return !text.empty() && text.back() == letter; }
 
+/// The lobes of a map of one hemisphere: their middles stand as far apart as on the equator, which
+/// the map does not reach, and each narrows about its own middle.
+void FitLobes(std::size_t hemisphere) {
+    const double half = Design.MapXMax;
+    const double apart = 1.0 - Divide(half, XOf(0.0, Design.LonSpan));
+    const LobeRow row = LobesOf(hemisphere);
+    Design.MapXMin = Design.LobeCentral[row.first] * apart - half;
+    Design.MapXMax = Design.LobeCentral[row.last] * apart + half;
+}
+
 void WorldOval() {
     const bool northIsNorth = EndsIn(Design.LatNorthText, 'N');
     const bool northIsSouth = EndsIn(Design.LatNorthText, 'S');
@@ -149,6 +160,9 @@ void WorldOval() {
     }
     Design.MapXMax = XOf(widest, Design.LonSpan);
     Design.MapXMin = -Design.MapXMax;
+    if (Design.ProjNum == ProjInterruptedMollweide && widest != 0.0) {
+        Step([] { FitLobes(Design.LatSouth > 0.0 ? 0 : 1); });
+    }
 }
 
 // ---- Azimuthal maps: a square around the centre.

@@ -13,7 +13,8 @@ void ParamStdParallel();
 /// chosen points of its boundary.
 ///
 /// Reads   ProjNum, LatNorth, LatSouth, LatNorthText, LatSouthText, LonZero, LonSpan, LonCentral,
-///         LatCentral, SinLatCentral, StdParNorth, StdParSouth, RangeSec, VpDistanceKm.
+///         LatCentral, SinLatCentral, StdParNorth, StdParSouth, RangeSec, VpDistanceKm; for the
+///         interrupted projection LobeText 0 and 1, LobeCentral.
 /// Writes  CosStdPar; ConeConstant, ConicG, ConicF, ConicC, ConicRho0; VpP, HorizonCos(3), and for
 ///         the vertical perspective RangeSec, CosRange, GridText(8); MapXMin to MapYMax (projection
 ///         units); BoundsProjNum; the point cell; PlotStopReason (emptied).

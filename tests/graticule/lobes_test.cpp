@@ -2,6 +2,7 @@
 #include "core/run_time_error.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_texts.h"
+#include "projection/lobe_row.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
@@ -94,13 +95,35 @@ TEST_F(Lobes, EveryLobeHasTheBoundariesAtItsNumber) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(Lobes, HemisphereLettersAreNotRead) {
-    Design.GridText[0] = "80    30    00    S";
+TEST_F(Lobes, BoundsInOneHemisphereBoundItsLobesAndLeaveTheOthersNoHeight) {
+    Design.GridText[0] = "80    30    00    N";
     Design.GridText[1] = "60    00    10    N";
     CalcGraticuleInterrupt(2);
     EXPECT_EQ(Design.LatNorthSec, 80 * 3600 + 1800);
+    EXPECT_EQ(Design.LatSouthSec, 60 * 3600 + 10);
     CalcGraticuleInterrupt(5);
-    EXPECT_EQ(Design.LatSouthSec, -(60 * 3600 + 10));
+    EXPECT_EQ(Design.LatNorthSec, 0);
+    EXPECT_EQ(Design.LatSouthSec, 0);
+    Design.GridText[0] = "60    00    10    S";
+    Design.GridText[1] = "80    30    00    S";
+    CalcGraticuleInterrupt(2);
+    EXPECT_EQ(Design.LatNorthSec, 0);
+    EXPECT_EQ(Design.LatSouthSec, 0);
+    CalcGraticuleInterrupt(5);
+    EXPECT_EQ(Design.LatNorthSec, -(60 * 3600 + 10));
+    EXPECT_EQ(Design.LatSouthSec, -(80 * 3600 + 1800));
+}
+
+TEST_F(Lobes, LobeLowerThanOneSpacingCountsOne) {
+    Design.GridText[0] = "69    00    00    N";
+    Design.GridText[1] = "06    00    00    S";
+    Design.GridText[2] = "015    00    00";
+    CalcGraticuleInterrupt(1);
+    EXPECT_EQ(Design.LatGridCount, 5) << "69 / 15 = 4.6";
+    CalcGraticuleInterrupt(5);
+    EXPECT_EQ(Design.LatGridCount, 1) << "6 / 15 = 0.4";
+    EXPECT_EQ(Design.LatSouth, -6.0);
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(Lobes, RowWithoutInterruptionsIsOneLobe) {
@@ -140,6 +163,11 @@ TEST_F(Lobes, CountsOfInterruptionsAreZeroToThree) {
     Design.LobeText = {"0", "3"};
     EXPECT_EQ(LobeInterruptions(0), 0);
     EXPECT_EQ(LobeInterruptions(1), 3);
+    // One lobe in the north, four in the south, and number 2 between them left free.
+    EXPECT_EQ(LobesOf(0).first, 1U);
+    EXPECT_EQ(LobesOf(0).last, 1U);
+    EXPECT_EQ(LobesOf(1).first, 3U);
+    EXPECT_EQ(LobesOf(1).last, 6U);
     Design.LobeText[1] = "-1";
     EXPECT_THROW(LobeInterruptions(1), RunTimeError);
 }

@@ -284,6 +284,50 @@ TEST_F(PlotGridTest, LobeIsGriddedWithinItsBounds) {
     }
 }
 
+/// The latitude of each parallel that was plotted, in their order.
+std::vector<double> ParallelsOf(const std::vector<std::vector<WrittenPoint>>& lines) {
+    std::vector<double> latitudes;
+    for (const auto& line : lines) {
+        if (line.front().lat == line.back().lat) {
+            latitudes.push_back(line.front().lat);
+        }
+    }
+    return latitudes;
+}
+
+TEST_F(PlotGridTest, LobeThatTheSpacingDoesNotDivideHasBothItsEdges) {
+    struct Row {
+        const char* north;
+        const char* south;
+        std::int16_t lobe;
+        std::vector<double> parallels;
+    };
+    // Grid lines count from the lobe's southern edge, every 15 degrees. Each height of the whole map
+    // is a number of spacings: 75, 75, 120.
+    const std::array<Row, 4> rows = {{
+        {"69    00    00    N", "06    00    00    S", 3, {-6.0, 0.0}},
+        {"69    00    00    N", "06    00    00    S", 1, {0.0, 15.0, 30.0, 45.0, 60.0, 69.0}},
+        {"66    00    00    N", "09    00    00    S", 1, {0.0, 15.0, 30.0, 45.0, 60.0, 66.0}},
+        {"70    00    00    N", "50    00    00    S", 3, {-50.0, -35.0, -20.0, -5.0, 0.0}},
+    }};
+    for (const Row& row : rows) {
+        Start(ProjInterruptedMollweide);
+        Design.GridText[0] = row.north;
+        Design.GridText[1] = row.south;
+        Design.GridText[2] = "015    00    00";
+        Design.LobeText = {"0", "0"};
+        Design.LobeLonText = {"180    00    00    W", "180    00    00    E", "180    00    00    W",
+                              "180    00    00    E"};
+        CalcGraticuleInterrupt(row.lobe);
+        PlotRecorded();
+        EXPECT_EQ(ParallelsOf(recorder.lines), row.parallels) << row.north << " lobe " << row.lobe;
+        // The meridians reach from edge to edge.
+        EXPECT_EQ(recorder.lines.back().front().lat, row.parallels.front());
+        EXPECT_EQ(recorder.lines.back().back().lat, row.parallels.back());
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
 TEST_F(PlotGridTest, ConformalConicBreaksAtThePoleAtInfinity) {
     Start(ProjConformalConic);
     ASSERT_GT(Design.ConeConstant, 0.0);

@@ -1,9 +1,13 @@
+#include "graticule/calc_graticule.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
+#include "projection/param_select.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace quelmont {
@@ -71,6 +75,51 @@ TEST_F(LobePasses, MapOfTheSouthHasABackgroundToo) {
     MapDraw();
     EXPECT_EQ(machine.clock.beeps, 3);
     EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
+}
+
+TEST_F(LobePasses, MapOfOneHemisphereIsItsLobesAndNothingElseWholeInTheWindow) {
+    const std::array<std::array<const char*, 2>, 4> bounds = {
+        {{"60    00    00    N", "30    00    00    N"},
+         {"90    00    00    N", "60    00    00    N"},
+         {"30    00    00    S", "60    00    00    S"},
+         {"10    00    00    S", "90    00    00    S"}}};
+    for (const auto& [north, south] : bounds) {
+        Design.GridText[0] = north;
+        Design.GridText[1] = south;
+        CalcGraticule();
+        LonInterruptOffset();
+        ParamSelect();
+        machine.clock.beeps = 0;
+        surface.Forget();
+        MapDraw();
+        EXPECT_EQ(machine.clock.beeps, 3) << "the lobes of one hemisphere";
+        EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
+        SurfacePoint least{10000, 10000};
+        SurfacePoint most{-10000, -10000};
+        for (const RecordedSegment& segment : surface.Segments()) {
+            for (const SurfacePoint& point : {segment.from, segment.to}) {
+                least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+                most = {std::max(most.x, point.x), std::max(most.y, point.y)};
+            }
+        }
+        // The drawing area measures 1280 by 924 pixels; one of its measures is filled.
+        EXPECT_GE(least.x, 0) << north;
+        EXPECT_GE(least.y, 0) << north;
+        EXPECT_LE(most.x, 1279) << north;
+        EXPECT_LE(most.y, 923) << north;
+        EXPECT_TRUE(most.x - least.x >= 1277 || most.y - least.y >= 921) << north;
+    }
+}
+
+TEST_F(LobePasses, LobeLowerThanTheSpacingIsDrawn) {
+    Design.GridText[0] = "69    00    00    N";
+    Design.GridText[1] = "06    00    00    S";
+    Design.GridText[2] = "015    00    00";
+    CalcGraticule();
+    ParamSelect();
+    MapDraw();
+    EXPECT_EQ(machine.clock.beeps, 6) << "both hemispheres";
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(LobePasses, StandAtTheirPlaces) {

@@ -138,6 +138,34 @@ TEST_F(Extent, OvalIsWidestAtTheParallelNearestTheEquator) {
     }
 }
 
+/// Two lobes, 120 and 240 degrees wide, of a map that does not reach the equator: each is as wide as
+/// its own share of the widest parallel, about a middle that stands where the equator has it.
+TEST_F(Extent, LobesOfOneHemisphereFitSideBySide) {
+    constexpr double degree = 2.0 * Root2 / 180.0;
+    // 2 theta + sin 2 theta = pi sin 30, by halving.
+    double low = 0.0;
+    double high = 1.0;
+    for (int round = 0; round < 60; ++round) {
+        const double theta = (low + high) / 2.0;
+        (2.0 * theta + std::sin(2.0 * theta) < std::numbers::pi / 2.0 ? low : high) = theta;
+    }
+    const double narrower = std::cos(low);
+    Design.LobeText = {"1", "1"};
+    Design.LobeCentral = {0.0, (60.0 - 180.0) * degree, (240.0 - 180.0) * degree,
+                          0.0, -60.0 * degree,          120.0 * degree};
+    Rectangle(ProjInterruptedMollweide, 60.0, 30.0, 360.0);
+    EXPECT_NEAR(Design.MapXMin, (-120.0 - 60.0 * narrower) * degree, 1e-13);
+    EXPECT_NEAR(Design.MapXMax, (60.0 + 120.0 * narrower) * degree, 1e-13);
+    // In the south 240 degrees come first.
+    Rectangle(ProjInterruptedMollweide, -30.0, -60.0, 360.0);
+    EXPECT_NEAR(Design.MapXMin, (-60.0 - 120.0 * narrower) * degree, 1e-13);
+    EXPECT_NEAR(Design.MapXMax, (120.0 + 60.0 * narrower) * degree, 1e-13);
+    // With the equator on the map they fill its whole width.
+    Rectangle(ProjInterruptedMollweide, 60.0, -60.0, 360.0);
+    EXPECT_NEAR(Design.MapXMin, -180.0 * degree, 1e-13);
+    EXPECT_NEAR(Design.MapXMax, 180.0 * degree, 1e-13);
+}
+
 /// A parallel of the Hammer bends away from the equator toward the sides: the northern edge of a
 /// map is highest at its corners if it lies in the north, and in the middle if it lies in the south.
 TEST_F(Extent, HammerTakesTheTopWhereTheEdgeBendsTo) {

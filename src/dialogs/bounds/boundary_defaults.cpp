@@ -3,6 +3,7 @@
 #include "core/angle_text.h"
 #include "core/map_design.h"
 #include "graticule/calc_graticule.h"
+#include "projection/lobe_row.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "core/checked_math.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
-#include "graticule/calc_graticule.h"
+#include "projection/lobe_row.h"
 
 #include <array>
 #include <stdexcept>
