@@ -229,6 +229,12 @@ void PlotPoint(GridPass& pass) {
         Design.PointStatus = 0;
         return;
     }
+    if (std::fabs(Design.ProjLon - Design.LonCentral) == 180.0) {
+        // The meridian opposite the centre is drawn from both of its ends. The sine of half a circle is
+        // no more than 1e-16, but of either sign: on a map whose centre lies between two pixels the two
+        // would not meet.
+        Design.ProjX = 0.0;
+    }
     if (Design.PointStatus == 0 && !pass.LineActive) {
         pass.LineActive = true;
         Design.PointStatus = 1;

@@ -23,6 +23,7 @@ constexpr double SeamLeap = 1.8 * Pi;
 struct Crossing {
     double a1, b1, a2, b2;
     double centreLat, centreLon, cosCentre, haversineOfRange;
+    LineAtCircle way;
 
     double F(double a, double b) const {
         const double sinP = std::sin((a - centreLat) / 2.0);
@@ -54,15 +55,17 @@ double Newton(double start, Change&& change) {
     return value;
 }
 
-/// The place between two ends where f leaves the sign that it has at the first.
+/// Where f leaves its negative side on the way from previous to current, of which the one outside is
+/// never asked: on the circle itself f may be 0, or less by rounding.
 template <typename Function>
-double Bisect(double first, double second, Function&& f) {
-    const bool sign = f(first) > 0.0;
+double Bisect(LineAtCircle way, double previous, double current, Function&& f) {
+    double inside = way == LineAtCircle::Leaves ? previous : current;
+    double outside = way == LineAtCircle::Leaves ? current : previous;
     for (int step = 0; step < BisectionSteps; ++step) {
-        const double middle = (first + second) / 2.0;
-        ((f(middle) > 0.0) == sign ? first : second) = middle;
+        const double middle = (inside + outside) / 2.0;
+        (f(middle) > 0.0 ? outside : inside) = middle;
     }
-    return (first + second) / 2.0;
+    return (inside + outside) / 2.0;
 }
 
 /// Also false for what is no number.
@@ -79,7 +82,7 @@ double AlongParallel(const Crossing& c) {
         (c.AcrossSeam() && (Between(b - 2.0 * Pi, end1, c.b2) || Between(b + 2.0 * Pi, end1, c.b2)))) {
         return b;
     }
-    return Bisect(c.b2, end1, [&](double at) { return c.F(c.a1, at); });
+    return Bisect(c.way, end1, c.b2, [&](double at) { return c.F(c.a1, at); });
 }
 
 double AlongMeridian(const Crossing& c) {
@@ -88,7 +91,7 @@ double AlongMeridian(const Crossing& c) {
     if (Between(a, c.a1, c.a2)) {
         return a;
     }
-    return Bisect(c.a2, c.a1, [&](double at) { return c.F(at, c.b1); });
+    return Bisect(c.way, c.a1, c.a2, [&](double at) { return c.F(at, c.b1); });
 }
 
 /// Returns the latitude and leaves the longitude in b.
@@ -102,7 +105,7 @@ double General(const Crossing& c, double& b) {
         return c.F(at, lon) / (c.ByLatitude(at, lon) + c.ByLongitude(at, lon) * m);
     });
     if (!Between(a, c.a1, c.a2)) {
-        a = Bisect(c.a2, c.a1, [&](double at) { return c.F(at, lonAt(at)); });
+        a = Bisect(c.way, c.a1, c.a2, [&](double at) { return c.F(at, lonAt(at)); });
     }
     b = lonAt(a);
     return a;
@@ -114,7 +117,7 @@ std::int32_t Seconds(double radians) { return RoundToInt32(radians / DegToRad * 
 
 } // namespace
 
-void AzInterpolate(std::int32_t& lat, std::int32_t& lon) {
+void AzInterpolate(std::int32_t& lat, std::int32_t& lon, LineAtCircle way) {
     const double halfRange = std::sin(static_cast<double>(Design.RangeSec) / SecPerDegree * HalfDegToRad);
     const Crossing c{Radians(Design.PointLatSecPrev),
                      Radians(Design.PointLonSecPrev),
@@ -123,7 +126,8 @@ void AzInterpolate(std::int32_t& lat, std::int32_t& lon) {
                      Design.LatCentralRad,
                      Design.LonCentral * DegToRad,
                      Design.CosLatCentral,
-                     halfRange * halfRange};
+                     halfRange * halfRange,
+                     way};
     double a = 0.0;
     double b = 0.0;
     if (c.a1 == c.a2 && c.b1 != c.b2) {

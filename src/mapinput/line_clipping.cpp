@@ -174,10 +174,10 @@ void MapPoint::ClipCircle() {
         PlotPoint();
     } else if (PointInBounds) {
         Design.ProjTestMode = 0; // the cut point comes first and was not tested
-        AzInterpolate(EdgeLat, EdgeLon);
+        AzInterpolate(EdgeLat, EdgeLon, LineAtCircle::Enters);
         DrawFromCut(prev, false);
     } else if (PrevInBounds && !Design.StartLine) {
-        AzInterpolate(EdgeLat, EdgeLon);
+        AzInterpolate(EdgeLat, EdgeLon, LineAtCircle::Leaves);
         DrawToCut(point, false);
     }
 }

@@ -5,6 +5,7 @@
 #include "core/run_time_error.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_fixture.h"
+#include "graticule/grid_pass.h"
 #include "output/device_pen.h"
 #include "output/export_file.h"
 #include "output/scale_screen.h"
@@ -17,7 +18,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <initializer_list>
+#include <set>
 
 namespace quelmont {
 namespace {
@@ -518,6 +521,124 @@ TEST_F(PlotGridTest, EdgeMeridianStartsBesideTheAntipode) {
     // It runs from the rim, below the centre, up to the pole 50 degrees above it.
     EXPECT_NEAR(edge->front().y, Pi, 0.01);
     EXPECT_NEAR(edge->back().y, 50.0 * DegToRad, 1e-12);
+}
+
+TEST_F(PlotGridTest, MeridianOppositeTheCentreIsOnePixelOnTheCentreLine) {
+    for (const std::int16_t projNum : {ProjGnomonic, ProjStereographic, ProjOrthographic}) {
+        for (const int width : {800, 801, 802, 803}) {
+            for (const int height : {600, 601}) {
+                machine.window.scaleWidth = width * 15.0;
+                machine.window.scaleHeight = height * 15.0;
+                Start(projNum);
+                surface.Forget();
+                PlotGrid();
+                // The map is centred: its middle is half of the width less one pixel, 399.5 of 800.
+                const double middle = (width - 1) / 2.0;
+                std::set<std::int32_t> columns;
+                int pieces = 0;
+                for (const RecordedSegment& segment : surface.Segments()) {
+                    if (segment.from.y != segment.to.y && std::abs(segment.from.x - segment.to.x) <= 1 &&
+                        std::fabs(segment.from.x - middle) <= 1.0) {
+                        columns.insert({segment.from.x, segment.to.x});
+                        ++pieces;
+                    }
+                }
+                EXPECT_THAT(columns, SizeIs(1)) << projNum << ", " << width << " x " << height;
+                EXPECT_LE(std::fabs(*columns.begin() - middle), 0.5);
+                EXPECT_GT(pieces, 2) << "both ends of the opposite meridian and the central one";
+            }
+        }
+    }
+}
+
+TEST_F(PlotGridTest, OppositeMeridianOfAWholeGlobeBreaksAtTheAntipode) {
+    for (const std::int16_t projNum : {ProjAzimuthalEquidistant, ProjAzimuthalEqualArea}) {
+        for (const char* centre : {"40    00    00    N", "25    00    00    S"}) {
+            Start(projNum);
+            Design.GridText[6] = centre;
+            Design.GridText[2] = "005    00    00";
+            PrepareDesign();
+            PlotRecorded();
+            int pieces = 0;
+            for (const auto& line : recorder.lines) {
+                const bool opposite = std::all_of(line.begin(), line.end(), [](const WrittenPoint& point) {
+                    return point.lon == 0.0 || point.lon == 360.0;
+                });
+                if (!opposite || line.front().lat == line.back().lat) {
+                    continue;
+                }
+                ++pieces;
+                const auto [south, north] = std::minmax(line.front().lat, line.back().lat);
+                EXPECT_TRUE(south > -Design.LatCentral || north < -Design.LatCentral)
+                    << projNum << ": " << south << " to " << north;
+                EXPECT_GT(line.front().y * line.back().y, 0.0) << "on one side of the centre";
+            }
+            EXPECT_EQ(pieces, 2) << projNum << ' ' << centre;
+        }
+    }
+}
+
+/// Longitude, off the antipode, at which the parallel of the antipode begins.
+double StartOfAntipodalParallel(const LineRecorder& recorder) {
+    for (const auto& line : recorder.lines) {
+        const WrittenPoint& first = line.front();
+        if (std::fabs(first.lat + Design.LatCentral) < 1e-9 &&
+            std::fabs(line.back().lat - first.lat) < 1e-9) {
+            return first.lon;
+        }
+    }
+    return -1.0;
+}
+
+TEST_F(PlotGridTest, ParallelOfTheAntipodeBeginsFurtherOffNearThePoles) {
+    struct Row {
+        const char* centre;
+        double off; ///< the greater of 0.00056 and 8.2e-05 / cos of the centre
+    };
+    // cos 40 = 0.766, cos 81 = 0.1564, cos 82 = 0.139173, cos 89 = 0.0174524.
+    for (const Row& row : {Row{"40    00    00    N", 0.00056}, Row{"81    00    00    N", 0.00056},
+                           Row{"82    00    00    N", 0.00058919}, Row{"89    00    00    N", 0.00469849},
+                           Row{"89    00    00    S", 0.00469849}}) {
+        for (const std::int16_t projNum : {ProjAzimuthalEquidistant, ProjAzimuthalEqualArea}) {
+            Start(projNum);
+            Design.GridText[6] = row.centre;
+            Design.GridText[2] = "001    00    00";
+            Design.GridText[5] = "090    00    00";
+            PrepareDesign();
+            PlotRecorded();
+            EXPECT_NEAR(StartOfAntipodalParallel(recorder), row.off, 1e-8) << row.centre;
+        }
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(PlotGridTest, OpenLineOfAnExportIsBrokenBeforeThePointBehindAGap) {
+    Start(ProjOrthographic);
+    Design.OutputWmf = true;
+    Design.CurrentSymbolType = SymbolLine;
+    Design.Surface = &surface;
+    GridPass pass;
+    pass.DiskOut = true;
+    const auto plot = [&](double lat) {
+        Design.ProjLat = lat;
+        Design.ProjLon = 180.0;
+        PlotPoint(pass);
+        Design.PointCount =
+            static_cast<std::int32_t>(recorder.lines.empty() ? 0 : recorder.lines.back().size());
+    };
+    plot(30.0);
+    plot(40.0);
+    EXPECT_EQ(recorder.breaks, 0);
+    plot(-80.0); // 120 degrees from the centre
+    EXPECT_EQ(recorder.breaks, 0) << "nothing was plotted";
+    plot(50.0);
+    EXPECT_EQ(recorder.breaks, 1);
+    plot(60.0);
+    EXPECT_EQ(recorder.breaks, 1);
+    ASSERT_THAT(recorder.lines, SizeIs(2));
+    // What comes behind the gap keeps its place: 10 degrees from the centre, 40 N, and 20.
+    EXPECT_NEAR(recorder.lines[1].front().y, std::sin(10.0 * DegToRad), 1e-12);
+    EXPECT_NEAR(recorder.lines[1].back().y, std::sin(20.0 * DegToRad), 1e-12);
 }
 
 TEST_F(PlotGridTest, HemisphereAboutTheEquatorDrawsItsRimOnce) {

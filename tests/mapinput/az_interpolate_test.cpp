@@ -24,16 +24,20 @@ protected:
         Design.PointLonSec = to.lon;
         std::int32_t lat = -1;
         std::int32_t lon = -1;
-        AzInterpolate(lat, lon);
+        const bool leaves = CosDistance({lat2, lon2}) < CosDistance({lat1, lon1});
+        AzInterpolate(lat, lon, leaves ? LineAtCircle::Leaves : LineAtCircle::Enters);
         return {lat / 3600.0, lon / 3600.0};
     }
-    /// Seconds from the circle, by the cosine rule.
-    static double OffCircle(const Crossing& at) {
+    /// Cosine of the distance from the centre, by the cosine rule.
+    static double CosDistance(const Crossing& at) {
         const double radian = M_PI / 180.0;
-        const double c = std::sin(at.lat * radian) * std::sin(Design.LatCentral * radian) +
-                         std::cos(at.lat * radian) * std::cos(Design.LatCentral * radian) *
-                             std::cos((at.lon - Design.LonCentral) * radian);
-        return std::fabs(std::acos(c) / radian * 3600.0 - Design.RangeSec);
+        return std::sin(at.lat * radian) * std::sin(Design.LatCentral * radian) +
+               std::cos(at.lat * radian) * std::cos(Design.LatCentral * radian) *
+                   std::cos((at.lon - Design.LonCentral) * radian);
+    }
+    /// Seconds from the circle.
+    static double OffCircle(const Crossing& at) {
+        return std::fabs(std::acos(CosDistance(at)) * 180.0 / M_PI * 3600.0 - Design.RangeSec);
     }
     static constexpr double Second = 1.0 / 3600.0;
 };
@@ -129,6 +133,38 @@ TEST_F(AzInterpolateTest, SlopeOfZeroIsNoFailure) {
     // Symmetric about the centre but for a second: f is flat in the middle to the last digit.
     const Crossing at = Cut(0, 120, 0, 240.0 + Second);
     EXPECT_TRUE(std::fabs(at.lon - 240.0) <= 2 * Second || std::fabs(at.lon - 120.0) <= 2 * Second) << at.lon;
+}
+
+TEST_F(AzInterpolateTest, OuterPointOnTheCircleItselfIsTheCrossing) {
+    // 1 N is 45 degrees from 46 N: f is 0 there, and in the middle too flat for Newton's method.
+    Circle(ProjStereographic, 46, 0, 45);
+    const Crossing out = Cut(90, 180, 1, 180);
+    EXPECT_NEAR(out.lat, 1.0, Second);
+    EXPECT_EQ(out.lon, 180.0);
+    const Crossing in = Cut(1, 180, 90, 180);
+    EXPECT_NEAR(in.lat, 1.0, Second);
+    EXPECT_EQ(in.lon, 180.0);
+}
+
+TEST_F(AzInterpolateTest, EitherEndOnTheCircleIsTheOuterOneByTheWayOfTheLine) {
+    // From circle to circle through the middle of the map: f is 0 at both ends.
+    Circle(ProjAzimuthalEqualArea, 0, 0, 60);
+    const TruePlace west = Degrees(0, 120);
+    const TruePlace east = Degrees(0, 240);
+    std::int32_t lat = 0;
+    std::int32_t lon = 0;
+    const auto cut = [&](TruePlace from, TruePlace to, LineAtCircle way) {
+        Design.PointLatSecPrev = from.lat;
+        Design.PointLonSecPrev = from.lon;
+        Design.PointLatSec = to.lat;
+        Design.PointLonSec = to.lon;
+        AzInterpolate(lat, lon, way);
+        return lon / 3600.0;
+    };
+    EXPECT_NEAR(cut(west, east, LineAtCircle::Leaves), 240.0, Second);
+    EXPECT_NEAR(cut(east, west, LineAtCircle::Leaves), 120.0, Second);
+    EXPECT_NEAR(cut(west, east, LineAtCircle::Enters), 120.0, Second);
+    EXPECT_NEAR(cut(east, west, LineAtCircle::Enters), 240.0, Second);
 }
 
 TEST_F(AzInterpolateTest, EveryCrossingLiesOnTheCircleAndBetweenItsEnds) {

@@ -48,6 +48,19 @@ TEST_F(CircleClipping, LineAlongTheCentralMeridianIsCutAtTheRange) {
     ExpectPoint(1, false, 70, 180);
 }
 
+TEST_F(CircleClipping, LineThatEndsOnTheCircleIsDrawnToItsEnd) {
+    Circle(ProjStereographic, 46, 0, 45); // 1 N lies on the circle
+    Draw({Degrees(90, 0), Degrees(1, 0)});
+    ASSERT_EQ(recorder.points.size(), 2U);
+    ExpectPoint(0, true, 90, 180);
+    ExpectPoint(1, false, 1, 180);
+    recorder.points.clear();
+    Draw({Degrees(1, 0), Degrees(90, 0)});
+    ASSERT_EQ(recorder.points.size(), 2U);
+    ExpectPoint(0, true, 1, 180);
+    ExpectPoint(1, false, 90, 180);
+}
+
 TEST_F(CircleClipping, HorizonOfAHemisphereIsReached) {
     Circle(ProjOrthographic, 0, 0, 90);
     Draw({Degrees(0, 80), Degrees(0, 100), Degrees(10, 100), Degrees(10, 80)});

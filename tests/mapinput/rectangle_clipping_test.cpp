@@ -277,6 +277,63 @@ TEST_F(RectangleClipping, LineAlongAWesternEdgeAt180IsNoFailure) {
     ExpectPlotted({{Move, 48, 0}, {Go, 30, 0}});
 }
 
+TEST_F(RectangleClipping, CutBetweenEqualLongitudesKeepsTheOuterLatitude) {
+    // 180 E, moved by a full circle, has the longitude of 180 W: no slope tells a latitude on the edge.
+    Rectangle(ProjEquirectangular, 60, 30, -180, 20);
+    Draw({Degrees(48, -180), Degrees(44, 180)});
+    ExpectPlotted({{Move, 48, 0}, {Go, 44, 0}});
+    ForgetPlotted();
+    Draw({Degrees(44, 180), Degrees(48, -180)});
+    ExpectPlotted({{Move, 44, 0}, {Go, 48, 0}});
+}
+
+TEST_F(RectangleClipping, LongitudesBelow180WestAreCutAtTheWesternEdge) {
+    // From 179 E eastward: 181 W is relative 0, and 182 W, below it, relative -1.
+    Rectangle(ProjEquirectangular, 60, 30, 179, -161);
+    Draw({Degrees(50, -179.5), Degrees(53, -182.5)});
+    ExpectPlotted({{Move, 50, 1.5}, {Go, 51.5, 0}});
+    ForgetPlotted();
+    Draw({Degrees(53, -182.5), Degrees(50, -179.5)});
+    ExpectPlotted({{Move, 51.5, 0}, {Go, 50, 1.5}});
+    ForgetPlotted();
+    // Over the top before the edge: at 60 N after two of three degrees.
+    Draw({Degrees(58, -179), Degrees(61, -182)});
+    ExpectPlotted({{Move, 58, 2}, {Go, 60, 0}});
+    ForgetPlotted();
+    Draw({Degrees(31, -179), Degrees(27, -182)});
+    ExpectPlotted({{Move, 31, 2}, {Go, 30, 1.25}});
+}
+
+TEST_F(RectangleClipping, DateLineIsCrossedOnAMapOf20Degrees) {
+    // 179 E is relative 9 and 179 W relative 11: two degrees, and no leap of 358.
+    AcrossTheDateLine();
+    Draw({Degrees(40, 179), Degrees(44, -179)});
+    ExpectPlotted({{Move, 40, 9}, {Go, 44, 11}});
+    EXPECT_EQ(recorder.Strokes().size(), 1U);
+    ForgetPlotted();
+    Draw({Degrees(44, -179), Degrees(40, 179)});
+    ExpectPlotted({{Move, 44, 11}, {Go, 40, 9}});
+    ForgetPlotted();
+    // 180 E and 180 W are one place.
+    Draw({Degrees(40, 180), Degrees(42, -180), Degrees(44, 180)});
+    ExpectPlotted({{Move, 40, 10}, {Go, 42, 10}, {Go, 44, 10}});
+}
+
+TEST_F(RectangleClipping, NeighboursOfTheDateLineStayOutsideAMapOf20DegreesElsewhere) {
+    // 179 E and 179 W on maps that end at 180 on either side: both in, both out, one of each.
+    Rectangle(ProjEquirectangular, 60, 30, 160, 180);
+    Draw({Degrees(40, 179), Degrees(44, -179)});
+    ExpectPlotted({{Move, 40, 19}, {Go, 42, 20}});
+    ForgetPlotted();
+    Rectangle(ProjEquirectangular, 60, 30, -180, -160);
+    Draw({Degrees(40, 179), Degrees(44, -179)});
+    ExpectPlotted({{Move, 42, 0}, {Go, 44, 1}});
+    ForgetPlotted();
+    Rectangle(ProjEquirectangular, 60, 30, -10, 10);
+    Draw({Degrees(40, 179), Degrees(44, -179)});
+    EXPECT_THAT(recorder.points, IsEmpty());
+}
+
 TEST_F(RectangleClipping, LineDoesNotLeadOnFromAPlaceThatIsNotOnTheMap) {
     // The south pole of this cone lies at infinity.
     Rectangle(ProjConformalConic, 75, -60, -180, 180);
