@@ -6,9 +6,9 @@
 // .mps world, anything else minute grid.
 
 #include "core/file_names.h"
-#include "mapinput/minute_grid_file.h"
-#include "mapinput/packed_file.h"
-#include "mapinput/world_file.h"
+#include "mapfiles/minute_grid_file.h"
+#include "mapfiles/packed_file.h"
+#include "mapfiles/world_file.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -7,16 +7,16 @@
 
 #include "core/constant_defs.h"
 #include "core/core_state.h"
-#include "core/file_names.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "graticule/calc_graticule.h"
-#include "mapinput/byte_reader.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
+#include "mapfiles/minute_grid_records.h"
+#include "mapfiles/packed_segments.h"
+#include "mapfiles/world_records.h"
 #include "mapinput/map_plot.h"
-#include "mapinput/minute_grid_file.h"
-#include "mapinput/packed_file.h"
-#include "mapinput/world_file.h"
 #include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
@@ -56,36 +56,27 @@ struct Sums {
 };
 
 void ReadMinuteGridRecords(ByteReader& bytes, Sums& sums) {
-    while (bytes.Has(MinuteGridRecordSize)) {
-        const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
-        sums.places += RankOf(record.Code) + record.Lat + record.Lon;
+    for (MinuteGridRecords records(bytes); records.Next();) {
+        sums.places += records.Feature() + records.LatSec() + records.LonSec();
         ++sums.points;
     }
 }
 
-void ReadPackedSegments(ByteReader& bytes, Sums& sums) {
-    while (bytes.Has(PackedHeaderSize)) {
-        const PackedHeader header = DecodePackedHeader(bytes.Take<PackedHeaderSize>());
-        for (std::int32_t i = 1; i < header.Count && bytes.Has(PackedStepSize); ++i) {
-            const PackedStep step = DecodePackedStep(bytes.Take<PackedStepSize>());
-            sums.places += step.Lat + step.Lon;
-        }
-        sums.points += header.Count;
+void ReadPackedSegments(ByteReader& bytes, PackedRanks ranks, Sums& sums) {
+    for (PackedSegments segments(bytes, ranks); segments.Next() && segments.IsWhole();) {
+        segments.VisitPoints([&](std::int32_t lat, std::int32_t lon, bool begins) {
+            sums.places += lat + lon + (begins ? 1 : 0);
+            ++sums.points;
+            return true;
+        });
     }
 }
 
 void ReadWorldRecords(ByteReader& bytes, Sums& sums) {
-    while (bytes.Has(WorldFloatSize)) {
-        auto first = bytes.Take<WorldFloatSize>();
-        if (IsWorldMarker(first)) {
-            first = bytes.Take<WorldFloatSize>();
-        }
-        const float lat = DecodeWorldFloat(first);
-        const WorldPoint point = WorldPointOf(lat, DecodeWorldFloat(bytes.Take<WorldFloatSize>()));
+    for (WorldFloatPoints points(bytes); points.Next();) {
+        const WorldPoint point = WorldPointOf(points.Lat(), points.Lon());
         sums.places += point.Lat + point.Lon;
         ++sums.points;
-        while (bytes.Take<1>()[0] != WorldRecordEnd) {
-        }
     }
 }
 
@@ -93,10 +84,10 @@ Sums ReadMap() {
     Sums sums;
     OpenFile(InputFileNumber, MapName(), OpenMode::Input);
     ByteReader bytes;
-    const std::string letters = LastThreeLetters(MapName());
-    if (letters == "PKV") {
-        ReadPackedSegments(bytes, sums);
-    } else if (letters == "MPS") {
+    const MapFileForm form = MapFormatOf(MapName()).form;
+    if (form == MapFileForm::PackedWhole) {
+        ReadPackedSegments(bytes, PackedRanksOf(MapName()), sums);
+    } else if (form == MapFileForm::WorldFloats) {
         ReadWorldRecords(bytes, sums);
     } else {
         ReadMinuteGridRecords(bytes, sums);

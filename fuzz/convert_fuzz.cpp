@@ -4,14 +4,14 @@
 // The first two bytes choose the formats, the third how much is dropped, the fourth the habits of the file
 // (see memory_file.h); the rest is the file.
 
-#include "convert/file_kind.h"
 #include "convert/line_encoder.h"
 #include "convert/line_steps.h"
 #include "convert/map_file_source.h"
 #include "convert/utm_zone.h"
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 #include "memory_file.h"
 
 #include <algorithm>
@@ -29,7 +29,7 @@ constexpr std::size_t HeaderSize = 4;
 constexpr std::array Names = {"fuzz.map", "fuzz.pnt", "fuzz.pkv", "fuc.pkd",  "fuzz.grv", "fuzz.grf",
                               "fuzz.dat", "fuzz.mps", "fuzz.mp1", "fuzz.prn", "fuzz.utm"};
 
-const MapFileKind& KindOf(const char* name) { return *MapFileKindOf(name); }
+const MapFormat& FormatOf(const char* name) { return *MapFormatOfEnding(name); }
 
 const UtmZone& Zone() {
     static const UtmZone zone({177.0, "WGS84 1984"});
@@ -44,7 +44,7 @@ public:
           sink([this](std::span<const std::byte> block) {
               written.append(reinterpret_cast<const char*>(block.data()), block.size());
           }),
-          encoder(NewMapFileEncoder(name, KindOf(name), &Zone(), tally)) {
+          encoder(NewMapFileEncoder(name, FormatOf(name), &Zone(), tally)) {
         encoder->Begin(true, sink);
     }
 
@@ -84,7 +84,7 @@ bool Read(const char* name, std::span<const std::uint8_t> contents, const Memory
           LineReceiver& receiver) {
     SetMemoryFile(contents, habits);
     try {
-        MapFileSource(name, KindOf(name), std::nullopt, &Zone()).Read(receiver);
+        MapFileSource(name, FormatOf(name), std::nullopt, &Zone()).Read(receiver);
         return true;
     } catch (const ConvertError&) {
         return false;

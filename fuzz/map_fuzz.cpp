@@ -8,7 +8,7 @@
 #include "core/text_encoding.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/utm_grid.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
 #include "memory_file.h"
 #include "output/device_pen.h"

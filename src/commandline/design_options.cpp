@@ -7,7 +7,7 @@
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_types.h"
 #include "graticule/utm_grid.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "projection/param_select.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"

@@ -3,7 +3,7 @@
 #include "commandline/export_output.h"
 #include "commandline/option_values.h"
 #include "core/file_names.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 

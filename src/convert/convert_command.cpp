@@ -15,7 +15,8 @@
 #include "convert/vector_target.h"
 #include "core/run_time_error.h"
 #include "core/text_encoding.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 
 #include <filesystem>
 #include <memory>
@@ -42,7 +43,7 @@ public:
           nameColumn(source_.Columns().GetFieldIndex(NameColumn)),
           labelColumn(options_.label ? ColumnOf(source_.Columns(), *options_.label, "--label")
                                      : OwnLabelColumn()),
-          takesLabels(choice_ == nullptr || HasLabels(MapFileKindOf(options_.output)->form)) {}
+          takesLabels(choice_ == nullptr || MapFormatOfEnding(options_.output)->labels) {}
 
     void SetTarget(LineTarget& to) {
         target = &to;
@@ -84,7 +85,7 @@ public:
 private:
     /// Of a map file that is read; other sources have their labels where they are told to.
     int OwnLabelColumn() const {
-        return MapFileKindOf(options.input) != nullptr ? source.Columns().GetFieldIndex(LabelColumn) : -1;
+        return MapFormatOfEnding(options.input) != nullptr ? source.Columns().GetFieldIndex(LabelColumn) : -1;
     }
 
     void Write(MapLine& line) {
@@ -130,8 +131,8 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 class Conversion {
 public:
     Conversion(const ConvertOptions& options_, std::ostream& errors_, bool terminal)
-        : options(options_), errors(errors_), from(MapFileKindOf(options_.input)),
-          to(MapFileKindOf(options_.output)), progress(errors_, terminal) {
+        : options(options_), errors(errors_), from(MapFormatOfEnding(options_.input)),
+          to(MapFormatOfEnding(options_.output)), progress(errors_, terminal) {
         if (options.utm) {
             zone.emplace(*options.utm);
         }
@@ -216,13 +217,13 @@ private:
     }
 
     std::string EndingOfOutput() const {
-        return std::string(to != nullptr ? to->ending : VectorFileKindOf(options.output)->ending);
+        return to != nullptr ? EndingOf(*to) : std::string(VectorFileKindOf(options.output)->ending);
     }
 
     const ConvertOptions& options;
     std::ostream& errors;
-    const MapFileKind* from;
-    const MapFileKind* to;
+    const MapFormat* from;
+    const MapFormat* to;
     GdalErrors gdalErrors;
     Progress progress;
     ConvertTally tally;

@@ -3,6 +3,7 @@
 #include "convert/file_kind.h"
 #include "core/file_names.h"
 #include "core/split_text.h"
+#include "mapfiles/map_formats.h"
 #include "platform/system.h"
 #include "projection/utm.h"
 
@@ -148,8 +149,8 @@ UtmZoneChoice ZoneOf(const std::string& value) {
 
 /// What of the options does not go with the two files.
 void CheckFiles(const ConvertOptions& options) {
-    const MapFileKind* const from = MapFileKindOf(options.input);
-    const MapFileKind* const to = MapFileKindOf(options.output);
+    const MapFormat* const from = MapFormatOfEnding(options.input);
+    const MapFormat* const to = MapFormatOfEnding(options.output);
     if (to == nullptr && VectorFileKindOf(options.output) == nullptr) {
         Refuse("OUTPUT", options.output,
                "name with one of the endings " + MapFileEndings() + ", " + VectorFileEndings());
@@ -157,8 +158,8 @@ void CheckFiles(const ConvertOptions& options) {
     if (from == nullptr && to == nullptr) {
         throw WrongConvertUsage("Neither INPUT nor OUTPUT is a map file, which ends in " + MapFileEndings());
     }
-    const auto isMetres = [](const MapFileKind* kind) {
-        return kind != nullptr && kind->form == MapFileForm::AsciiMetres;
+    const auto isMetres = [](const MapFormat* format) {
+        return format != nullptr && format->form == MapFileForm::AsciiMetres;
     };
     if ((isMetres(from) || isMetres(to)) && !options.utm) {
         throw WrongConvertUsage("A .utm file needs --utm, the central longitude of its zone");

@@ -2,7 +2,7 @@
 
 #include "convert/line_source.h"
 #include "core/file_names.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 
 #include <charconv>
 #include <cmath>

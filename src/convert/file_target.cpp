@@ -3,7 +3,7 @@
 #include "convert/map_file_source.h"
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
-#include "mapinput/fixed_record_file.h"
+#include "mapfiles/fixed_record_file.h"
 
 #include <filesystem>
 #include <fstream>
@@ -31,8 +31,8 @@ public:
 };
 
 /// What has to stand between the records of a file and those that are added.
-std::string BetweenRecords(const MapFileKind& kind, std::int64_t length, char last) {
-    switch (kind.form) {
+std::string BetweenRecords(const MapFormat& format, std::int64_t length, char last) {
+    switch (format.form) {
     case MapFileForm::FixedRecords:
     case MapFileForm::LineGraphText: {
         constexpr auto size = static_cast<std::int64_t>(FixedRecordSize);
@@ -56,7 +56,7 @@ char LastByte(const std::string& file) {
 } // namespace
 
 FileTarget::FileTarget(const std::string& name_, std::unique_ptr<LineEncoder> encoder_,
-                       const MapFileKind* addTo)
+                       const MapFormat* addTo)
     : name(name_), replaced(OfFile(name_, [&] { return ReplacedFileName(name_); })), file(replaced),
       bytes([](std::span<const std::byte> block) { WriteFile(OutputFileNumber, block); }),
       encoder(std::move(encoder_)) {
@@ -77,9 +77,9 @@ FileTarget::~FileTarget() {
     }
 }
 
-void FileTarget::CopyEarlier(const MapFileKind& kind) {
+void FileTarget::CopyEarlier(const MapFormat& format) {
     // In degrees or metres alike: nobody looks at the points.
-    MapFileSource earlier(name, kind, std::nullopt, nullptr);
+    MapFileSource earlier(name, format, std::nullopt, nullptr);
     Nobody nobody;
     earlier.Read(nobody);
     const std::int64_t length = earlier.WholeBytes();
@@ -88,7 +88,7 @@ void FileTarget::CopyEarlier(const MapFileKind& kind) {
         std::filesystem::resize_file(file.Name(), static_cast<std::uintmax_t>(length));
         if (length > 0) {
             std::ofstream stream(file.Name(), std::ios::binary | std::ios::app);
-            stream << BetweenRecords(kind, length, LastByte(file.Name())) << std::flush;
+            stream << BetweenRecords(format, length, LastByte(file.Name())) << std::flush;
             if (!stream) {
                 throw ConvertError(name + ": " + RunTimeError(ErrorDiskFull).Description());
             }

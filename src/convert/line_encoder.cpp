@@ -3,13 +3,13 @@
 #include "core/coordinates.h"
 #include "core/file_names.h"
 #include "core/rounding.h"
-#include "mapinput/ascii_map_file.h"
-#include "mapinput/fixed_record_file.h"
-#include "mapinput/line_graph_codes.h"
-#include "mapinput/minute_grid_file.h"
-#include "mapinput/packed_file.h"
-#include "mapinput/text_reader.h"
-#include "mapinput/world_file.h"
+#include "mapfiles/ascii_map_file.h"
+#include "mapfiles/fixed_record_file.h"
+#include "mapfiles/line_graph_codes.h"
+#include "mapfiles/minute_grid_file.h"
+#include "mapfiles/packed_file.h"
+#include "mapfiles/text_reader.h"
+#include "mapfiles/world_file.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -301,16 +301,18 @@ private:
 
 } // namespace
 
-std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFileKind& kind,
+std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFormat& format,
                                                const UtmZone* zone, ConvertTally& tally) {
-    switch (kind.form) {
+    switch (format.form) {
     case MapFileForm::MinuteGrid:
         return std::make_unique<MinuteGridEncoder>(tally);
-    case MapFileForm::Packed:
+    case MapFileForm::PackedWhole:
+    case MapFileForm::PackedPart:
+    case MapFileForm::PackedLineGraph:
         return std::make_unique<PackedEncoder>(mapFile, tally);
     case MapFileForm::FixedRecords:
     case MapFileForm::LineGraphText:
-        return std::make_unique<FixedRecordEncoder>(kind.form == MapFileForm::LineGraphText, tally);
+        return std::make_unique<FixedRecordEncoder>(format.form == MapFileForm::LineGraphText, tally);
     case MapFileForm::WorldText:
         return std::make_unique<WorldTextEncoder>(tally);
     case MapFileForm::WorldFloats:

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "convert/convert_tally.h"
-#include "convert/file_kind.h"
 #include "convert/line_target.h"
 #include "convert/utm_zone.h"
+#include "mapfiles/map_formats.h"
 
 #include <cstddef>
 #include <functional>
@@ -59,7 +59,7 @@ public:
 
 /// The encoder of one of the program's own map files, whose name tells what ranks mean. The zone is that
 /// of a .utm file. What is lost or changed is counted.
-std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFileKind& kind,
+std::unique_ptr<LineEncoder> NewMapFileEncoder(const std::string& mapFile, const MapFormat& format,
                                                const UtmZone* zone, ConvertTally& tally);
 
 } // namespace quelmont

@@ -5,20 +5,17 @@
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
 #include "core/text_encoding.h"
-#include "mapinput/ascii_map_file.h"
-#include "mapinput/byte_reader.h"
-#include "mapinput/feature_rows.h"
-#include "mapinput/fixed_record_reader.h"
-#include "mapinput/minute_grid_file.h"
-#include "mapinput/packed_file.h"
-#include "mapinput/text_reader.h"
-#include "mapinput/world_file.h"
-#include "mapinput/world_reader.h"
+#include "mapfiles/ascii_points.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/fixed_records.h"
+#include "mapfiles/line_graph_codes.h"
+#include "mapfiles/minute_grid_records.h"
+#include "mapfiles/packed_segments.h"
+#include "mapfiles/world_records.h"
 
 #include <cpl_error.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -31,23 +28,16 @@ constexpr int FeatureIndex = 0;
 constexpr int NameIndex = 1;
 constexpr int LabelIndex = 2;
 
-/// Whether what is left is at most the code of a continuing record, by which readers know the end.
-bool EndsMinuteGrid(std::span<const std::byte> rest) {
-    return rest.size() <= sizeof(std::int16_t) &&
-           RankOf(LittleInt16(rest[0], rest.size() > 1 ? rest[1] : std::byte{0})) == 0;
-}
-
-/// Whether a record that the file does not hold in full lacks more than blanks and a line end.
-bool IsCutShort(const FixedRecord& record, std::int64_t size) {
-    constexpr std::int64_t pointSize = 15;
-    return size < pointSize && std::any_of(record.begin(), record.end(), [](char c) {
-               return c != ' ' && c != '\r' && c != '\n' && c != '\x1A';
-           });
+/// What a draw passes over in silence is a failure here.
+void CheckWhole(bool whole) {
+    if (!whole) {
+        throw RunTimeError(ErrorInputPastEnd);
+    }
 }
 
 double DegreesOf(std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; }
 
-OGRFeatureDefn* NewColumns(MapFileForm form) {
+OGRFeatureDefn* NewColumns(const MapFormat& format) {
     auto* const columns = new OGRFeatureDefn("map");
     columns->Reference();
     OGRFieldDefn feature(FeatureColumn, OFTInteger);
@@ -55,7 +45,7 @@ OGRFeatureDefn* NewColumns(MapFileForm form) {
     OGRFieldDefn label(LabelColumn, OFTString);
     columns->AddFieldDefn(&feature);
     columns->AddFieldDefn(&title);
-    if (HasLabels(form)) {
+    if (format.labels) {
         columns->AddFieldDefn(&label);
     }
     return columns;
@@ -140,10 +130,10 @@ private:
     std::vector<std::pair<std::size_t, std::string>> labels; ///< with the index of their point
 };
 
-MapFileSource::MapFileSource(const std::string& name_, const MapFileKind& kind,
+MapFileSource::MapFileSource(const std::string& name_, const MapFormat& format_,
                              const std::optional<std::string>& where, const UtmZone* zone_)
-    : name(name_), form(kind.form), zone(kind.form == MapFileForm::AsciiMetres ? zone_ : nullptr),
-      columns(NewColumns(kind.form)) {
+    : name(name_), format(format_), zone(format_.form == MapFileForm::AsciiMetres ? zone_ : nullptr),
+      columns(NewColumns(format_)) {
     if (where) {
         filter = std::make_unique<OGRFeatureQuery>();
         if (filter->Compile(columns.get(), where->c_str()) != OGRERR_NONE) {
@@ -190,10 +180,12 @@ double MapFileSource::Share() const {
 }
 
 void MapFileSource::ReadRecords(ByteReader& bytes, Lines& lines) {
-    switch (form) {
+    switch (format.form) {
     case MapFileForm::MinuteGrid:
         return ReadMinuteGrid(bytes, lines);
-    case MapFileForm::Packed:
+    case MapFileForm::PackedWhole:
+    case MapFileForm::PackedPart:
+    case MapFileForm::PackedLineGraph:
         return ReadPacked(bytes, lines);
     case MapFileForm::FixedRecords:
     case MapFileForm::LineGraphText:
@@ -208,117 +200,94 @@ void MapFileSource::ReadRecords(ByteReader& bytes, Lines& lines) {
     }
 }
 
+/// Goes to the next record, whose place is kept for the message of a failure.
+template <typename Records>
+bool MapFileSource::Next(Records& records, const ByteReader& bytes) {
+    const std::int64_t before = recordAt;
+    wholeBytes = bytes.Position();
+    recordAt = wholeBytes;
+    if (!records.Next()) {
+        recordAt = before; // what fails now is the line that ends with it
+        return false;
+    }
+    return true;
+}
+
 void MapFileSource::ReadMinuteGrid(ByteReader& bytes, Lines& lines) {
-    const bool oneRow = FeatureRows(name).size() == 1;
-    while (bytes.Has(1)) {
-        recordAt = bytes.Position();
-        const std::span<const std::byte> ready = bytes.Ahead(MinuteGridRecordSize);
-        if (EndsMinuteGrid(ready)) {
-            break;
-        }
-        const MinuteGridRecord record = DecodeMinuteGrid(bytes.Take<MinuteGridRecordSize>());
-        if (const int rank = RankOf(record.Code); rank != 0) {
-            const std::int16_t feature = FeatureOfRank(rank);
+    const bool oneRow = format.opening == OpeningStyle::AllAsFirst;
+    for (MinuteGridRecords records(bytes); Next(records, bytes);) {
+        CheckWhole(records.IsWhole());
+        if (records.BeginsLine()) {
+            const std::int16_t feature = records.Feature();
             lines.Begin(oneRow && feature != 0 ? std::int16_t{1} : feature);
         }
-        lines.AddSeconds(record.Lon * SecPerMinute, record.Lat * SecPerMinute);
-        wholeBytes = bytes.Position();
+        lines.AddSeconds(records.LonSec(), records.LatSec());
     }
 }
 
 void MapFileSource::ReadPacked(ByteReader& bytes, Lines& lines) {
-    const PackedRanks ranks = PackedRanksOf(name);
-    while (bytes.Has(1)) {
-        recordAt = bytes.Position();
-        const PackedHeader header = DecodePackedHeader(bytes.Take<PackedHeaderSize>());
-        lines.Begin(FeatureOfPackedRank(header.Rank, ranks));
-        std::int32_t lon = header.FirstLon;
-        std::int32_t lat = header.FirstLat;
-        lines.AddSeconds(lon, lat);
-        for (std::int32_t i = 1; i < header.Count; ++i) {
-            const PackedStep step = DecodePackedStep(bytes.Take<PackedStepSize>());
-            lon += step.Lon;
-            lat += step.Lat;
+    for (PackedSegments segments(bytes, PackedRanksOf(name)); Next(segments, bytes);) {
+        CheckWhole(segments.IsWhole());
+        lines.Begin(segments.Feature());
+        segments.VisitPoints([&](std::int32_t lat, std::int32_t lon, bool /*begins*/) {
             lines.AddSeconds(lon, lat);
-        }
-        wholeBytes = bytes.Position();
+            return true;
+        });
+        CheckWhole(segments.IsWhole());
     }
 }
 
 void MapFileSource::ReadFixedRecords(ByteReader& bytes, Lines& lines) {
-    const bool lineGraph = form == MapFileForm::LineGraphText;
+    const bool lineGraph = format.form == MapFileForm::LineGraphText;
     std::int16_t feature = lineGraph ? std::int16_t{0} : std::int16_t{1};
     lines.Begin(feature);
-    for (;;) {
-        recordAt = bytes.Position();
-        const std::optional<FixedRecord> record = NextFixedRecord(bytes);
-        if (!record) {
-            return;
-        }
-        if (IsCutShort(*record, bytes.Position() - recordAt)) {
-            throw RunTimeError(ErrorInputPastEnd);
-        }
-        if (IsFixedRecordHeader(*record)) {
+    for (FixedRecords records(bytes); Next(records, bytes);) {
+        CheckWhole(records.IsWhole());
+        if (records.IsHeader()) {
             if (lineGraph) {
-                feature = LineGraphFeatureOfCode(DecodeLineGraphHeader(*record).Code);
+                feature = LineGraphFeatureOfCode(records.Header().Code);
             }
             lines.Begin(feature);
         } else {
-            const FixedRecordPoint point = DecodeFixedRecordPoint(*record);
+            const FixedRecordPoint point = records.Point();
             lines.AddSeconds(point.Lon, point.Lat);
         }
-        wholeBytes = bytes.Position();
     }
 }
 
 void MapFileSource::ReadWorldText(ByteReader& bytes, Lines& lines) {
-    SkipByteOrderMark(bytes);
-    lines.Begin(1);
-    while (bytes.Has(1)) {
-        recordAt = bytes.Position();
-        const std::optional<WorldDegrees> point = DecodeWorldDegrees(TakeText(bytes, TakeWorldItem));
-        if (point) {
-            lines.Add(point->Lon > 180.0 ? point->Lon - 360.0 : point->Lon, point->Lat);
-        } else {
-            lines.Begin(1);
+    for (WorldTextItems items(bytes); Next(items, bytes);) {
+        if (items.IsPoint()) {
+            if (items.BeginsLine()) {
+                lines.Begin(1);
+            }
+            const WorldDegrees& point = items.Point();
+            lines.Add(point.Lon > 180.0 ? point.Lon - 360.0 : point.Lon, point.Lat);
         }
-        wholeBytes = bytes.Position();
     }
 }
 
 void MapFileSource::ReadWorldFloats(ByteReader& bytes, Lines& lines) {
-    lines.Begin(1);
-    while (bytes.Has(WorldFloatSize)) {
-        recordAt = bytes.Position();
-        auto first = bytes.Take<WorldFloatSize>();
-        if (IsWorldMarker(first)) {
-            lines.Begin(1);
-            first = bytes.Take<WorldFloatSize>();
-        }
-        const double lat = DecodeWorldFloat(first);
-        const double lon = DecodeWorldFloat(bytes.Take<WorldFloatSize>());
-        lines.Add(lon > 180.0 ? lon - 360.0 : lon, lat);
-        if (TakeWorldTail(bytes)) {
+    for (WorldFloatPoints points(bytes); Next(points, bytes);) {
+        if (points.BeginsLine()) {
             lines.Begin(1);
         }
-        wholeBytes = bytes.Position();
+        const double lon = points.Lon();
+        lines.Add(lon > 180.0 ? lon - 360.0 : lon, points.Lat());
     }
 }
 
 void MapFileSource::ReadAscii(ByteReader& bytes, Lines& lines) {
-    SkipByteOrderMark(bytes);
     lines.Begin(1);
-    for (;;) {
+    AsciiPoints points(bytes);
+    wholeBytes = bytes.Position();
+    while (points.Find()) {
         recordAt = bytes.Position();
-        if (!FindText(bytes)) {
-            return;
-        }
-        recordAt = bytes.Position();
-        const AsciiMapPoint point = TakeText(bytes, TakeAsciiMapPoint);
+        const AsciiMapPoint point = points.Take();
         if (point.Break != 0) {
             lines.Begin(1);
         }
-        if (form == MapFileForm::AsciiMetres) {
+        if (format.form == MapFileForm::AsciiMetres) {
             lines.Add(point.Second, point.Third);
         } else {
             lines.Add(point.Third, point.Second);
@@ -327,6 +296,7 @@ void MapFileSource::ReadAscii(ByteReader& bytes, Lines& lines) {
             lines.AddLabel(ToUtf8(point.Label));
         }
         wholeBytes = bytes.Position();
+        recordAt = wholeBytes;
     }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "convert/file_kind.h"
 #include "convert/line_source.h"
 #include "convert/utm_zone.h"
+#include "mapfiles/map_formats.h"
 
 #include <ogr_feature.h>
 #include <ogrsf_frmts.h>
@@ -25,7 +25,7 @@ class MapFileSource : public LineSource {
 public:
     /// The zone is that of a .utm file. ConvertError when the file cannot be opened or the expression is
     /// none.
-    MapFileSource(const std::string& name, const MapFileKind& kind, const std::optional<std::string>& where,
+    MapFileSource(const std::string& name, const MapFormat& format, const std::optional<std::string>& where,
                   const UtmZone* zone);
 
     OGRFeatureDefn& Columns() override { return *columns; }
@@ -44,6 +44,8 @@ private:
         void operator()(OGRFeatureDefn* defn) const { defn->Release(); }
     };
 
+    template <typename Records>
+    bool Next(Records& records, const ByteReader& bytes);
     void ReadMinuteGrid(ByteReader& bytes, Lines& lines);
     void ReadPacked(ByteReader& bytes, Lines& lines);
     void ReadFixedRecords(ByteReader& bytes, Lines& lines);
@@ -53,7 +55,7 @@ private:
     void ReadRecords(ByteReader& bytes, Lines& lines);
 
     std::string name;
-    MapFileForm form;
+    const MapFormat& format;
     const UtmZone* zone;
     std::unique_ptr<OGRFeatureDefn, Release> columns;
     std::unique_ptr<OGRFeatureQuery> filter; ///< none for all

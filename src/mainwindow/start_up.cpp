@@ -6,7 +6,7 @@
 #include "graticule/calc_graticule.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
 #include "projection/param_select.h"

@@ -1,17 +1,16 @@
 #include "mapinput/ascii_map_reader.h"
 
-#include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/text_encoding.h"
-#include "mapinput/ascii_map_file.h"
+#include "mapfiles/ascii_points.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/map_formats.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
-#include "mapinput/text_reader.h"
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 namespace quelmont {
 
@@ -52,14 +51,13 @@ void AddLabel(std::string text, const InputFileEntry& file, std::int32_t FileInd
 
 } // namespace
 
-bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex) {
+bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
     const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
-    Design.UtmPointPath = LastThreeLetters(file.MapFileName) != "UTM";
+    Design.UtmPointPath = format.form != MapFileForm::AsciiMetres;
     TakeFeaturePen(1, FileIndex, SitesAscii);
     ByteReader bytes;
-    SkipByteOrderMark(bytes);
-    while (FindText(bytes)) {
-        const AsciiMapPoint read = TakeText(bytes, TakeAsciiMapPoint);
+    for (AsciiPoints points(bytes); points.Find();) {
+        const AsciiMapPoint read = points.Take();
         if (Design.UtmPointPath) {
             TestDegrees(point, read.Second, read.Third);
         } else {

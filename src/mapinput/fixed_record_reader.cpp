@@ -1,19 +1,15 @@
 #include "mapinput/fixed_record_reader.h"
 
-#include "core/file_names.h"
 #include "core/map_design.h"
-#include "mapinput/byte_reader.h"
-#include "mapinput/feature_rows.h"
-#include "mapinput/fixed_record_file.h"
-#include "mapinput/line_graph_codes.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/fixed_records.h"
+#include "mapfiles/line_graph_codes.h"
+#include "mapfiles/map_formats.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/shown_features.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <optional>
-#include <span>
 
 namespace quelmont {
 
@@ -22,35 +18,33 @@ namespace {
 /// LineStart of the record: the next point begins a line.
 constexpr std::int16_t HeaderRead = 1;
 
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
-
-bool SkipRecords(MapPoint& point, ByteReader& bytes, std::int32_t count) {
+bool SkipRecords(MapPoint& point, FixedRecords& records, std::int32_t count) {
     if (count < 0) {
-        throw RunTimeError(ErrorInvalidCall); // it would be read again and again
+        throw RunTimeError(ErrorInvalidCall); // they would be read again and again
     }
     if (!point.SkipPoints(count)) {
         return false;
     }
-    bytes.Skip(static_cast<std::int64_t>(FixedRecordSize) * count);
+    records.StepOver(count);
     return true;
 }
 
 /// The feature whose points are read, from the headers of a .grf file.
 class LineGraphFeature {
 public:
-    explicit LineGraphFeature(std::int32_t index)
-        : FileIndex(index), file(Design.InputFiles[static_cast<std::size_t>(index - 1)]),
-          features(file, FeatureRows(file.MapFileName).size()) {}
+    LineGraphFeature(std::int32_t index, std::size_t rows)
+        : FileIndex(index), features(Design.InputFiles[static_cast<std::size_t>(index - 1)], rows) {}
 
-    bool TakeHeader(MapPoint& point, ByteReader& bytes, const LineGraphHeader& header) {
+    bool TakeHeader(MapPoint& point, FixedRecords& records) {
+        const LineGraphHeader header = records.Header();
         const std::int16_t named = LineGraphFeatureOfCode(header.Code);
         if (named != 0) {
             feature = named;
-        } else if (!SkipRecords(point, bytes, header.Count)) {
+        } else if (!SkipRecords(point, records, header.Count)) {
             return false;
         }
         if (!features.Shows(feature)) {
-            return SkipRecords(point, bytes, header.Count);
+            return SkipRecords(point, records, header.Count);
         }
         TakeFeaturePen(feature, FileIndex, SitesLineGraphFeature);
         return true;
@@ -58,13 +52,11 @@ public:
 
 private:
     std::int32_t FileIndex;
-    const InputFileEntry& file;
     ShownFeatures features;
     std::int16_t feature = 0;
 };
 
-bool PlotRecord(MapPoint& point, const FixedRecord& record) {
-    const FixedRecordPoint place = DecodeFixedRecordPoint(record);
+bool PlotRecord(MapPoint& point, const FixedRecordPoint& place) {
     Design.PointLatSec = place.Lat;
     Design.PointLonSec = place.Lon;
     point.TestBounds();
@@ -79,38 +71,21 @@ bool PlotRecord(MapPoint& point, const FixedRecord& record) {
 
 } // namespace
 
-std::optional<FixedRecord> NextFixedRecord(ByteReader& bytes) {
-    // One byte more, to know the last record.
-    const std::span<const std::byte> ready = bytes.Ahead(FixedRecordSize + 1);
-    const std::size_t size = std::min(ready.size(), FixedRecordSize);
-    FixedRecord record;
-    record.fill(' ');
-    std::transform(ready.begin(), ready.begin() + static_cast<std::ptrdiff_t>(size), record.begin(),
-                   [](std::byte byte) { return static_cast<char>(byte); });
-    const bool last = ready.size() <= FixedRecordSize;
-    if (last && std::all_of(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(size), IsLineEnd)) {
-        return std::nullopt;
-    }
-    bytes.Skip(static_cast<std::int64_t>(size));
-    return record;
-}
-
-bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex) {
-    LineGraphFeature feature(FileIndex);
-    const bool lineGraph =
-        LastThreeLetters(Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)].MapFileName) == "GRF";
+bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
+    const bool lineGraph = format.form == MapFileForm::LineGraphText;
+    LineGraphFeature feature(FileIndex, format.rows.size());
     ByteReader bytes;
     if (!lineGraph) {
         TakeFeaturePen(1, FileIndex, SitesFixedRecord);
     }
-    while (const std::optional<FixedRecord> record = NextFixedRecord(bytes)) {
+    for (FixedRecords records(bytes); records.Next();) {
         bool goOn = true;
-        if (!IsFixedRecordHeader(*record)) {
-            goOn = PlotRecord(point, *record);
+        if (!records.IsHeader()) {
+            goOn = PlotRecord(point, records.Point());
         } else {
             Design.LineStart = HeaderRead;
             point.PointsRead += 1;
-            goOn = !lineGraph || feature.TakeHeader(point, bytes, DecodeLineGraphHeader(*record));
+            goOn = !lineGraph || feature.TakeHeader(point, records);
         }
         if (!goOn) {
             return false;

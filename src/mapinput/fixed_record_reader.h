@@ -1,18 +1,11 @@
 #pragma once
 
-#include "mapinput/fixed_record_file.h"
-
 #include <cstdint>
-#include <optional>
 
 namespace quelmont {
 
-class ByteReader;
 class MapPoint;
-
-/// The next 20 characters of the file. A short last record is filled with blanks; nothing at the end of
-/// the file, for which line ends alone stand too. RunTimeError when the file cannot be read.
-std::optional<FixedRecord> NextFixedRecord(ByteReader& bytes);
+struct MapFormat;
 
 /// Plots the fixed-record file that is open under file number 1, a .dat file in the style of the first
 /// feature of entry FileIndex of the list, a .grf file in those of its features. False when Escape was
@@ -23,6 +16,6 @@ std::optional<FixedRecord> NextFixedRecord(ByteReader& bytes);
 /// over too and the feature before it goes on, so that its points are stepped over once more if it is not
 /// shown. Both headers and points count as read. RunTimeError when the file cannot be read or sought, when a
 /// point has no place, and "Invalid procedure call or argument" for a negative count of points.
-bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex);
+bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
 
 } // namespace quelmont

@@ -5,6 +5,7 @@
 #include "core/file_names.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
+#include "mapfiles/map_formats.h"
 #include "mapinput/ascii_map_reader.h"
 #include "mapinput/fixed_record_reader.h"
 #include "mapinput/map_pen.h"
@@ -17,10 +18,7 @@
 #include "output/fan_out.h"
 #include "platform/machine.h"
 
-#include <algorithm>
-#include <array>
 #include <string>
-#include <string_view>
 
 namespace quelmont {
 
@@ -29,42 +27,28 @@ namespace {
 constexpr const char* Routine = "MapPlot";
 
 /// Plots the file that is open under file number 1. False when Escape was pressed.
-using MapFileReader = bool (*)(MapPoint& point, std::int32_t FileIndex);
+using MapFileReader = bool (*)(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
 
-/// Which files are read, and by whom.
-struct MapFileFormat {
-    std::string_view letters; ///< the last three of the name, in capitals; empty for any other
-    bool lookedUp;            ///< whatever keeps a name from being found is "File not found"
-    bool onlyFirstFeature;    ///< passed over unless the first feature is shown
-    bool onlyUtm;             ///< passed over on other projections
-    MapFileReader reader;
-};
-
-// clang-format off
-constexpr std::array Formats = std::to_array<MapFileFormat>({
-    // letters looked up  first feature  UTM    reader
-    {"DAT",    false,     true,          false, ReadFixedRecords},
-    {"GRF",    false,     false,         false, ReadFixedRecords},
-    {"GRV",    true,      false,         false, ReadPacked      },
-    {"PNT",    true,      false,         false, ReadMinuteGrid  },
-    {"ALL",    true,      false,         false, ReadMinuteGrid  },
-    {"CCI",    true,      false,         false, ReadMinuteGrid  },
-    {"MAP",    true,      false,         false, ReadMinuteGrid  },
-    {"PKD",    true,      false,         false, ReadPacked      },
-    {"PKV",    true,      false,         false, ReadPacked      },
-    {"MPS",    true,      true,          false, ReadWorldBinary },
-    {"MP1",    false,     true,          false, ReadWorldText   },
-    {"UTM",    false,     true,          true,  ReadAsciiMap    },
-    {"",       false,     true,          false, ReadAsciiMap    },
-});
-// clang-format on
-static_assert(Formats.back().letters.empty(), "the last row takes every other name");
-
-const MapFileFormat& FormatOf(std::string_view fileName) {
-    const std::string letters = LastThreeLetters(fileName);
-    const auto* const found = std::find_if(Formats.begin(), Formats.end() - 1,
-                                           [&](const MapFileFormat& row) { return row.letters == letters; });
-    return *found;
+MapFileReader ReaderOf(MapFileForm form) {
+    switch (form) {
+    case MapFileForm::MinuteGrid:
+        return ReadMinuteGrid;
+    case MapFileForm::PackedWhole:
+    case MapFileForm::PackedPart:
+    case MapFileForm::PackedLineGraph:
+        return ReadPacked;
+    case MapFileForm::FixedRecords:
+    case MapFileForm::LineGraphText:
+        return ReadFixedRecords;
+    case MapFileForm::WorldText:
+        return ReadWorldText;
+    case MapFileForm::WorldFloats:
+        return ReadWorldBinary;
+    case MapFileForm::AsciiDegrees:
+    case MapFileForm::AsciiMetres:
+        break;
+    }
+    return ReadAsciiMap;
 }
 
 void OpenMapFile(const std::string& name, bool lookedUp) {
@@ -169,13 +153,14 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
 }
 
 MapPlotRun::After MapPlotRun::ReadMapFile(std::int32_t index) {
-    const MapFileFormat& format = FormatOf(fileName);
+    const MapFormat& format = MapFormatOf(fileName);
     const bool firstShown = Design.InputFiles[static_cast<std::size_t>(index - 1)].Features[1].Shown;
-    if ((format.onlyUtm && Design.ProjNum != ProjUtm) || (format.onlyFirstFeature && !firstShown)) {
+    if ((format.form == MapFileForm::AsciiMetres && Design.ProjNum != ProjUtm) ||
+        (format.opening == OpeningStyle::FirstRow && !firstShown)) {
         return After::NextFile;
     }
     OpenMapFile(fileName, format.lookedUp);
-    return format.reader(point, index) ? After::NextFile : After::ClosingStep;
+    return ReaderOf(format.form)(point, index, format) ? After::NextFile : After::ClosingStep;
 }
 
 void MapPlotRun::ShowFailure(const RunTimeError& error) const {

@@ -5,6 +5,7 @@
 namespace quelmont {
 
 class MapPoint;
+struct MapFormat;
 
 /// Plots the minute-grid file that is open under file number 1, in the styles of entry FileIndex of
 /// the list, counted from 1. False when Escape was pressed.
@@ -14,6 +15,6 @@ class MapPoint;
 /// the style of feature 1, if that one is shown. What lies beyond the end of the file reads as zero; a
 /// continuing record of which no more than the code is there ends it.
 /// RunTimeError when the file cannot be read or a point has no place.
-bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex);
+bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
 
 } // namespace quelmont

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mapinput/packed_file.h"
+#include "mapfiles/packed_file.h"
 
 namespace quelmont {
 

@@ -5,6 +5,7 @@
 namespace quelmont {
 
 class MapPoint;
+struct MapFormat;
 
 /// Plots the packed file that is open under file number 1, in the styles of entry FileIndex of the
 /// list, counted from 1. False when Escape was pressed.
@@ -14,6 +15,6 @@ class MapPoint;
 /// A file that ends within a segment ends there and nothing is told.
 /// RunTimeError when the file cannot be read or sought, when a point has no place, and "Subscript out
 /// of range" for a rank that no feature could have.
-bool ReadPacked(MapPoint& point, std::int32_t FileIndex);
+bool ReadPacked(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
 
 } // namespace quelmont

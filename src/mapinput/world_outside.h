@@ -1,18 +1,13 @@
 #pragma once
 
-#include "mapinput/world_file.h"
-
-#include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace quelmont {
 
-/// Finds runs of points of an .mps file that certainly lie outside a map bounded by parallels and
-/// meridians. A world's file has ten times as many of them as of those inside, and nothing has to be
-/// known of them but their number and the last one.
+/// Tells points of an .mps file that certainly lie outside a map bounded by parallels and meridians. A
+/// world's file has ten times as many of them as of those inside, and nothing has to be known of them but
+/// their number and the last one.
 class WorldOutside {
 public:
     /// Seconds of arc: the bounds as MapPoint::TestBounds compares them, west a true longitude.
@@ -28,24 +23,6 @@ public:
             return false;
         }
         return std::fabs(lat - latMiddle) > latReach || FarFromMeridians(lon);
-    }
-
-    /// The bytes of the whole records at the front that are outside for certain, up to so many records.
-    /// A record that begins a line, or ends in anything but a line feed, ends the run.
-    std::size_t RunAtFront(std::span<const std::byte> bytes, std::int64_t most) const {
-        const auto records = static_cast<std::size_t>(most);
-        const std::size_t size = std::min(bytes.size() / WorldRecordSize, records) * WorldRecordSize;
-        std::size_t place = 0;
-        while (place < size) {
-            const auto record = bytes.subspan(place).first<WorldRecordSize>();
-            const float lat = DecodeWorldFloat(record.first<WorldFloatSize>());
-            const float lon = DecodeWorldFloat(record.subspan<WorldFloatSize, WorldFloatSize>());
-            if (record.back() != WorldRecordEnd || !Holds(lat, lon)) {
-                break;
-            }
-            place += WorldRecordSize;
-        }
-        return place;
     }
 
 private:

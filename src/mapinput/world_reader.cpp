@@ -1,94 +1,38 @@
 #include "mapinput/world_reader.h"
 
 #include "core/map_design.h"
-#include "core/run_time_error.h"
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/world_records.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
-#include "mapinput/text_reader.h"
-#include "mapinput/world_file.h"
 #include "mapinput/world_outside.h"
-
-#include <cstddef>
-#include <optional>
-#include <span>
-#include <string_view>
 
 namespace quelmont {
 
 namespace {
 
-/// The points of one file, which are lines until a break.
-class WorldLines {
-public:
-    explicit WorldLines(MapPoint& point_) : point(point_) {}
+void Put(const WorldPoint& place) {
+    Design.PointLatSec = place.Lat;
+    Design.PointLonSec = place.Lon;
+}
 
-    void Break() { pendingBreak = true; }
-    void TestBounds(const WorldPoint& place) {
-        Put(place);
-        point.TestBounds();
-        if (pendingBreak) {
-            pendingBreak = false;
-            point.StartNewLine();
-            Design.LineStart = 3;
-        }
+bool Plot(MapPoint& point, const WorldPoint& place, bool begins) {
+    Put(place);
+    point.TestBounds();
+    if (begins) {
+        point.StartNewLine();
+        Design.LineStart = 3;
     }
-    bool PlotStep() { return point.PlotStep(); }
-
-    /// Takes the records ahead that are seen to lie outside the map.
-    void PassOutside(ByteReader& bytes, const WorldOutside& outside) {
-        const std::int64_t limit = pendingBreak ? 0 : point.OutsideLimit();
-        if (limit == 0) {
-            return;
-        }
-        const std::span<const std::byte> ready = bytes.Ahead(WorldRecordSize);
-        const std::size_t size = outside.RunAtFront(ready, limit);
-        if (size > 0) {
-            const auto last = ready.first(size).last<WorldRecordSize>();
-            Put(WorldPointOf(DecodeWorldFloat(last.first<WorldFloatSize>()),
-                             DecodeWorldFloat(last.subspan<WorldFloatSize, WorldFloatSize>())));
-            point.PassOutside(static_cast<std::int64_t>(size / WorldRecordSize));
-            bytes.Skip(static_cast<std::int64_t>(size));
-        }
-    }
-
-private:
-    static void Put(const WorldPoint& place) {
-        Design.PointLatSec = place.Lat;
-        Design.PointLonSec = place.Lon;
-    }
-
-    MapPoint& point;
-    bool pendingBreak = true;
-};
+    return point.PlotStep();
+}
 
 } // namespace
 
-bool TakeWorldTail(ByteReader& bytes) {
-    bool lineEnd = false;
-    for (std::size_t taken = 0; taken < MaxFilling; ++taken) {
-        const std::byte byte = bytes.Take<1>()[0];
-        if (byte == WorldRecordEnd) {
-            return lineEnd;
-        }
-        lineEnd = lineEnd || byte == WorldLineEnd;
-    }
-    throw RunTimeError(ErrorInputPastEnd);
-}
-
-bool ReadWorldText(MapPoint& point, std::int32_t FileIndex) {
+bool ReadWorldText(MapPoint& point, std::int32_t FileIndex, const MapFormat& /*format*/) {
     TakeFeaturePen(1, FileIndex, SitesWorldText);
     ByteReader bytes;
-    SkipByteOrderMark(bytes);
-    WorldLines lines(point);
-    while (bytes.Has(1)) {
-        const std::optional<WorldPoint> place = DecodeWorldItem(TakeText(bytes, TakeWorldItem));
-        if (!place) {
-            lines.Break();
-            continue;
-        }
-        lines.TestBounds(*place);
-        if (!lines.PlotStep()) {
+    for (WorldTextItems items(bytes); items.Next();) {
+        if (items.IsPoint() && !Plot(point, WorldPointOf(items.Point()), items.BeginsLine())) {
             return false;
         }
     }
@@ -96,28 +40,21 @@ bool ReadWorldText(MapPoint& point, std::int32_t FileIndex) {
     return true;
 }
 
-bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex) {
+bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex, const MapFormat& /*format*/) {
     TakeFeaturePen(1, FileIndex, SitesWorldBinary);
     ByteReader bytes;
-    WorldLines lines(point);
+    WorldFloatPoints points(bytes);
     const WorldOutside outside(Design.LatNorthSec, Design.LatSouthSec, Design.LonWestSec, Design.LonSpanSec);
+    const auto isOutside = [&](float lat, float lon) { return outside.Holds(lat, lon); };
     for (;;) {
-        lines.PassOutside(bytes, outside);
-        if (!bytes.Has(WorldFloatSize)) {
+        if (const std::int64_t passed = points.PassOver(point.OutsideLimit(), isOutside)) {
+            Put(WorldPointOf(points.Lat(), points.Lon()));
+            point.PassOutside(passed);
+        }
+        if (!points.Next()) {
             break;
         }
-        auto first = bytes.Take<WorldFloatSize>();
-        if (IsWorldMarker(first)) {
-            lines.Break();
-            first = bytes.Take<WorldFloatSize>();
-        }
-        const float lat = DecodeWorldFloat(first);
-        const float lon = DecodeWorldFloat(bytes.Take<WorldFloatSize>());
-        lines.TestBounds(WorldPointOf(lat, lon));
-        if (TakeWorldTail(bytes)) {
-            lines.Break();
-        }
-        if (!lines.PlotStep()) {
+        if (!Plot(point, WorldPointOf(points.Lat(), points.Lon()), points.BeginsLine())) {
             return false;
         }
     }

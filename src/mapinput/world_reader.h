@@ -4,12 +4,8 @@
 
 namespace quelmont {
 
-class ByteReader;
 class MapPoint;
-
-/// Takes the bytes up to the end of a record of a binary world file. Whether the next point begins a
-/// line. RunTimeError "Input past end of file" when there is no end, nor within MaxFilling bytes.
-bool TakeWorldTail(ByteReader& bytes);
+struct MapFormat;
 
 /// Plots the world file in text (.mp1) or in binary (.mps) that is open under file number 1, in the
 /// style of the first feature of entry FileIndex of the list, counted from 1. False when Escape was
@@ -17,7 +13,7 @@ bool TakeWorldTail(ByteReader& bytes);
 ///
 /// RunTimeError when the file cannot be read or a point has no place; "Input past end of file" when a
 /// binary file ends within a record, but not within the four bytes with which one begins.
-bool ReadWorldText(MapPoint& point, std::int32_t FileIndex);
-bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex);
+bool ReadWorldText(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
+bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
 
 } // namespace quelmont

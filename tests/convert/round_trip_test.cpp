@@ -1,7 +1,7 @@
 // Own files of every format, out to modern ones and back: the same bytes.
 
 #include "convert_fixture.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

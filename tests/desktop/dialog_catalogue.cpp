@@ -18,7 +18,7 @@
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "graticule/calc_graticule.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "projection/projection_table.h"
 
 namespace quelmont {

@@ -6,7 +6,7 @@
 #include "core/map_design.h"
 #include "desktop/grid_table.h"
 #include "dialogs/files/input_file_params.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 
 #include <QAccessible>
 #include <QAction>

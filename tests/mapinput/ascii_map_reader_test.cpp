@@ -2,9 +2,9 @@
 
 #include "core/run_time_error.h"
 #include "map_fixture.h"
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/text_reader.h"
 #include "mapinput/map_plot.h"
-#include "mapinput/text_reader.h"
 #include "output/device_pen.h"
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "core/run_time_error.h"
 #include "map_fixture.h"
-#include "mapinput/fixed_record_file.h"
+#include "mapfiles/fixed_record_file.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
 

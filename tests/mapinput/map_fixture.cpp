@@ -5,7 +5,7 @@
 #include "core/file_numbers.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/utm_grid.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
@@ -231,14 +231,6 @@ void ReaderTest::ExpectError(const std::string& description) {
     EXPECT_EQ(boxes[0], (AskedBox{"Error in MapPlot",
                                   "Error: " + description + "\n" + Design.InputFiles.back().MapFileName}));
     ExpectCleanEnd();
-}
-
-std::string Text(std::span<const std::byte> bytes) {
-    std::string text;
-    for (const std::byte byte : bytes) {
-        text += static_cast<char>(byte);
-    }
-    return text;
 }
 
 double LatSeconds(const PlottedPoint& point) { return point.lat * SecPerDegree; }

@@ -3,11 +3,11 @@
 #include "core/map_design.h"
 #include "mapinput/map_point.h"
 #include "output/fan_out.h"
+#include "support/byte_text.h"
 #include "support/failing_file.h"
 #include "support/fresh_program.h"
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -112,9 +112,6 @@ protected:
     /// One box of MapPlot was shown, and nothing is left open.
     void ExpectError(const std::string& description);
 };
-
-/// Bytes as the text that a file is put from.
-std::string Text(std::span<const std::byte> bytes);
 
 /// Seconds of a plotted point's degrees.
 double LatSeconds(const PlottedPoint& point);

@@ -3,7 +3,7 @@
 #include "core/error_box.h"
 #include "core/file_numbers.h"
 #include "map_fixture.h"
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
 #include "output/device_pen.h"
 #include "output/export_file.h"
 

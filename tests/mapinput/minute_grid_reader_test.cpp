@@ -2,8 +2,8 @@
 
 #include "core/file_numbers.h"
 #include "map_fixture.h"
+#include "mapfiles/minute_grid_file.h"
 #include "mapinput/map_plot.h"
-#include "mapinput/minute_grid_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "mapinput/packed_box.h"
 
-#include "mapinput/packed_file.h"
+#include "mapfiles/packed_file.h"
 #include "packed_segments.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "mapinput/packed_reader.h"
 
 #include "core/file_numbers.h"
+#include "mapfiles/packed_file.h"
 #include "mapinput/map_plot.h"
-#include "mapinput/packed_file.h"
 #include "output/device_pen.h"
 #include "packed_segments.h"
 

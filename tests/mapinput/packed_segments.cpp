@@ -1,6 +1,6 @@
 #include "packed_segments.h"
 
-#include "mapinput/packed_file.h"
+#include "mapfiles/packed_file.h"
 
 #include <algorithm>
 

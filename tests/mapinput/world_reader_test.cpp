@@ -2,10 +2,10 @@
 
 #include "core/run_time_error.h"
 #include "map_fixture.h"
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/text_reader.h"
+#include "mapfiles/world_file.h"
 #include "mapinput/map_plot.h"
-#include "mapinput/text_reader.h"
-#include "mapinput/world_file.h"
 #include "mapinput/world_outside.h"
 #include "output/device_pen.h"
 
@@ -352,22 +352,6 @@ TEST(WorldOutside, HoldsOnlyWhatIsCertainlyOutside) {
     EXPECT_FALSE(outside.Holds(0.0F, 1e30F));
     EXPECT_FALSE(outside.Holds(0.0F, std::numeric_limits<float>::quiet_NaN()));
     EXPECT_FALSE(outside.Holds(std::numeric_limits<float>::quiet_NaN(), 0.0F));
-}
-
-TEST(WorldOutside, RunEndsWhereARecordIsUnusual) {
-    const WorldOutside outside(72'000, 36'000, 612'000, 108'000);
-    const auto run = [&](const std::string& text, std::int64_t most) {
-        return outside.RunAtFront(std::as_bytes(std::span(text)), most);
-    };
-    const std::string out = Text(EncodeWorldRecord(0, 0));
-    const std::string in = Text(EncodeWorldRecord(15, 180));
-    EXPECT_EQ(run(out + out + out, 100), 27U);
-    EXPECT_EQ(run(out + out + out, 2), 18U);
-    EXPECT_EQ(run(out + out + out, 0), 0U);
-    EXPECT_EQ(run(out + in + out, 100), 9U);
-    EXPECT_EQ(run(out + out.substr(0, 8), 100), 9U) << "a whole record";
-    EXPECT_EQ(run(out + Text(WorldMarker) + out, 100), 9U);
-    EXPECT_EQ(run(out + out.substr(0, 8) + "x\n" + out, 100), 9U) << "bytes before the line feed";
 }
 
 } // namespace

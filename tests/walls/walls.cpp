@@ -118,6 +118,17 @@ std::vector<Room> ReadRooms(const std::string& text) {
     return rooms;
 }
 
+std::set<std::string> LinkedRooms(const std::vector<Room>& rooms, const std::string& name) {
+    std::set<std::string> linked;
+    if (const Room* const room = Find(rooms, name)) {
+        for (const std::string& below : room->below) {
+            linked.insert(below);
+            linked.merge(LinkedRooms(rooms, below));
+        }
+    }
+    return linked;
+}
+
 std::vector<std::string> BadDeclarations(const std::vector<Room>& rooms) {
     std::vector<std::string> faults;
     for (const Room& room : rooms) {

@@ -22,6 +22,9 @@ std::vector<Room> ReadRooms(const std::string& text);
 /// each.
 std::vector<std::string> BadDeclarations(const std::vector<Room>& rooms);
 
+/// The rooms that a room is linked with: those that it declares, those that these declare, and so on.
+std::set<std::string> LinkedRooms(const std::vector<Room>& rooms, const std::string& name);
+
 /// Every include below root/src and root/apps that breaks a wall, one sentence each:
 ///  - of a room that was not declared or does not lie lower, or of no room at all;
 ///  - of Qt below the floor of the Qt surfaces;

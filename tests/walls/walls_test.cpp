@@ -39,6 +39,11 @@ TEST(Walls, NoIncludeBreaksOne) {
     EXPECT_THAT(BadIncludes(OurRooms(), QUELMONT_SOURCE, WidgetHeaders()), IsEmpty());
 }
 
+TEST(Walls, ConverterIsLinkedWithNothingThatPaints) {
+    EXPECT_THAT(LinkedRooms(OurRooms(), "convert"),
+                UnorderedElementsAre("mapfiles", "projection", "core", "platform"));
+}
+
 TEST(Walls, NoNumberFollowsTheLocale) { EXPECT_THAT(LocaleDependentLines(QUELMONT_SOURCE), IsEmpty()); }
 
 TEST(Walls, HeadersOfQtWidgetsAreKnown) {
@@ -153,6 +158,12 @@ TEST(Rooms, AreReadFromTheBuildsList) {
     EXPECT_THAT(rooms[0].below, IsEmpty());
     EXPECT_EQ(rooms[2].floor, 2);
     EXPECT_THAT(rooms[2].below, ElementsAre("core", "platform"));
+}
+
+TEST(Rooms, LinkedOnesAreDeclaredByThoseThatAreDeclared) {
+    const std::vector<Room> rooms = ReadRooms("platform 0 \ncore 1 platform\noutput 2 core\nother 2 core\n");
+    EXPECT_THAT(LinkedRooms(rooms, "output"), UnorderedElementsAre("core", "platform"));
+    EXPECT_THAT(LinkedRooms(rooms, "platform"), IsEmpty());
 }
 
 TEST(Rooms, DeclarationOfAnEqualOrUnknownRoomIsReported) {

@@ -6,11 +6,11 @@
 #include "core/rounding.h"
 #include "dialogs/files/file_list_help.h"
 #include "dialogs/files/input_file_params.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 #include "platform/machine.h"
 
 #include <algorithm>
-#include <array>
 
 namespace quelmont {
 
@@ -25,35 +25,6 @@ constexpr const char* HelpOfEdit =
 constexpr const char* HelpOfOk = "Press the OK button when you are done adding or editing digital map files.";
 
 constexpr const char* DialogTitle = "Open Digital Map File";
-constexpr const char* DialogFilter =
-    "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, .grf)|"
-    "*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World (.mp1, .mps)|"
-    "*.mp1;*.mps";
-
-struct FilterOfLetters {
-    std::string_view letters;
-    int index; ///< in DialogFilter, from 1
-};
-// clang-format off
-constexpr std::array FilterIndices = std::to_array<FilterOfLetters>({
-    {"PRN", 1}, {"UTM", 1},
-    {"ALL", 2}, {"PNT", 2}, {"CCI", 2},
-    {"GRV", 3}, {"GRF", 3},
-    {"MAP", 4},
-    {"DAT", 5},
-    {"PKV", 6}, {"PKD", 6},
-    {"MP1", 7}, {"MPS", 7},
-});
-// clang-format on
-constexpr int OtherFilter = 4;
-
-int FilterIndexOf(std::string_view name) {
-    const std::string letters = LastThreeLetters(name);
-    const auto* const found =
-        std::find_if(FilterIndices.begin(), FilterIndices.end(),
-                     [&](const FilterOfLetters& row) { return row.letters == letters; });
-    return found == FilterIndices.end() ? OtherFilter : found->index;
-}
 
 /// Where a line's name begins, behind the position and the blanks.
 constexpr std::size_t NameColumn = 5;
@@ -64,8 +35,8 @@ std::string LineOf(std::size_t position, std::string_view name) {
 
 FileDialogAnswer AskForFiles() {
     FileDialogRequest request{.title = DialogTitle,
-                              .filter = DialogFilter,
-                              .filterIndex = FilterIndexOf(Design.MapFileDefault),
+                              .filter = MapFileFilters(),
+                              .filterIndex = MapFormatOf(Design.MapFileDefault).filter,
                               .name = "*.MAP",
                               .several = true};
     if (!Design.MapFileDefault.empty()) {

@@ -7,7 +7,7 @@
 #include "dialogs/files/file_list_help.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "platform/machine.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "core/constant_defs.h"
 #include "core/map_design.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>

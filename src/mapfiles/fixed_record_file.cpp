@@ -1,8 +1,8 @@
-#include "mapinput/fixed_record_file.h"
+#include "mapfiles/fixed_record_file.h"
 
 #include "core/rounding.h"
 #include "core/run_time_error.h"
-#include "mapinput/text_items.h"
+#include "mapfiles/text_items.h"
 
 #include <cstdlib>
 #include <string_view>

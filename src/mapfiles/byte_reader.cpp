@@ -1,4 +1,4 @@
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
 
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/run_time_error.h"
-#include "mapinput/line_graph_codes.h"
+#include "mapfiles/line_graph_codes.h"
 
 #include <array>
 #include <cstddef>

@@ -1,9 +1,9 @@
-#include "mapinput/ascii_map_file.h"
+#include "mapfiles/ascii_map_file.h"
 
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/run_time_error.h"
-#include "mapinput/text_items.h"
+#include "mapfiles/text_items.h"
 
 #include <algorithm>
 

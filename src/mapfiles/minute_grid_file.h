@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/run_time_error.h"
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
-#include "mapinput/minute_grid_file.h"
+#include "mapfiles/minute_grid_file.h"
 
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "support/run_time_errors.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "mapinput/world_file.h"
+#include "mapfiles/world_file.h"
 
 #include "support/run_time_errors.h"
 
@@ -19,6 +19,11 @@ std::vector<std::string_view> Items(std::string_view text) {
         items.push_back(TakeWorldItem(text));
     }
     return items;
+}
+
+std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {
+    const std::optional<WorldDegrees> degrees = DecodeWorldDegrees(item);
+    return degrees ? std::optional(WorldPointOf(*degrees)) : std::nullopt;
 }
 
 TEST(WorldFile, ItemsEndAtCommasAndAnyLineEnd) {

@@ -1,9 +1,9 @@
-#include "mapinput/world_file.h"
+#include "mapfiles/world_file.h"
 
 #include "core/coordinates.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "mapinput/text_items.h"
+#include "mapfiles/text_items.h"
 
 namespace quelmont {
 
@@ -30,14 +30,10 @@ std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item) {
     return WorldDegrees{MapNumberOf(item.substr(0, split)), MapNumberOf(item.substr(split))};
 }
 
-std::optional<WorldPoint> DecodeWorldItem(std::string_view item) {
-    const std::optional<WorldDegrees> degrees = DecodeWorldDegrees(item);
-    if (!degrees) {
-        return std::nullopt;
-    }
+WorldPoint WorldPointOf(const WorldDegrees& degrees) {
     WorldPoint point;
-    point.Lat = RoundToInt32(degrees->Lat * SecPerDegree);
-    point.Lon = RoundToInt32(degrees->Lon * SecPerDegree);
+    point.Lat = RoundToInt32(degrees.Lat * SecPerDegree);
+    point.Lon = RoundToInt32(degrees.Lon * SecPerDegree);
     if (point.Lon > SecPerHalfCircle) {
         point.Lon -= SecPerCircle;
     }

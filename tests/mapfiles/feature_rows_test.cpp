@@ -1,7 +1,7 @@
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 
-#include "map_fixture.h"
-#include "support/run_time_errors.h"
+#include "core/map_design.h"
+#include "support/fresh_program.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,10 @@
 namespace quelmont {
 namespace {
 
-using FeatureRowsTest = MapTest;
+class FeatureRowsTest : public FreshProgramTest {
+protected:
+    FeatureRowsTest() { Design.TwipsPerPixelY = 15.0F; }
+};
 
 TEST_F(FeatureRowsTest, TableFollowsTheLastThreeLetters) {
     for (const char* name : {"a.all", "b.CCI", "dir/c.Map"}) {

@@ -1,7 +1,9 @@
-#include "mapinput/byte_reader.h"
+#include "mapfiles/byte_reader.h"
 
 #include "core/file_numbers.h"
-#include "map_fixture.h"
+#include "support/byte_text.h"
+#include "support/failing_file.h"
+#include "support/fresh_program.h"
 #include "support/run_time_errors.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/run_time_error.h"
-#include "mapinput/byte_reader.h"
-#include "mapinput/text_items.h"
+#include "mapfiles/byte_reader.h"
+#include "mapfiles/text_items.h"
 
 #include <algorithm>
 #include <cstddef>

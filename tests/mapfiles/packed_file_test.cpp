@@ -1,6 +1,6 @@
-#include "mapinput/packed_file.h"
+#include "mapfiles/packed_file.h"
 
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "support/run_time_errors.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "mapinput/ascii_map_file.h"
+#include "mapfiles/ascii_map_file.h"
 
 #include "support/run_time_errors.h"
 

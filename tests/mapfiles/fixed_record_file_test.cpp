@@ -1,4 +1,4 @@
-#include "mapinput/fixed_record_file.h"
+#include "mapfiles/fixed_record_file.h"
 
 #include "support/run_time_errors.h"
 

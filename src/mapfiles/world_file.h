@@ -39,9 +39,9 @@ struct WorldDegrees {
 /// longitude of a point on the equator. RunTimeError "Overflow" when a number is too large.
 std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item);
 
-/// The point of an item, nothing for one that ends the line. A longitude above 180 degrees has a circle
-/// taken off. RunTimeError "Overflow" when a number is too large.
-std::optional<WorldPoint> DecodeWorldItem(std::string_view item);
+/// The point of an item from its degrees. A longitude that is above 180 degrees when it is rounded has a
+/// circle taken off. RunTimeError "Overflow" when one is too large.
+WorldPoint WorldPointOf(const WorldDegrees& degrees);
 
 /// The item of a point in degrees, to a millionth, with its line end. RunTimeError "Overflow" for
 /// what is not finite.

@@ -1,16 +1,17 @@
-#include "mapinput/packed_file.h"
+#include "mapfiles/packed_file.h"
 
 #include "core/file_names.h"
+#include "mapfiles/map_formats.h"
 
 namespace quelmont {
 
 PackedRanks PackedRanksOf(std::string_view fileName) {
-    const std::string letters = LastThreeLetters(fileName);
-    if (letters == "GRV") {
+    const MapFileForm form = MapFormatOf(fileName).form;
+    if (form == MapFileForm::PackedLineGraph) {
         return PackedRanks::LineGraph;
     }
     const std::string title = Capitals(ParseFileName(fileName).title);
-    if (letters == "PKD" && title.size() >= 3) {
+    if (form == MapFileForm::PackedPart && title.size() >= 3) {
         switch (title[2]) {
         case 'C':
             return PackedRanks::Coast;
