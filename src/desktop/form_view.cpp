@@ -131,6 +131,7 @@ QWidget* FormView::AddEdit(std::string_view name) {
         edit->Show(now.text);
         edit->setEnabled(now.enabled);
     });
+    edits.push_back(edit);
     return edit;
 }
 
@@ -315,8 +316,11 @@ void FormView::Press(const std::string& button) {
     for (QAbstractSpinBox* spin : spins) {
         spin->interpretText();
     }
+    for (MaskedEdit* edit : edits) {
+        edit->Leave();
+    }
     form.Press(button);
-    FollowFocus();
+    TakeFocusBack(button);
 }
 
 const FormView::Binding* FormView::Of(const QObject* widget) const {
@@ -346,6 +350,18 @@ void FormView::FollowFocus() {
     }
 }
 
+void FormView::TakeFocusBack(std::string_view asked) {
+    FollowFocus();
+    if (form.Closed() || form.Focus() == asked) {
+        return;
+    }
+    for (MaskedEdit* edit : edits) {
+        if (edit->objectName() == Text(form.Focus())) {
+            edit->Enter();
+        }
+    }
+}
+
 void FormView::FocusArrived(const QObject* widget) {
     const Binding* binding = Of(widget);
     if (binding == nullptr || form.Closed() || focusWidget() != widget || !isActiveWindow() ||
@@ -353,7 +369,7 @@ void FormView::FocusArrived(const QObject* widget) {
         return;
     }
     form.MoveFocus(binding->name);
-    FollowFocus();
+    TakeFocusBack(binding->name);
 }
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {

@@ -24,6 +24,8 @@ class QVBoxLayout;
 
 namespace quelmont {
 
+class MaskedEdit;
+
 /// A dialog on the screen. It shows the controls of a form and calls its handlers; the form decides
 /// everything. The layout of each dialog arranges the widgets (dialog_layouts.h).
 ///
@@ -94,6 +96,9 @@ private:
     void FromForm();
     void FocusArrived(const QObject* widget);
     void FollowFocus();
+    /// The same after the form gave the focus to another control than the one that asked for it: an
+    /// edit is entered anew, also the one that has it already.
+    void TakeFocusBack(std::string_view asked);
     void Press(const std::string& button);
     void MoveToMiddle();
     void AlignCaptions() const;
@@ -103,6 +108,7 @@ private:
     std::vector<Binding> bindings; ///< those of Also have no widget
     std::vector<QLabel*> fieldCaptions;
     std::vector<QAbstractSpinBox*> spins;
+    std::vector<MaskedEdit*> edits;
     bool seen = false;
 };
 

@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
 
@@ -12,27 +13,53 @@ namespace quelmont {
 
 MaskedEdit::MaskedEdit(const std::string& mask, std::function<void(const std::string&)> typed_,
                        QWidget* parent)
-    : QLineEdit(parent), masked(mask), typed(std::move(typed_)) {
+    : QLineEdit(parent), entry(mask), typed(std::move(typed_)) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // A text that is dropped would not keep the columns.
     setAcceptDrops(false);
-    setText(QString::fromStdString(masked.Text()));
-    setCursorPosition(0);
+    Render();
+    // A screen reader changes the line itself: that is a paste over the whole.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& changed) {
+        if (changed.toStdString() != entry.Text()) {
+            entry.Select(0, entry.Text().size());
+            entry.Paste(changed.toStdString());
+            Render();
+            typed(entry.Text());
+        }
+    });
+}
+
+void MaskedEdit::Render() {
+    const QString shown = QString::fromStdString(entry.Text());
+    if (text() != shown) {
+        setText(shown);
+    }
+    setCursorPosition(static_cast<int>(entry.Cursor()));
 }
 
 void MaskedEdit::Show(const std::string& text) {
-    if (masked.Text() == text) {
-        return;
+    if (entry.Text() != text) {
+        entry.Show(text);
+        Render();
     }
-    masked.SetText(text);
-    const int cursor = cursorPosition();
-    setText(QString::fromStdString(masked.Text()));
-    setCursorPosition(cursor);
+}
+
+void MaskedEdit::Enter() {
+    entry.Enter();
+    Render();
+}
+
+void MaskedEdit::Leave() {
+    entry.Leave();
+    if (text().toStdString() != entry.Text()) {
+        setText(QString::fromStdString(entry.Text()));
+        typed(entry.Text());
+    }
 }
 
 QSize MaskedEdit::sizeHint() const {
     ensurePolished();
-    QString widest = QString::fromStdString(masked.Mask());
+    QString widest = QString::fromStdString(entry.Field().Mask());
     widest.replace(QLatin1Char('%'), QLatin1Char('0')).replace(QLatin1Char('?'), QLatin1Char('W'));
     QStyleOptionFrame option;
     initStyleOption(&option);
@@ -43,100 +70,105 @@ QSize MaskedEdit::sizeHint() const {
             contents.height()};
 }
 
-void MaskedEdit::Typed(std::size_t cursor) {
-    setText(QString::fromStdString(masked.Text()));
-    setCursorPosition(static_cast<int>(cursor));
-    typed(masked.Text());
-}
-
-void MaskedEdit::TypeText(const QString& characters) {
-    auto cursor = static_cast<std::size_t>(Start());
-    for (const QChar c : characters) {
-        if (!masked.Type(cursor, c.toLatin1())) {
-            QApplication::beep();
-            break;
-        }
-    }
-    Typed(cursor);
-}
-
-void MaskedEdit::PasteText() {
-    auto cursor = static_cast<std::size_t>(Start());
-    const QByteArray pasted = QApplication::clipboard()->text().trimmed().toLatin1();
-    if (masked.Paste(cursor, std::string_view(pasted.data(), static_cast<std::size_t>(pasted.size())))) {
-        Typed(cursor);
+void MaskedEdit::Act(const std::function<bool()>& action) {
+    if (hasSelectedText()) {
+        entry.Select(static_cast<std::size_t>(selectionStart()), static_cast<std::size_t>(selectionEnd()));
     } else {
+        const auto cursor = static_cast<std::size_t>(cursorPosition());
+        entry.Select(cursor, cursor);
+    }
+    const std::string before = entry.Text();
+    const bool done = action();
+    if (!done) {
         QApplication::beep();
     }
+    // What is refused leaves what is selected.
+    if (done || entry.Text() != before) {
+        Render();
+        typed(entry.Text());
+    }
 }
 
-bool MaskedEdit::MoveCursor(QKeyEvent* event) {
-    if (event->modifiers() != Qt::NoModifier && event->modifiers() != Qt::KeypadModifier) {
-        return false;
-    }
-    const auto cursor = static_cast<std::size_t>(cursorPosition());
-    if (event->key() == Qt::Key_Right) {
-        setCursorPosition(static_cast<int>(masked.PlaceFrom(cursor + 1)));
-    } else if (event->key() == Qt::Key_Left) {
-        setCursorPosition(static_cast<int>(masked.PlaceBefore(cursor)));
+void MaskedEdit::PasteText(const QString& pasted) {
+    Act([&] { return entry.Paste(pasted.toStdString()); });
+}
+
+bool MaskedEdit::ChangeByKey(const QKeyEvent& event) {
+    const auto always = [this](void (FieldEntry::*change)()) {
+        Act([&] {
+            (entry.*change)();
+            return true;
+        });
+    };
+    if (event.key() == Qt::Key_Backspace) {
+        always(&FieldEntry::Backspace);
+    } else if (event.matches(QKeySequence::Paste)) {
+        PasteText(QApplication::clipboard()->text());
+    } else if (event.key() == Qt::Key_Delete) {
+        always(&FieldEntry::Delete);
+    } else if (event.matches(QKeySequence::Undo)) {
+        Act([this] { return entry.Undo(); });
+    } else if (event.matches(QKeySequence::Redo)) {
+        Act([this] { return entry.Redo(); });
+    } else if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0 &&
+               !event.text().isEmpty() && event.text().front().isPrint()) {
+        Act([&] { return entry.Type(event.text().toStdString()); });
     } else {
         return false;
     }
     return true;
 }
 
-bool MaskedEdit::EraseByKey(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Backspace && event->key() != Qt::Key_Delete) {
+bool MaskedEdit::MoveByKey(QKeyEvent* event) {
+    const bool plain = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
+    switch (event->key()) {
+    case Qt::Key_Right:
+    case Qt::Key_Left:
+        if (plain) {
+            const auto cursor = static_cast<std::size_t>(cursorPosition());
+            entry.Select(cursor, cursor);
+            event->key() == Qt::Key_Right ? entry.MoveRight() : entry.MoveLeft();
+            setCursorPosition(static_cast<int>(entry.Cursor()));
+            return true;
+        }
+        break;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        break;
+    default:
         return false;
     }
-    auto first = static_cast<std::size_t>(cursorPosition());
-    std::size_t last = first;
-    std::size_t cursor = first;
-    if (hasSelectedText()) {
-        first = static_cast<std::size_t>(selectionStart());
-        last = static_cast<std::size_t>(selectionEnd());
-        cursor = first;
-    } else if (event->key() == Qt::Key_Backspace) {
-        first = masked.PlaceBefore(last);
-        cursor = first;
-    } else {
-        first = masked.PlaceFrom(first);
-        last = first + 1;
-        cursor = masked.PlaceFrom(last);
-    }
-    masked.Erase(first, last);
-    Typed(cursor);
+    QLineEdit::keyPressEvent(event);
+    entry.MoveCursor(static_cast<std::size_t>(cursorPosition()));
     return true;
 }
 
 void MaskedEdit::keyPressEvent(QKeyEvent* event) {
-    if (MoveCursor(event) || EraseByKey(event)) {
+    if (ChangeByKey(*event) || MoveByKey(event)) {
         return;
     }
-    if (event->matches(QKeySequence::Paste)) {
-        PasteText();
-    } else if (event->matches(QKeySequence::Cut) || event->matches(QKeySequence::Undo) ||
-               event->matches(QKeySequence::Redo)) {
-        return; // would take columns away
-    } else if (!(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
-               !event->text().isEmpty() && event->text().front().isPrint()) {
-        TypeText(event->text());
-    } else {
+    if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll)) {
         QLineEdit::keyPressEvent(event);
+        return;
     }
+    // The line's other keys take columns away; what is none of its own is the dialog's.
+    event->ignore();
 }
 
 void MaskedEdit::inputMethodEvent(QInputMethodEvent* event) {
     if (!event->commitString().isEmpty()) {
-        TypeText(event->commitString());
+        Act([&] { return entry.Type(event->commitString().toStdString()); });
     }
     event->accept();
 }
 
 void MaskedEdit::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
+    menu.addAction(tr("&Undo"), this, [this] { Act([this] { return entry.Undo(); }); })
+        ->setEnabled(entry.CanUndo());
+    menu.addSeparator();
     menu.addAction(tr("&Copy"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
-    menu.addAction(tr("&Paste"), this, [this] { PasteText(); });
+    menu.addAction(tr("&Paste"), this, [this] { PasteText(QApplication::clipboard()->text()); });
     menu.addAction(tr("Select &All"), this, &QLineEdit::selectAll);
     menu.exec(event->globalPos());
 }
@@ -145,7 +177,40 @@ void MaskedEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason &&
         event->reason() != Qt::ActiveWindowFocusReason) {
-        setCursorPosition(static_cast<int>(masked.PlaceFrom(0)));
+        Enter();
+    }
+}
+
+void MaskedEdit::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+        Leave();
+    }
+    QLineEdit::focusOutEvent(event);
+}
+
+void MaskedEdit::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    QLineEdit::mousePressEvent(event);
+    if (!hasSelectedText()) {
+        entry.MoveCursor(static_cast<std::size_t>(cursorPosition()));
+    }
+}
+
+void MaskedEdit::mouseReleaseEvent(QMouseEvent* event) {
+    const QClipboard* clipboard = QApplication::clipboard();
+    if (event->button() == Qt::LeftButton) {
+        QLineEdit::mouseReleaseEvent(event);
+    } else if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
+        Enter();
+        PasteText(clipboard->text(QClipboard::Selection));
+    }
+}
+
+void MaskedEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        selectAll();
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/masked_text.h"
+#include "core/field_entry.h"
 
 #include <QLineEdit>
 
@@ -9,8 +9,8 @@
 
 namespace quelmont {
 
-/// A line for a text of fixed columns: digits are typed over, the cursor passes over what stands
-/// between them. It is as wide as its mask in any digits.
+/// A line for a text of fixed columns. It shows what a FieldEntry makes of keys, clicks and pastes. It is
+/// as wide as its mask in any digits.
 class MaskedEdit final : public QLineEdit {
 public:
     /// typed is called after each change that a person made.
@@ -18,6 +18,11 @@ public:
 
     /// Shows another text; typed is not called.
     void Show(const std::string& text);
+    /// Stands at the first column, where digits make a new value: the focus was given to the field
+    /// by a key or by the program.
+    void Enter();
+    /// Finishes what was typed, as when the focus leaves.
+    void Leave();
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -26,18 +31,21 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    /// Where typing goes on: the beginning of what is selected, else the cursor.
-    int Start() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
-    bool MoveCursor(QKeyEvent* event);
-    bool EraseByKey(QKeyEvent* event);
-    void TypeText(const QString& characters);
-    void PasteText();
-    /// Shows the text with the cursor there, and tells about it.
-    void Typed(std::size_t cursor);
+    bool ChangeByKey(const QKeyEvent& event);
+    bool MoveByKey(QKeyEvent* event);
+    void PasteText(const QString& pasted);
+    /// Does something to the entry where the line's cursor or selection is, shows what became of it
+    /// and tells about it. A beep when the action answers that it refused.
+    void Act(const std::function<bool()>& action);
+    void Render();
 
-    MaskedText masked;
+    FieldEntry entry;
     std::function<void(const std::string&)> typed;
 };
 

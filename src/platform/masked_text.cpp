@@ -132,7 +132,7 @@ bool MaskedText::Type(std::size_t& cursor, char character) {
         return true;
     }
     if (IsLetter(character)) {
-        place = mask.find('?', place);
+        place = mask.find('?');
     } else if (!IsDigit(character) || place == mask.size() || mask[place] != '%') {
         return false;
     }
@@ -152,8 +152,8 @@ void MaskedText::Erase(std::size_t first, std::size_t last) {
     }
 }
 
-bool MaskedText::TakeGroups(std::string_view pasted) {
-    const std::vector<std::string> groups = GroupsOf(pasted);
+bool MaskedText::TakeGroups(std::string_view newText) {
+    const std::vector<std::string> groups = GroupsOf(newText);
     std::string result = text;
     std::size_t next = 0;
     for (std::size_t column = PlaceFrom(0); column < mask.size(); column = PlaceFrom(column)) {
@@ -174,33 +174,6 @@ bool MaskedText::TakeGroups(std::string_view pasted) {
         return false;
     }
     text = result;
-    return true;
-}
-
-bool MaskedText::Paste(std::size_t& cursor, std::string_view pasted) {
-    const auto places = static_cast<std::size_t>(std::count(mask.begin(), mask.end(), '%'));
-    if (IsNumber()) {
-        const std::string digits = DigitsOf(pasted);
-        if (digits.empty() || digits.size() > places || std::any_of(pasted.begin(), pasted.end(), IsLetter)) {
-            return false;
-        }
-        SetText(pasted);
-        cursor = mask.size();
-        return true;
-    }
-    if (TakeGroups(pasted)) {
-        cursor = mask.size();
-        return true;
-    }
-    MaskedText typed = *this;
-    std::size_t place = cursor;
-    for (const char c : pasted) {
-        if ((IsDigit(c) || IsLetter(c)) && !typed.Type(place, c)) {
-            return false;
-        }
-    }
-    *this = typed;
-    cursor = place;
     return true;
 }
 

@@ -32,26 +32,22 @@ public:
     std::size_t PlaceBefore(std::size_t column) const;
 
     /// Types a character over the place at or after the cursor and moves the cursor behind it, over
-    /// what stands between the places. A letter goes to the next letter's place and becomes a capital.
-    /// A blank, a point or a comma behind a digit moves to the next group. False when the character has no
+    /// what stands between the places. A letter goes to the letter's place and becomes a capital. A
+    /// blank, a point or a comma behind a digit moves to the next group. False when the character has no
     /// place.
     bool Type(std::size_t& cursor, char character);
 
     /// Erases the digits from column first up to column last, which stays.
     void Erase(std::size_t first, std::size_t last);
 
-    /// Types several characters. A whole angle, however its groups are parted ("122 26 0 W"), and a
-    /// number replace what was there; else they are typed one after the other. False, and nothing is
-    /// changed, when they do not fit.
-    bool Paste(std::size_t& cursor, std::string_view pasted);
+    /// Numbers have no blanks between their groups.
+    bool IsNumber() const { return mask.find(' ') == std::string::npos; }
 
 private:
     bool IsPlace(std::size_t column) const { return mask[column] == '%' || mask[column] == '?'; }
     bool HasColumnsOf(std::string_view newText) const;
-    /// Numbers have no blanks between their groups.
-    bool IsNumber() const { return mask.find(' ') == std::string::npos; }
     void TakeDigits(std::string_view digits, std::size_t first, std::size_t last, bool alignLeft);
-    bool TakeGroups(std::string_view pasted);
+    bool TakeGroups(std::string_view newText);
 
     std::string mask;
     std::string text;

@@ -119,42 +119,11 @@ TEST(MaskedText, PlacesAreFoundBothWays) {
     EXPECT_EQ(masked.PlaceBefore(0), 0U) << "none";
 }
 
-TEST(MaskedText, PastedAngleReplacesTheWholeOne) {
-    for (const std::string_view angle : {"122    26    00    W", "122 26 0 W", "122 26 00w", "122:26:00:W"}) {
-        MaskedText masked = With(Longitude, "001    02    03    E");
-        std::size_t cursor = 5;
-        EXPECT_TRUE(masked.Paste(cursor, angle)) << angle;
-        EXPECT_EQ(masked.Text(), "122    26    00    W") << angle;
-    }
-}
-
-TEST(MaskedText, PastedNumberReplacesTheWholeOne) {
-    MaskedText masked = With(Million, "0500000");
-    std::size_t cursor = 3;
-    EXPECT_TRUE(masked.Paste(cursor, "62000"));
-    EXPECT_EQ(masked.Text(), "0,062,000");
-}
-
-TEST(MaskedText, PastedDigitsOfAnAngleAreTyped) {
-    MaskedText masked = With(Longitude, "122    26    00    W");
-    std::size_t cursor = 7;
-    EXPECT_TRUE(masked.Paste(cursor, "3045"));
-    EXPECT_EQ(masked.Text(), "122    30    45    W");
-}
-
-TEST(MaskedText, PasteThatDoesNotFitChangesNothing) {
-    for (const std::string_view pasted : {"1222 26 00 W W", "12345678901234", "12 N S"}) {
-        MaskedText masked = With(Longitude, "122    26    00    W");
-        std::size_t cursor = 0;
-        EXPECT_FALSE(masked.Paste(cursor, pasted)) << pasted;
-        EXPECT_EQ(masked.Text(), "122    26    00    W") << pasted;
-        EXPECT_EQ(cursor, 0U) << pasted;
-    }
-    MaskedText number = With(Million, "0500000");
-    std::size_t cursor = 0;
-    EXPECT_FALSE(number.Paste(cursor, "12345678"));
-    EXPECT_FALSE(number.Paste(cursor, "no number"));
-    EXPECT_EQ(number.Text(), "0,500,000");
+TEST(MaskedText, LetterFindsItsPlaceFromBehindItToo) {
+    MaskedText masked = With(Latitude, "37    47    00    N");
+    std::size_t cursor = masked.Text().size();
+    EXPECT_TRUE(masked.Type(cursor, 's'));
+    EXPECT_EQ(masked.Text(), "37    47    00    S");
 }
 
 } // namespace
