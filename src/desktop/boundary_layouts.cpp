@@ -30,7 +30,10 @@ void AddHemisphere(FormView& view, const char* number, const char* count,
     int place = 0;
     const auto addBoundary = [&](QWidget* field) {
         boundaries->addWidget(view.CaptionOf(field), 0, place);
-        boundaries->addWidget(field, 1, place++, Qt::AlignLeft);
+        if (QWidget* heads = view.HeadsOf(field); heads != nullptr) {
+            boundaries->addWidget(heads, 1, place, Qt::AlignLeft | Qt::AlignBottom);
+        }
+        boundaries->addWidget(field, 2, place++, Qt::AlignLeft);
     };
     addBoundary(view.AddField(named("LonW")));
     for (const char* const interruption : interruptions) {

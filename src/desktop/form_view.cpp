@@ -1,5 +1,7 @@
 #include "desktop/form_view.h"
 
+#include "core/column_heads.h"
+#include "desktop/heads_line.h"
 #include "desktop/masked_edit.h"
 #include "desktop/palette_grid.h"
 
@@ -17,6 +19,7 @@
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -131,6 +134,7 @@ QWidget* FormView::AddEdit(std::string_view name) {
         edit->Show(now.text);
         edit->setEnabled(now.enabled);
     });
+    edit->setAccessibleDescription(Text(ColumnWords(control.mask)));
     edits.push_back(edit);
     return edit;
 }
@@ -222,6 +226,16 @@ QLabel* FormView::CaptionOf(QWidget* field) {
     return label;
 }
 
+QWidget* FormView::HeadsOf(QWidget* field) {
+    const auto found = std::find(edits.begin(), edits.end(), field);
+    if (found == edits.end() || ColumnHeads((*found)->Mask()).empty()) {
+        return nullptr;
+    }
+    auto* heads = new HeadsLine(**found, this);
+    heads->setObjectName(field->objectName() + QLatin1String("Heads"));
+    return heads;
+}
+
 QWidget* FormView::AddField(std::string_view name) {
     switch (form.At(name).kind) {
     case ControlKind::Spin:
@@ -231,8 +245,10 @@ QWidget* FormView::AddField(std::string_view name) {
     default: {
         QLabel* label = AddLabel(name);
         label->setAccessibleName(Spoken(Text(form.At(name).caption)));
-        // A text that is only shown stands where that of an edit would.
-        label->setIndent(fontMetrics().horizontalAdvance(QLatin1Char('0')));
+        // A text that is only shown stands where that of an edit would (masked_edit.h).
+        const bool twoDegreeDigits = form.At(name).text.find(' ') == 2;
+        label->setIndent(style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + MaskedEdit::LineMargin +
+                         (twoDegreeDigits ? fontMetrics().horizontalAdvance(QLatin1Char('0')) : 0));
         return label;
     }
     }
@@ -246,8 +262,13 @@ void FormView::AddFields(const QString& title, std::initializer_list<std::string
     if (!heading.empty()) {
         grid->addWidget(AddLabel(heading), row++, 1);
     }
+    bool headed = false;
     for (const std::string_view name : names) {
         QWidget* field = AddField(name);
+        if (QWidget* heads = headed ? nullptr : HeadsOf(field); heads != nullptr) {
+            headed = true;
+            grid->addWidget(heads, row++, 1, Qt::AlignLeft | Qt::AlignBottom);
+        }
         QLabel* label = CaptionOf(field);
         fieldCaptions.push_back(label);
         grid->addWidget(label, row, 0);

@@ -60,6 +60,8 @@ public:
     GridTable* AddGrid(std::string_view name, GridTable::Painter painter);
     /// The label with a field's caption; its mnemonic leads to the field, which is called by it.
     QLabel* CaptionOf(QWidget* field);
+    /// The words above the columns of an angle's field; null above any other.
+    QWidget* HeadsOf(QWidget* field);
     /// The widget of a field, by its kind.
     QWidget* AddField(std::string_view name);
 

@@ -11,12 +11,31 @@
 
 namespace quelmont {
 
+namespace {
+
+constexpr std::string_view WidestAngle = "%%%    %%    %%    ?";
+
+bool IsAngle(std::string_view mask) { return mask.find(' ') != std::string_view::npos; }
+bool HasTwoDegreeDigits(std::string_view mask) { return mask.find(' ') == 2; }
+
+/// A mask as a text in the widest letter.
+QString Filled(std::string_view mask) {
+    QString text = QString::fromLatin1(mask.data(), static_cast<qsizetype>(mask.size()));
+    return text.replace(QLatin1Char('%'), QLatin1Char('0')).replace(QLatin1Char('?'), QLatin1Char('W'));
+}
+
+} // namespace
+
 MaskedEdit::MaskedEdit(const std::string& mask, std::function<void(const std::string&)> typed_,
                        QWidget* parent)
     : QLineEdit(parent), entry(mask), typed(std::move(typed_)) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // A text that is dropped would not keep the columns.
     setAcceptDrops(false);
+    if (HasTwoDegreeDigits(mask)) {
+        ensurePolished();
+        setTextMargins(fontMetrics().horizontalAdvance(QLatin1Char('0')), 0, 0, 0);
+    }
     Render();
     // A screen reader changes the line itself: that is a paste over the whole.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& changed) {
@@ -59,8 +78,7 @@ void MaskedEdit::Leave() {
 
 QSize MaskedEdit::sizeHint() const {
     ensurePolished();
-    QString widest = QString::fromStdString(entry.Field().Mask());
-    widest.replace(QLatin1Char('%'), QLatin1Char('0')).replace(QLatin1Char('?'), QLatin1Char('W'));
+    const QString widest = Filled(IsAngle(Mask()) ? WidestAngle : std::string_view(Mask()));
     QStyleOptionFrame option;
     initStyleOption(&option);
     // Two letters for the margins that the line keeps free at its ends.
@@ -68,6 +86,14 @@ QSize MaskedEdit::sizeHint() const {
                          QLineEdit::sizeHint().height());
     return {style()->sizeFromContents(QStyle::CT_LineEdit, &option, contents, this).width(),
             contents.height()};
+}
+
+int MaskedEdit::LeftOf(std::size_t column) const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int text = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).left() +
+                     textMargins().left() + LineMargin;
+    return text + fontMetrics().horizontalAdvance(Filled(std::string_view(Mask()).substr(0, column)));
 }
 
 void MaskedEdit::Act(const std::function<bool()>& action) {

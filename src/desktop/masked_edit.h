@@ -10,9 +10,13 @@
 namespace quelmont {
 
 /// A line for a text of fixed columns. It shows what a FieldEntry makes of keys, clicks and pastes. It is
-/// as wide as its mask in any digits.
+/// as wide as its mask in any digits. Angles are as wide as a longitude, and their columns lie below
+/// one another, in degrees of two digits as in those of three.
 class MaskedEdit final : public QLineEdit {
 public:
+    /// What QLineEdit keeps free on both sides of its text, in pixels.
+    static constexpr int LineMargin = 2;
+
     /// typed is called after each change that a person made.
     MaskedEdit(const std::string& mask, std::function<void(const std::string&)> typed, QWidget* parent);
 
@@ -23,6 +27,9 @@ public:
     void Enter();
     /// Finishes what was typed, as when the focus leaves.
     void Leave();
+    const std::string& Mask() const { return entry.Field().Mask(); }
+    /// Where the text's column of that number begins, in pixels from the left edge of the line.
+    int LeftOf(std::size_t column) const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -24,6 +24,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 
 namespace quelmont {
@@ -123,6 +124,49 @@ TEST_F(EveryDialog, CutsNothingOffAtAnySizeOfLetters) {
         EnlargeLetters(percent);
         InEach([](QDialog& dialog) { ExpectNothingCutOff(dialog); });
     }
+}
+
+TEST_F(EveryDialog, HasHeadsAboveTheColumnsOfAngles) {
+    int angles = 0;
+    InEach([&](QDialog& dialog) {
+        for (const auto* field : dialog.findChildren<QLineEdit*>()) {
+            if (!field->text().contains("    ")) {
+                continue;
+            }
+            ++angles;
+            const QRect place(field->mapTo(&dialog, QPoint(0, 0)), field->size());
+            bool headed = false;
+            for (const auto* widget : dialog.findChildren<QWidget*>()) {
+                const QPoint corner = widget->mapTo(&dialog, QPoint(0, 0));
+                headed =
+                    headed || (widget->objectName().endsWith("Heads") && widget->isVisible() &&
+                               widget->parentWidget() == field->parentWidget() &&
+                               corner.x() == place.left() && corner.y() + widget->height() <= place.top());
+            }
+            EXPECT_TRUE(headed) << Where(field).toStdString();
+        }
+    });
+    EXPECT_GE(angles, 25);
+}
+
+TEST_F(EveryDialog, ColumnsOfAnglesLieBelowOneAnother) {
+    InEach([&](QDialog& dialog) {
+        std::map<int, std::set<int>> minutes;
+        for (auto* field : dialog.findChildren<QLineEdit*>()) {
+            const auto place = field->text().indexOf("    ");
+            if (place < 0) {
+                continue;
+            }
+            const int cursor = field->cursorPosition();
+            field->setCursorPosition(static_cast<int>(place) + 4);
+            const int left = field->mapTo(&dialog, QPoint(0, 0)).x();
+            minutes[left].insert(field->inputMethodQuery(Qt::ImCursorRectangle).toRect().left());
+            field->setCursorPosition(cursor);
+        }
+        for (const auto& [left, places] : minutes) {
+            EXPECT_LE(*places.rbegin() - *places.begin(), 1) << "fields at " << left;
+        }
+    });
 }
 
 TEST_F(EveryDialog, FitsOnASmallScreenInUsualLetters) {

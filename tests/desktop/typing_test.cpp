@@ -53,7 +53,8 @@ protected:
     void InEachField(std::function<void(QLineEdit&, const Control&)> action) {
         int fields = 0;
         for (const CataloguedDialog& entry : DialogCatalogue()) {
-            for (const Control& control : entry.make()->Controls()) {
+            const std::unique_ptr<Form> made = entry.make();
+            for (const Control& control : made->Controls()) {
                 if (control.kind != ControlKind::Edit || !control.enabled) {
                     continue;
                 }
