@@ -108,7 +108,7 @@ class Consumers(shapes.ConsumerTest):
         self.assertEqual(read_by_ezdxf(file)[1], 0)
         data = file.read_bytes()
         own = own_entities(data)
-        self.assertGreater(len(own), 9000)
+        self.assertGreater(len(own), 6000)
         self.assert_only_the_file_itself_is_read_so(file, lambda name: read_by_ezdxf(name)[0], own,
                                                     with_digit_before(data, b" 20", b"VERTEX"))
 

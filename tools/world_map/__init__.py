@@ -1,0 +1,1 @@
+"""The parts of tools/make_world_map.py."""
