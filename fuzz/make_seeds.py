@@ -134,6 +134,20 @@ def convert():
     put("convert", "simplified", (0, 2, 60), excerpt("fuzz.map"))
 
 
+def records():
+    # The order of the formats in map_formats.cpp; the files are those of the other fuzzers, without their
+    # header of five bytes. Each comes whole and in pieces.
+    names = (("prn", "ascii_map", "commas"), ("utm", "ascii_map", "utm_metres"),
+             ("all", "minute_grid", "lake_geneva"), ("grv", "packed", "grv"), ("grf", "fixed_record", "grf"),
+             ("dat", "fixed_record", "dat"), ("pkv", "packed", "pkv"), ("pkd", "packed", "river"),
+             ("mp1", "world_text", "lines"), ("mps", "world_binary", "tail"))
+    order = ("prn", "utm", "all", "pnt", "cci", "grv", "grf", "map", "dat", "pkv", "pkd", "mp1", "mps")
+    for ending, fuzzer, seed in names:
+        data = (CORPUS / fuzzer / seed).read_bytes()[5:]
+        put("records", ending, (order.index(ending),), data)
+        put("records", ending + "_in_pieces", (order.index(ending),), data, 2)
+
+
 def strange_files():
     """One seed of each fuzzer as a file that tells no length, comes in pieces, grows, or shrinks; the
     numbers are those of HabitsOf."""
@@ -153,6 +167,7 @@ def main():
     ascii_map()
     convert()
     put("minute_grid", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.map"))
+    records()
     strange_files()
 
 
