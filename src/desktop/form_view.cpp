@@ -44,11 +44,13 @@ public:
         setAlignment(Qt::AlignLeft | Qt::AlignTop);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
-    QSize sizeHint() const override {
-        const int width = LineLetters * fontMetrics().averageCharWidth();
-        return {width, heightForWidth(width)};
-    }
+    QSize sizeHint() const override { return {Width(), heightForWidth(Width())}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
+    /// A wider dialog makes its lines no longer, and so the text no lower.
+    int heightForWidth(int width) const override { return QLabel::heightForWidth(std::min(width, Width())); }
+
+private:
+    int Width() const { return LineLetters * fontMetrics().averageCharWidth(); }
 };
 
 /// A square of a colour in a frame.

@@ -180,6 +180,10 @@ void GridTable::ShowCell(int number, const GridCell& cell) {
     place->setForeground(cell.textColor == 0 ? QBrush() : QBrush(ColorOf(cell.textColor)));
     place->setData(FillRole, cell.color ? QVariant(ColorOf(*cell.color)) : QVariant());
     place->setData(PictureRole, cell.picture);
+    // The form turns it, not the table.
+    place->setFlags(place->flags() & ~Qt::ItemIsUserCheckable);
+    place->setData(Qt::CheckStateRole,
+                   cell.checked ? QVariant(*cell.checked ? Qt::Checked : Qt::Unchecked) : QVariant());
     place->setData(Qt::AccessibleTextRole, cell.words.empty() ? text : QString::fromStdString(cell.words));
 }
 

@@ -3,6 +3,7 @@
 #include "desktop/file_drop.h"
 #include "desktop/form_view.h"
 #include "desktop/grid_table.h"
+#include "desktop/line_drag.h"
 #include "desktop/symbol_picture.h"
 
 #include <QHBoxLayout>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -60,6 +62,26 @@ private:
     std::string name;
 };
 
+/// Lines as wide as their list, so that long ones are elided.
+class NarrowLines final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+};
+
+/// The beginning and the end of a long name tell more than its middle; the whole stands in a tooltip.
+void ElideLines(FormView& view, const char* name, QListWidget* list) {
+    list->setItemDelegate(new NarrowLines(list));
+    list->setTextElideMode(Qt::ElideMiddle);
+    view.Also(name, [list](const Control&) {
+        for (int line = 0; line < list->count(); ++line) {
+            list->item(line)->setToolTip(list->item(line)->text().toHtmlEscaped());
+        }
+    });
+}
+
 QVBoxLayout* UnderCaption(FormView& view, QWidget* field) {
     auto* place = new QVBoxLayout;
     place->addWidget(view.CaptionOf(field));
@@ -77,15 +99,27 @@ void LayOutFileList(FormView& view) {
     QLabel* caption = view.AddLabel("Label3");
     view.Column()->addWidget(caption);
     QListWidget* list = view.AddList("InputFilesOpen");
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    const int mostWidth = view.screen()->availableGeometry().width() - 4 * view.Gap();
+    ElideLines(view, "InputFilesOpen", list);
+    auto* moves = new QVBoxLayout;
+    for (const char* const button : {"MoveUp", "MoveDown"}) {
+        moves->addWidget(view.AddButton(button));
+    }
+    moves->addStretch();
+    const int mostWidth =
+        view.screen()->availableGeometry().width() - 5 * view.Gap() - moves->sizeHint().width();
     list->setFixedSize(std::min(ListLetters * view.fontMetrics().averageCharWidth(), mostWidth),
                        ListLines * list->sizeHintForRow(0) + 2 * list->frameWidth());
     AcceptFiles(*list, [&view](int line, std::vector<std::string> files) {
         view.Shown().Drop("InputFilesOpen", line, std::move(files));
     });
+    AcceptLineDrags(
+        *list, [&view](int line, int before) { view.Shown().Drag("InputFilesOpen", line, before); },
+        [&view] { view.Shown().PressDelete("InputFilesOpen"); });
     caption->setBuddy(list);
-    view.Column()->addWidget(list);
+    auto* files = new QHBoxLayout;
+    files->addWidget(list);
+    files->addLayout(moves);
+    view.Column()->addLayout(files);
     auto* buttons = new QHBoxLayout;
     for (const char* const button : {"InputFileAdd", "InputFileEdit", "InputFileDelete"}) {
         buttons->addWidget(view.AddButton(button));
@@ -109,7 +143,13 @@ void LayOutFileParameters(FormView& view) {
     types->Fit(types->rowCount(), mostWidth);
     types->FillHeight(features->height());
     grids->addLayout(UnderCaption(view, types));
-    grids->addLayout(UnderCaption(view, features));
+    QVBoxLayout* const featuresPlace = UnderCaption(view, features);
+    auto* allRows = new QHBoxLayout;
+    allRows->addWidget(view.AddButton("ShowAll"));
+    allRows->addWidget(view.AddButton("HideAll"));
+    allRows->addStretch();
+    featuresPlace->addLayout(allRows);
+    grids->addLayout(featuresPlace);
     view.Column()->addLayout(grids);
     view.AddButtons({"OK", "Cancel"});
 }

@@ -19,6 +19,7 @@ constexpr int OwnWorld = 4;
 constexpr int DataBank1 = 5;
 constexpr int DataBank2 = 6;
 constexpr int Worlds = 7;
+static_assert(FilterOfAllMapFiles == FilterNames.size() + 1);
 
 // clang-format off
 constexpr std::array Formats = std::to_array<MapFormat>({
@@ -56,6 +57,10 @@ std::string Join(int filter, std::string_view between, Word&& word) {
     return text;
 }
 
+std::string PatternsOf(int filter) {
+    return Join(filter, ";", [](const MapFormat& format) { return "*" + EndingOf(format); });
+}
+
 } // namespace
 
 std::span<const MapFormat> MapFormats() { return Formats; }
@@ -91,13 +96,15 @@ std::string MapFileEndings() {
 
 std::string MapFileFilters() {
     std::string text;
+    std::string all;
     int filter = 0;
     for (const char* const name : FilterNames) {
         ++filter;
         text += (text.empty() ? "" : "|") + std::string(name) + " (" + Join(filter, ", ", EndingOf) + ")|" +
-                Join(filter, ";", [](const MapFormat& format) { return "*" + EndingOf(format); });
+                PatternsOf(filter);
+        all += (all.empty() ? "" : ";") + PatternsOf(filter);
     }
-    return text;
+    return text + "|All digital map files|" + all + "|All files|*";
 }
 
 } // namespace quelmont

@@ -57,7 +57,9 @@ std::string EndingOf(const MapFormat& format);
 std::string MapFileEndings();
 
 /// The filters of the file dialog that asks for map files: for each the family's name with its
-/// endings, "|", and the patterns with ";" between them; "|" between filters.
+/// endings, "|", and the patterns with ";" between them; "|" between filters. Behind them stand one of all
+/// map files and one of all files.
 std::string MapFileFilters();
+constexpr int FilterOfAllMapFiles = 8; ///< from 1
 
 } // namespace quelmont

@@ -200,6 +200,24 @@ void Form::Drop(std::string_view name, int line, std::vector<std::string> files)
     GiveWantedFocus();
 }
 
+void Form::Drag(std::string_view name, int line, int before) {
+    Control& control = Edit(name);
+    if (closed || !control.enabled || !HasChoice(control, line) || !HasChoice(control, before)) {
+        return;
+    }
+    control.dragged = line;
+    control.value = before;
+    Run(name, ControlEvent::Drag);
+    GiveWantedFocus();
+}
+
+void Form::PressDelete(std::string_view name) {
+    if (!closed && At(name).enabled) {
+        Run(name, ControlEvent::Delete);
+        GiveWantedFocus();
+    }
+}
+
 void Form::Hover(std::string_view name, int cell) {
     Control& control = Edit(name);
     if (!closed && cell != control.value && cell >= -1 && cell < static_cast<int>(control.colors.size())) {

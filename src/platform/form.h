@@ -31,6 +31,8 @@ enum class ControlEvent {
     Change,      ///< a text or a number became another, another cell of a grid the current one
     MouseMove,   ///< another cell of a palette is under the mouse, or none
     Drop,        ///< files were dropped on a list
+    Drag,        ///< a line of a list was dragged to another place
+    Delete,      ///< the delete key was pressed on a list
     GotFocus,
     LostFocus,
 };
@@ -41,6 +43,7 @@ struct GridCell {
     std::uint32_t textColor = 0;             ///< 0x00BBGGRR; 0 is the colour of the window's texts
     std::optional<std::uint32_t> color = {}; ///< the cell shows this colour, 0x00BBGGRR
     int picture = 0;                         ///< the cell shows a picture of that number; 0 none
+    std::optional<bool> checked = {};        ///< the cell shows a check box before its text
     std::string words = {};                  ///< read out in place of the text; empty: the text is
     bool operator==(const GridCell&) const = default;
 };
@@ -65,6 +68,7 @@ struct Control {
     int marked = -1;                        ///< the palette's cell in use, -1 none
     std::vector<GridCell> cells = {};       ///< a grid's, row by row
     std::vector<std::string> dropped = {};  ///< the files dropped on a list last, full names
+    int dragged = -1;                       ///< the line dragged last; it was let go before the line of value
 };
 
 /// A modal dialog without a picture: its controls, the handlers of their events, and the focus.
@@ -113,6 +117,10 @@ public:
     void MoveTo(std::string_view name, int cell);
     /// Drops files on a line of a list, the last one if there is no such line, and runs its Drop.
     void Drop(std::string_view name, int line, std::vector<std::string> files);
+    /// Drags a line of a list to before another one and runs its Drag. Lines that are not there are ignored.
+    void Drag(std::string_view name, int line, int before);
+    /// Presses the delete key on a list and runs its Delete.
+    void PressDelete(std::string_view name);
     /// Moves the mouse over a cell of a palette, -1 for none.
     void Hover(std::string_view name, int cell);
     void PressF1() const;

@@ -21,6 +21,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -272,10 +273,112 @@ TEST_F(MapFileDialogs, EscapePutsTheListBack) {
     EXPECT_THAT(Names(), ElementsAre(worldMap));
 }
 
-TEST_F(MapFileDialogs, LongNamesAreReachedByScrolling) {
-    Design.InputFiles[0].MapFileName = "/" + std::string(200, 'w') + ".map";
+/// The list with the world map and two files more.
+class OrderOfFiles : public MapFileDialogs {
+protected:
+    OrderOfFiles() {
+        Design.InputFiles.push_back(NewMapFileEntry("/b.map"));
+        Design.InputFiles.push_back(NewMapFileEntry("/c.map"));
+        Design.MapFileCount = 3;
+    }
+    static QPoint UpperHalf(QListWidget& list, int line) {
+        return list.visualItemRect(list.item(line)).topLeft() + QPoint(20, 2);
+    }
+    /// Drags a line with the left button, lets it go and waits for what comes of it.
+    static void Drag(QListWidget& list, int line, QPoint to) {
+        QTest::mousePress(list.viewport(), Qt::LeftButton, {}, UpperHalf(list, line));
+        Hold(list, UpperHalf(list, line) + QPoint(3 * QApplication::startDragDistance(), 0));
+        Hold(list, to);
+        EXPECT_TRUE(list.findChild<QWidget*>("DragBar")->isVisible());
+        QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, to);
+        EXPECT_FALSE(list.findChild<QWidget*>("DragBar")->isVisible());
+        QApplication::processEvents();
+    }
+    /// The mouse moves with its left button down.
+    static void Hold(QListWidget& list, QPoint to) {
+        QMouseEvent move(QEvent::MouseMove, to, list.viewport()->mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &move);
+    }
+};
+
+TEST_F(OrderOfFiles, KeysMoveAFile) {
     OpenList([&](QDialog& dialog) {
-        EXPECT_GT(List(dialog).horizontalScrollBar()->maximum(), 0);
+        QTest::keyClick(&List(dialog), Qt::Key_Up); // c.map
+        EXPECT_TRUE(Button(dialog, "MoveUp").isEnabled());
+        EXPECT_FALSE(Button(dialog, "MoveDown").isEnabled());
+        QTest::keyClick(&dialog, Qt::Key_U, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Names()[1] == "/c.map"; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return List(dialog).hasFocus(); }));
+        EXPECT_EQ(List(dialog).currentRow(), 1);
+        QTest::keyClick(&dialog, Qt::Key_U, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Names()[0] == "/c.map"; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return List(dialog).hasFocus(); }))
+            << "its button can do nothing more";
+        QTest::keyClick(&dialog, Qt::Key_W, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Names()[1] == "/c.map"; }));
+        CloseBy(dialog, Qt::Key_Return);
+    });
+    EXPECT_THAT(Names(), ElementsAre(worldMap, "/c.map", "/b.map"));
+}
+
+TEST_F(OrderOfFiles, MouseDragsALine) {
+    OpenList([&](QDialog& dialog) {
+        QListWidget& list = List(dialog);
+        Drag(list, 2, UpperHalf(list, 0));
+        EXPECT_THAT(Texts(list), ElementsAre("01   /c.map", "02   " + worldMap, "03   /b.map", ""));
+        EXPECT_EQ(list.currentRow(), 0);
+        Drag(list, 0, QPoint(20, list.viewport()->height() - 2)); // below the lines
+        EXPECT_THAT(Names(), ElementsAre(worldMap, "/b.map", "/c.map"));
+        EXPECT_EQ(list.currentRow(), 2);
+        Drag(list, 3, UpperHalf(list, 0)); // the blank line
+        EXPECT_THAT(Names(), ElementsAre(worldMap, "/b.map", "/c.map"));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, UpperHalf(list, 1));
+        EXPECT_EQ(list.currentRow(), 1) << "a press alone selects";
+        Click(dialog, "MoveUp");
+        Click(dialog, "OK");
+    });
+    EXPECT_THAT(Names(), ElementsAre("/b.map", worldMap, "/c.map"));
+}
+
+TEST_F(OrderOfFiles, EscapeLetsADraggedLineGoWhereItWas) {
+    OpenList([&](QDialog& dialog) {
+        QListWidget& list = List(dialog);
+        QTest::mousePress(list.viewport(), Qt::LeftButton, {}, UpperHalf(list, 0));
+        Hold(list, UpperHalf(list, 2));
+        QTest::keyClick(&list, Qt::Key_Escape);
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, UpperHalf(list, 2));
+        QApplication::processEvents();
+        EXPECT_THAT(Names(), ElementsAre(worldMap, "/b.map", "/c.map"));
+    });
+}
+
+TEST_F(OrderOfFiles, DeleteKeyDeletesAFile) {
+    boxes.Answer(BoxAnswer::Yes);
+    OpenList([&](QDialog& dialog) {
+        QTest::keyClick(&List(dialog), Qt::Key_Delete);
+        EXPECT_THAT(boxes.asked, IsEmpty()) << "on the blank line";
+        List(dialog).setCurrentRow(1);
+        QTest::keyClick(&List(dialog), Qt::Key_Delete);
+        EXPECT_THAT(Texts(List(dialog)), ElementsAre("01   " + worldMap, "02   /c.map", ""));
+        EXPECT_EQ(List(dialog).currentRow(), 1);
+        Click(dialog, "OK");
+    });
+    EXPECT_THAT(Names(), ElementsAre(worldMap, "/c.map"));
+}
+
+TEST_F(MapFileDialogs, LongNamesKeepTheirEndAndAreWholeInATooltip) {
+    const std::string name = "/" + std::string(200, 'w') + "/coast.map";
+    Design.InputFiles[0].MapFileName = name;
+    OpenList([&](QDialog& dialog) {
+        const QListWidget& list = List(dialog);
+        EXPECT_EQ(list.textElideMode(), Qt::ElideMiddle);
+        EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+        EXPECT_LE(list.visualItemRect(list.item(0)).width(), list.viewport()->width())
+            << "or nothing is elided";
+        EXPECT_EQ(list.item(0)->text().toStdString(), "01   " + name);
+        EXPECT_EQ(list.item(0)->toolTip().toStdString(), "01   " + name);
         EXPECT_LT(dialog.width(), 900);
     });
 }
@@ -503,6 +606,41 @@ TEST_F(MapFileDialogs, ClickOnANameShowsOrHidesItsRow) {
     });
     EXPECT_TRUE(entry.Features[3].Shown);
     EXPECT_FALSE(entry.Features[5].Shown);
+}
+
+TEST_F(MapFileDialogs, CheckBoxesShowWhatIsDrawn) {
+    InputFileEntry entry = NewMapFileEntry("a.map");
+    entry.Features[2].Shown = false;
+    OpenParameters(entry, [&](QDialog& dialog) {
+        GridTable& features = Features(dialog);
+        const auto checks = [&] {
+            std::vector<bool> checked;
+            for (int row = 0; row < features.rowCount(); ++row) {
+                checked.push_back(features.item(row, 3)->checkState() == Qt::Checked);
+                EXPECT_FALSE(features.item(row, 1)->data(Qt::CheckStateRole).isValid());
+            }
+            return checked;
+        };
+        std::vector<bool> expected(10, true);
+        expected[1] = false;
+        EXPECT_EQ(checks(), expected);
+        // A click on the box itself turns it once.
+        const QPoint box = features.visualItemRect(features.item(0, 3)).topLeft() + QPoint(8, 8);
+        QTest::mouseClick(features.viewport(), Qt::LeftButton, {}, box);
+        expected[0] = false;
+        EXPECT_EQ(checks(), expected);
+        Click(dialog, "HideAll");
+        EXPECT_EQ(checks(), std::vector<bool>(10, false));
+        EXPECT_TRUE(features.hasFocus());
+        QTest::keyClick(&features, Qt::Key_Space); // the name of row 1
+        EXPECT_TRUE(checks()[0]);
+        QTest::keyClick(&dialog, Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return checks() == std::vector<bool>(10, true); }));
+        QTest::keyClick(&dialog, Qt::Key_H, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return checks() == std::vector<bool>(10, false); }));
+        Click(dialog, "OK");
+    });
+    EXPECT_FALSE(entry.Features[1].Shown || entry.Features[10].Shown);
 }
 
 TEST_F(MapFileDialogs, CellsOfColorsShowThem) {

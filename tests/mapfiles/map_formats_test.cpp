@@ -78,10 +78,12 @@ TEST(MapFormats, EndingIsWrittenInSmallLetters) {
 }
 
 TEST(MapFormats, FiltersOfTheFileDialog) {
-    EXPECT_EQ(MapFileFilters(),
-              "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, "
-              ".grf)|*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World "
-              "(.mp1, .mps)|*.mp1;*.mps");
+    EXPECT_EQ(
+        MapFileFilters(),
+        "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, "
+        ".grf)|*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World "
+        "(.mp1, .mps)|*.mp1;*.mps|All digital map files|*.prn;*.utm;*.all;*.pnt;*.cci;*.grv;*.grf;*.map;"
+        "*.dat;*.pkv;*.pkd;*.mp1;*.mps|All files|*");
 }
 
 } // namespace

@@ -335,6 +335,8 @@ public:
         SetDefaultButton("OK");
         Note("List", ControlEvent::DoubleClick, "DoubleClick");
         Note("List", ControlEvent::Drop, "Drop");
+        Note("List", ControlEvent::Drag, "Drag");
+        Note("List", ControlEvent::Delete, "Delete");
         Note("Grid", ControlEvent::Click, "Click");
         Note("Grid", ControlEvent::Change, "Change");
         Note("OK", ControlEvent::Click, "Click");
@@ -391,12 +393,33 @@ TEST(FormList, FilesAreDroppedOnALine) {
     EXPECT_THAT(form.ran, ElementsAre("List Drop 1", "List Drop 2")) << "below the lines is the last one";
 }
 
+TEST(FormList, LinesAreDraggedToBeforeAnother) {
+    Tables form;
+    form.Drag("List", 0, 2);
+    EXPECT_EQ(form.At("List").dragged, 0);
+    form.Drag("List", 3, 0);
+    form.Drag("List", -1, 0);
+    form.Drag("List", 0, 3);
+    EXPECT_EQ(form.At("List").dragged, 0);
+    EXPECT_THAT(form.ran, ElementsAre("List Drag 2")) << "there are three lines";
+}
+
+TEST(FormList, DeleteKeyRunsItsHandler) {
+    Tables form;
+    form.Choose("List", 1);
+    form.PressDelete("List");
+    form.PressDelete("Plain");
+    EXPECT_THAT(form.ran, ElementsAre("List Delete 1"));
+}
+
 TEST(FormKinds, ClosedOrDisabledTablesStandStill) {
     Tables form;
     form.Disable("List");
     form.Disable("Grid");
     form.DoubleClick("List");
     form.Drop("List", 1, {"/x"});
+    form.Drag("List", 0, 1);
+    form.PressDelete("List");
     form.MoveTo("Grid", 1);
     form.Choose("Grid", 1);
     EXPECT_THAT(form.ran, IsEmpty());
@@ -404,6 +427,8 @@ TEST(FormKinds, ClosedOrDisabledTablesStandStill) {
     closed.Close();
     closed.DoubleClick("List");
     closed.Drop("List", 1, {"/x"});
+    closed.Drag("List", 0, 1);
+    closed.PressDelete("List");
     closed.MoveTo("Grid", 1);
     EXPECT_THAT(closed.ran, IsEmpty());
 }

@@ -36,7 +36,7 @@ std::string LineOf(std::size_t position, std::string_view name) {
 FileDialogAnswer AskForFiles() {
     FileDialogRequest request{.title = DialogTitle,
                               .filter = MapFileFilters(),
-                              .filterIndex = MapFormatOf(Design.MapFileDefault).filter,
+                              .filterIndex = FilterOfAllMapFiles,
                               .name = "*.MAP",
                               .several = true};
     if (!Design.MapFileDefault.empty()) {
@@ -56,12 +56,18 @@ InputFileChoices::InputFileChoices()
     Add({.name = "Label4", .kind = ControlKind::Label, .text = HelpOfOk});
     Add({.name = "Label3", .kind = ControlKind::Label, .text = "Current Digital Map &Files:"});
     Add({.name = "InputFilesOpen", .kind = ControlKind::List, .caption = At("Label3").text});
+    Add({.name = "MoveUp", .kind = ControlKind::Button, .text = "Move &Up"});
+    Add({.name = "MoveDown", .kind = ControlKind::Button, .text = "Move Do&wn"});
     Add({.name = "InputFileAdd", .kind = ControlKind::Button, .text = "&Add Digital Map File"});
     Add({.name = "InputFileEdit", .kind = ControlKind::Button, .text = "&Edit Digital Map File"});
     Add({.name = "InputFileDelete", .kind = ControlKind::Button, .text = "&Delete Digital Map File"});
     On("InputFilesOpen", ControlEvent::Click, [this] { EnableButtons(); });
     On("InputFilesOpen", ControlEvent::DoubleClick, [this] { InputFileEdit_Click(); });
     On("InputFilesOpen", ControlEvent::Drop, [this] { InputFilesOpen_Drop(); });
+    On("InputFilesOpen", ControlEvent::Drag, [this] { InputFilesOpen_Drag(); });
+    On("InputFilesOpen", ControlEvent::Delete, [this] { InputFileDelete_Click(); });
+    On("MoveUp", ControlEvent::Click, [this] { MoveSelected(-1); });
+    On("MoveDown", ControlEvent::Click, [this] { MoveSelected(1); });
     On("InputFileAdd", ControlEvent::Click, [this] { InputFileAdd_Click(); });
     On("InputFileEdit", ControlEvent::Click, [this] { InputFileEdit_Click(); });
     On("InputFileDelete", ControlEvent::Click, [this] { InputFileDelete_Click(); });
@@ -87,9 +93,11 @@ void InputFileChoices::Select(std::size_t line) {
 }
 
 void InputFileChoices::EnableButtons() {
-    const bool isFile = SelectedFile().has_value();
-    Edit("InputFileEdit").enabled = isFile;
-    Edit("InputFileDelete").enabled = isFile;
+    const std::optional<std::size_t> file = SelectedFile();
+    Edit("InputFileEdit").enabled = file.has_value();
+    Edit("InputFileDelete").enabled = file.has_value();
+    Edit("MoveUp").enabled = file && *file > 0;
+    Edit("MoveDown").enabled = file && *file + 1 < Design.InputFiles.size();
 }
 
 std::optional<std::size_t> InputFileChoices::SelectedFile() const {
@@ -110,6 +118,35 @@ void InputFileChoices::InputFileAdd_Click() {
 }
 
 void InputFileChoices::InputFilesOpen_Drop() { AddFiles(At("InputFilesOpen").dropped); }
+
+void InputFileChoices::InputFilesOpen_Drag() {
+    const auto from = static_cast<std::size_t>(At("InputFilesOpen").dragged);
+    const auto before = static_cast<std::size_t>(At("InputFilesOpen").value);
+    if (from < Design.InputFiles.size()) {
+        MoveFile(from, before > from ? before - 1 : before);
+    } else {
+        Select(from); // the blank line stays the last one
+    }
+}
+
+void InputFileChoices::MoveSelected(std::ptrdiff_t by) {
+    SetFocus("InputFilesOpen");
+    if (const std::optional<std::size_t> file = SelectedFile()) {
+        MoveFile(*file, *file + static_cast<std::size_t>(by));
+    }
+}
+
+void InputFileChoices::MoveFile(std::size_t from, std::size_t to) {
+    const auto first = Design.InputFiles.begin() + static_cast<std::ptrdiff_t>(from);
+    const auto last = Design.InputFiles.begin() + static_cast<std::ptrdiff_t>(to);
+    if (from < to) {
+        std::rotate(first, first + 1, last + 1);
+    } else {
+        std::rotate(last, first, first + 1);
+    }
+    RenumberLines();
+    Select(to);
+}
 
 void InputFileChoices::AddFiles(const std::vector<std::string>& names) {
     auto position = static_cast<std::size_t>(At("InputFilesOpen").value);

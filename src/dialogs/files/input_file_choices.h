@@ -16,9 +16,10 @@ namespace quelmont {
 /// Files are added before the line that is selected, several in their order: each opens its
 /// InputFileParams, and is passed over when that is cancelled. Afterwards the line behind them is
 /// selected, so that the next ones follow. Files that are dropped on a line are added in the same
-/// way. The design's list changes at once; Cancel puts back the one that was there at first.
+/// way. A file is moved by buttons, a line at a time, or dragged to before another line; it stays the
+/// selected one. The design's list changes at once; Cancel puts back the one that was there at first.
 ///
-/// Reads   MapFileDefault (tells the file dialog where to start and with which filter).
+/// Reads   MapFileDefault (tells the file dialog where to start).
 /// Writes  InputFiles, MapFileCount; MapFileDefault (the file added last); DialogCancelled, which is
 ///         true unless OK was pressed.
 class InputFileChoices : public DesignDialog {
@@ -39,6 +40,11 @@ private:
     void InputFileEdit_Click();
     void InputFileDelete_Click();
     void InputFilesOpen_Drop();
+    void InputFilesOpen_Drag();
+    /// Moves a file to another position in the list, from 0, and selects it there.
+    void MoveFile(std::size_t from, std::size_t to);
+    /// Moves the selected file a line up or down.
+    void MoveSelected(std::ptrdiff_t by);
     void RestoreAndCancel();
 
     std::vector<InputFileEntry> filesBefore;

@@ -99,6 +99,10 @@ void InputFileParams::AddFeatures() {
     }
     ShowSizes();
     On("GeoFeatures", ControlEvent::Click, [this] { GeoFeatures_Click(); });
+    Add({.name = "ShowAll", .kind = ControlKind::Button, .text = "&Show all"});
+    Add({.name = "HideAll", .kind = ControlKind::Button, .text = "&Hide all"});
+    On("ShowAll", ControlEvent::Click, [this] { ShowEveryRow(true); });
+    On("HideAll", ControlEvent::Click, [this] { ShowEveryRow(false); });
 }
 
 std::size_t InputFileParams::Rows() const { return At("GeoFeatures").cells.size() / Columns; }
@@ -116,11 +120,12 @@ void InputFileParams::ShowName(std::size_t row, bool shown) {
     GridCell& cell = Cell(row, NameColumn);
     cell.text = FeatureRows(fileName)[row].name;
     cell.textColor = shown ? ShownText : HiddenText;
+    cell.checked = shown;
     cell.words = cell.text + (shown ? ", shown" : ", not shown");
 }
 
 bool InputFileParams::IsShown(std::size_t row) const {
-    return At("GeoFeatures").cells[row * Columns + NameColumn].textColor == ShownText;
+    return *At("GeoFeatures").cells[row * Columns + NameColumn].checked;
 }
 
 std::string InputFileParams::SizeText(std::int16_t twips, double proposedPixels) const {
@@ -159,6 +164,13 @@ void InputFileParams::GeoFeatures_Click() {
         ColorPicBox_Click(row);
     } else if (!Cell(row, column).text.empty()) {
         EditSize(row, column);
+    }
+}
+
+void InputFileParams::ShowEveryRow(bool shown) {
+    SetFocus("GeoFeatures");
+    for (std::size_t row = 0; row < Rows(); ++row) {
+        ShowName(row, shown);
     }
 }
 

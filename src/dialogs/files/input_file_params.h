@@ -40,6 +40,7 @@ private:
     void SymbolType1_Click();
     void ShowSizes();
     void GeoFeatures_Click();
+    void ShowEveryRow(bool shown);
     void ColorPicBox_Click(std::size_t row);
     void EditSize(std::size_t row, std::size_t column);
     void OK_Click();

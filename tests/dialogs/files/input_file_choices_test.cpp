@@ -8,10 +8,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace quelmont {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 /// The dialog on a design with the files /maps/1.map, /maps/2.pkd, /maps/3.mps.
@@ -120,10 +123,12 @@ TEST_F(FileList, AddAsksForFiles) {
     ASSERT_EQ(machine.fileDialogs.asked.size(), 1U);
     const FileDialogRequest& request = machine.fileDialogs.asked[0];
     EXPECT_EQ(request.title, "Open Digital Map File");
-    EXPECT_EQ(request.filter,
-              "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, "
-              ".grf)|*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World "
-              "(.mp1, .mps)|*.mp1;*.mps");
+    EXPECT_EQ(
+        request.filter,
+        "ASCII (.prn, .utm)|*.prn;*.utm|MWDB2 (.all, .pnt, .cci)|*.all;*.pnt;*.cci|USGS DLG (.grv, "
+        ".grf)|*.grv;*.grf|QMNT (.map)|*.map|WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd|World "
+        "(.mp1, .mps)|*.mp1;*.mps|All digital map files|*.prn;*.utm;*.all;*.pnt;*.cci;*.grv;*.grf;*.map;"
+        "*.dat;*.pkv;*.pkd;*.mp1;*.mps|All files|*");
     EXPECT_EQ(request.name, "1.map");
     EXPECT_EQ(request.folder, "/maps");
     EXPECT_TRUE(request.several);
@@ -131,16 +136,23 @@ TEST_F(FileList, AddAsksForFiles) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(FileList, FilterFollowsTheFileChosenLast) {
-    const std::pair<const char*, int> filters[] = {{"/a.prn", 1}, {"/a.UTM", 1}, {"/a.all", 2}, {"/a.pnt", 2},
-                                                   {"/a.cci", 2}, {"/a.grv", 3}, {"/a.grf", 3}, {"/a.map", 4},
-                                                   {"", 4},       {"/a.dat", 5}, {"/a.pkv", 6}, {"/a.PKD", 6},
-                                                   {"/a.mp1", 7}, {"/a.mps", 7}, {"/a.txt", 4}};
-    for (const auto& [name, index] : filters) {
+TEST_F(FileList, FilterShowsEveryMapFileAtFirst) {
+    for (const char* const name : {"/a.prn", "/a.UTM", "/a.grv", "/a.map", "", "/a.txt"}) {
         Design.MapFileDefault = name;
         InputFileChoices form;
         form.Press("InputFileAdd");
-        EXPECT_EQ(machine.fileDialogs.asked.back().filterIndex, index) << name;
+        const FileDialogRequest& request = machine.fileDialogs.asked.back();
+        std::vector<std::string> parts;
+        std::istringstream filter(request.filter);
+        for (std::string part; std::getline(filter, part, '|');) {
+            parts.push_back(part);
+        }
+        ASSERT_EQ(parts.size(), 2U * 9U);
+        const auto chosen = static_cast<std::size_t>(2 * request.filterIndex - 1);
+        for (const char* const ending :
+             {"prn", "utm", "all", "pnt", "cci", "grv", "grf", "map", "dat", "pkv", "pkd", "mp1", "mps"}) {
+            EXPECT_THAT(";" + parts[chosen] + ";", HasSubstr(std::string(";*.") + ending + ";")) << name;
+        }
     }
 }
 
@@ -379,6 +391,98 @@ TEST_F(FileList, CancelPutsTheListBack) {
     EXPECT_TRUE(Design.DialogCancelled);
     EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/maps/2.pkd", "/maps/3.mps"));
     EXPECT_EQ(Design.InputFiles[1].MapFileType, SymbolLine);
+}
+
+// ---- The order of the files
+
+TEST_F(FileList, MoveUpAndMoveDownMoveTheSelectedFile) {
+    InputFileChoices form;
+    form.Choose("InputFilesOpen", 2);
+    form.Press("MoveUp");
+    EXPECT_THAT(Lines(form), ElementsAre("01   /maps/1.map", "02   /maps/3.mps", "03   /maps/2.pkd", ""));
+    EXPECT_EQ(Selected(form), 1) << "it stays the selected one";
+    EXPECT_EQ(form.Focus(), "InputFilesOpen");
+    form.Press("MoveUp");
+    EXPECT_THAT(Names(), ElementsAre("/maps/3.mps", "/maps/1.map", "/maps/2.pkd"));
+    form.Press("MoveDown");
+    form.Press("MoveDown");
+    EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/maps/2.pkd", "/maps/3.mps"));
+    EXPECT_EQ(Selected(form), 2);
+}
+
+TEST_F(FileList, FilesMoveOnlyWithinTheList) {
+    InputFileChoices form;
+    const auto movable = [&](int line) {
+        form.Choose("InputFilesOpen", line);
+        return std::pair(form.At("MoveUp").enabled, form.At("MoveDown").enabled);
+    };
+    EXPECT_EQ(movable(0), std::pair(false, true));
+    EXPECT_EQ(movable(1), std::pair(true, true));
+    EXPECT_EQ(movable(2), std::pair(true, false));
+    EXPECT_EQ(movable(3), std::pair(false, false)) << "the blank line";
+    form.Press("MoveUp");
+    form.Choose("InputFilesOpen", 0);
+    form.Press("MoveUp");
+    form.Choose("InputFilesOpen", 2);
+    form.Press("MoveDown");
+    EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/maps/2.pkd", "/maps/3.mps"));
+}
+
+TEST_F(FileList, StyleOfAFileMovesWithIt) {
+    Design.InputFiles[0].MapFileType = SymbolFilledCircle;
+    Design.InputFiles[0].Features[1].Shown = false;
+    InputFileChoices form;
+    form.Choose("InputFilesOpen", 0);
+    form.Press("MoveDown");
+    form.Press("OK");
+    ASSERT_EQ(Design.InputFiles[1].MapFileName, "/maps/1.map");
+    EXPECT_EQ(Design.InputFiles[1].MapFileType, SymbolFilledCircle);
+    EXPECT_FALSE(Design.InputFiles[1].Features[1].Shown);
+    EXPECT_TRUE(Design.InputFiles[0].Features[1].Shown);
+}
+
+TEST_F(FileList, DraggedFileStandsBeforeTheLineWhereItWasLetGo) {
+    struct Row {
+        int from, before;
+        std::vector<std::string> names;
+        int selected;
+    };
+    const std::string a = "/maps/1.map";
+    const std::string b = "/maps/2.pkd";
+    const std::string c = "/maps/3.mps";
+    for (const Row& row : {Row{0, 2, {b, a, c}, 1}, Row{0, 3, {b, c, a}, 2}, Row{2, 0, {c, a, b}, 0},
+                           Row{1, 1, {a, b, c}, 1}, Row{1, 2, {a, b, c}, 1}, Row{3, 0, {a, b, c}, 3}}) {
+        SetFiles({a, b, c});
+        InputFileChoices form;
+        form.Drag("InputFilesOpen", row.from, row.before);
+        EXPECT_EQ(Names(), row.names) << row.from << " to " << row.before;
+        EXPECT_EQ(Selected(form), row.selected);
+        EXPECT_EQ(Lines(form).back(), "");
+    }
+}
+
+TEST_F(FileList, CancelPutsTheOrderBack) {
+    InputFileChoices form;
+    form.Drag("InputFilesOpen", 0, 3);
+    form.PressCancel();
+    EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/maps/2.pkd", "/maps/3.mps"));
+}
+
+TEST_F(FileList, DeleteKeyAsksAsTheButtonDoes) {
+    InputFileChoices form;
+    form.PressDelete("InputFilesOpen"); // the blank line
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    form.Choose("InputFilesOpen", 1);
+    machine.boxes.Answer(BoxAnswer::No);
+    form.PressDelete("InputFilesOpen");
+    EXPECT_EQ(Names().size(), 3U);
+    machine.boxes.Answer(BoxAnswer::Yes);
+    form.PressDelete("InputFilesOpen");
+    EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/maps/3.mps"));
+    const std::vector<AskedBox> boxes = machine.boxes.Taken();
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[0].title, "Delete Digital Map File from List");
+    EXPECT_EQ(boxes[0].text, "File: 2.pkd\n\nRemove file from the list of digital map files?");
 }
 
 } // namespace

@@ -411,6 +411,42 @@ TEST_F(FileParameters, ReopenedEntryShowsWhatWasStored) {
     EXPECT_EQ(Cell(72, Name).textColor, Black);
 }
 
+TEST_F(FileParameters, CheckBoxTellsWhetherARowIsShown) {
+    Add("a.map");
+    Click(2, Name);
+    for (int row = 1; row <= 10; ++row) {
+        EXPECT_EQ(Cell(row, Name).checked, row != 2) << row;
+        EXPECT_EQ(Cell(row, Color).checked, std::nullopt);
+    }
+    Click(2, Name);
+    EXPECT_EQ(Cell(2, Name).checked, true);
+}
+
+TEST_F(FileParameters, AllRowsAreShownOrHiddenAtOnce) {
+    Add("a.grf");
+    Click(5, Name);
+    form->Press("HideAll");
+    EXPECT_EQ(form->Focus(), "GeoFeatures");
+    for (int row = 1; row <= 72; ++row) {
+        EXPECT_EQ(Cell(row, Name).textColor, LightGrey);
+        EXPECT_EQ(Cell(row, Name).checked, false);
+    }
+    Click(7, Name);
+    form->PressDefault();
+    EXPECT_FALSE(Style(5).Shown);
+    EXPECT_TRUE(Style(7).Shown);
+    EXPECT_FALSE(Style(72).Shown);
+    Edit();
+    form->Press("ShowAll");
+    for (int row = 1; row <= 72; ++row) {
+        EXPECT_EQ(Cell(row, Name).textColor, Black);
+        EXPECT_EQ(Cell(row, Name).checked, true);
+    }
+    form->PressDefault();
+    EXPECT_TRUE(Style(1).Shown && Style(72).Shown);
+    EXPECT_FALSE(Style(0).Shown);
+}
+
 TEST_F(FileParameters, CancelStoresNothing) {
     Add("a.map");
     ChooseType(SymbolPlus);
