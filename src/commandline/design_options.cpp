@@ -161,10 +161,9 @@ void TakeGrid(const DrawOptions& options) {
 
 std::int16_t Twips(int pixels) { return RoundToInt16(pixels * static_cast<double>(Design.TwipsPerPixelY)); }
 
-InputFileEntry EntryOf(const MapFileOptions& options) {
-    InputFileEntry entry = NewMapFileEntry(options.file);
+void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
     entry.MapFileType = options.symbol.value_or(entry.MapFileType);
-    const std::size_t rows = FeatureRows(options.file).size();
+    const std::size_t rows = FeatureRows(entry.MapFileName).size();
     for (std::size_t row = 1; row <= rows; ++row) {
         FeatureStyle& style = entry.Features[row];
         style.Color = options.color.value_or(style.Color);
@@ -175,16 +174,19 @@ InputFileEntry EntryOf(const MapFileOptions& options) {
     for (const int row : options.hidden) {
         entry.Features[static_cast<std::size_t>(row)].Shown = false;
     }
-    return entry;
 }
 
 void TakeMaps(const DrawOptions& options) {
     if (options.noMap || !options.maps.empty()) {
         Design.InputFiles.clear();
         for (const MapFileOptions& map : options.maps) {
-            Design.InputFiles.push_back(EntryOf(map));
+            TakeStyle(Design.InputFiles.emplace_back(NewMapFileEntry(map.file)), map);
         }
         Design.MapFileCount = RoundToInt16(static_cast<double>(options.maps.size()));
+        return;
+    }
+    for (InputFileEntry& defaultMap : Design.InputFiles) {
+        TakeStyle(defaultMap, options.defaultMap);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "core/stop_signals.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
+#include "mapinput/ascii_map_reader.h"
 #include "output/bmp/bmp_file.h"
 
 #include <QJsonArray>
@@ -86,6 +87,10 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
     for (const std::string& name : OptionsWithoutMeaning(options)) {
         errors << Program << name << " means nothing on this projection.\n";
     }
+    for (const std::string& name : OptionsOfUndrawnMap(options)) {
+        errors << Program << name
+               << " means nothing before the first --map, as the default map is not drawn.\n";
+    }
     if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
         return ExitFailed;
     }
@@ -100,6 +105,11 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
         return ExitFailed;
     }
     const StopSignals stopSignals;
+    for (const std::string& name : FilesWithoutLineStarts()) {
+        errors << Program << name
+               << ": no first column is -1, 0 or 1. A flag comes first, then latitude and longitude; "
+                  "--help shows an example.\n";
+    }
 
     const Timer::time_point drawn = Timer::now();
     try {

@@ -3,6 +3,7 @@
 #include "commandline/export_output.h"
 #include "commandline/option_values.h"
 #include "core/file_names.h"
+#include "mainwindow/start_up.h"
 #include "mapfiles/feature_rows.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
@@ -82,6 +83,15 @@ constexpr const char* Notes =
     R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
 west are negative). What is not given stands as the dialogs of the window propose
 it: bounds and grid for the projection, standard parallels for the bounds.
+
+A map file that ends in .prn is a text of one's own, a point on each line:
+  flag, latitude, longitude, and perhaps a label in double quotes
+The flag is -1 where a line begins and 0 where it goes on. Decimal degrees, south and
+west negative; commas or blanks between them:
+  -1  46.20   6.15  "Geneva"
+   0  46.52   6.63
+   0  46.46   6.84
+  -1 -33.86 151.21  "Sydney"
 
 Examples:
   quelmont-draw world.png
@@ -269,19 +279,23 @@ void OptionTable::AddGrid() {
         [this](const std::string& value) { options.background = ColorOf(value); });
 }
 
-/// An option that belongs to the --map before it. It is taken when it is read, not at the end.
+/// An option that belongs to the --map before it, and to the default map before the first. It is taken when
+/// it is read, not at the end.
 void OptionTable::AddOfMap(const std::string& name, const char* type, const char* description,
                            std::function<void(MapFileOptions& map, const std::string& value)> take) {
-    Add(name, type, description, [this, take = std::move(take)](const std::string& value) {
+    Add(name, type, description, [this, name, take = std::move(take)](const std::string& value) {
         if (options.maps.empty()) {
-            throw BadValue("no --map stands before it");
+            take(options.defaultMap, value);
+            options.namesOfDefaultMap.push_back(name);
+        } else {
+            take(options.maps.back(), value);
         }
-        take(options.maps.back(), value);
     })->trigger_on_parse();
 }
 
 void OptionTable::AddMaps() {
-    group = "Map files, drawn in their order; the others belong to the --map before them";
+    group = "Map files, in their order; the others belong to the --map before, or the default map";
+    options.defaultMap.file = DefaultMapTitle;
     CLI::Option* const map =
         Add("--map", "FILE", "A map file, instead of the default map",
             [this](const std::string& value) { options.maps.emplace_back().file = value; });
@@ -339,6 +353,10 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return WrongUsage{"--window: the picture is larger than the --screen"};
     }
     return options;
+}
+
+std::vector<std::string> OptionsOfUndrawnMap(const DrawOptions& options) {
+    return options.noMap || !options.maps.empty() ? options.namesOfDefaultMap : std::vector<std::string>();
 }
 
 std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options) {

@@ -40,7 +40,9 @@ struct DrawOptions {
     std::optional<ColorValue> background;
     bool noMap = false;
     std::vector<MapFileOptions> maps; ///< empty: the default map
-    SurfacePoint window{1280, 924};   ///< drawing area, pixels
+    MapFileOptions defaultMap;        ///< its style; the file is the one that comes with the program
+    std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it
+    SurfacePoint window{1280, 924};             ///< drawing area, pixels
     std::optional<SurfacePoint> screen;
     int percent = 100;
     bool stats = false;
@@ -60,6 +62,9 @@ struct WrongUsage {
 /// Reads a command line without the program's name.
 std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vector<std::string>& arguments,
                                                                   const std::string& version);
+
+/// The options that were given for the default map, if that is not drawn.
+std::vector<std::string> OptionsOfUndrawnMap(const DrawOptions& options);
 
 /// The options that were given and mean nothing on the projection chosen.
 std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options);

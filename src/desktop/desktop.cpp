@@ -1,5 +1,6 @@
 #include "desktop/desktop.h"
 
+#include "desktop/desktop_options.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
 #include "platform/machine.h"
@@ -25,6 +26,17 @@ void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
     }
 }
 
+constexpr int ExitWrongUsage = 2;
+
+/// Writes what was asked for; a full disk behind it must not pass for success.
+int Print(const std::string& text) {
+    const bool written = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+    if (!written) {
+        std::fputs("quelmont: The standard output cannot be written.\n", stderr);
+    }
+    return written ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 } // namespace
 
 Desktop::Desktop() : boxes(window), forms(window), screen(window), fileDialogs(window) {
@@ -41,11 +53,22 @@ void Desktop::Start() {
 }
 
 int RunDesktop(int argc, char** argv) {
+    if (const auto answer = DesktopAnswer({argv + 1, argv + argc})) {
+        return Print(*answer);
+    }
     QApplication::setApplicationName(QStringLiteral("quelmont"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quelmont"));
     const QtMessageHandler before = qInstallMessageHandler(NoDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(before);
+    if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1) {
+        // Qt has taken its own.
+        std::fputs(("quelmont: \"" + arguments[1].toStdString() +
+                    "\" means nothing here\nquelmont --help tells the options.\n")
+                       .c_str(),
+                   stderr);
+        return ExitWrongUsage;
+    }
     Desktop desktop;
     desktop.Start();
     return QApplication::exec();

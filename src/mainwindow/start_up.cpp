@@ -42,7 +42,7 @@ void StartUp() {
     Design.HelpFile = Design.AppPath + "Qmnt.chm";
     ResetMenus();
     InstallWriters();
-    Design.MapFileDefault = Design.AppPath + "Qmnt4.map";
+    Design.MapFileDefault = Design.AppPath + DefaultMapTitle;
     ConstantDefs();
     ConstantGrid();
     CalcGraticule();

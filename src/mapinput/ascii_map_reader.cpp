@@ -9,7 +9,9 @@
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 
 namespace quelmont {
@@ -49,15 +51,36 @@ void AddLabel(std::string text, const InputFileEntry& file, std::int32_t FileInd
     Design.MapLabels.push_back(std::move(label));
 }
 
+std::vector<std::string>& Doubtful() {
+    static std::vector<std::string> names;
+    return names;
+}
+
+/// Once, though an interrupted map reads its files for every lobe.
+void AddDoubtful(const std::string& name) {
+    std::vector<std::string>& names = Doubtful();
+    if (std::find(names.begin(), names.end(), name) == names.end()) {
+        names.push_back(name);
+    }
+}
+
 } // namespace
+
+const std::vector<std::string>& FilesWithoutLineStarts() { return Doubtful(); }
+
+void ForgetLineStarts() { Doubtful().clear(); }
 
 bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
     const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
     Design.UtmPointPath = format.form != MapFileForm::AsciiMetres;
     TakeFeaturePen(1, FileIndex, SitesAscii);
     ByteReader bytes;
+    bool hasPoints = false;
+    bool hasFlags = false;
     for (AsciiPoints points(bytes); points.Find();) {
         const AsciiMapPoint read = points.Take();
+        hasPoints = true;
+        hasFlags = hasFlags || std::abs(static_cast<std::int64_t>(read.Break)) <= 1;
         if (Design.UtmPointPath) {
             TestDegrees(point, read.Second, read.Third);
         } else {
@@ -72,6 +95,9 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& form
         if (point.PointInBounds && !read.Label.empty()) {
             AddLabel(ToUtf8(read.Label), file, FileIndex);
         }
+    }
+    if (hasPoints && !hasFlags && Design.UtmPointPath) {
+        AddDoubtful(file.MapFileName);
     }
     DeleteMapPen(SiteAsciiEnd);
     return true;

@@ -100,6 +100,9 @@ void MapPlotRun::Run() {
         caption = Machine().window->Caption();
         Design.LineStart = 0; // a draw before this one may have ended anywhere
         Design.MapLabels.clear();
+        if (Design.LobeFirst) {
+            ForgetLineStarts();
+        }
         bool whole = true;
         for (std::int32_t index = 1; whole && index <= Design.MapFileCount; ++index) {
             whole = PlotFile(index) == After::NextFile;

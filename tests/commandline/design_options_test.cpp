@@ -216,6 +216,20 @@ TEST_F(DesignOptions, MapFilesReplaceTheDefaultMap) {
     EXPECT_EQ(b.Features[1].LineWidth, 15);
 }
 
+TEST_F(DesignOptions, DefaultMapTakesTheStylesBeforeTheFirstMap) {
+    ASSERT_TRUE(
+        Apply({"--symbol", "3", "--feature-color", "102030", "--symbol-size", "4", "--hide", "3,10"}));
+    ASSERT_EQ(Design.InputFiles.size(), 1U);
+    const InputFileEntry& map = Design.InputFiles[0];
+    EXPECT_EQ(map.MapFileName, "/program/Qmnt4.map");
+    EXPECT_EQ(map.MapFileType, SymbolPlus);
+    for (std::size_t row = 1; row <= 10; ++row) {
+        EXPECT_EQ(map.Features[row].Color & 0xFFFFFFU, Rgb(0x10, 0x20, 0x30)) << row;
+        EXPECT_EQ(map.Features[row].SymbolSize, 60) << "4 pixels of 15 twips";
+        EXPECT_EQ(map.Features[row].Shown, row != 3 && row != 10) << row;
+    }
+}
+
 TEST_F(DesignOptions, NoMapLeavesTheListEmpty) {
     ASSERT_TRUE(Apply({"--no-map"}));
     EXPECT_THAT(Design.InputFiles, IsEmpty());

@@ -192,6 +192,45 @@ TEST_F(DrawCommandOf, OptionWithoutMeaningIsToldAndIgnored) {
     EXPECT_EQ(outcome.errors, "quelmont-draw: --range means nothing on this projection.\n");
 }
 
+TEST_F(DrawCommandOf, StyleOfADefaultMapThatIsNotDrawnIsToldAndIgnored) {
+    const Outcome outcome = Run({"--no-map", "--line-width", "3", picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.errors,
+              "quelmont-draw: --line-width means nothing before the first --map, as the default "
+              "map is not drawn.\n");
+}
+
+TEST_F(DrawCommandOf, TextFileWithoutFlagsIsDrawnWithANote) {
+    const std::string map = folder / "a.prn";
+    const auto errors = [&](const char* contents, const std::string& name) {
+        WriteWholeFile(name, contents);
+        const Outcome outcome = Run({"--map", name, picture});
+        EXPECT_EQ(outcome.code, ExitDone);
+        EXPECT_TRUE(std::filesystem::remove(picture));
+        return outcome.errors;
+    };
+    const std::string note =
+        "quelmont-draw: " + map +
+        ": no first column is -1, 0 or 1. A flag comes first, then latitude and longitude; "
+        "--help shows an example.\n";
+    EXPECT_EQ(errors("46.2 6.15 0\r\n46.5 6.63 0\r\n", map), note);
+    EXPECT_EQ(errors("46.2,6.15,0\n", map), note);
+    EXPECT_EQ(errors("9 46.2 6.15\r\n0 46.5 6.63\r\n", map), "") << "one of the three is enough";
+    EXPECT_EQ(errors("-1 46.2 6.15\r\n", map), "");
+    EXPECT_EQ(errors("1 46.2 6.15\r\n", map), "");
+    EXPECT_EQ(errors("", map), "") << "there is no first column";
+    EXPECT_EQ(errors("46.2 6.15 0\r\n", folder / "a.mp1"), "") << "no flags belong there";
+}
+
+TEST_F(DrawCommandOf, NoteAboutMissingFlagsComesOncePerFile) {
+    const std::string map = folder / "a.prn";
+    WriteWholeFile(map, "46.2 6.15 0\r\n");
+    const Outcome outcome = Run({"--projection", "42", "--map", map, "--map", map, picture});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_EQ(outcome.errors.find("no first column"), outcome.errors.rfind("no first column"));
+    EXPECT_EQ(Run({"--no-map", picture}).errors, "") << "the next draw has forgotten it";
+}
+
 TEST_F(DrawCommandOf, StreamThatFailsIsAFailure) {
     ResetCore();
     std::ostringstream output;

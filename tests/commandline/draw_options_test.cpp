@@ -165,18 +165,30 @@ TEST(WrongUsageOf, NumbersAndColours) {
     }
 }
 
+TEST(DrawOptionsOf, StylesBeforeTheFirstMapAreOfTheDefaultMap) {
+    const DrawOptions alone = Read({"--line-width", "3", "--hide", "4", "a.png"});
+    EXPECT_EQ(alone.defaultMap.lineWidth, 3);
+    EXPECT_THAT(alone.defaultMap.hidden, ElementsAre(4));
+    EXPECT_THAT(alone.maps, IsEmpty());
+    EXPECT_THAT(OptionsOfUndrawnMap(alone), IsEmpty());
+    const DrawOptions both = Read({"--line-width", "3", "--map", "b.prn", "--line-width", "5", "a.png"});
+    EXPECT_EQ(both.defaultMap.lineWidth, 3);
+    EXPECT_EQ(both.maps.at(0).lineWidth, 5);
+    EXPECT_THAT(OptionsOfUndrawnMap(both), ElementsAre("--line-width"));
+    EXPECT_THAT(OptionsOfUndrawnMap(Read({"--no-map", "--symbol", "2", "a.png"})), ElementsAre("--symbol"));
+}
+
 TEST(WrongUsageOf, OptionsOfMapFiles) {
     for (const std::string name :
          {"--symbol", "--feature-color", "--line-width", "--symbol-size", "--border-width", "--hide"}) {
-        EXPECT_THAT(Fault({"a.png", name, name == "--feature-color" ? "FF0000" : "1"}),
-                    HasSubstr("no --map stands before it"))
-            << name;
+        EXPECT_THAT(Fault({"a.png", name, "0x"}), HasSubstr(name)) << "of the default map";
         EXPECT_THAT(Fault({"a.png", "--map", "a.map", name, "0x"}), HasSubstr(name));
     }
     EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--symbol", "13"}), HasSubstr("from 1 to 12"));
     EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--line-width", "601"}), HasSubstr("from 1 to 600"));
     // The rows of the format count: a .map file has ten, a .prn file one.
     EXPECT_THAT(Fault({"a.png", "--map", "a.map", "--hide", "11"}), HasSubstr("from 1 to 10"));
+    EXPECT_THAT(Fault({"a.png", "--hide", "11"}), HasSubstr("from 1 to 10"));
     EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--hide", "2"}), HasSubstr("from 1 to 1"));
     EXPECT_NE(Fault({"a.png", "--no-map", "--map", "a.map"}), "");
     EXPECT_NE(Fault({"a.png", "--map"}), "");
@@ -241,6 +253,13 @@ TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
         ++examples;
     }
     EXPECT_EQ(examples, 3U);
+}
+
+TEST(HelpText, ShowsTheColumnsOfAFileOfOnesOwn) {
+    const auto result = ReadDrawOptions({"--help"}, "3.00");
+    const std::string& help = std::get<TextAnswer>(result).text;
+    EXPECT_THAT(help, HasSubstr("flag, latitude, longitude"));
+    EXPECT_THAT(help, HasSubstr("\n  -1  46.20   6.15  \"Geneva\"\n   0  46.52   6.63\n"));
 }
 
 TEST(VersionText, IsTheProgramsNameAndItsVersion) {

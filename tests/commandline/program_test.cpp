@@ -93,7 +93,7 @@ TEST_F(Program, TellsARefusedDesignOnTheErrorStream) {
 
 TEST_F(Program, TellsWrongUsage) {
     for (const char* line : {"", "--projection nonsense a.png", "--north 40Q a.png", "--grid-color red a.png",
-                             "a.png --unknown", "a.jpg", "a.png b.png", "--symbol 3 a.png"}) {
+                             "a.png --unknown", "a.jpg", "a.png b.png", "--symbol 13 a.png"}) {
         EXPECT_EQ(Run(line), 2) << line;
         EXPECT_EQ(Output(), "") << line;
         EXPECT_THAT(Errors(), StartsWith("quelmont-draw: ")) << line;

@@ -50,7 +50,7 @@ protected:
     fs::path Ini() const { return Folder() / "Qmnt.ini"; }
     fs::path UserIni() const { return folder / "home/.config/quelmont/Qmnt.ini"; }
 
-    Ended Run(const std::string& program) {
+    Ended Run(const std::string& program, const QStringList& arguments = {}) {
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory("/");
@@ -61,7 +61,7 @@ protected:
                 }
             });
         }
-        process.start(QString::fromStdString(program), QStringList{});
+        process.start(QString::fromStdString(program), arguments);
         if (!process.waitForFinished(Milliseconds) || process.exitStatus() != QProcess::NormalExit) {
             process.kill();
             process.waitForFinished();
@@ -171,6 +171,31 @@ TEST_F(HostileStart, ThroughALinkTheProgramIsWhereItLies) {
     EXPECT_EQ(ended.exitCode, 0);
     EXPECT_THAT(ended.output, HasSubstr("program " + fs::canonical(Folder()).string() + "/\n"));
     EXPECT_TRUE(fs::exists(Ini()));
+}
+
+TEST_F(HostileStart, HelpAndVersionNeedNoDisplay) {
+    environment.remove("QT_QPA_PLATFORM");
+    environment.remove("DISPLAY");
+    environment.remove("WAYLAND_DISPLAY");
+    for (const char* const option : {"-h", "--help"}) {
+        const Ended help = Run(QUELMONT_PROGRAM, {option});
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_EQ(help.errors, "");
+        for (const char* const text : {"Usage: quelmont [OPTIONS]\n", "--help ", "--version ", "Alt+D",
+                                       "quelmont-draw", "quelmont-convert"}) {
+            EXPECT_THAT(help.output, HasSubstr(text));
+        }
+    }
+    const Ended version = Run(QUELMONT_PROGRAM, {"--version"});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_EQ(version.output, "quelmont 3.00\n");
+}
+
+TEST_F(HostileStart, ArgumentThatMeansNothingIsRefused) {
+    const Ended ended = Run(QUELMONT_PROGRAM, {"-platform", "offscreen", "--hlep"});
+    EXPECT_EQ(ended.exitCode, 2);
+    EXPECT_EQ(ended.errors, "quelmont: \"--hlep\" means nothing here\nquelmont --help tells the options.\n");
+    EXPECT_THAT(ended.output, IsEmpty());
 }
 
 TEST_F(HostileStart, WithoutADisplayTheProgramSaysSoInOneLine) {
