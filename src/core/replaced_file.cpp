@@ -3,6 +3,7 @@
 #include "core/run_time_error.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -71,6 +72,36 @@ std::string ReplacedFileName(const std::string& path) {
     return target.string();
 }
 
+void SyncFile(const std::string& name) {
+    const int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    if (descriptor < 0) {
+        return; // written and not to be read: that is for its owner to know
+    }
+    const int failure = fsync(descriptor) == 0 ? 0 : errno;
+    close(descriptor);
+    switch (failure) {
+    case 0:
+    case EINVAL:
+    case EROFS:
+    case ENOTSUP:
+        return;
+    case ENOSPC:
+    case EDQUOT:
+        throw RunTimeError(ErrorDiskFull);
+    default:
+        throw RunTimeError(ErrorDeviceIo);
+    }
+}
+
+void SyncFolderOf(const std::string& name) {
+    const std::filesystem::path folder = std::filesystem::path(name).parent_path();
+    const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        [[maybe_unused]] const int done = fsync(descriptor);
+        close(descriptor);
+    }
+}
+
 void ReplaceFile(const std::string& target, const std::string& by) {
     std::error_code failure;
     std::filesystem::rename(by, target, failure);
@@ -101,9 +132,11 @@ TemporaryFile::~TemporaryFile() {
 }
 
 void TemporaryFile::MoveTo(const std::string& target) {
+    SyncFile(name); // before its mode may forbid to open it
     TakeOwnerAndMode(name, target);
     ReplaceFile(target, name);
     moved = true;
+    SyncFolderOf(target);
 }
 
 } // namespace quelmont

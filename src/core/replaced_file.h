@@ -28,8 +28,9 @@ public:
 
     const std::string& Name() const { return name; }
 
-    /// Takes the place of a file in the same folder, and who may read and write it. RunTimeError "Permission
-    /// denied", "Path/File access error"; the earlier file stays then.
+    /// Takes the place of a file in the same folder, and who may read and write it, once it lies on the
+    /// disk: after a crash of the machine too there is either file, and whole. RunTimeError "Permission
+    /// denied", "Path/File access error", "Disk full", "Device I/O error"; the earlier file stays then.
     void MoveTo(const std::string& target);
 
 private:
@@ -37,7 +38,15 @@ private:
     bool moved = false;
 };
 
-/// Gives a file the name of another in the same folder, which it replaces. RunTimeError as of MoveTo.
+/// Gives a file the name of another in the same folder, which it replaces. RunTimeError "Permission
+/// denied", "Path/File access error".
 void ReplaceFile(const std::string& target, const std::string& by);
+
+/// Returns when what was written to a file lies on the disk. RunTimeError "Disk full", "Device I/O
+/// error". Where the file system cannot tell, it returns at once.
+void SyncFile(const std::string& name);
+
+/// The same of the names in the folder of a file; what fails is passed over.
+void SyncFolderOf(const std::string& name);
 
 } // namespace quelmont

@@ -8,16 +8,50 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace {
+
+/// What was brought to the disk in this process, in order: the path of the file, and what its folder held.
+std::vector<std::pair<std::string, std::string>> Synced;
+int SyncFailure = 0; ///< with which bringing a plain file to the disk fails
+
+} // namespace
+
+/// In the place of the system's.
+extern "C" int fsync(int descriptor) {
+    std::error_code ignored;
+    const std::filesystem::path path =
+        std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), ignored);
+    const bool isFolder = std::filesystem::is_directory(path, ignored);
+    std::string names;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(isFolder ? path : path.parent_path(), ignored)) {
+        names += entry.path().filename().string() + " ";
+    }
+    Synced.emplace_back(path.string(), names);
+    if (SyncFailure != 0 && !isFolder) {
+        errno = SyncFailure;
+        return -1;
+    }
+    return 0;
+}
+
 namespace quelmont {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Pair;
 
 /// What stands behind the target's name.
 const std::string Ending = "." + std::to_string(getpid()) + ".tmp";
@@ -137,6 +171,41 @@ TEST(TemporaryFile, LeavesNothingWhereItCannotBePut) {
         EXPECT_EQ(ErrorOf([&] { file.MoveTo(folder / "a.map"); }), ErrorPathFileAccess);
     }
     EXPECT_EQ(NamesIn(folder.Path()), "a.map ");
+}
+
+TEST(TemporaryFile, LiesOnTheDiskBeforeItTakesItsPlaceAndTheFolderBehindThat) {
+    const TemporaryFolder folder;
+    const std::string path = std::filesystem::canonical(folder.Path()).string();
+    TemporaryFile file(folder / "a.map");
+    WriteWholeFile(file.Name(), "whole");
+    Synced.clear();
+    file.MoveTo(folder / "a.map");
+    EXPECT_THAT(Synced,
+                ElementsAre(Pair(path + "/a.map" + Ending, "a.map" + Ending + " "), Pair(path, "a.map ")));
+}
+
+TEST(TemporaryFile, ThatCannotBeBroughtToTheDiskTakesNoPlace) {
+    const TemporaryFolder folder;
+    for (const auto& [failure, error] : {std::pair{ENOSPC, ErrorDiskFull}, {EIO, ErrorDeviceIo}}) {
+        WriteWholeFile(folder / "a.map", "earlier");
+        TemporaryFile file(folder / "a.map");
+        WriteWholeFile(file.Name(), "whole");
+        SyncFailure = failure;
+        EXPECT_EQ(ErrorOf([&] { file.MoveTo(folder / "a.map"); }), error);
+        SyncFailure = 0;
+        EXPECT_EQ(ReadWholeFile(folder / "a.map"), "earlier");
+    }
+    EXPECT_EQ(NamesIn(folder.Path()), "a.map ");
+}
+
+TEST(TemporaryFile, IsPutWhereTheFileSystemCannotTell) {
+    const TemporaryFolder folder;
+    TemporaryFile file(folder / "a.map");
+    WriteWholeFile(file.Name(), "whole");
+    SyncFailure = EINVAL;
+    file.MoveTo(folder / "a.map");
+    SyncFailure = 0;
+    EXPECT_EQ(ReadWholeFile(folder / "a.map"), "whole");
 }
 
 TEST(ReplacedFile, IsWhereALinkLeads) {
