@@ -7,14 +7,14 @@
 #include "convert/file_target.h"
 #include "convert/gdal_errors.h"
 #include "convert/geo_json_encoder.h"
-#include "convert/line_steps.h"
+#include "convert/line_pipeline.h"
 #include "convert/map_file_source.h"
 #include "convert/progress.h"
 #include "convert/utm_zone.h"
 #include "convert/vector_source.h"
 #include "convert/vector_target.h"
+#include "core/replaced_file.h"
 #include "core/run_time_error.h"
-#include "core/text_encoding.h"
 #include "mapfiles/feature_rows.h"
 #include "mapfiles/map_formats.h"
 
@@ -24,7 +24,6 @@
 #include <optional>
 #include <ostream>
 #include <string_view>
-#include <system_error>
 #include <variant>
 
 namespace quelmont {
@@ -33,110 +32,12 @@ namespace {
 
 constexpr const char* Program = "quelmont-convert: ";
 
-/// The way of lines from a source to a target.
-class LineRoad : public LineReceiver {
-public:
-    LineRoad(const ConvertOptions& options_, LineSource& source_, FeatureChoice* choice_,
-             ConvertTally& tally_, Progress& progress_)
-        : options(options_), source(source_), choice(choice_), tally(tally_), progress(progress_),
-          numberColumn(source_.Columns().GetFieldIndex(FeatureColumn)),
-          nameColumn(source_.Columns().GetFieldIndex(NameColumn)),
-          labelColumn(options_.label ? ColumnOf(source_.Columns(), *options_.label, "--label")
-                                     : OwnLabelColumn()),
-          takesLabels(choice_ == nullptr || MapFormatOfEnding(options_.output)->labels) {}
-
-    void SetTarget(LineTarget& to) {
-        target = &to;
-        progress.Begin();
-    }
-
-    void BeginFeature(const OGRFeature& record) override {
-        feature = {};
-        if (choice != nullptr) {
-            feature.Number = choice->RowOf(record);
-            if (feature.Number != 0) {
-                feature.Name = FeatureRows(options.output)[static_cast<std::size_t>(feature.Number - 1)].name;
-            }
-        } else {
-            feature.Number = static_cast<std::int16_t>(record.GetFieldAsInteger(numberColumn));
-            feature.Name = record.GetFieldAsString(nameColumn);
-        }
-        if (labelColumn >= 0) {
-            feature.Label = ToUtf8(record.GetFieldAsString(labelColumn));
-        }
-    }
-
-    void TakeLine(MapLine& line) override {
-        progress.Add(static_cast<std::int64_t>(line.size()), source.Share());
-        CheckOnEarth(line);
-        if (choice != nullptr && feature.Number == 0) {
-            ++tally.unknownLines;
-            return;
-        }
-        SplitAt180(line, [this](MapLine& piece) {
-            if (options.bounds) {
-                CutToBounds(piece, *options.bounds, [this](MapLine& part) { Write(part); });
-            } else {
-                Write(piece);
-            }
-        });
-    }
-
-private:
-    /// Of a map file that is read; other sources have their labels where they are told to.
-    int OwnLabelColumn() const {
-        return MapFormatOfEnding(options.input) != nullptr ? source.Columns().GetFieldIndex(LabelColumn) : -1;
-    }
-
-    void Write(MapLine& line) {
-        if (options.simplify) {
-            Simplify(line, *options.simplify);
-        }
-        tally.Extend(line);
-        target->Write(feature, line);
-        tally.lostLabels += takesLabels || feature.Label.empty() ? 0 : 1;
-        // A label stands once, at the front of what is first written of its feature.
-        feature.Label.clear();
-    }
-
-    const ConvertOptions& options;
-    LineSource& source;
-    FeatureChoice* choice; ///< none when the target has no features of its own
-    ConvertTally& tally;
-    Progress& progress;
-    int numberColumn, nameColumn; ///< of a map file
-    int labelColumn;              ///< -1 without labels
-    bool takesLabels;             ///< the target
-    LineTarget* target = nullptr;
-    TargetFeature feature;
-};
-
-/// Looks which kinds of lines come, and writes nothing.
-class LineLook : public LineTarget {
-public:
-    void Write(const TargetFeature& feature, MapLine& line) override {
-        (line.size() == 1 ? mix.points : mix.lines) = true;
-        mix.labels = mix.labels || !feature.Label.empty();
-    }
-    void Finish() override {}
-    LineMix mix;
-};
-
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(a, b, ignored);
-}
-
 /// One run with two files.
 class Conversion {
 public:
     Conversion(const ConvertOptions& options_, std::ostream& errors_, bool terminal)
         : options(options_), errors(errors_), from(MapFormatOfEnding(options_.input)),
-          to(MapFormatOfEnding(options_.output)), progress(errors_, terminal) {
-        if (options.utm) {
-            zone.emplace(*options.utm);
-        }
-    }
+          to(MapFormatOfEnding(options_.output)), progress(errors_, terminal) {}
 
     /// The line of statistics.
     std::string Run() {
@@ -145,13 +46,13 @@ public:
         if (to != nullptr) {
             choice.emplace(options.feature, options.output, source->Columns());
         }
-        LineRoad road(options, *source, choice ? &*choice : nullptr, tally, progress);
-        const std::unique_ptr<LineTarget> target = NewTarget(road);
-        road.SetTarget(*target);
-        source->Read(road);
+        LinePipeline pipeline(options, *source, choice ? &*choice : nullptr, tally, progress);
+        const std::unique_ptr<LineTarget> target = NewTarget(pipeline);
+        pipeline.SetTarget(*target);
+        source->Read(pipeline);
         target->Finish();
         progress.Clear();
-        tally.emptyFeatures = source->emptyFeatures;
+        tally.source = source->losses;
         Tell(choice && choice->GuessedFirst());
         return tally.StatisticsLine();
     }
@@ -164,8 +65,11 @@ private:
                 throw ConvertError(options.input + ": there is no layer \"" + *options.layer +
                                    "\" in it, as a map file has none");
             }
-            source =
-                std::make_unique<MapFileSource>(options.input, *from, options.where, zone ? &*zone : nullptr);
+            if (IsMetres(from)) {
+                sourceZone.emplace(*options.utm, 0.0);
+            }
+            source = std::make_unique<MapFileSource>(options.input, *from, options.where,
+                                                     sourceZone ? &*sourceZone : nullptr);
         } else {
             auto vector =
                 std::make_unique<VectorSource>(options.input, options.layer, options.where, gdalErrors);
@@ -180,39 +84,86 @@ private:
         }
     }
 
-    std::unique_ptr<LineTarget> NewTarget(LineRoad& road) {
+    /// Reads the source once to see what comes.
+    void Look(LinePipeline& pipeline, LineLook& look) {
+        pipeline.SetTarget(look);
+        source->Read(pipeline);
+        tally = {};
+    }
+
+    void ChooseTargetZone(LinePipeline& pipeline) {
+        double northing = 0.0;
+        if (!options.utm->Northing) {
+            LineLook look;
+            Look(pipeline, look);
+            onBothSides = look.AnySouth() && look.AnyNorth();
+            allSouth = look.AnySouth() && !look.AnyNorth();
+            northing = allSouth ? SouthernNorthing : 0.0;
+        }
+        targetZone.emplace(*options.utm, northing);
+    }
+
+    std::unique_ptr<LineTarget> NewTarget(LinePipeline& pipeline) {
         if (to != nullptr) {
+            if (IsMetres(to)) {
+                ChooseTargetZone(pipeline);
+            }
             return std::make_unique<FileTarget>(
-                options.output, NewMapFileEncoder(options.output, *to, zone ? &*zone : nullptr, tally),
-                options.append ? to : nullptr);
+                options.output,
+                NewMapFileEncoder(options.output, *to, targetZone ? &*targetZone : nullptr, tally),
+                options.append ? to : nullptr,
+                [this] { Note(options.output + ": waiting for another program that adds to it"); });
         }
         // Which geometries and columns a layer has must be known when it begins.
         LineLook look;
-        road.SetTarget(look);
-        source->Read(road);
-        tally = {};
+        Look(pipeline, look);
         const VectorFileKind& kind = *VectorFileKindOf(options.output);
         if (kind.driver == nullptr) {
             return std::make_unique<FileTarget>(options.output, NewGeoJsonEncoder(look.mix.labels, tally),
-                                                nullptr);
+                                                nullptr, [] {});
         }
         return std::make_unique<VectorTarget>(options.output, kind, look.mix, gdalErrors, tally);
     }
 
+    void Note(const std::string& text) const { errors << Program << text << std::endl; }
+
     void Tell(bool guessedFirst) {
-        const auto note = [this](const std::string& text) { errors << Program << text << '\n'; };
         for (const std::string& warning : gdalErrors.Warnings()) {
-            note(warning);
+            Note(warning);
         }
         if (noReferenceSystem) {
-            note("the coordinates are taken for longitude and latitude, as there is no reference system");
+            Note("the coordinates are taken for longitude and latitude, as there is no reference system");
         }
         if (guessedFirst) {
-            note("everything without a row of its own became feature 1, \"" +
+            Note("everything without a row of its own became feature 1, \"" +
                  std::string(FeatureRows(options.output)[0].name) + "\"; --feature chooses another");
         }
+        TellNorthings();
         for (const std::string& text : tally.Notes(EndingOfOutput())) {
-            note(text);
+            Note(text);
+        }
+    }
+
+    void TellNorthings() const {
+        if (!options.utm || options.utm->Northing) {
+            return;
+        }
+        const auto option = [this](const char* northing) {
+            return "--utm \"" + NumberWords(options.utm->CentralLon) + "," + options.utm->Spheroid + "," +
+                   northing + "\"";
+        };
+        if (IsMetres(from)) {
+            Note("the northings of " + options.input + " are counted from the equator; " +
+                 option("10000000") + " is for a zone of the south");
+        }
+        if (allSouth) {
+            Note("the false northing is 10000000 metres, as all lies south of the equator; the map needs "
+                 "the same, and " +
+                 option("0") + " leaves it out");
+        }
+        if (onBothSides) {
+            Note("northings south of the equator are negative, and no map can show them; " +
+                 option("10000000") + " adds a false northing");
         }
     }
 
@@ -227,7 +178,9 @@ private:
     GdalErrors gdalErrors;
     Progress progress;
     ConvertTally tally;
-    std::optional<UtmZone> zone;
+    std::optional<UtmZone> sourceZone, targetZone; ///< of .utm files
+    bool allSouth = false; ///< of the equator; looked for in a zone without a northing
+    bool onBothSides = false;
     std::unique_ptr<LineSource> source;
     bool noReferenceSystem = false;
 };

@@ -49,22 +49,32 @@ Options:
                             a map file or was made from one, else row 1
   --label COLUMN            Labels for .prn and .utm
   --simplify ARCSECONDS     Drop points where the line moves no more than this
-  --utm LON[,SPHEROID]      Central longitude of a .utm file's zone, and its
-                            spheroid (Clarke 1866)
-  --append                  Add to OUTPUT, a map file, if it is there
+  --utm LON[,SPHEROID[,NORTHING]]
+                            Zone of a .utm file: its central longitude, its
+                            spheroid (Clarke 1866) and its false northing in
+                            metres, 0 to 10000000. Without that it is 10000000 in
+                            an OUTPUT that lies south of the equator as a whole,
+                            else 0
+  --append                  Add to OUTPUT, a map file, if it is there. Several may
+                            add to one file at once: each waits for its turn
   --stats                   Print what was written as a line of JSON
   -h, --help                Print this help and exit
   --version                 Print the version and exit
 
 Coordinates of any reference system become latitude and longitude on WGS84, and
-stay as they are where there is none. Polygons become closed lines; lines that
-cross 180 degrees are cut there. What a format cannot hold is told.
+stay as they are where there is none; what is straight in a projected system gets
+points in between where it is curved in degrees. Polygons become closed lines;
+lines that cross 180 degrees are cut there, and steps of more than 20 degrees of
+longitude get points in between. Each point of a feature of several points has the
+label, of several lines the first one. Lines whose rank or code means nothing are
+left out. Whatever is lost, added or changed is told on the error stream.
 
 Examples:
   quelmont-convert ne_10m_coastline.shp coast.pkv --feature 9
   quelmont-convert roads.gpkg roads.grf --layer roads --feature @class \
       --bounds 5,45,16,48
   quelmont-convert towns.geojson towns.prn --label name --where "pop > 100000"
+  quelmont-convert tasmania.shp tasmania.utm --utm "147,WGS84 1984,10000000"
   quelmont-convert world.map world.gpkg
 
 Exit status: 0 done; 1 something failed, as the message tells, and OUTPUT is as it
@@ -124,25 +134,34 @@ double ToleranceOf(const std::string& value) {
     return *number;
 }
 
+std::string SpheroidOf(std::string_view wanted) {
+    std::string names;
+    for (const Spheroid& spheroid : Spheroids) {
+        if (Capitals(spheroid.name) == Capitals(wanted)) {
+            return std::string(spheroid.name);
+        }
+        names += (names.empty() ? "" : ", ") + std::string(spheroid.name);
+    }
+    Refuse("--utm", wanted, "spheroid; there are " + names);
+}
+
 UtmZoneChoice ZoneOf(const std::string& value) {
-    const std::size_t comma = std::min(value.find(','), value.size());
-    const std::optional<double> lon = LongitudeOf(std::string_view(value).substr(0, comma));
-    if (!lon) {
-        Refuse("--utm", value, "longitude such as 9 or 93W, perhaps with a spheroid behind a comma");
+    const std::vector<std::string_view> parts = SplitAtCommas(value);
+    const std::optional<double> lon = parts.empty() ? std::nullopt : LongitudeOf(parts[0]);
+    if (!lon || parts.size() > 3) {
+        Refuse("--utm", value,
+               "longitude such as 9 or 93W, perhaps with a spheroid and a false northing behind commas");
     }
     UtmZoneChoice zone;
     zone.CentralLon = *lon;
-    if (comma < value.size()) {
-        const std::string wanted = Capitals(value.substr(comma + 1));
-        std::string names;
-        for (const Spheroid& spheroid : Spheroids) {
-            if (Capitals(spheroid.name) == wanted) {
-                zone.Spheroid = spheroid.name;
-                return zone;
-            }
-            names += (names.empty() ? "" : ", ") + std::string(spheroid.name);
+    if (parts.size() > 1) {
+        zone.Spheroid = SpheroidOf(parts[1]);
+    }
+    if (parts.size() > 2) {
+        zone.Northing = NumberOf(parts[2]);
+        if (!zone.Northing || !(*zone.Northing >= 0.0 && *zone.Northing <= SouthernNorthing)) {
+            Refuse("--utm", parts[2], "false northing of 0 to 10000000 metres");
         }
-        Refuse("--utm", value.substr(comma + 1), "spheroid; there are " + names);
     }
     return zone;
 }
@@ -158,10 +177,7 @@ void CheckFiles(const ConvertOptions& options) {
     if (from == nullptr && to == nullptr) {
         throw WrongConvertUsage("Neither INPUT nor OUTPUT is a map file, which ends in " + MapFileEndings());
     }
-    const auto isMetres = [](const MapFormat* format) {
-        return format != nullptr && format->form == MapFileForm::AsciiMetres;
-    };
-    if ((isMetres(from) || isMetres(to)) && !options.utm) {
+    if ((IsMetres(from) || IsMetres(to)) && !options.utm) {
         throw WrongConvertUsage("A .utm file needs --utm, the central longitude of its zone");
     }
     if (options.append && to == nullptr) {

@@ -10,10 +10,14 @@
 
 namespace quelmont {
 
+/// The false northing of the zones south of the equator, metres.
+constexpr double SouthernNorthing = 1e7;
+
 /// The zone of a .utm file.
 struct UtmZoneChoice {
     double CentralLon = 0.0;              ///< degrees
     std::string Spheroid = "Clarke 1866"; ///< one of the program's
+    std::optional<double> Northing;       ///< false northing, metres, 0 to 10000000
 };
 
 /// The command line of quelmont-convert.

@@ -23,6 +23,34 @@ void ConvertTally::Count(std::int16_t feature, const std::string& name, std::int
     counted.points += points;
 }
 
+void ConvertTally::CountRow(std::int16_t feature, const std::string& earlierName) {
+    earlierRows[feature].insert(earlierName);
+}
+
+std::vector<std::string> ConvertTally::MergedRows() const {
+    std::vector<std::string> merged;
+    for (const auto& [number, names] : earlierRows) {
+        if (names.size() < 2) {
+            continue;
+        }
+        constexpr std::size_t most = 5;
+        std::string list;
+        std::size_t listed = 0;
+        for (const std::string& name : names) {
+            if (listed < most) {
+                list += (listed == 0 ? "\"" : ", \"") + name + "\"";
+                ++listed;
+            }
+        }
+        if (names.size() > most) {
+            list += " and " + std::to_string(names.size() - most) + " more";
+        }
+        merged.push_back(std::to_string(names.size()) + " features became one, \"" +
+                         features.at(number).name + "\": " + list);
+    }
+    return merged;
+}
+
 void ConvertTally::Extend(const MapLine& line) {
     for (const LonLat& point : line) {
         if (!extent) {
@@ -42,12 +70,22 @@ std::vector<std::string> ConvertTally::Notes(const std::string& ending) const {
             notes.push_back(Counted(count, one, many) + rest);
         }
     };
-    add(emptyFeatures, "feature", "features", " without a geometry");
-    add(unknownLines, "line", "lines", " of no known feature left out");
+    add(source.emptyFeatures, "feature", "features", " without a geometry");
+    add(source.unknownLines + unknownLines, "line", "lines", " of no known feature left out");
+    add(source.heights, "feature", "features", " lost the heights of the points");
+    add(source.measures, "feature", "features", " lost the measures of the points");
+    add(source.polygons, "polygon", "polygons", " became closed lines");
+    add(source.curvePoints, "point", "points",
+        " put in between: what is straight in the source's projection is not so in degrees");
+    for (const std::string& merged : MergedRows()) {
+        notes.push_back(merged);
+    }
     add(farPoints, "point", "points", " left out: too far from the zone");
     add(repeatedPoints, "repeated point", "repeated points",
         " left out: " + ending + " cannot tell them from the point before");
     add(shrunkLines, "line", "lines", " became a single point by that");
+    add(longStepPoints, "point", "points",
+        " put in between: steps are no longer than 20 degrees of longitude");
     add(addedPoints, "point", "points",
         " put in between: steps of " + ending + " are no longer than 127 seconds");
     add(dividedLines, "line", "lines", " divided: " + ending + " counts no more points in one");

@@ -86,6 +86,15 @@ int ColumnOf(OGRFeatureDefn& columns, const std::string& name, const std::string
                        (names.empty() ? "there are none" : "there are " + names));
 }
 
+bool HasMapFileColumns(OGRFeatureDefn& columns) {
+    const int number = columns.GetFieldIndex(FeatureColumn);
+    const int name = columns.GetFieldIndex(NameColumn);
+    const int expected = columns.GetFieldIndex(LabelColumn) >= 0 ? 3 : 2;
+    return number >= 0 && name >= 0 && columns.GetFieldCount() == expected &&
+           IsNumber(columns.GetFieldDefn(number)->GetType()) &&
+           columns.GetFieldDefn(name)->GetType() == OFTString;
+}
+
 FeatureChoice::FeatureChoice(const std::optional<std::string>& wanted, const std::string& mapFile_,
                              OGRFeatureDefn& columns)
     : mapFile(mapFile_), manyRows(FeatureRows(mapFile_).size() > 1) {

@@ -40,6 +40,10 @@ private:
     int nameColumn = -1;    ///< of a map file
 };
 
+/// Whether these are the columns of a map file, or of what was made from one: feature, a number, and
+/// name, perhaps label, and no more.
+bool HasMapFileColumns(OGRFeatureDefn& columns);
+
 /// The index of a column; ConvertError that lists the columns when it is not there.
 int ColumnOf(OGRFeatureDefn& columns, const std::string& name, const std::string& option);
 

@@ -1,11 +1,24 @@
 #pragma once
 
+#include "mapfiles/map_formats.h"
+
 #include <string>
 #include <string_view>
 
 /// What a file is that map files are turned into, by the ending of its name in any case.
 
 namespace quelmont {
+
+/// Whether a format, which may be null, is that of files in metres.
+constexpr bool IsMetres(const MapFormat* format) {
+    return format != nullptr && format->form == MapFileForm::AsciiMetres;
+}
+
+/// Whether points of a format stand seconds apart.
+constexpr bool IsPacked(const MapFormat& format) {
+    return format.form == MapFileForm::PackedWhole || format.form == MapFileForm::PackedPart ||
+           format.form == MapFileForm::PackedLineGraph;
+}
 
 /// A format that map files are turned into.
 struct VectorFileKind {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <utility>
 
 namespace quelmont {
 
@@ -56,9 +57,10 @@ char LastByte(const std::string& file) {
 } // namespace
 
 FileTarget::FileTarget(const std::string& name_, std::unique_ptr<LineEncoder> encoder_,
-                       const MapFormat* addTo)
-    : name(name_), replaced(OfFile(name_, [&] { return ReplacedFileName(name_); })), file(replaced),
-      bytes([](std::span<const std::byte> block) { WriteFile(OutputFileNumber, block); }),
+                       const MapFormat* addTo, const std::function<void()>& waiting)
+    : name(name_), replaced(OfFile(name_, [&] { return ReplacedFileName(name_); })),
+      lock(addTo != nullptr ? std::optional<AppendLock>(std::in_place, replaced, waiting) : std::nullopt),
+      file(replaced), bytes([](std::span<const std::byte> block) { WriteFile(OutputFileNumber, block); }),
       encoder(std::move(encoder_)) {
     if (addTo != nullptr && std::filesystem::exists(replaced)) {
         CopyEarlier(*addTo);

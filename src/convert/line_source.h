@@ -1,10 +1,9 @@
 #pragma once
 
 #include "convert/map_line.h"
+#include "convert/source_losses.h"
 
 #include <ogr_feature.h>
-
-#include <cstdint>
 
 namespace quelmont {
 
@@ -32,12 +31,12 @@ public:
 
     /// Its columns; no geometries.
     virtual OGRFeatureDefn& Columns() = 0;
-    /// All its features in their order. ConvertError when it cannot be read to its end.
+    /// All its features in their order; may be called again. ConvertError when it cannot be read to its end.
     virtual void Read(LineReceiver& receiver) = 0;
     /// How much of it has been read, 0 to 1; below 0 when that is not known.
     virtual double Share() const = 0;
-    /// Features without a geometry, which had nothing to give.
-    std::int64_t emptyFeatures = 0;
+    /// Of the last reading.
+    SourceLosses losses;
 };
 
 /// The columns of a map file, as they are written too.

@@ -28,12 +28,6 @@ double Wrapped(double lon) { return std::fabs(lon) <= 180.0 ? lon : std::remaind
 /// Whether the way between two longitudes is the shorter one as it stands, or a whole parallel.
 bool IsWay(double step) { return std::fabs(step) <= 180.0 || std::fabs(step) == 360.0; }
 
-/// Degrees eastward from one point of a line to the next.
-double Step(double from, double to) {
-    const double step = to - from;
-    return IsWay(step) ? step : std::remainder(step, 360.0);
-}
-
 bool CrossesNowhere(const MapLine& line) {
     const auto inside = [](const LonLat& point) { return std::fabs(point.Lon) <= 180.0; };
     const auto crosses = [](const LonLat& a, const LonLat& b) { return !IsWay(b.Lon - a.Lon); };
@@ -129,32 +123,6 @@ private:
     MapLine piece;
 };
 
-/// Squares of distances, in degrees of latitude, from the segment between two points.
-class SegmentDistance {
-public:
-    SegmentDistance(const LonLat& a_, const LonLat& b_) : a(a_), b(b_) {}
-
-    double Square(const LonLat& point) const {
-        // The smallest of the latitudes counts longitudes for most, so that nothing is dropped too early.
-        const double lat = std::min({std::fabs(a.Lat), std::fabs(b.Lat), std::fabs(point.Lat)});
-        const double cosine = std::cos(lat * DegToRad);
-        const double dx = (b.Lon - a.Lon) * cosine;
-        const double dy = b.Lat - a.Lat;
-        double x = (point.Lon - a.Lon) * cosine;
-        double y = point.Lat - a.Lat;
-        const double length = dx * dx + dy * dy;
-        if (length > 0.0) {
-            const double share = std::clamp((x * dx + y * dy) / length, 0.0, 1.0);
-            x -= share * dx;
-            y -= share * dy;
-        }
-        return x * x + y * y;
-    }
-
-private:
-    LonLat a, b;
-};
-
 } // namespace
 
 std::string NumberWords(double value) {
@@ -166,6 +134,11 @@ std::string NumberWords(double value) {
         text.pop_back();
     }
     return text;
+}
+
+double LongitudeStep(double from, double to) {
+    const double step = to - from;
+    return IsWay(step) ? step : std::remainder(step, 360.0);
 }
 
 void CheckOnEarth(MapLine& line) {
@@ -191,7 +164,7 @@ void SplitAt180(MapLine& line, const LineTaker& take) {
     LonLat at{Wrapped(line.front().Lon), line.front().Lat};
     piece.push_back(at);
     for (std::size_t i = 1; i < line.size(); ++i) {
-        LonLat to{at.Lon + Step(line[i - 1].Lon, line[i].Lon), line[i].Lat};
+        LonLat to{at.Lon + LongitudeStep(line[i - 1].Lon, line[i].Lon), line[i].Lat};
         while (std::fabs(to.Lon) > 180.0) {
             const double edge = std::copysign(180.0, to.Lon);
             const LonLat cut{edge, Between(at, to, (edge - at.Lon) / (to.Lon - at.Lon)).Lat};
@@ -230,42 +203,26 @@ void CutToBounds(MapLine& line, const LonLatBounds& bounds, const LineTaker& tak
     }
 }
 
-void Simplify(MapLine& line, double arcSeconds) {
-    const double tolerance = arcSeconds / SecPerDegree;
-    std::vector<bool> kept(line.size(), false);
-    std::vector<std::pair<std::size_t, std::size_t>> stretches;
-    if (line.size() > 2) {
-        stretches.emplace_back(0, line.size() - 1);
-        kept.front() = kept.back() = true;
+std::int64_t ShortenSteps(MapLine& line, double most) {
+    const auto parts = [most](const LonLat& from, const LonLat& to) {
+        return static_cast<std::int64_t>(std::ceil(std::fabs(to.Lon - from.Lon) / most));
+    };
+    const auto tooLong = [&](const LonLat& from, const LonLat& to) { return parts(from, to) > 1; };
+    if (std::adjacent_find(line.begin(), line.end(), tooLong) == line.end()) {
+        return 0;
     }
-    while (!stretches.empty()) {
-        const auto [first, last] = stretches.back();
-        stretches.pop_back();
-        const SegmentDistance distance(line[first], line[last]);
-        double farthest = tolerance * tolerance;
-        std::size_t split = first;
-        for (std::size_t i = first + 1; i < last; ++i) {
-            const double square = distance.Square(line[i]);
-            if (square > farthest) {
-                farthest = square;
-                split = i;
-            }
+    MapLine shortened{line.front()};
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        const std::int64_t count = parts(line[i - 1], line[i]);
+        for (std::int64_t part = 1; part < count; ++part) {
+            shortened.push_back(
+                Between(line[i - 1], line[i], static_cast<double>(part) / static_cast<double>(count)));
         }
-        if (split != first) {
-            kept[split] = true;
-            stretches.emplace_back(first, split);
-            stretches.emplace_back(split, last);
-        }
+        shortened.push_back(line[i]);
     }
-    if (line.size() > 2) {
-        std::size_t next = 0;
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (kept[i]) {
-                line[next++] = line[i];
-            }
-        }
-        line.resize(next);
-    }
+    const auto added = static_cast<std::int64_t>(shortened.size() - line.size());
+    line = std::move(shortened);
+    return added;
 }
 
 } // namespace quelmont

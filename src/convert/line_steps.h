@@ -2,6 +2,7 @@
 
 #include "convert/map_line.h"
 
+#include <cstdint>
 #include <string>
 
 /// What happens to a line between its source and its target.
@@ -10,6 +11,10 @@ namespace quelmont {
 
 /// A coordinate in a message, up to six decimals: "10.5", "?" for what is not finite.
 std::string NumberWords(double value);
+
+/// Degrees eastward from one longitude of a line to the next, the shorter way round; a step of exactly
+/// 360 degrees is a whole parallel and stays.
+double LongitudeStep(double from, double to);
 
 /// Brings the points of a line onto the earth: what passes a pole or the 180th meridian by no more than
 /// a billionth of a degree, as computed coordinates do, lies on it. BadFeature for a point whose
@@ -30,9 +35,8 @@ struct LonLatBounds {
 /// -180 to 180.
 void CutToBounds(MapLine& line, const LonLatBounds& bounds, const LineTaker& take);
 
-/// Drops points where the line moves no more than so many seconds of arc, a second of longitude
-/// counting as it measures at that latitude. The ends stay.
-/// Source: Douglas and Peucker 1973, with distances from the segment rather than its straight line.
-void Simplify(MapLine& line, double arcSeconds);
+/// Puts points, evenly apart, into segments that span more than so many degrees of longitude. Gives
+/// their number. Longitudes are -180 to 180.
+std::int64_t ShortenSteps(MapLine& line, double most);
 
 } // namespace quelmont

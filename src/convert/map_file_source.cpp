@@ -73,9 +73,6 @@ public:
         if (points.empty()) {
             return;
         }
-        if (source.zone != nullptr) {
-            TurnIntoDegrees();
-        }
         std::vector<std::pair<LonLat, std::string>> single;
         std::string label;
         for (auto& [index, text] : labels) {
@@ -95,16 +92,16 @@ public:
     }
 
 private:
-    void TurnIntoDegrees() {
-        const std::vector<bool> good = source.zone->ToDegrees(points);
-        if (std::find(good.begin(), good.end(), false) != good.end()) {
+    void TurnIntoDegrees(MapLine& line) {
+        if (!source.zone->ToDegrees(line, source.losses.curvePoints)) {
             throw BadFeature("a point of the line before has no place in the zone");
         }
     }
 
     void Hand(MapLine& line, const std::string& label) {
         record.SetField(FeatureIndex, feature);
-        if (feature >= 1 && static_cast<std::size_t>(feature) <= rows.size()) {
+        const bool known = feature >= 1 && static_cast<std::size_t>(feature) <= rows.size();
+        if (known) {
             const std::string title(rows[static_cast<std::size_t>(feature - 1)].name);
             record.SetField(NameIndex, title.c_str());
         } else {
@@ -115,10 +112,18 @@ private:
         } else if (record.GetFieldCount() > LabelIndex) {
             record.UnsetField(LabelIndex);
         }
-        if (!source.filter || source.filter->Evaluate(&record) != 0) {
-            receiver.BeginFeature(record);
-            receiver.TakeLine(line);
+        if (source.filter && source.filter->Evaluate(&record) == 0) {
+            return;
         }
+        if (!known) {
+            ++source.losses.unknownLines;
+            return;
+        }
+        if (source.zone != nullptr) {
+            TurnIntoDegrees(line);
+        }
+        receiver.BeginFeature(record);
+        receiver.TakeLine(line);
     }
 
     MapFileSource& source;
@@ -151,6 +156,7 @@ MapFileSource::MapFileSource(const std::string& name_, const MapFormat& format_,
 }
 
 void MapFileSource::Read(LineReceiver& receiver) {
+    losses = {};
     wholeBytes = 0;
     recordAt = 0;
     const auto fail = [&](const std::string& why) {

@@ -20,7 +20,7 @@ class ByteReader;
 /// label in a file that has labels. It is read under file number 1.
 ///
 /// A label that stands behind the first point of a line becomes a feature of its own, a single point.
-/// Lines of a rank or code that means nothing have no name.
+/// Lines of a rank or code that means nothing are left out.
 class MapFileSource : public LineSource {
 public:
     /// The zone is that of a .utm file. ConvertError when the file cannot be opened or the expression is
@@ -29,7 +29,7 @@ public:
                   const UtmZone* zone);
 
     OGRFeatureDefn& Columns() override { return *columns; }
-    /// May be called again. ConvertError with the place in the file where it fails: an end within a
+    /// ConvertError with the place in the file where it fails: an end within a
     /// record, a number that is too large, a label without an end.
     void Read(LineReceiver& receiver) override;
     double Share() const override;

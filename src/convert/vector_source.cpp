@@ -1,7 +1,9 @@
 #include "convert/vector_source.h"
 
+#include "convert/huge_text.h"
 #include "convert/line_steps.h"
 #include "convert/point_transform.h"
+#include "convert/projected_line.h"
 
 #include <cpl_string.h>
 #include <ogr_geometry.h>
@@ -17,8 +19,8 @@ namespace {
 /// Takes geometries without curves apart into lines on WGS84.
 class GeometryLines {
 public:
-    GeometryLines(OGRCoordinateTransformation* toWgs84_, LineReceiver& receiver_)
-        : toWgs84(toWgs84_), receiver(receiver_) {}
+    GeometryLines(const WayToWgs84& way_, LineReceiver& receiver_, SourceLosses& losses_)
+        : way(way_), receiver(receiver_), losses(losses_) {}
 
     void Take(std::unique_ptr<OGRGeometry> geometry) {
         if (wkbFlatten(geometry->getGeometryType()) == wkbLineString) {
@@ -58,6 +60,7 @@ private:
 
     void TakePolygon(OGRPolygon& polygon) {
         polygon.closeRings();
+        losses.polygons += polygon.IsEmpty() ? 0 : 1;
         for (const OGRLinearRing* ring : polygon) {
             MapLine line = PointsOf(*ring);
             Pass(line);
@@ -76,22 +79,32 @@ private:
     }
 
     void Pass(MapLine& line) {
-        if (toWgs84 != nullptr) {
-            const std::vector<bool> good = TransformPoints(*toWgs84, line);
-            const auto bad = std::find(good.begin(), good.end(), false);
-            if (bad != good.end()) {
-                const LonLat& point = line[static_cast<std::size_t>(bad - good.begin())];
-                throw BadFeature("a point lies outside the earth, at x " + NumberWords(point.Lon) + ", y " +
-                                 NumberWords(point.Lat));
-            }
+        if (const std::optional<LonLat> bad = Turn(line)) {
+            throw BadFeature("a point lies outside the earth, at x " + NumberWords(bad->Lon) + ", y " +
+                             NumberWords(bad->Lat));
         }
         if (!line.empty()) {
             receiver.TakeLine(line);
         }
     }
 
-    OGRCoordinateTransformation* toWgs84; ///< none when they are on it
+    /// To WGS84. Gives the first point without a place there.
+    std::optional<LonLat> Turn(MapLine& line) {
+        if (!way.transformation) {
+            return std::nullopt;
+        }
+        if (way.bends) {
+            return TurnProjectedLine(*way.transformation, line, losses.curvePoints);
+        }
+        const std::vector<bool> good = TransformPoints(*way.transformation, line);
+        const auto bad = std::find(good.begin(), good.end(), false);
+        return bad == good.end() ? std::nullopt
+                                 : std::optional(line[static_cast<std::size_t>(bad - good.begin())]);
+    }
+
+    const WayToWgs84& way;
     LineReceiver& receiver;
+    SourceLosses& losses;
 };
 
 std::string LayerNames(const std::vector<OGRLayer*>& layers) {
@@ -108,6 +121,7 @@ VectorSource::VectorSource(const std::string& name_, const std::optional<std::st
                            const std::optional<std::string>& where, GdalErrors& errors_)
     : name(name_), errors(errors_) {
     GDALAllRegister();
+    RefuseHugeText(name);
     errors.Forget();
     dataset.reset(GDALDataset::Open(name.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
     if (!dataset) {
@@ -162,14 +176,16 @@ void VectorSource::FindWayToWgs84() {
     if (from->IsSame(&wgs84) != 0) {
         return;
     }
-    toWgs84.reset(OGRCreateCoordinateTransformation(from, &wgs84));
-    if (!toWgs84) {
+    way.transformation.reset(OGRCreateCoordinateTransformation(from, &wgs84));
+    way.bends = from->IsGeographic() == 0 || from->IsDerivedGeographic() != 0;
+    if (!way.transformation) {
         Fail("no way leads from its reference system to longitude and latitude: " + errors.Reason());
     }
 }
 
 void VectorSource::Read(LineReceiver& receiver) {
     read = 0;
+    losses = {};
     layer->ResetReading();
     errors.Forget();
     while (const OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
@@ -183,15 +199,17 @@ void VectorSource::ReadFeature(OGRFeature& feature, LineReceiver& receiver) {
     std::unique_ptr<OGRGeometry> geometry(feature.StealGeometry());
     errors.ThrowIfFailed(name);
     if (!geometry || geometry->IsEmpty()) {
-        ++emptyFeatures;
+        ++losses.emptyFeatures;
         return;
     }
+    losses.heights += geometry->Is3D() != 0 ? 1 : 0;
+    losses.measures += geometry->IsMeasured() != 0 ? 1 : 0;
     if (geometry->hasCurveGeometry() != 0) {
         geometry.reset(geometry->getLinearGeometry());
     }
     try {
         receiver.BeginFeature(feature);
-        GeometryLines(toWgs84.get(), receiver).Take(std::move(geometry));
+        GeometryLines(way, receiver, losses).Take(std::move(geometry));
     } catch (const BadFeature& bad) {
         Fail("feature " + std::to_string(feature.GetFID()) + ": " + bad.what());
     }

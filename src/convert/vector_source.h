@@ -13,8 +13,15 @@
 
 namespace quelmont {
 
+/// How the coordinates of a layer become longitude and latitude on WGS84.
+struct WayToWgs84 {
+    std::unique_ptr<OGRCoordinateTransformation> transformation; ///< none when they are that already
+    bool bends = false;                                          ///< straight lines become curves
+};
+
 /// A layer of anything that GDAL opens, in longitude and latitude on WGS84. Curves become chords,
-/// polygons a closed line for each ring, points lines of one point; heights and measures go.
+/// polygons a closed line for each ring, points lines of one point; heights and measures go. Lines of a
+/// projected system keep their shape by points that are put in between.
 class VectorSource : public LineSource {
 public:
     /// The layer may be left out when only one has features; an expression chooses among these.
@@ -41,9 +48,9 @@ private:
     std::string name;
     GdalErrors& errors;
     GDALDatasetUniquePtr dataset;
-    OGRLayer* layer = nullptr;                            ///< of the dataset
-    std::unique_ptr<OGRCoordinateTransformation> toWgs84; ///< none when it is that already
-    GIntBig features = -1;                                ///< as far as it is known
+    OGRLayer* layer = nullptr; ///< of the dataset
+    WayToWgs84 way;
+    GIntBig features = -1; ///< as far as it is known
     GIntBig read = 0;
 };
 

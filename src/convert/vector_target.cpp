@@ -1,5 +1,6 @@
 #include "convert/vector_target.h"
 
+#include "convert/files_exchange.h"
 #include "convert/line_source.h"
 #include "core/file_names.h"
 #include "core/run_time_error.h"
@@ -12,6 +13,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -29,8 +31,13 @@ std::string ReplacedName(const std::string& name) {
     }
 }
 
-/// What other programs put beside a Shapefile to find its shapes: wrong beside another one.
-constexpr std::array ShapeIndexes = {".qix", ".sbn", ".sbx"};
+/// The parts of an earlier Shapefile in the order in which they go: the indexes, without the first of which
+/// no shapes are read, the shapes, and what stands beside them. What is put in their places ends with
+/// the shapes. So whoever opens a Shapefile in between, or after the process was killed in between, finds
+/// the earlier one, the later one or none, but no mixture. None is what remains to be feared: the earlier
+/// parts lie in the temporary folder then. The .dbf alone can be read as a table at any time.
+constexpr std::array<std::string_view, 11> ShapePartEndings = {".shx", ".qix", ".sbn", ".sbx", ".idm", ".ind",
+                                                               ".shp", ".dbf", ".prj", ".cpg", ".qpj"};
 
 OGRwkbGeometryType GeometryType(const LineMix& mix, bool oneGeometry) {
     if (mix.points && mix.lines && !oneGeometry) {
@@ -164,25 +171,65 @@ void VectorTarget::Finish() {
     dataset.reset();
     errors.ThrowIfFailed(name);
     CheckPlaces();
+    if (kind.oneGeometry) {
+        ReplaceParts();
+        return;
+    }
+    try {
+        SyncFile(PathInFolder(fs::path(replaced).filename().string()));
+        ReplaceFile(replaced, PathInFolder(fs::path(replaced).filename().string()));
+        SyncFolderOf(replaced);
+    } catch (const RunTimeError& error) {
+        throw ConvertError(name + ": " + error.Description());
+    }
+}
+
+std::string VectorTarget::PathInFolder(const std::string& title) const {
+    return (fs::path(folder.Name()) / title).string();
+}
+
+std::vector<std::string> VectorTarget::EarlierParts() const {
+    const std::string stem = fs::path(replaced).stem().string();
+    std::vector<std::string> parts;
+    fs::path place = fs::path(replaced).parent_path();
+    if (place.empty()) {
+        place = ".";
+    }
+    for (const std::string_view ending : ShapePartEndings) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(place)) {
+            const fs::path part = entry.path();
+            if (part.stem() == stem && Capitals(part.extension().string()) == Capitals(ending) &&
+                entry.is_regular_file()) {
+                parts.push_back(part.string());
+            }
+        }
+    }
+    return parts;
+}
+
+void VectorTarget::ReplaceParts() {
     std::vector<std::string> titles;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder.Name())) {
         titles.push_back(entry.path().filename().string());
     }
-    // The file itself last: it is not there before what belongs to it.
     std::stable_partition(titles.begin(), titles.end(),
                           [this](const std::string& each) { return PlaceOf(each) != replaced; });
-    for (const std::string& each : titles) {
-        try {
-            ReplaceFile(PlaceOf(each), (fs::path(folder.Name()) / each).string());
-        } catch (const RunTimeError& error) {
-            throw ConvertError(PlaceOf(each) + ": " + error.Description());
+    std::string at; // of which an error is told
+    try {
+        FilesExchange exchange(PathInFolder("earlier"));
+        for (const std::string& part : EarlierParts()) {
+            at = part;
+            exchange.TakeAway(part);
         }
-    }
-    if (kind.oneGeometry) {
-        for (const char* index : ShapeIndexes) {
-            std::error_code ignored;
-            fs::remove(fs::path(replaced).replace_extension(index), ignored);
+        SyncFolderOf(replaced);
+        for (const std::string& title : titles) {
+            at = PlaceOf(title);
+            exchange.Put(PathInFolder(title), at);
         }
+        SyncFolderOf(replaced);
+        exchange.Done();
+    } catch (const RunTimeError& error) {
+        throw ConvertError(at + ": " + error.Description());
     }
 }
 

@@ -38,6 +38,11 @@ public:
 private:
     void CreateLayer(const LineMix& mix);
     void CheckPlaces() const;
+    /// Of a Shapefile: each of its files takes its place.
+    void ReplaceParts();
+    /// The files of an earlier Shapefile, in the order in which they have to go. Letters of any case.
+    std::vector<std::string> EarlierParts() const;
+    std::string PathInFolder(const std::string& title) const;
     /// Where a file of the folder goes.
     std::string PlaceOf(const std::string& title) const;
 

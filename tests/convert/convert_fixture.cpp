@@ -42,6 +42,8 @@ std::string PlainWkt(const OGRGeometry& geometry) {
 
 } // namespace
 
+void PrintTo(const LonLat& point, std::ostream* stream) { *stream << point.Lon << ' ' << point.Lat; }
+
 // Messages name files as they are given: with their folder unless that is the current one.
 ConvertTest::ConvertTest() : earlierFolder(std::filesystem::current_path()) {
     std::filesystem::current_path(folder.Path());
@@ -77,6 +79,18 @@ void ConvertTest::Convert(std::vector<std::string> arguments) const {
     EXPECT_EQ(outcome.code, ConvertDone);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors, "");
+}
+
+void ConvertTest::ConvertWith(const std::vector<std::string>& notes,
+                              std::vector<std::string> arguments) const {
+    const Outcome outcome = Run(std::move(arguments));
+    EXPECT_EQ(outcome.code, ConvertDone);
+    EXPECT_EQ(outcome.output, "");
+    std::string expected;
+    for (const std::string& note : notes) {
+        expected += "quelmont-convert: " + note + "\n";
+    }
+    EXPECT_EQ(outcome.errors, expected);
 }
 
 std::string ConvertTest::Refusal(std::vector<std::string> arguments) const {

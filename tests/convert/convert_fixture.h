@@ -1,15 +1,19 @@
 #pragma once
 
+#include "convert/map_line.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quelmont {
+
+void PrintTo(const LonLat& point, std::ostream* stream);
 
 /// How a run of quelmont-convert ended.
 struct Outcome {
@@ -34,6 +38,8 @@ protected:
     Outcome Run(std::vector<std::string> arguments) const;
     /// Run, which must end well and in silence.
     void Convert(std::vector<std::string> arguments) const;
+    /// Run, which must end well and tell these notes and no others; without the program's name.
+    void ConvertWith(const std::vector<std::string>& notes, std::vector<std::string> arguments) const;
     /// Run, which must fail, write nothing to its output, and leave the folder as it was. Gives what it
     /// told, without the program's name and the line end.
     std::string Refusal(std::vector<std::string> arguments) const;

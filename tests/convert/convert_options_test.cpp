@@ -68,8 +68,23 @@ TEST(ConvertOptions, AnglesMayHaveLetters) {
 TEST(ConvertOptions, SpheroidIsThatOfTheProgramUnlessNamed) {
     EXPECT_EQ(Read({"a.shp", "a.utm", "--utm", "9"}).utm->Spheroid, "Clarke 1866");
     EXPECT_EQ(Read({"a.shp", "a.utm", "--utm", "9,airy 1830"}).utm->Spheroid, "Airy 1830");
+    EXPECT_FALSE(Read({"a.shp", "a.utm", "--utm", "9,airy 1830"}).utm->Northing);
     EXPECT_THAT(WrongUsage({"a.shp", "a.utm", "--utm", "9,Moon"}),
                 StartsWith("--utm: \"Moon\" is no spheroid; there are Airy 1830, "));
+}
+
+TEST(ConvertOptions, FalseNorthingStandsBehindTheSpheroid) {
+    const UtmZoneChoice zone = *Read({"a.shp", "a.utm", "--utm", "135E,Clarke 1880,1e7"}).utm;
+    EXPECT_EQ(zone.CentralLon, 135.0);
+    EXPECT_EQ(zone.Spheroid, "Clarke 1880");
+    EXPECT_EQ(zone.Northing, 10000000.0);
+    EXPECT_EQ(Read({"a.shp", "a.utm", "--utm", "9,Clarke 1866,0"}).utm->Northing, 0.0);
+    for (const char* northing : {"", "-1", "10000001", "x", "nan", "1,2"}) {
+        EXPECT_NE(WrongUsage({"a.shp", "a.utm", "--utm", std::string("9,Clarke 1866,") + northing}), "")
+            << northing;
+    }
+    EXPECT_EQ(WrongUsage({"a.shp", "a.utm", "--utm", "9,Clarke 1866,2e7"}),
+              "--utm: \"2e7\" is no false northing of 0 to 10000000 metres");
 }
 
 TEST(ConvertOptions, EndingsAreReadInAnyCase) {

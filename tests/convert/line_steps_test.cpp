@@ -1,5 +1,7 @@
 #include "convert/line_steps.h"
 
+#include "convert_fixture.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,8 +9,6 @@
 #include <limits>
 
 namespace quelmont {
-
-void PrintTo(const LonLat& point, std::ostream* stream) { *stream << point.Lon << ' ' << point.Lat; }
 
 namespace {
 
@@ -25,11 +25,6 @@ Lines Cut(MapLine line, const LonLatBounds& bounds) {
     Lines pieces;
     CutToBounds(line, bounds, [&](MapLine& piece) { pieces.push_back(piece); });
     return pieces;
-}
-
-MapLine Simplified(MapLine line, double arcSeconds) {
-    Simplify(line, arcSeconds);
-    return line;
 }
 
 TEST(SplittingAt180, LeavesOtherLinesAlone) {
@@ -154,59 +149,20 @@ TEST(CuttingToBounds, ReachAcross180WhenWestIsEastOfEast) {
     EXPECT_THAT(Cut({{0, 0}, {100, 0}}, pacific), ElementsAre());
 }
 
-TEST(Simplifying, DropsWhatLiesCloseAndKeepsWhatLiesOff) {
-    // 9 seconds off the straight line, then 11.
-    const MapLine line{{0, 0}, {1, 9.0 / 3600}, {2, 0}};
-    EXPECT_EQ(Simplified(line, 10), (MapLine{{0, 0}, {2, 0}}));
-    const MapLine other{{0, 0}, {1, 11.0 / 3600}, {2, 0}};
-    EXPECT_EQ(Simplified(other, 10), other);
+TEST(ShorteningSteps, PutsPointsEvenlyIntoLongOnes) {
+    MapLine line{{0, 0}, {20, 5}, {-25, 50}, {-25, -50}};
+    EXPECT_EQ(ShortenSteps(line, 20), 2);
+    EXPECT_EQ(line, (MapLine{{0, 0}, {20, 5}, {5, 20}, {-10, 35}, {-25, 50}, {-25, -50}}));
 }
 
-TEST(Simplifying, CountsLongitudesAsTheyMeasure) {
-    // 18 seconds of longitude measure 9 at 60 degrees north.
-    const MapLine north{{0, 60}, {18.0 / 3600, 60.5}, {0, 61}};
-    EXPECT_EQ(Simplified(north, 10).size(), 2U);
-    const MapLine equator{{0, 0}, {18.0 / 3600, 0.5}, {0, 1}};
-    EXPECT_EQ(Simplified(equator, 10).size(), 3U);
-}
-
-TEST(Simplifying, MeasuresFromTheSegmentAndNotFromItsStraightLine) {
-    // Turns back behind its end: on the straight line, but a degree off the segment.
-    const MapLine line{{0, 0}, {3, 0}, {2, 0}};
-    EXPECT_EQ(Simplified(line, 10), line);
-}
-
-TEST(Simplifying, KeepsTheFarthestPointOfARing) {
-    const MapLine ring{{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
-    EXPECT_EQ(Simplified(ring, 10), ring);
-    EXPECT_EQ(Simplified({{0, 0}, {0.001, 0}, {0, 0.001}, {0, 0}}, 10), (MapLine{{0, 0}, {0, 0}}));
-}
-
-TEST(Simplifying, MovesTheLineNoFurtherThanAllowed) {
-    // A spiral of a thousand points; each dropped one must lie within 60 seconds of a kept segment.
-    MapLine line;
-    for (int i = 0; i < 1000; ++i) {
-        const double turn = i * 0.02;
-        line.push_back({turn * std::cos(turn), turn * std::sin(turn)});
-    }
-    const MapLine kept = Simplified(line, 60);
-    EXPECT_LT(kept.size(), 500U);
-    const double tolerance = 60.0 / 3600;
-    for (const LonLat& point : line) {
-        double nearest = 1e9;
-        for (std::size_t i = 1; i < kept.size(); ++i) {
-            const LonLat& a = kept[i - 1];
-            const LonLat& b = kept[i];
-            const double dx = b.Lon - a.Lon;
-            const double dy = b.Lat - a.Lat;
-            const double along = ((point.Lon - a.Lon) * dx + (point.Lat - a.Lat) * dy) / (dx * dx + dy * dy);
-            const double share = std::min(1.0, std::max(0.0, along));
-            nearest =
-                std::min(nearest, std::hypot(point.Lon - a.Lon - share * dx, point.Lat - a.Lat - share * dy));
-        }
-        // On the plane of longitudes, where all distances are at most a few percent longer than measured.
-        EXPECT_LE(nearest, tolerance * 1.1);
-    }
+TEST(ShorteningSteps, LeavesShortOnesAlone) {
+    MapLine line{{0, 0}, {20, 0}, {0, 0}};
+    EXPECT_EQ(ShortenSteps(line, 20), 0);
+    EXPECT_EQ(line, (MapLine{{0, 0}, {20, 0}, {0, 0}}));
+    MapLine point{{5, 5}};
+    EXPECT_EQ(ShortenSteps(point, 20), 0);
+    MapLine nothing;
+    EXPECT_EQ(ShortenSteps(nothing, 20), 0);
 }
 
 } // namespace

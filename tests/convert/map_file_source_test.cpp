@@ -38,11 +38,6 @@ TEST_F(MapFiles, CodeOfAContinuingRecordEndsTheMinuteGrid) {
     EXPECT_THAT(Read("in.map", Bytes("58 1B 3C 00 3C 00 1A")), ElementsAre("4|Rivers|POINT (1 1)"));
 }
 
-TEST_F(MapFiles, RanksOfNothingHaveNoName) {
-    EXPECT_THAT(Read("in.map", Bytes("F8 2A 3C 00 3C 00 00 00 78 00 78 00")),
-                ElementsAre("0||LINESTRING (1 1,2 2)"));
-}
-
 TEST_F(MapFiles, PackedSegmentsAreSummedUp) {
     // From 10 E 50 N, 36 seconds east and 72 north, then 127 west and 128 south.
     EXPECT_THAT(
@@ -57,13 +52,6 @@ TEST_F(MapFiles, PackedNameTellsThePart) {
     EXPECT_THAT(Read("wbR.pkd", point), ElementsAre("21|Rivers|POINT (10 50)"));
     EXPECT_THAT(Read("wbc.PKD", point), ElementsAre("9|Coastlines, Islands, Lakes|POINT (10 50)"));
     EXPECT_THAT(Read("wbR.pkv", point), ElementsAre("1|International Boundaries|POINT (10 50)"));
-}
-
-TEST_F(MapFiles, PackedRowsBeyondTheTableHaveANumberAlone) {
-    // Rank 60 is row 60.
-    EXPECT_THAT(
-        Read("in.pkv", Bytes("3C 00 01 00 00 00 00 00 00 00 00 00 00 00 00 00 00 05 00 00 00 32 00 00")),
-        ElementsAre("60||POINT (10 50)"));
 }
 
 TEST_F(MapFiles, LowByteOfACountMayPassNinetyNine) {
@@ -92,13 +80,13 @@ TEST_F(MapFiles, LineEndsAfterTheLastFixedRecordAreNoRecord) {
 }
 
 TEST_F(MapFiles, LineGraphTextHasTheFeatureOfItsCode) {
-    EXPECT_THAT(
-        Read("in.grf", "       04000002   50"
-                       "500000N0100000E   \r\n510000N0110000E   \r\n"
-                       "       99000001   12"
-                       "520000N0120000E   \r\n"),
-        // 5004 is the last code of the divided highways; 1299 is none.
-        ElementsAre("39|Divided highway, limited access|LINESTRING (10 50,11 51)", "0||POINT (12 52)"));
+    EXPECT_THAT(Read("in.grf", "       04000002   50"
+                               "500000N0100000E   \r\n510000N0110000E   \r\n"
+                               "       20000001   70"
+                               "520000N0120000E   \r\n"),
+                // 5004 is the last code of the divided highways; 7020 the Alaska pipeline.
+                ElementsAre("39|Divided highway, limited access|LINESTRING (10 50,11 51)",
+                            "72|Alaska pipeline|POINT (12 52)"));
 }
 
 TEST_F(MapFiles, WorldFloatsKeepTheirPrecision) {
@@ -129,8 +117,8 @@ TEST_F(MapFiles, LabelInsideALineIsAPointOfItsOwn) {
 
 TEST_F(MapFiles, MetresBecomeDegreesOfTheZone) {
     EXPECT_THAT(
-        Read("in.utm", "1,500000,0\r\n0,571666.4475,5539109.8153,\"A\"\r\n", {"--utm", "9,WGS84 1984"}),
-        ElementsAre("1|All features||LINESTRING (9 0,10 50)", "1|All features|A|POINT (10 50)"));
+        Read("in.utm", "1,500000,0\r\n1,571666.4475,5539109.8153,\"A\"\r\n", {"--utm", "9,WGS84 1984,0"}),
+        ElementsAre("1|All features||POINT (9 0)", "1|All features|A|POINT (10 50)"));
 }
 
 TEST_F(MapFiles, LinesAreCutAt180) {

@@ -137,6 +137,69 @@ TEST_F(ConvertProgram, StoppedOneLeavesNothingBehind) {
     }
 }
 
+TEST_F(ConvertProgram, AppendedBySeveralAtOnceAFileHoldsAllOfThem) {
+    for (const char* earlier : {"rm -f out.dat", "$convert in.geojson out.dat"}) {
+        ASSERT_EQ(Shell(earlier), 0);
+        const std::size_t before = Has("out.dat") ? ReadWholeFile(folder / "out.dat").size() : 0;
+        EXPECT_EQ(Shell("for i in 1 2 3 4 5 6 7 8 9 10; do $convert --append in.geojson out.dat 2>>err & "
+                        "done; wait"),
+                  0);
+        EXPECT_EQ(ReadWholeFile(folder / "out.dat").size(), before + 10U * 60U) << earlier;
+    }
+}
+
+TEST_F(ConvertProgram, TellsThatItWaitsForAnotherToAppend) {
+    WriteWholeFile(folder / "out.dat", "");
+    // The other one holds the lock until something is told.
+    EXPECT_EQ(Shell("{ >err; flock out.dat sh -c 'touch held; until [ -s err ]; do sleep 0.02; done' & "
+                    "until [ -e held ]; do sleep 0.02; done; $convert --append in.geojson out.dat 2>err; }"),
+              0);
+    EXPECT_EQ(Errors(), "quelmont-convert: out.dat: waiting for another program that adds to it\n");
+    EXPECT_EQ(ReadWholeFile(folder / "out.dat").size(), 60U);
+}
+
+TEST_F(ConvertProgram, RefusesHugePiecesOfTextBeforeItReadsThem) {
+    // 140 million bytes, within an address space that could hold them once more, but not ten times.
+    const auto refuse = [this](const std::string& head, const std::string& name) {
+        const std::string make = "(printf '" + head + "'; head -c 140000000 /dev/zero | tr '\\0' 1) >" + name;
+        ASSERT_EQ(Shell(make), 0);
+        EXPECT_EQ(Shell("(ulimit -v 1000000; $convert " + name + " out.map --feature 1 >out 2>err)"), 1);
+        std::filesystem::remove(folder / name);
+    };
+    refuse(R"({"type":"LineString","coordinates":[[)", "bare.geojson");
+    EXPECT_EQ(Errors(), "quelmont-convert: bare.geojson: there is a feature of more than 128 MB in it, too "
+                        "much to read at once\n");
+    refuse(R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"n":)", "all.geojson");
+    EXPECT_THAT(Errors(), HasSubstr("a feature of more than 128 MB"));
+    refuse("WKT,n\\n", "lines.csv");
+    EXPECT_THAT(Errors(), HasSubstr("a line of more than 128 MB"));
+}
+
+TEST_F(ConvertProgram, SouthernUtmFileIsDrawnAsThePointsInDegreesAre) {
+    // Whole seconds, so that both are rounded to metres alone.
+    WriteWholeFile(folder / "south.geojson",
+                   R"({"type":"LineString","coordinates":[[146.5,-43],[147,-41.25],[148.5,-42.125]]})");
+    ASSERT_EQ(Run("south.geojson a.prn && $convert south.geojson b.utm --utm 147 2>err"), 0);
+    EXPECT_THAT(Errors(), HasSubstr("the false northing is 10000000 metres"));
+    for (const char* name : {"a.prn", "b.utm"}) {
+        ASSERT_EQ(Shell(std::string("QT_QPA_PLATFORM=offscreen '") + QUELMONT_DRAW +
+                        "' --projection 17 --utm-central-lon 147E --utm-false-northing 10000000 "
+                        "--utm-north 5600000 --utm-south 5100000 --utm-west 200000 --utm-east 700000 "
+                        "--grid-type 5 --map " +
+                        name + " " + name + ".png 2>err"),
+                  0)
+            << Errors();
+    }
+    const std::string drawn = ReadWholeFile(folder / "a.prn.png");
+    EXPECT_EQ(ReadWholeFile(folder / "b.utm.png"), drawn);
+    ASSERT_EQ(Shell(std::string("QT_QPA_PLATFORM=offscreen '") + QUELMONT_DRAW +
+                    "' --projection 17 --utm-central-lon 147E --utm-false-northing 10000000 "
+                    "--utm-north 5600000 --utm-south 5100000 --utm-west 200000 --utm-east 700000 "
+                    "--grid-type 5 --no-map none.png 2>err"),
+              0);
+    EXPECT_NE(ReadWholeFile(folder / "none.png"), drawn) << "there is something on it";
+}
+
 TEST_F(ConvertProgram, TellsHowFarItIsOnATerminalAlone) {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
     if (terminal < 0) {

@@ -92,7 +92,7 @@ TEST_F(Refusals, OfAFullDisk) {
         points += ",[" + std::to_string(i % 90) + "," + std::to_string(i % 80) + "]";
     }
     Put("long.geojson", Collection(LineFeature("", points)));
-    Convert({"long.geojson", "long.mps"});
+    EXPECT_EQ(Run({"long.geojson", "long.mps"}).code, 0);
     Put("old.dat", "                  \r\n");
     Put("old.shp", "old");
     const FullDisk disk(16384);

@@ -18,14 +18,14 @@ using testing::StartsWith;
 class Geometries : public ConvertTest {
 protected:
     /// Of one feature whose geometry this is, in GeoJSON.
-    std::string Prn(const std::string& geometry) const {
+    std::string Prn(const std::string& geometry, const std::vector<std::string>& notes = {}) const {
         Put("in.geojson", Collection(Feature("", geometry)));
-        Convert({"in.geojson", "out.prn"});
+        ConvertWith(notes, {"in.geojson", "out.prn"});
         return Get("out.prn");
     }
 
     /// Of a layer that GDAL writes from a geometry in WKT, in degrees.
-    std::string PrnOfWkt(const std::string& wkt) const {
+    std::string PrnOfWkt(const std::string& wkt, const std::vector<std::string>& notes = {}) const {
         GDALAllRegister();
         const CPLErrorHandlerPusher quiet(CPLQuietErrorHandler); // some are no standard for it
         GDALDriver* const driver = GetGDALDriverManager()->GetDriverByName("GPKG");
@@ -41,13 +41,14 @@ protected:
         feature.SetGeometryDirectly(geometry);
         EXPECT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
         dataset.reset();
-        Convert({"in.gpkg", "out.prn"});
+        ConvertWith(notes, {"in.gpkg", "out.prn"});
         return Get("out.prn");
     }
 };
 
 TEST_F(Geometries, PolygonBecomesAClosedLineForEachRing) {
-    EXPECT_EQ(Prn(R"("type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],[[4,2],[5,3],[5,2],[4,2]]])"),
+    EXPECT_EQ(Prn(R"("type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],[[4,2],[5,3],[5,2],[4,2]]])",
+                  {"1 polygon became closed lines"}),
               "1,0.000000,0.000000\r\n0,0.000000,9.000000\r\n0,9.000000,9.000000\r\n0,0.000000,0.000000\r\n"
               "1,2.000000,4.000000\r\n0,3.000000,5.000000\r\n0,2.000000,5.000000\r\n0,2.000000,4.000000\r\n");
 }
@@ -62,7 +63,8 @@ TEST_F(Geometries, OpenRingIsClosedAndTold) {
 
 TEST_F(Geometries, MultiPolygonGivesTheRingsOfAll) {
     EXPECT_EQ(
-        Prn(R"("type":"MultiPolygon","coordinates":[[[[0,0],[1,0],[1,1],[0,0]]],[[[5,5],[6,5],[6,6],[5,5]]]])"),
+        Prn(R"("type":"MultiPolygon","coordinates":[[[[0,0],[1,0],[1,1],[0,0]]],[[[5,5],[6,5],[6,6],[5,5]]]])",
+            {"2 polygons became closed lines"}),
         "1,0.000000,0.000000\r\n0,0.000000,1.000000\r\n0,1.000000,1.000000\r\n0,0.000000,0.000000\r\n"
         "1,5.000000,5.000000\r\n0,5.000000,6.000000\r\n0,6.000000,6.000000\r\n0,5.000000,5.000000\r\n");
 }
@@ -79,12 +81,14 @@ TEST_F(Geometries, CollectionGivesAllItsParts) {
         "1,2.000000,1.000000\r\n1,4.000000,3.000000\r\n0,6.000000,5.000000\r\n");
 }
 
-TEST_F(Geometries, HeightsAndMeasuresGo) {
-    EXPECT_EQ(Prn(R"("type":"LineString","coordinates":[[1,2,300],[3,4,500]])"),
+TEST_F(Geometries, HeightsAndMeasuresGoAndAreTold) {
+    const std::string heights = "1 feature lost the heights of the points";
+    const std::string measures = "1 feature lost the measures of the points";
+    EXPECT_EQ(Prn(R"("type":"LineString","coordinates":[[1,2,300],[3,4,500]])", {heights}),
               "1,2.000000,1.000000\r\n0,4.000000,3.000000\r\n");
-    EXPECT_EQ(PrnOfWkt("LINESTRING ZM (1 2 300 7,3 4 500 8)"),
+    EXPECT_EQ(PrnOfWkt("LINESTRING ZM (1 2 300 7,3 4 500 8)", {heights, measures}),
               "1,2.000000,1.000000\r\n0,4.000000,3.000000\r\n");
-    EXPECT_EQ(PrnOfWkt("POINT M (1 2 7)"), "1,2.000000,1.000000\r\n");
+    EXPECT_EQ(PrnOfWkt("POINT M (1 2 7)", {measures}), "1,2.000000,1.000000\r\n");
 }
 
 TEST_F(Geometries, CurvesBecomeChords) {
@@ -99,9 +103,11 @@ TEST_F(Geometries, CurvesBecomeChords) {
 TEST_F(Geometries, FacesOfSurfacesArePolygons) {
     const std::string triangle =
         "1,0.000000,0.000000\r\n0,0.000000,1.000000\r\n0,1.000000,0.000000\r\n0,0.000000,0.000000\r\n";
-    EXPECT_EQ(PrnOfWkt("TIN (((0 0,1 0,0 1,0 0)),((0 0,1 0,0 1,0 0)))"), triangle + triangle);
-    EXPECT_EQ(PrnOfWkt("POLYHEDRALSURFACE (((0 0,1 0,0 1,0 0)))"), triangle);
-    EXPECT_EQ(PrnOfWkt("TRIANGLE ((0 0,1 0,0 1,0 0))"), triangle);
+    EXPECT_EQ(PrnOfWkt("TIN (((0 0,1 0,0 1,0 0)),((0 0,1 0,0 1,0 0)))", {"2 polygons became closed lines"}),
+              triangle + triangle);
+    EXPECT_EQ(PrnOfWkt("POLYHEDRALSURFACE (((0 0,1 0,0 1,0 0)))", {"1 polygon became closed lines"}),
+              triangle);
+    EXPECT_EQ(PrnOfWkt("TRIANGLE ((0 0,1 0,0 1,0 0))", {"1 polygon became closed lines"}), triangle);
 }
 
 TEST_F(Geometries, EmptyOnesAreToldAndGiveNothing) {
@@ -130,55 +136,12 @@ TEST_F(Geometries, LineAcross180EndsOnBothItsSides) {
 }
 
 TEST_F(Geometries, RingAcross180IsCutTwice) {
-    EXPECT_EQ(Prn(R"("type":"Polygon","coordinates":[[[178,0],[-178,0],[-178,4],[178,4],[178,0]]])"),
+    EXPECT_EQ(Prn(R"("type":"Polygon","coordinates":[[[178,0],[-178,0],[-178,4],[178,4],[178,0]]])",
+                  {"1 polygon became closed lines"}),
               "1,0.000000,178.000000\r\n0,0.000000,180.000000\r\n"
               "1,0.000000,-180.000000\r\n0,0.000000,-178.000000\r\n0,4.000000,-178.000000\r\n0,4.000000,-180."
               "000000\r\n"
               "1,4.000000,180.000000\r\n0,4.000000,178.000000\r\n0,0.000000,178.000000\r\n");
-}
-
-class ReferenceSystems : public ConvertTest {
-protected:
-    /// Of a line whose coordinates are in a system of the EPSG.
-    std::string Prn(const std::string& epsg, const std::string& points) const {
-        Put("in.geojson", R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":"EPSG:)" +
-                              epsg + R"("}},"features":[)" + LineFeature("", points) + "]}");
-        Convert({"in.geojson", "out.prn"});
-        return Get("out.prn");
-    }
-};
-
-// The figures are those of cs2cs -f %.6f EPSG:4326 +to EPSG:...
-
-TEST_F(ReferenceSystems, WebMercatorBecomesDegrees) {
-    EXPECT_EQ(Prn("3857", "[1113194.907933,6446275.841017],[0,0]"),
-              "1,50.000000,10.000000\r\n0,0.000000,0.000000\r\n");
-}
-
-TEST_F(ReferenceSystems, UtmZoneBecomesDegrees) {
-    // cs2cs -f %.9f EPSG:32632 +to EPSG:4326 of the second: 49.973438821 11.676012468.
-    EXPECT_EQ(Prn("32632", "[571666.447503,5539109.815299],[691875.632,5539109.816]"),
-              "1,50.000000,10.000000\r\n0,49.973439,11.676012\r\n");
-}
-
-TEST_F(ReferenceSystems, LatitudeFirstIsLongitudeFirstAllTheSame) {
-    // The order of the axes of EPSG:4326 itself is latitude, longitude.
-    EXPECT_EQ(Prn("4326", "[10,50],[20,60]"), "1,50.000000,10.000000\r\n0,60.000000,20.000000\r\n");
-}
-
-TEST_F(ReferenceSystems, AnotherDatumIsBroughtToWgs84) {
-    // echo "50 10" | cs2cs -f %.6f EPSG:4314 +to EPSG:4326: 49.998857 9.998811, a hundred metres off.
-    EXPECT_THAT(Prn("4314", "[10,50],[10,50.5]"), StartsWith("1,49.998857,9.998811\r\n"));
-}
-
-TEST_F(ReferenceSystems, NoneIsTakenForDegreesAndTold) {
-    Put("in.csv", "WKT,n\n\"LINESTRING (10 50,20 60)\",1\n");
-    const Outcome outcome = Run({"in.csv", "out.prn"});
-    EXPECT_EQ(outcome.code, 0);
-    EXPECT_EQ(Get("out.prn"), "1,50.000000,10.000000\r\n0,60.000000,20.000000\r\n");
-    EXPECT_EQ(outcome.errors,
-              "quelmont-convert: the coordinates are taken for longitude and latitude, as there is "
-              "no reference system\n");
 }
 
 class Selections : public ConvertTest {
