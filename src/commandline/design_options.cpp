@@ -1,66 +1,38 @@
 #include "commandline/design_options.h"
 
 #include "core/rounding.h"
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
-#include "dialogs/bounds/lobe_checks.h"
-#include "graticule/calc_graticule.h"
 #include "graticule/grid_types.h"
-#include "graticule/utm_grid.h"
 #include "mapfiles/feature_rows.h"
-#include "projection/param_select.h"
 #include "projection/projection_table.h"
-#include "projection/utm.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <initializer_list>
-#include <utility>
 
 namespace quelmont {
 
 namespace {
 
-/// A field of a dialog and the index of its text.
-struct Field {
-    const char* control;
-    std::size_t index;
-};
-
-/// Puts the given texts in and checks each field of a dialog, in the order of its fields.
+/// Puts the texts that were given in the place of those that a dialog proposes.
 template <std::size_t Size>
-bool TakeFields(const char* dialog, std::initializer_list<Field> fields,
-                const std::array<std::optional<std::string>, Size>& given,
-                std::array<std::string, Size>& texts) {
-    for (const Field& field : fields) {
-        std::string& text = texts[field.index];
-        text = given[field.index].value_or(text);
-        if (IsRefused(CheckBoundaryField(dialog, field.control, text))) {
-            return false;
-        }
+void TakeTexts(const std::array<std::optional<std::string>, Size>& given,
+               std::array<std::string, Size>& texts) {
+    for (std::size_t i = 0; i < Size; ++i) {
+        texts[i] = given[i].value_or(texts[i]);
     }
-    return true;
-}
-
-/// Runs the calculation that accepts the bounds; a refusal leaves its mark in ProjOffMap.
-bool Accepted(void (*calculation)()) {
-    calculation();
-    return !std::exchange(Design.ProjOffMap, false);
 }
 
 bool TakeStandardParallels(const DrawOptions& options) {
-    ParamStdParallel();
+    ProposeStandardParallels();
     std::array<std::string, 2> texts = Design.StdParText;
-    auto given = options.stdPar;
+    TakeTexts(options.stdPar, texts);
     if (HasOneStandardParallel()) {
-        given[1] = given[0].value_or(texts[0]);
-        given[1]->back() = 'S';
+        texts[1] = texts[0];
+        texts[1].back() = 'S';
     }
-    if (!TakeFields("LatLonStdPar", {{"LatNorthStdPar", 0}, {"LatSouthStdPar", 1}}, given, texts) ||
-        IsRefused(AcceptLatLonStdPar(texts[0], texts[1]))) {
-        return false;
-    }
-    StoreStandardParallels(texts[0], texts[1]);
-    return true;
+    return AcceptStandardParallels(texts[0], texts[1]);
 }
 
 bool TakeLobes(const DrawOptions& options) {
@@ -68,84 +40,29 @@ bool TakeLobes(const DrawOptions& options) {
     constexpr std::size_t perHemisphere = 3;
     ProposeLobes();
     for (const std::size_t hemisphere : {0U, 1U}) {
-        if (!options.lobes[hemisphere]) {
-            continue;
-        }
-        const std::vector<std::string>& interruptions = *options.lobes[hemisphere];
-        Design.LobeText[hemisphere] = std::to_string(interruptions.size());
-        for (std::size_t k = 0; k < interruptions.size(); ++k) {
-            const std::size_t field = hemisphere * perHemisphere + k;
-            Design.LobeText[firstInterruption + field] = interruptions[k];
-            if (IsRefused(CheckInterruption(field, interruptions[k]))) {
-                return false;
-            }
+        if (options.lobes[hemisphere]) {
+            const std::vector<std::string>& interruptions = *options.lobes[hemisphere];
+            Design.LobeText[hemisphere] = std::to_string(interruptions.size());
+            std::copy(interruptions.begin(), interruptions.end(),
+                      &Design.LobeText[firstInterruption + hemisphere * perHemisphere]);
         }
     }
-    OrderLobes();
-    if (IsRefused(AcceptLatLonInterrupt())) {
-        return false;
-    }
-    LonInterruptOffset();
-    return true;
-}
-
-bool TakeRectangle(const DrawOptions& options) {
-    if (!TakeFields("LatLonBounds",
-                    {{"LatN", 0}, {"LatS", 1}, {"LatGr", 2}, {"LonW", 3}, {"LonE", 4}, {"LonGr", 5}},
-                    options.grid, Design.GridText) ||
-        IsRefused(AcceptLatLonBounds(Design.GridText[0], Design.GridText[1])) || !Accepted(CalcGraticule)) {
-        return false;
-    }
-    if (HasStandardParallels()) {
-        return TakeStandardParallels(options);
-    }
-    return Design.ProjNum != ProjInterruptedMollweide || TakeLobes(options);
-}
-
-bool TakeCircle(const DrawOptions& options) {
-    const bool perspective = Design.ProjNum == ProjVerticalPerspective;
-    const char* const dialog = perspective ? "LatLonBoundsVp" : "LatLonBoundsAz";
-    if (!TakeFields(dialog,
-                    {{"LatCentral", 6},
-                     {"LonCentral", 7},
-                     {"LatGr", 2},
-                     {"LonGr", 5},
-                     perspective ? Field{"VpDistanceKM", 9} : Field{"AzRangeDist", 8}},
-                    options.grid, Design.GridText)) {
-        return false;
-    }
-    if ((!perspective && IsRefused(AcceptLatLonBoundsAz(Design.GridText[8]))) || !Accepted(CalcGraticule)) {
-        return false;
-    }
-    ForgetStandardParallels();
-    return true;
-}
-
-bool TakeUtm(const DrawOptions& options) {
-    Design.SpheroidName = options.spheroid.value_or(Design.SpheroidName);
-    if (!TakeFields("UtmParameters", {{"UtmLonCentral", 0}, {"UtmLatOrigin", 1}}, options.utm,
-                    Design.UtmText)) {
-        return false;
-    }
-    for (std::size_t i = 2; i < Design.UtmText.size(); ++i) {
-        Design.UtmText[i] = options.utm[i].value_or(Design.UtmText[i]);
-    }
-    CalcUtmZone();
-    return Accepted(CalcUtmGrid);
+    return AcceptLobes();
 }
 
 bool TakeProjection(const DrawOptions& options) {
     Design.ProjNum = options.ProjNum;
     Design.ProjName = FindProjection(options.ProjNum)->ProjName;
     ProposeBounds();
-    const bool taken = Design.ProjNum == ProjUtm     ? TakeUtm(options)
-                       : IsAzimuthal(Design.ProjNum) ? TakeCircle(options)
-                                                     : TakeRectangle(options);
-    if (taken) {
-        ParamSelect();
-        Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    TakeTexts(options.grid, Design.GridText);
+    TakeTexts(options.utm, Design.UtmText);
+    Design.SpheroidName = options.spheroid.value_or(Design.SpheroidName);
+    if (!AcceptBounds() || (HasStandardParallels() && !TakeStandardParallels(options)) ||
+        (Design.ProjNum == ProjInterruptedMollweide && !TakeLobes(options))) {
+        return false;
     }
-    return taken;
+    FinishAcceptance();
+    return true;
 }
 
 void TakeGrid(const DrawOptions& options) {

@@ -18,7 +18,8 @@ protected:
     /// The button "Cancel".
     void AddCancel();
 
-    void Cancel_Click();
+    /// Sets DialogCancelled and closes. A dialog that has changed the design undoes that first.
+    virtual void Cancel_Click();
     /// Clears DialogCancelled and closes.
     void CloseAccepted();
 

@@ -13,6 +13,7 @@
 #include "dialogs/look/select_grid_type.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/ready_to_draw.h"
 #include "mainwindow/save_map.h"
 #include "platform/machine.h"
 
@@ -66,6 +67,9 @@ void EnablePrinting() {
 }
 
 void DrawMapClicked() {
+    if (!ReadyToDraw()) {
+        return;
+    }
     ShowDialog<MapReduceForm>();
     if (Design.DialogCancelled) {
         Design.DialogCancelled = false;

@@ -5,6 +5,7 @@
 #include "dialogs/exports/asc_output.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/ready_to_draw.h"
 #include "output/bmp/bmp_file.h"
 #include "platform/machine.h"
 
@@ -17,6 +18,7 @@ namespace quelmont {
 
 namespace {
 
+constexpr int BmpItem = 5;
 constexpr int AsciiItem = 9;
 
 /// What the file dialog of an item shows, and what becomes of the name.
@@ -91,12 +93,15 @@ void SaveAsAscii() {
 
 void SaveMapAs(int Index) {
     if (Index == AsciiItem) {
-        SaveAsAscii();
+        if (ReadyToDraw()) {
+            SaveAsAscii();
+        }
         return;
     }
     const auto* const item = std::find_if(SaveItems.begin(), SaveItems.end(),
                                           [&](const SaveItem& entry) { return entry.index == Index; });
-    if (item == SaveItems.end()) {
+    // The bitmap is the picture as it is.
+    if (item == SaveItems.end() || (item->index != BmpItem && !ReadyToDraw())) {
         return;
     }
     if (const std::optional<std::string> name = AskForName(*item)) {

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/stop_signals.h"
 #include "graticule/calc_graticule.h"
+#include "graticule/calculate_bounds.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
 #include "mapfiles/feature_rows.h"
@@ -45,7 +46,7 @@ void StartUp() {
     Design.MapFileDefault = Design.AppPath + DefaultMapTitle;
     ConstantDefs();
     ConstantGrid();
-    CalcGraticule();
+    CalculateBounds();
     ParamStdParallel();
     ParamSelect();
     ScaleScreen();

@@ -163,6 +163,14 @@ Refusal CheckParallelPlace(Refuse refuse, std::string_view control, std::string_
     return {};
 }
 
+/// The one parallel is measured from the equator to the north.
+Refusal CheckOneParallelIsNorth(std::string_view north) {
+    AngleField rule = RuleOf("LatLonStdPar", NorthParallel);
+    rule.kind = AngleFieldKind::NorthLatitude;
+    const bool refused = HasOneStandardParallel() && SplitAngle(rule.kind, north).letter != 'N';
+    return refused ? RefuseAcceptance(NorthParallel, rule.title, AngleFieldFault(rule, north)) : Refusal{};
+}
+
 /// How the parallels of a cone lie to each other, and on the conformal conic to a pole on the map.
 Refusal CheckParallelsOfCone(double north, double south) {
     const bool conformal = Design.ProjNum == ProjConformalConic;
@@ -245,7 +253,10 @@ Refusal AcceptLatLonBoundsAz(std::string_view azRangeDist) {
 }
 
 Refusal AcceptLatLonStdPar(std::string_view north, std::string_view south) {
-    Refusal refusal = CheckParallelPlace(RefuseAcceptance, NorthParallel, north);
+    Refusal refusal = CheckOneParallelIsNorth(north);
+    if (!IsRefused(refusal)) {
+        refusal = CheckParallelPlace(RefuseAcceptance, NorthParallel, north);
+    }
     if (!IsRefused(refusal)) {
         refusal = CheckParallelPlace(RefuseAcceptance, SouthParallel, south);
     }

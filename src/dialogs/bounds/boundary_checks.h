@@ -46,7 +46,7 @@ Refusal AcceptLatLonBoundsAz(std::string_view azRangeDist);
 
 /// Both standard parallels, when LatLonStdPar is accepted: what is checked as each is left, then
 /// how they lie to each other: on a cone neither equal nor symmetric about the equator. Where there
-/// is one parallel, the southern text is its mirror image.
+/// is one parallel, it is north, and the southern text is its mirror image.
 Refusal AcceptLatLonStdPar(std::string_view north, std::string_view south);
 
 } // namespace quelmont

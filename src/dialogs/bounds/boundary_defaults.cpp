@@ -2,16 +2,33 @@
 
 #include "core/angle_text.h"
 #include "core/map_design.h"
+#include "dialogs/bounds/accept_bounds.h"
+#include "dialogs/bounds/boundary_checks.h"
 #include "graticule/calc_graticule.h"
 #include "projection/lobe_row.h"
+#include "projection/param_select.h"
 
 #include <algorithm>
 #include <cstddef>
 
 namespace quelmont {
 
+namespace {
+
+bool WasAccepted() { return Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)]; }
+
+bool AcceptStoredParallels() { return AcceptStandardParallels(Design.StdParText[0], Design.StdParText[1]); }
+
+/// Where one parallel stands for two, they are each other's mirror image: those of a cone are not.
+bool ParallelsAreOfThisKind() {
+    return !HasOneStandardParallel() ||
+           LatitudeSeconds(Design.StdParText[0]) == -LatitudeSeconds(Design.StdParText[1]);
+}
+
+} // namespace
+
 void ProposeBounds() {
-    if (Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)]) {
+    if (WasAccepted() && WouldAccept(AcceptChain)) {
         return;
     }
     ConstantGrid();
@@ -42,7 +59,16 @@ void ProposeBounds() {
     }
 }
 
+void ProposeStandardParallels() {
+    if (!WasAccepted() || !ParallelsAreOfThisKind() || !WouldAccept(AcceptStoredParallels)) {
+        ParamStdParallel();
+    }
+}
+
 void ProposeLobes() {
+    if (WasAccepted() && WouldAccept(AcceptLobes)) {
+        return;
+    }
     Design.LobeText = {"2",
                        "2",
                        Design.GridText[3],

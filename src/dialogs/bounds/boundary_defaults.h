@@ -4,16 +4,25 @@
 
 namespace quelmont {
 
-/// What the dialog of the map's boundaries proposes for a projection whose bounds were not accepted
-/// yet: the whole world, less what the projection cannot show.
+// What each dialog proposes. A projection that was accepted before (ProjGridSet) is shown the texts that
+// the design has, unless the dialog's own checks would refuse them: another projection may have left
+// them.
+
+/// The first dialog: the whole world, less what the projection cannot show. The dialog that follows has
+/// to find parallels or interruptions for the bounds.
 ///
 /// Reads   ProjNum, ProjGridSet.  Writes  GridText.
 void ProposeBounds();
 
-/// What the dialog of the interrupted projection proposes: two interruptions in each hemisphere, in
-/// the oceans of the north and of the south, on a map that begins and ends at 20 degrees east.
+/// The dialog of the standard parallels: those of ParamStdParallel.
 ///
-/// Writes  LobeText, entry 2 from GridText(3).
+/// Reads   ProjNum, ProjGridSet, LatNorth, LatSouth, StdParText.  Writes  what ParamStdParallel does.
+void ProposeStandardParallels();
+
+/// The dialog of the interrupted projection: two interruptions in each hemisphere, in the oceans of
+/// the north and of the south, on a map that begins and ends at 20 degrees east.
+///
+/// Reads   ProjGridSet.  Writes  LobeText, entry 2 from GridText(3).
 void ProposeLobes();
 
 /// Puts the boundaries of the lobes in order: left boundary of the map, northern interruptions,

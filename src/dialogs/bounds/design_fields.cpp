@@ -2,6 +2,7 @@
 
 #include "core/angle_field.h"
 #include "dialogs/bounds/boundary_checks.h"
+#include "graticule/calculate_bounds.h"
 
 #include <algorithm>
 
@@ -51,13 +52,6 @@ bool DesignFields::Allowed(const Refusal& refusal) {
     return false;
 }
 
-bool DesignFields::CalculationAllowed() {
-    if (!Design.ProjOffMap) {
-        return true;
-    }
-    Design.ProjOffMap = false;
-    Allowed(Design.LastRefusal);
-    return false;
-}
+bool DesignFields::BoundsCalculated() { return CalculateBounds() || Allowed(Design.LastRefusal); }
 
 } // namespace quelmont

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/map_design.h"
-#include "dialogs/design_dialog.h"
+#include "dialogs/bounds/bounds_form.h"
 
 #include <string>
 #include <string_view>
@@ -16,9 +16,9 @@ constexpr std::string_view ArcMask = "%%%    %%    %%";
 
 /// A dialog whose fields show and store texts of the design. A field that is left with a bad text
 /// keeps the focus or gets the design's text back, as the box was answered.
-class DesignFields : public DesignDialog {
+class DesignFields : public BoundsForm {
 protected:
-    using DesignDialog::DesignDialog;
+    using BoundsForm::BoundsForm;
 
     /// What of a field's text is stored.
     enum class Stores { Text, BareDigits };
@@ -37,10 +37,8 @@ protected:
     /// Does what a box's answer asks for: the focus to the field, or the design's texts into the
     /// fields named. True when nothing was refused.
     bool Allowed(const Refusal& refusal);
-    /// The same for what CalcGraticule or CalcUtmGrid left, and takes its mark away.
-    bool CalculationAllowed();
-
-    static constexpr int HelpPageOfBoundaries = 110;
+    /// Runs CalculateBounds and does the same for what it refused.
+    bool BoundsCalculated();
 
 private:
     struct Field {

@@ -1,12 +1,10 @@
 #include "dialogs/bounds/lat_lon_bounds.h"
 
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
 #include "dialogs/bounds/lat_lon_interrupt.h"
 #include "dialogs/bounds/lat_lon_std_par.h"
-#include "graticule/calc_graticule.h"
-#include "platform/machine.h"
-#include "projection/param_select.h"
 
 namespace quelmont {
 
@@ -46,22 +44,21 @@ void LatLonBounds::OK_Click() {
     if (!Allowed(AcceptLatLonBounds(TextOf("LatN"), TextOf("LatS")))) {
         return;
     }
+    const DesignBounds beforeOk = Design;
     StoreFields();
-    CalcGraticule();
-    if (!CalculationAllowed()) {
+    if (!BoundsCalculated()) {
         return;
     }
     Design.DialogCancelled = false;
     if (HasStandardParallels()) {
         LatLonStdPar parallels;
-        Machine().forms->Show(parallels);
+        ShowFollowUp(parallels, beforeOk);
     } else if (Design.ProjNum == ProjInterruptedMollweide) {
         LatLonInterrupt interruptions;
-        Machine().forms->Show(interruptions);
+        ShowFollowUp(interruptions, beforeOk);
     } else {
-        Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+        FinishAcceptance();
         Design.BoundsChanged = true;
-        ParamSelect();
     }
     if (Design.BoundsChanged) {
         Close();

@@ -2,10 +2,9 @@
 
 #include "core/angle_field.h"
 #include "core/number_text.h"
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
-#include "graticule/calc_graticule.h"
-#include "projection/param_select.h"
 
 namespace quelmont {
 
@@ -37,13 +36,11 @@ void AzimuthalBounds::AddCentreAndGrid() {
 
 void AzimuthalBounds::Accept() {
     StoreFields();
-    CalcGraticule();
-    if (!CalculationAllowed()) {
+    if (!BoundsCalculated()) {
         return;
     }
-    ParamSelect();
     ForgetStandardParallels();
-    Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    FinishAcceptance();
     Design.BoundsChanged = true;
     CloseAccepted();
 }

@@ -1,10 +1,10 @@
 #include "dialogs/bounds/lat_lon_interrupt.h"
 
 #include "core/number_text.h"
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_defaults.h"
 #include "dialogs/bounds/lobe_checks.h"
 #include "graticule/calc_graticule.h"
-#include "projection/param_select.h"
 
 #include <algorithm>
 
@@ -45,9 +45,7 @@ LatLonInterrupt::LatLonInterrupt()
 void LatLonInterrupt::Form_Load() {
     Design.BoundsChanged = false;
     Design.DialogCancelled = true;
-    if (!Design.ProjGridSet[ProjInterruptedMollweide]) {
-        ProposeLobes();
-    }
+    ProposeLobes();
 }
 
 void LatLonInterrupt::AddHemisphere(std::size_t hemisphere) {
@@ -119,9 +117,8 @@ void LatLonInterrupt::OK_Click() {
         return;
     }
     LonInterruptOffset();
+    FinishAcceptance();
     Design.BoundsChanged = true;
-    ParamSelect();
-    Design.ProjGridSet[ProjInterruptedMollweide] = true;
     CloseAccepted();
 }
 

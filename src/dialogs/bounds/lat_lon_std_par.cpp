@@ -1,22 +1,12 @@
 #include "dialogs/bounds/lat_lon_std_par.h"
 
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
-#include "projection/param_select.h"
 
 namespace quelmont {
 
 namespace {
-
-bool LiesInside(double parallel) { return parallel > Design.LatSouth && parallel < Design.LatNorth; }
-
-void ProposeParallels() {
-    const bool isSet = Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)];
-    if (!isSet ||
-        (!HasOneStandardParallel() && !(LiesInside(Design.StdParNorth) && LiesInside(Design.StdParSouth)))) {
-        ParamStdParallel();
-    }
-}
 
 /// Column of the hemisphere's letter, from 0.
 constexpr std::size_t LetterColumn = 18;
@@ -25,7 +15,7 @@ constexpr std::size_t LetterColumn = 18;
 
 LatLonStdPar::LatLonStdPar() : DesignFields("LatLonStdPar", "Latitudes of Standard Parallels") {
     Design.DialogCancelled = true;
-    ProposeParallels();
+    ProposeStandardParallels();
     AddField("LatNorthStdPar", "&Northernmost standard parallel", LatitudeMask, Design.StdParText[0]);
     AddField("LatSouthStdPar", "&Southernmost standard parallel", LatitudeMask, Design.StdParText[1]);
     CheckWhenLeft("LatNorthStdPar");
@@ -59,8 +49,7 @@ void LatLonStdPar::OK_Click() {
         return;
     }
     StoreStandardParallels(TextOf("LatNorthStdPar"), TextOf("LatSouthStdPar"));
-    ParamSelect();
-    Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    FinishAcceptance();
     Design.BoundsChanged = true;
     CloseAccepted();
 }

@@ -1,8 +1,7 @@
 #include "dialogs/bounds/utm_dialogs.h"
 
-#include "graticule/utm_grid.h"
-#include "platform/machine.h"
-#include "projection/param_select.h"
+#include "dialogs/bounds/accept_bounds.h"
+
 #include "projection/utm.h"
 
 #include <algorithm>
@@ -26,7 +25,7 @@ int LineOfSpheroid() {
 
 } // namespace
 
-UtmSpheroid::UtmSpheroid() : DesignDialog("UtmSpheroid", "Select UTM Spheroid") {
+UtmSpheroid::UtmSpheroid() : BoundsForm("UtmSpheroid", "Select UTM Spheroid") {
     std::vector<std::string> lines;
     for (const Spheroid& spheroid : Spheroids) {
         lines.push_back(" " + std::string(spheroid.name));
@@ -41,13 +40,14 @@ UtmSpheroid::UtmSpheroid() : DesignDialog("UtmSpheroid", "Select UTM Spheroid") 
 }
 
 void UtmSpheroid::OK_Click() {
+    const DesignBounds beforeOk = Design;
     const Control& list = At("Ellipsoid");
     if (list.value >= 0) {
         Design.SpheroidName = list.items[static_cast<std::size_t>(list.value)].substr(1);
     }
     Close();
     UtmParameters parameters;
-    Machine().forms->Show(parameters);
+    ShowFollowUp(parameters, beforeOk);
 }
 
 UtmParameters::UtmParameters() : DesignFields("UtmParameters", "Select UTM Parameters") {
@@ -64,11 +64,12 @@ UtmParameters::UtmParameters() : DesignFields("UtmParameters", "Select UTM Param
 }
 
 void UtmParameters::OK_Click() {
+    const DesignBounds beforeOk = Design;
     StoreFields();
     CalcUtmZone();
     CloseAccepted();
     UtmCoords bounds;
-    Machine().forms->Show(bounds);
+    ShowFollowUp(bounds, beforeOk);
 }
 
 UtmCoords::UtmCoords() : DesignFields("UtmCoords", "UTM Projection Boundaries") {
@@ -89,11 +90,10 @@ UtmCoords::UtmCoords() : DesignFields("UtmCoords", "UTM Projection Boundaries") 
 
 void UtmCoords::OK_Click() {
     StoreFields();
-    CalcUtmGrid();
-    if (!CalculationAllowed()) {
+    if (!BoundsCalculated()) {
         return;
     }
-    ParamSelect();
+    FinishAcceptance();
     Design.BoundsChanged = true;
     CloseAccepted();
 }

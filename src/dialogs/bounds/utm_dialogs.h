@@ -10,7 +10,7 @@ namespace quelmont {
 /// "Select UTM Spheroid".
 ///
 /// Writes  SpheroidName, DialogCancelled.
-class UtmSpheroid : public DesignDialog {
+class UtmSpheroid : public BoundsForm {
 public:
     UtmSpheroid();
 

@@ -55,6 +55,12 @@ void SelectGridType::GridColor_Click() {
     Edit("GridColor").colors = {ColorBits(Design.GridColor)};
 }
 
+void SelectGridType::Cancel_Click() {
+    Design.GridColor = colorBefore;
+    Design.GridColorIndex = colorIndexBefore;
+    DesignDialog::Cancel_Click();
+}
+
 void SelectGridType::OK_Click() {
     const int line = At("GridTypeList").value;
     if (line >= 0) {

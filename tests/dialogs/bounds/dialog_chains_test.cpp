@@ -100,17 +100,20 @@ TEST_F(BoundaryDialogs, RangesProposeWhatTheProjectionCanShow) {
 
 TEST_F(BoundaryDialogs, AcceptedBoundsAreShownAgain) {
     Choose(ProjRobinson);
+    ConstantGrid();
     IsSet() = true;
     Design.GridText[0] = "70    00    00    N";
+    Design.GridText[2] = "010    00    00";
     EXPECT_EQ(LatLonBounds().At("LatN").text, "70    00    00    N");
 }
 
-TEST_F(BoundaryDialogs, OpeningResetsTheBoundsOfANewProjectionAtOnce) {
+TEST_F(BoundaryDialogs, ProposalsForANewProjectionLastUntilTheyAreCancelled) {
     Choose(ProjMercator);
     Design.GridText[0] = "70    00    00    N";
     LatLonBounds form;
-    form.PressCancel();
     EXPECT_EQ(Design.GridText[0], "80    00    00    N");
+    form.PressCancel();
+    EXPECT_EQ(Design.GridText[0], "70    00    00    N");
     EXPECT_FALSE(IsSet());
 }
 
@@ -489,6 +492,7 @@ TEST_F(BoundaryDialogs, AzimuthalGridThatDoesNotDivideIsRefusedInItsDialog) {
 
 TEST_F(BoundaryDialogs, RangeFieldShowsTheAngleAlone) {
     Choose(ProjAzimuthalEquidistant);
+    ConstantGrid();
     IsSet() = true;
     Design.GridText[8] = "081    15    30    E"; // as the vertical perspective leaves its horizon
     EXPECT_EQ(LatLonBoundsAz().At("AzRangeDist").text, "081    15    30");

@@ -80,8 +80,23 @@ TEST_F(GridTypeDialog, ColorOpensThePickerOfTheGrid) {
     EXPECT_FALSE(form.Closed());
     EXPECT_EQ(ColorBits(Design.GridColor), 0x0000FFU) << "red, low byte first";
     EXPECT_THAT(form.At("GridColor").colors, ElementsAre(0x0000FFU));
+    form.PressDefault();
+    EXPECT_EQ(ColorBits(Design.GridColor), 0x0000FFU);
+    EXPECT_EQ(Design.GridColorIndex, 12);
+}
+
+TEST_F(GridTypeDialog, CancelGivesTheOldColorBack) {
+    const ColorValue black = Design.GridColor;
+    SelectGridType form;
+    for (const int cell : {12, 40}) {
+        machine.forms.Script("Colors256", [cell](Form& picker) { picker.Choose("ColorSquare", cell); });
+        form.Press("GridColor");
+        EXPECT_EQ(Design.GridColorIndex, cell);
+    }
     form.PressCancel();
-    EXPECT_EQ(ColorBits(Design.GridColor), 0x0000FFU) << "the picker has its own word";
+    EXPECT_EQ(Design.GridColor, black);
+    EXPECT_EQ(Design.GridColorIndex, 0);
+    EXPECT_TRUE(Design.DialogCancelled);
 }
 
 } // namespace
