@@ -1,13 +1,12 @@
 #include "desktop/desktop_window.h"
 
-#include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/standard_colors.h"
 #include "desktop/window_place.h"
 #include "mainwindow/commands.h"
+#include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
-#include "mainwindow/projection_menu.h"
 #include "mainwindow/settings.h"
 #include "platform/machine.h"
 
@@ -24,7 +23,6 @@ namespace quelmont {
 namespace {
 
 constexpr qint64 RepaintMilliseconds = 33;
-constexpr int StopTitle = 5;
 constexpr Qt::WindowStates SpecialStates = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
 
 QIcon ProgramIcon() {
@@ -33,29 +31,6 @@ QIcon ProgramIcon() {
         icon.addFile(QString::fromLatin1(name));
     }
     return icon;
-}
-
-void RunCommand(Menu menu, int index) {
-    switch (menu) {
-    case Menu::mnuBar:
-        Guarded("mnuBar_Click", [&] { mnuBar_Click(index); });
-        break;
-    case Menu::mnuInput:
-        Guarded("mnuInput_Click", [&] { mnuInput_Click(index); });
-        break;
-    case Menu::mnuDesign:
-        Guarded("mnuDesign_Click", [&] { mnuDesign_Click(index); });
-        break;
-    case Menu::mnuAbout:
-        Guarded("mnuAbout_Click", [&] { mnuAbout_Click(index); });
-        break;
-    case Menu::mnuProj:
-        Guarded("mnuProj_Click", [&] { mnuProj_Click(index); });
-        break;
-    case Menu::mnuProjMollweide:
-        Guarded("mnuProjMollweide_Click", [&] { mnuProjMollweide_Click(index); });
-        break;
-    }
 }
 
 } // namespace
@@ -162,7 +137,7 @@ void DesktopWindow::Clicked(Menu menu, int index) {
         return;
     }
     busy = true;
-    RunCommand(menu, index);
+    ClickMenuItem(menu, index);
     busy = false;
     if (closeWanted) {
         closeWanted = false;

@@ -5,8 +5,6 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include <optional>
-
 namespace quelmont {
 
 namespace {
@@ -15,43 +13,20 @@ QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The menu below a title of the bar; the other titles act at once.
-std::optional<Menu> MenuBelow(int title) {
-    switch (title) {
-    case 0:
-        return Menu::mnuInput;
-    case 1:
-        return Menu::mnuProj;
-    case 2:
-        return Menu::mnuDesign;
-    case 4:
-        return Menu::mnuAbout;
-    default:
-        return std::nullopt;
-    }
-}
-
-constexpr int MollweideItem = 5;
-
-/// Only one item is a switch; the marks of the others show what was used last, and stand there
-/// without a box.
-bool IsSwitch(Menu menu, int index) { return menu == Menu::mnuDesign && index == PixelSizeItem; }
-
 } // namespace
 
 WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(clicked_)) {
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
         const int index = entry.index;
-        const auto below = MenuBelow(index);
-        if (below) {
+        if (entry.below) {
             QMenu* menu = bar.addMenu(Text(entry.text));
-            items[{Menu::mnuBar, index}] = Item{menu->menuAction(), entry.ready};
+            Keep(Menu::mnuBar, entry, menu->menuAction());
             QObject::connect(menu, &QMenu::aboutToShow, menu,
                              [this, index] { clicked(Menu::mnuBar, index); });
-            Fill(*menu, *below);
+            Fill(*menu, *entry.below);
         } else {
             QAction* action = bar.addAction(Text(entry.text));
-            items[{Menu::mnuBar, index}] = Item{action, entry.ready};
+            Keep(Menu::mnuBar, entry, action);
             QObject::connect(action, &QAction::triggered, action, [this, &bar, index] {
                 // The title would stay lit as long as the command runs.
                 bar.setActiveAction(nullptr);
@@ -61,42 +36,46 @@ WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(cl
     }
 }
 
+void WindowMenus::Keep(Menu menu, const MenuEntry& entry, QAction* action) {
+    items[{menu, entry.index}] = {action, entry.Ready(), entry.isSwitch};
+}
+
 void WindowMenus::Fill(QMenu& target, Menu menu) {
     for (const MenuEntry& entry : MenuEntries(menu)) {
-        if (entry.text.empty()) {
+        if (entry.IsSeparator()) {
             target.addSeparator();
             continue;
         }
-        if (menu == Menu::mnuProj && entry.index == MollweideItem) {
+        if (entry.below) {
             QMenu* lower = target.addMenu(Text(entry.text));
-            items[{menu, entry.index}] = Item{lower->menuAction(), entry.ready};
-            Fill(*lower, Menu::mnuProjMollweide);
+            Keep(menu, entry, lower->menuAction());
+            Fill(*lower, *entry.below);
         } else {
-            AddItem(target, menu, entry.index);
-            items[{menu, entry.index}].action->setText(Text(entry.text));
-            items[{menu, entry.index}].ready = entry.ready;
+            AddItem(target, menu, entry);
         }
         SetEnabled(menu, entry.index, true);
     }
 }
 
-void WindowMenus::AddItem(QMenu& target, Menu menu, int index) {
-    QAction* action = target.addAction(QString());
+void WindowMenus::AddItem(QMenu& target, Menu menu, const MenuEntry& entry) {
+    QAction* action = target.addAction(Text(entry.text));
     // The application's own items must not wander into a menu of the desktop.
     action->setMenuRole(QAction::NoRole);
-    action->setCheckable(IsSwitch(menu, index));
-    items[{menu, index}] = Item{action};
-    QObject::connect(action, &QAction::triggered, action, [this, menu, index] { Triggered(menu, index); });
+    action->setCheckable(entry.isSwitch);
+    Keep(menu, entry, action);
+    QObject::connect(action, &QAction::triggered, action,
+                     [this, menu, index = entry.index] { Triggered(menu, index); });
 }
 
 void WindowMenus::Triggered(Menu menu, int index) {
     // A checkable action has turned its mark already; the handler decides about it.
-    Show(items[{menu, index}], menu, index);
+    Show(items[{menu, index}]);
     clicked(menu, index);
 }
 
-void WindowMenus::Show(const Item& item, Menu menu, int index) {
-    item.action->setCheckable(item.checked || IsSwitch(menu, index));
+void WindowMenus::Show(const Item& item) {
+    // Marks of what was used last stand there without a box.
+    item.action->setCheckable(item.checked || item.isSwitch);
     item.action->setChecked(item.checked);
 }
 
@@ -111,7 +90,7 @@ void WindowMenus::SetChecked(Menu menu, int index, bool checked) {
     const auto found = items.find({menu, index});
     if (found != items.end()) {
         found->second.checked = checked;
-        Show(found->second, menu, index);
+        Show(found->second);
     }
 }
 

@@ -12,6 +12,8 @@ class QMenuBar;
 
 namespace quelmont {
 
+struct MenuEntry;
+
 /// The menus of the main window on the screen.
 class WindowMenus {
 public:
@@ -32,13 +34,15 @@ private:
     struct Item {
         QAction* action = nullptr;
         bool ready = false;
+        bool isSwitch = false;
         bool checked = false;
     };
 
     void Fill(QMenu& target, Menu menu);
-    void AddItem(QMenu& target, Menu menu, int index);
+    void AddItem(QMenu& target, Menu menu, const MenuEntry& entry);
+    void Keep(Menu menu, const MenuEntry& entry, QAction* action);
     void Triggered(Menu menu, int index);
-    void Show(const Item& item, Menu menu, int index);
+    static void Show(const Item& item);
 
     Clicked clicked;
     std::map<std::pair<Menu, int>, Item> items;

@@ -4,86 +4,31 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "dialogs/about_qmnt.h"
-#include "dialogs/bounds/boundary_dialog.h"
-#include "dialogs/exports/line_width_scale.h"
-#include "dialogs/files/input_file_choices.h"
-#include "dialogs/look/colors256.h"
-#include "dialogs/look/map_reduce.h"
-#include "dialogs/look/select_grid_type.h"
 #include "mainwindow/main_menu.h"
-#include "mainwindow/map_draw.h"
-#include "mainwindow/ready_to_draw.h"
-#include "mainwindow/save_map.h"
+#include "mainwindow/projection_menu.h"
 #include "platform/machine.h"
 
+#include <array>
 #include <string>
 
 namespace quelmont {
 
 namespace {
 
-// Of the menu bar.
-constexpr int FileTitle = 0;
-constexpr int DrawItem = 3;
-constexpr int StopItem = 5;
-// Of the File menu.
-constexpr int OpenMapFileItem = 0;
-constexpr int PrintMapItem = 2;
-constexpr int PrintSetupItem = 3;
-constexpr int ExitItem = 17;
-// Of the Design Map menu.
-constexpr int BoundariesItem = 0;
-constexpr int BackgroundItem = 7;
-constexpr int GridItem = 8;
-constexpr int LineWidthItem = 9;
-// Of the Help menu.
-constexpr int AboutItem = 3;
-constexpr int PlotTimeItem = 4;
+struct ClickHandler {
+    Menu menu;
+    const char* name;
+    void (*handler)(int);
+};
 
-template <typename Dialog>
-void ShowDialog() {
-    Dialog dialog;
-    Machine().forms->Show(dialog);
-}
-
-void ChooseBackground() {
-    Design.ColorPurpose = PurposeBackground;
-    ShowDialog<Colors256>();
-}
-
-void TogglePixelSize() {
-    MainWindow& window = *Machine().window;
-    window.SetMenuChecked(Menu::mnuDesign, PixelSizeItem,
-                          !window.MenuChecked(Menu::mnuDesign, PixelSizeItem));
-    ToggleCaption();
-}
-
-/// There is nothing to print on without a printer.
-void EnablePrinting() {
-    const bool any = Machine().printers->Any();
-    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintMapItem, any);
-    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintSetupItem, any);
-}
-
-void DrawMapClicked() {
-    if (!ReadyToDraw()) {
-        return;
-    }
-    ShowDialog<MapReduceForm>();
-    if (Design.DialogCancelled) {
-        Design.DialogCancelled = false;
-        return;
-    }
-    Machine().window->Cls();
-    MapDraw();
-}
-
-void ShowPlotTime() {
-    Machine().boxes->Ask("Plot Time",
-                         "Time to plot map:  " + FormatNumber(Design.PlotSeconds, "####0.0") + " seconds",
-                         BoxButtons::Ok, BoxIcon::Information);
-}
+constexpr std::array ClickHandlers = std::to_array<ClickHandler>({
+    {Menu::mnuBar, "mnuBar_Click", mnuBar_Click},
+    {Menu::mnuInput, "mnuInput_Click", mnuInput_Click},
+    {Menu::mnuProj, "mnuProj_Click", mnuProj_Click},
+    {Menu::mnuProjMollweide, "mnuProjMollweide_Click", mnuProjMollweide_Click},
+    {Menu::mnuDesign, "mnuDesign_Click", mnuDesign_Click},
+    {Menu::mnuAbout, "mnuAbout_Click", mnuAbout_Click},
+});
 
 /// A number in a caption: the general form without its leading blank.
 std::string Plain(double value) {
@@ -93,56 +38,28 @@ std::string Plain(double value) {
 
 } // namespace
 
-void mnuBar_Click(int Index) {
-    if (Index == FileTitle) {
-        EnablePrinting();
-    } else if (Index == DrawItem) {
-        DrawMapClicked();
-    } else if (Index == StopItem) {
-        StopDrawing();
-    }
-}
+void mnuBar_Click(int Index) { RunMenuItem(Menu::mnuBar, Index); }
 
 void mnuInput_Click(int Index) {
     MarkMenuItem(Menu::mnuInput, Index);
-    if (Index == OpenMapFileItem) {
-        ShowDialog<InputFileChoices>();
-    } else if (Index == ExitItem) {
-        Machine().window->Close();
-    } else {
-        SaveMapAs(Index);
-    }
+    RunMenuItem(Menu::mnuInput, Index);
 }
 
 void mnuDesign_Click(int Index) {
     MarkMenuItem(Menu::mnuDesign, Index);
-    switch (Index) {
-    case BoundariesItem:
-        ShowBoundaryDialog();
-        break;
-    case BackgroundItem:
-        ChooseBackground();
-        break;
-    case GridItem:
-        ShowDialog<SelectGridType>();
-        break;
-    case LineWidthItem:
-        ShowDialog<LineWidthScale>();
-        break;
-    case PixelSizeItem:
-        TogglePixelSize();
-        break;
-    default:
-        break;
-    }
+    RunMenuItem(Menu::mnuDesign, Index);
 }
 
 void mnuAbout_Click(int Index) {
     MarkMenuItem(Menu::mnuAbout, Index);
-    if (Index == AboutItem) {
-        ShowDialog<AboutQMNT>();
-    } else if (Index == PlotTimeItem) {
-        ShowPlotTime();
+    RunMenuItem(Menu::mnuAbout, Index);
+}
+
+void ClickMenuItem(Menu menu, int index) {
+    for (const ClickHandler& click : ClickHandlers) {
+        if (click.menu == menu) {
+            Guarded(click.name, [&] { click.handler(index); });
+        }
     }
 }
 

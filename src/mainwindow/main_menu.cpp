@@ -1,6 +1,11 @@
 #include "mainwindow/main_menu.h"
 
+#include "mainwindow/map_draw.h"
+#include "mainwindow/menu_commands.h"
+#include "mainwindow/projection_menu.h"
+#include "mainwindow/save_map.h"
 #include "platform/machine.h"
+#include "projection/projection_table.h"
 
 #include <array>
 
@@ -10,88 +15,84 @@ namespace {
 
 // clang-format off
 constexpr std::array BarMenu = {
-    MenuEntry{ 0, "&File",                       true },
-    MenuEntry{ 1, "&Projection",                 true },
-    MenuEntry{ 2, "Design &Map",                 true },
-    MenuEntry{ 3, "&Draw Map",                   true },
-    MenuEntry{ 4, "&Help",                       true },
-    MenuEntry{ 5, "&Stop",                       true },
+    MenuEntry{FileTitle,             "&File",                    EnablePrinting,    Menu::mnuInput},
+    MenuEntry{ProjectionTitle,       "&Projection",              nullptr,           Menu::mnuProj},
+    MenuEntry{DesignTitle,           "Design &Map",              nullptr,           Menu::mnuDesign},
+    MenuEntry{DrawTitle,             "&Draw Map",                AskSizeAndDraw},
+    MenuEntry{HelpTitle,             "&Help",                    nullptr,           Menu::mnuAbout},
+    MenuEntry{StopTitle,             "&Stop",                    [](int) { StopDrawing(); }},
 };
 
 constexpr std::array InputMenu = {
-    MenuEntry{ 0, "&Open Digital Map File",      true },
-    MenuEntry{ 1, "",                            true },
-    MenuEntry{ 2, "&Print Map",                  false},
-    MenuEntry{ 3, "Print Set&up",                false},
-    MenuEntry{ 4, "",                            true },
-    MenuEntry{ 5, "Save as &BMP",                true },
-    MenuEntry{ 6, "Save as &CGM",                true },
-    MenuEntry{ 7, "Save as &DXF",                true },
-    MenuEntry{ 8, "Save as &WMF",                true },
-    MenuEntry{ 9, "Save as &ASCII",              true },
-    MenuEntry{10, "",                            true },
-    MenuEntry{11, "Save &Great Circle",          false},
-    MenuEntry{12, "Save &Small Circle",          false},
-    MenuEntry{13, "",                            true },
-    MenuEntry{14, "Save &Map Design",            false},
-    MenuEntry{15, "&Recall Map Design",          false},
-    MenuEntry{16, "",                            true },
-    MenuEntry{17, "E&xit",                       true },
-};
-
-constexpr std::array ProjMenu = {
-    MenuEntry{ 0, "&Mercator",                   true },
-    MenuEntry{ 1, "&Equirectangular",            true },
-    MenuEntry{ 2, "C&ylindrical equal-area",     true },
-    MenuEntry{ 3, "",                            true },
-    MenuEntry{ 4, "&Hammer equal-area",          true },
-    MenuEntry{ 5, "Moll&weide equal-area",       true },
-    MenuEntry{ 6, "&Robinson",                   true },
-    MenuEntry{ 7, "",                            true },
-    MenuEntry{ 8, "Equi&distant conic",          true },
-    MenuEntry{ 9, "&Conformal conic",            true },
-    MenuEntry{10, "&Albers equal-area",          true },
-    MenuEntry{11, "",                            true },
-    MenuEntry{12, "&Gnomonic",                   true },
-    MenuEntry{13, "&Stereographic",              true },
-    MenuEntry{14, "&Orthographic",               true },
-    MenuEntry{15, "&Vertical Perspective",       true },
-    MenuEntry{16, "Azimu&thal equidistant",      true },
-    MenuEntry{17, "A&zimuthal equal-area",       true },
-    MenuEntry{18, "",                            true },
-    MenuEntry{19, "&UTM",                        true },
-};
-
-constexpr std::array MollweideMenu = {
-    MenuEntry{ 0, "Normal",                      true },
-    MenuEntry{ 1, "Interrupted",                 true },
+    MenuEntry{OpenMapFileItem,       "&Open Digital Map File",   ChooseMapFiles},
+    MenuEntry{ 1},
+    MenuEntry{PrintMapItem,          "&Print Map"},
+    MenuEntry{PrintSetupItem,        "Print Set&up"},
+    MenuEntry{ 4},
+    MenuEntry{SaveBmpItem,           "Save as &BMP",             SaveMapAs},
+    MenuEntry{SaveCgmItem,           "Save as &CGM",             SaveMapAs},
+    MenuEntry{SaveDxfItem,           "Save as &DXF",             SaveMapAs},
+    MenuEntry{SaveWmfItem,           "Save as &WMF",             SaveMapAs},
+    MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
+    MenuEntry{10},
+    MenuEntry{SaveGreatCircleItem,   "Save &Great Circle"},
+    MenuEntry{SaveSmallCircleItem,   "Save &Small Circle"},
+    MenuEntry{13},
+    MenuEntry{SaveDesignItem,        "Save &Map Design"},
+    MenuEntry{RecallDesignItem,      "&Recall Map Design"},
+    MenuEntry{16},
+    MenuEntry{ExitItem,              "E&xit",                    [](int) { Machine().window->Close(); }},
 };
 
 constexpr std::array DesignMenu = {
-    MenuEntry{ 0, "Map &Boundaries",             true },
-    MenuEntry{ 1, "Great &Circle",               false},
-    MenuEntry{ 2, "&Small Circle",               false},
-    MenuEntry{ 3, "",                            true },
-    MenuEntry{ 4, "Add &Text to Map",            false},
-    MenuEntry{ 5, "&Labels",                     false},
-    MenuEntry{ 6, "",                            true },
-    MenuEntry{ 7, "B&ackground Color",           true },
-    MenuEntry{ 8, "&Grid Color, Width, Type",    true },
-    MenuEntry{ 9, "Line &Width Scaling",         true },
-    MenuEntry{10, "Show Window &Pixel Size",     true },
-    MenuEntry{11, "",                            true },
-    MenuEntry{12, "&Map Parameter Report",       false},
-    MenuEntry{13, "G&reat Circle Report",        false},
+    MenuEntry{BoundariesItem,        "Map &Boundaries",          ChooseBoundaries},
+    MenuEntry{GreatCircleItem,       "Great &Circle"},
+    MenuEntry{SmallCircleItem,       "&Small Circle"},
+    MenuEntry{ 3},
+    MenuEntry{AddTextItem,           "Add &Text to Map"},
+    MenuEntry{LabelsItem,            "&Labels"},
+    MenuEntry{ 6},
+    MenuEntry{BackgroundItem,        "B&ackground Color",        ChooseBackground},
+    MenuEntry{GridItem,              "&Grid Color, Width, Type", ChooseGrid},
+    MenuEntry{LineWidthItem,         "Line &Width Scaling",      ChooseLineWidths},
+    MenuEntry{PixelSizeItem,         "Show Window &Pixel Size",  TogglePixelSize,   {}, true},
+    MenuEntry{11},
+    MenuEntry{ParameterReportItem,   "&Map Parameter Report"},
+    MenuEntry{GreatCircleReportItem, "G&reat Circle Report"},
 };
 
 constexpr std::array AboutMenu = {
-    MenuEntry{ 0, "&Contents",                   false},
-    MenuEntry{ 1, "&Search for Help on ...",     false},
-    MenuEntry{ 2, "",                            true },
-    MenuEntry{ 3, "&About Quelmont",             true },
-    MenuEntry{ 4, "Plot &Time",                  true },
+    MenuEntry{ContentsItem,          "&Contents"},
+    MenuEntry{SearchItem,            "&Search for Help on ..."},
+    MenuEntry{ 2},
+    MenuEntry{AboutBoxItem,          "&About Quelmont",          ShowAbout},
+    MenuEntry{PlotTimeItem,          "Plot &Time",               ShowPlotTime},
 };
 // clang-format on
+
+/// The items of the table of projections, with separators where it has none.
+template <std::size_t Count>
+constexpr std::array<MenuEntry, Count> ProjectionItems(bool lower, void (*command)(int)) {
+    std::array<MenuEntry, Count> menu{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        menu[i].index = static_cast<int>(i);
+    }
+    for (const ProjectionEntry& entry : Projections) {
+        if ((entry.mollweideIndex >= 0) == lower) {
+            const int index = lower ? entry.mollweideIndex : entry.menuIndex;
+            menu[static_cast<std::size_t>(index)] = {index, entry.menuText, command};
+        }
+    }
+    return menu;
+}
+
+constexpr std::array MollweideMenu = ProjectionItems<2>(true, ChooseMollweide);
+
+constexpr std::array ProjMenu = [] {
+    auto menu = ProjectionItems<20>(false, ChooseProjection);
+    menu[MollweideItem] = {MollweideItem, "Moll&weide equal-area", nullptr, Menu::mnuProjMollweide};
+    return menu;
+}();
 
 } // namespace
 
@@ -113,11 +114,25 @@ std::span<const MenuEntry> MenuEntries(Menu menu) {
     return {};
 }
 
+void RunMenuItem(Menu menu, int index) {
+    for (const MenuEntry& entry : MenuEntries(menu)) {
+        if (entry.index == index && entry.command != nullptr) {
+            entry.command(index);
+        }
+    }
+}
+
 void MarkMenuItem(Menu menu, int index) {
     for (const MenuEntry& entry : MenuEntries(menu)) {
-        if (menu != Menu::mnuDesign || entry.index != PixelSizeItem) {
+        if (!entry.isSwitch) {
             Machine().window->SetMenuChecked(menu, entry.index, entry.index == index);
         }
+    }
+}
+
+void EnableMenuBar(bool drawing) {
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        Machine().window->SetMenuEnabled(Menu::mnuBar, entry.index, (entry.index == StopTitle) == drawing);
     }
 }
 

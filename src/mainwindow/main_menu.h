@@ -2,27 +2,79 @@
 
 #include "platform/main_window.h"
 
+#include <optional>
 #include <span>
 #include <string_view>
 
 namespace quelmont {
 
-/// One item of the main window's menus.
-struct MenuEntry {
-    int index;
-    std::string_view text; ///< "&" before the mnemonic; empty for a separator
-    bool ready;            ///< false while the item has nothing behind it: it stays disabled
+/// No item of any menu.
+constexpr int NoItem = -1;
+
+/// Indices of mnuBar, the titles on the menu bar.
+enum BarItem : int { FileTitle, ProjectionTitle, DesignTitle, DrawTitle, HelpTitle, StopTitle };
+
+/// Indices of mnuInput, the File menu.
+enum InputItem : int {
+    OpenMapFileItem = 0,
+    PrintMapItem = 2,
+    PrintSetupItem = 3,
+    SaveBmpItem = 5,
+    SaveCgmItem = 6,
+    SaveDxfItem = 7,
+    SaveWmfItem = 8,
+    SaveAsciiItem = 9,
+    SaveGreatCircleItem = 11,
+    SaveSmallCircleItem = 12,
+    SaveDesignItem = 14,
+    RecallDesignItem = 15,
+    ExitItem = 17,
 };
 
-/// The items of a menu in their order. The projection menu's entry 5 is the parent of
-/// mnuProjMollweide.
+/// The parent of mnuProjMollweide in mnuProj, whose other indices stand in the table of projections.
+constexpr int MollweideItem = 5;
+
+/// Indices of mnuDesign, the Design Map menu.
+enum DesignItem : int {
+    BoundariesItem = 0,
+    GreatCircleItem = 1,
+    SmallCircleItem = 2,
+    AddTextItem = 4,
+    LabelsItem = 5,
+    BackgroundItem = 7,
+    GridItem = 8,
+    LineWidthItem = 9,
+    PixelSizeItem = 10,
+    ParameterReportItem = 12,
+    GreatCircleReportItem = 13,
+};
+
+/// Indices of mnuAbout, the Help menu.
+enum AboutItem : int { ContentsItem = 0, SearchItem = 1, AboutBoxItem = 3, PlotTimeItem = 4 };
+
+/// One item of the main window's menus.
+struct MenuEntry {
+    int index = NoItem;
+    std::string_view text = {};     ///< "&" before the mnemonic; empty for a separator
+    void (*command)(int) = nullptr; ///< what a click does, called with the index
+    std::optional<Menu> below = {}; ///< the menu that the item opens
+    bool isSwitch = false;          ///< its mark shows a state, not which item was used last
+
+    bool IsSeparator() const { return text.empty(); }
+    /// False while the item has nothing behind it: it stays disabled.
+    bool Ready() const { return command != nullptr || below.has_value(); }
+};
+
+/// The items of a menu in their order, separators included; each stands at its index.
 std::span<const MenuEntry> MenuEntries(Menu menu);
 
-/// Clears every check mark of a menu and sets that of one item. The pixel size item of the design
-/// menu keeps its own mark.
+/// Runs the command of an item; does nothing when it has none, or when there is no such item.
+void RunMenuItem(Menu menu, int index);
+
+/// Clears every check mark of a menu and sets that of one item. A switch keeps its own mark.
 void MarkMenuItem(Menu menu, int index);
 
-/// Index of the pixel size item in mnuDesign.
-constexpr int PixelSizeItem = 10;
+/// While a draw runs, only "&Stop" can be clicked on the menu bar; else everything but it.
+void EnableMenuBar(bool drawing);
 
 } // namespace quelmont

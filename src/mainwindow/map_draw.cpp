@@ -24,17 +24,10 @@ namespace quelmont {
 namespace {
 
 constexpr const char* StopCaption = "Quelmont: click on Stop or press Esc to stop plotting";
-constexpr int StopItem = 5;
 
 double Now() { return Machine().clock->SecondsSinceMidnight(); }
 
 double SecondsSince(double start) { return ElapsedSeconds(start, Now()); }
-
-void EnableMenus(bool drawing) {
-    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
-        Machine().window->SetMenuEnabled(Menu::mnuBar, entry.index, (entry.index == StopItem) == drawing);
-    }
-}
 
 void DisarmExports() {
     DisarmWriters();
@@ -53,7 +46,7 @@ void Begin() {
     Design.Statistics = {};
     Design.PlotSeconds = Now();
     Design.MapDrawing = true;
-    EnableMenus(true);
+    EnableMenuBar(true);
     Machine().window->SetAutoRedraw(true);
     Design.LobeOffsetX = 0.0;
     Design.LobeFirst = true;
@@ -137,7 +130,7 @@ void End() {
     Design.MapDrawing = false;
     window.SetMousePointer(MousePointer::Normal);
     window.SetCaption(Design.SavedCaption);
-    EnableMenus(false);
+    EnableMenuBar(false);
     ReleaseDevicePen(2, "MapDraw");
     Design.PlotStopReason.clear();
 }

@@ -13,9 +13,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr int MollweideParent = 5;
-constexpr int NoItem = -1;
-
 void SelectProjection(int index, int mollweideIndex) {
     const auto* const found =
         std::find_if(Projections.begin(), Projections.end(), [&](const ProjectionEntry& entry) {
@@ -34,19 +31,23 @@ void SelectProjection(int index, int mollweideIndex) {
 
 } // namespace
 
+void ChooseProjection(int index) { SelectProjection(index, NoItem); }
+
+void ChooseMollweide(int index) { SelectProjection(MollweideItem, index); }
+
 void mnuProj_Click(int Index) {
-    if (Index == MollweideParent) {
+    if (Index == MollweideItem) {
         return;
     }
     MarkMenuItem(Menu::mnuProjMollweide, NoItem);
     MarkMenuItem(Menu::mnuProj, Index);
-    SelectProjection(Index, NoItem);
+    RunMenuItem(Menu::mnuProj, Index);
 }
 
 void mnuProjMollweide_Click(int Index) {
     MarkMenuItem(Menu::mnuProj, NoItem);
     MarkMenuItem(Menu::mnuProjMollweide, Index);
-    SelectProjection(MollweideParent, Index);
+    RunMenuItem(Menu::mnuProjMollweide, Index);
 }
 
 } // namespace quelmont

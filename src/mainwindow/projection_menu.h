@@ -10,4 +10,8 @@ void mnuProj_Click(int Index);
 /// The same for the sub-menu: 0 the Mollweide projection, 1 its interrupted form.
 void mnuProjMollweide_Click(int Index);
 
+/// What these items do, but for the marks of the menus.
+void ChooseProjection(int index);
+void ChooseMollweide(int index);
+
 } // namespace quelmont

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
 #include "mainwindow/file_writers.h"
+#include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/ready_to_draw.h"
 #include "output/bmp/bmp_file.h"
@@ -17,9 +18,6 @@
 namespace quelmont {
 
 namespace {
-
-constexpr int BmpItem = 5;
-constexpr int AsciiItem = 9;
 
 /// What the file dialog of an item shows, and what becomes of the name.
 struct SaveItem {
@@ -55,10 +53,10 @@ void DrawWmf() {
 
 // clang-format off
 constexpr std::array SaveItems = std::to_array<SaveItem>({
-    {5, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture},
-    {6, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm},
-    {7, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf},
-    {8, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf},
+    {SaveBmpItem, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture},
+    {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm},
+    {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf},
+    {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf},
 });
 // clang-format on
 
@@ -92,7 +90,7 @@ void SaveAsAscii() {
 } // namespace
 
 void SaveMapAs(int Index) {
-    if (Index == AsciiItem) {
+    if (Index == SaveAsciiItem) {
         if (ReadyToDraw()) {
             SaveAsAscii();
         }
@@ -101,7 +99,7 @@ void SaveMapAs(int Index) {
     const auto* const item = std::find_if(SaveItems.begin(), SaveItems.end(),
                                           [&](const SaveItem& entry) { return entry.index == Index; });
     // The bitmap is the picture as it is.
-    if (item == SaveItems.end() || (item->index != BmpItem && !ReadyToDraw())) {
+    if (item == SaveItems.end() || (item->index != SaveBmpItem && !ReadyToDraw())) {
         return;
     }
     if (const std::optional<std::string> name = AskForName(*item)) {

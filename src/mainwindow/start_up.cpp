@@ -17,20 +17,15 @@ namespace quelmont {
 
 namespace {
 
-constexpr int EquirectangularItem = 1;
-constexpr int NoItem = -1;
-
 void ResetMenus() {
     Design.ProjMenuLast = 19;
-    MarkMenuItem(Menu::mnuProj, EquirectangularItem);
+    MarkMenuItem(Menu::mnuProj, FindProjection(ProjEquirectangular)->menuIndex);
     MarkMenuItem(Menu::mnuProjMollweide, NoItem);
     MarkMenuItem(Menu::mnuDesign, NoItem);
     MarkMenuItem(Menu::mnuInput, NoItem);
     MarkMenuItem(Menu::mnuAbout, NoItem);
     Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
-    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
-        Machine().window->SetMenuEnabled(Menu::mnuBar, entry.index, entry.text != "&Stop");
-    }
+    EnableMenuBar(false);
 }
 
 } // namespace

@@ -190,8 +190,7 @@ TEST_F(MenuKeys, ReachAnItemOfASubMenu) {
     QTest::keyClick(menu, Qt::Key_W);
     QMenu* lower = Window().Action(Menu::mnuProj, 5)->menu();
     ASSERT_TRUE(lower->isVisible());
-    QTest::keyClick(lower, Qt::Key_Down);
-    QTest::keyClick(lower, Qt::Key_Return);
+    QTest::keyClick(lower, Qt::Key_I);
     EXPECT_EQ(Design.ProjNum, ProjInterruptedMollweide);
     EXPECT_TRUE(Window().MenuChecked(Menu::mnuProjMollweide, 1));
     EXPECT_TRUE(Window().Action(Menu::mnuProjMollweide, 1)->isChecked());

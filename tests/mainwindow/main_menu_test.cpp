@@ -53,14 +53,43 @@ TEST(MainMenu, ProjectionMenuFollowsTheTableOfProjections) {
                   entry.menuText);
     }
     EXPECT_EQ(Texts(Menu::mnuProj)[5], "Moll&weide equal-area");
+    EXPECT_THAT(Texts(Menu::mnuProjMollweide), ElementsAre("&Normal", "&Interrupted"));
+}
+
+TEST(MainMenu, ProjectionMenuHasItsGroups) {
+    std::vector<int> separators;
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuProj)) {
+        if (entry.IsSeparator()) {
+            separators.push_back(entry.index);
+        }
+    }
+    EXPECT_EQ(MenuEntries(Menu::mnuProj).size(), 20U);
+    EXPECT_THAT(separators, ElementsAre(3, 7, 11, 18));
+}
+
+TEST(MainMenu, HelpMenuHasItsItems) {
+    EXPECT_THAT(Texts(Menu::mnuAbout),
+                ElementsAre("&Contents", "&Search for Help on ...", "", "&About Quelmont", "Plot &Time"));
+}
+
+TEST(MainMenu, ItemIsReadyWhenSomethingStandsBehindIt) {
+    const auto ready = [](Menu menu, int index) {
+        return MenuEntries(menu)[static_cast<std::size_t>(index)].Ready();
+    };
+    EXPECT_TRUE(ready(Menu::mnuInput, SaveWmfItem));
+    EXPECT_FALSE(ready(Menu::mnuInput, PrintMapItem));
+    EXPECT_TRUE(ready(Menu::mnuProj, MollweideItem)) << "its menu";
+    EXPECT_FALSE(ready(Menu::mnuDesign, LabelsItem));
 }
 
 class Mnemonics : public testing::TestWithParam<Menu> {};
 
-TEST_P(Mnemonics, AreUniqueInTheirMenu) {
+TEST_P(Mnemonics, AreThereAndUniqueInTheirMenu) {
     std::map<char, std::string_view> users;
     for (const std::string_view text : Texts(GetParam())) {
         const std::size_t mark = text.find('&');
+        EXPECT_TRUE(text.empty() || mark != std::string_view::npos)
+            << text << " can be reached by its letter";
         if (mark != std::string_view::npos) {
             const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(text[mark + 1])));
             const auto [user, fresh] = users.emplace(letter, text);

@@ -1,0 +1,76 @@
+#include "mainwindow/menu_commands.h"
+
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "dialogs/about_qmnt.h"
+#include "dialogs/bounds/boundary_dialog.h"
+#include "dialogs/exports/line_width_scale.h"
+#include "dialogs/files/input_file_choices.h"
+#include "dialogs/look/colors256.h"
+#include "dialogs/look/map_reduce.h"
+#include "dialogs/look/select_grid_type.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/main_menu.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/ready_to_draw.h"
+#include "platform/machine.h"
+
+namespace quelmont {
+
+namespace {
+
+template <typename Dialog>
+void ShowDialog() {
+    Dialog dialog;
+    Machine().forms->Show(dialog);
+}
+
+} // namespace
+
+void EnablePrinting(int /*index*/) {
+    const bool any = Machine().printers->Any();
+    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintMapItem, any);
+    Machine().window->SetMenuEnabled(Menu::mnuInput, PrintSetupItem, any);
+}
+
+void AskSizeAndDraw(int /*index*/) {
+    if (!ReadyToDraw()) {
+        return;
+    }
+    ShowDialog<MapReduceForm>();
+    if (Design.DialogCancelled) {
+        Design.DialogCancelled = false;
+        return;
+    }
+    Machine().window->Cls();
+    MapDraw();
+}
+
+void ChooseMapFiles(int /*index*/) { ShowDialog<InputFileChoices>(); }
+
+void ChooseBoundaries(int /*index*/) { ShowBoundaryDialog(); }
+
+void ChooseBackground(int /*index*/) {
+    Design.ColorPurpose = PurposeBackground;
+    ShowDialog<Colors256>();
+}
+
+void ChooseGrid(int /*index*/) { ShowDialog<SelectGridType>(); }
+
+void ChooseLineWidths(int /*index*/) { ShowDialog<LineWidthScale>(); }
+
+void TogglePixelSize(int index) {
+    MainWindow& window = *Machine().window;
+    window.SetMenuChecked(Menu::mnuDesign, index, !window.MenuChecked(Menu::mnuDesign, index));
+    ToggleCaption();
+}
+
+void ShowAbout(int /*index*/) { ShowDialog<AboutQMNT>(); }
+
+void ShowPlotTime(int /*index*/) {
+    Machine().boxes->Ask("Plot Time",
+                         "Time to plot map:  " + FormatNumber(Design.PlotSeconds, "####0.0") + " seconds",
+                         BoxButtons::Ok, BoxIcon::Information);
+}
+
+} // namespace quelmont

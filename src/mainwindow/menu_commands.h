@@ -1,0 +1,29 @@
+#pragma once
+
+namespace quelmont {
+
+/// What the items of the menus do, as far as no other header tells it. Each is called with the item's
+/// index.
+
+/// Before the File menu is seen: printing is enabled when there is a printer.
+void EnablePrinting(int index);
+
+/// Asks for the map's size and draws it on a cleared window, unless the projection refuses the bounds
+/// that the design has, or that dialog is cancelled.
+void AskSizeAndDraw(int index);
+
+/// The dialogs of the design.
+void ChooseMapFiles(int index);
+void ChooseBoundaries(int index);
+void ChooseBackground(int index);
+void ChooseGrid(int index);
+void ChooseLineWidths(int index);
+
+/// Turns the mark of the pixel size item, and the size in the window's caption with it.
+void TogglePixelSize(int index);
+
+/// The about box, and the message box that tells how long the last draw took.
+void ShowAbout(int index);
+void ShowPlotTime(int index);
+
+} // namespace quelmont
