@@ -71,12 +71,13 @@ std::string AngleFieldFault(const AngleField& field, std::string_view text) {
 }
 
 Refusal RefuseField(std::string_view control, std::string_view title, std::string_view text) {
-    const BoxAnswer answer = Machine().boxes->Ask(title, text, BoxButtons::RetryCancel, BoxIcon::Exclamation);
+    const BoxAnswer answer =
+        Machine().boxes->AskAbout(control, title, text, BoxButtons::RetryCancel, BoxIcon::Exclamation);
     return {std::string(control), {std::string(control)}, answer == BoxAnswer::Retry};
 }
 
 Refusal RefuseAcceptance(std::string_view control, std::string_view title, std::string_view text) {
-    Machine().boxes->Ask(title, text, BoxButtons::Ok, BoxIcon::Exclamation);
+    Machine().boxes->AskAbout(control, title, text, BoxButtons::Ok, BoxIcon::Exclamation);
     return {std::string(control), {}, true};
 }
 

@@ -4,7 +4,8 @@ namespace quelmont {
 
 /// While one exists, a signal to end the process (interrupt, terminate, hang up) is remembered, so that
 /// work can stop where it leaves nothing behind. A second signal ends the process at once. Signals that
-/// were to be ignored, by nohup say, stay so.
+/// were to be ignored, by nohup say, stay so; a handler that was there is called too, and comes back at
+/// the end. There is one at a time.
 class StopSignals {
 public:
     StopSignals();

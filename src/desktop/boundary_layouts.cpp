@@ -8,32 +8,47 @@
 #include <QListWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace quelmont {
 
 namespace {
 
-/// A hemisphere of the interrupted projection: the boundaries of its lobes from left to right.
+/// A hemisphere of the interrupted projection: the boundaries of its lobes from left to right, in several
+/// rows where the screen is too narrow for one.
 void AddHemisphere(FormView& view, const char* number, const char* count,
                    std::initializer_list<const char*> interruptions) {
     const auto named = [&](const char* name) { return std::string(name) + number; };
     auto* group = new QGroupBox(&view);
     auto* rows = new QVBoxLayout(group);
+    const int room = view.Room().width() - 2 * view.Gap(); // beside the group's own margins
     auto* counts = new QHBoxLayout;
     const auto addCount = [&](QWidget* field) {
-        counts->addWidget(view.CaptionOf(field));
+        QLabel* caption = view.CaptionOf(field);
+        const int width = caption->sizeHint().width() + field->sizeHint().width() + 2 * view.Gap();
+        if (counts->sizeHint().width() + width > room) {
+            rows->addLayout(std::exchange(counts, new QHBoxLayout));
+        }
+        counts->addWidget(caption);
         counts->addWidget(field);
-        counts->addSpacing(2 * view.Gap());
+        counts->addStretch();
     };
     addCount(view.AddField(count));
     auto* boundaries = new QGridLayout;
     boundaries->setHorizontalSpacing(view.Gap());
     int place = 0;
     const auto addBoundary = [&](QWidget* field) {
-        boundaries->addWidget(view.CaptionOf(field), 0, place);
+        QLabel* caption = view.CaptionOf(field);
+        const int width = std::max(caption->sizeHint().width(), field->sizeHint().width()) + view.Gap();
+        const int inARow = std::max(1, room / width);
+        const int row = place / inARow * 3;
+        const int column = place++ % inARow;
+        boundaries->addWidget(caption, row, column);
         if (QWidget* heads = view.HeadsOf(field); heads != nullptr) {
-            boundaries->addWidget(heads, 1, place, Qt::AlignLeft | Qt::AlignBottom);
+            boundaries->addWidget(heads, row + 1, column, Qt::AlignLeft | Qt::AlignBottom);
         }
-        boundaries->addWidget(field, 2, place++, Qt::AlignLeft);
+        boundaries->addWidget(field, row + 2, column, Qt::AlignLeft);
     };
     addBoundary(view.AddField(named("LonW")));
     for (const char* const interruption : interruptions) {
@@ -41,7 +56,6 @@ void AddHemisphere(FormView& view, const char* number, const char* count,
     }
     addBoundary(view.AddField(named("LonE")));
     addCount(view.AddField(named("LonGrid")));
-    counts->addStretch();
     rows->addLayout(counts);
     rows->addLayout(boundaries);
     view.Bind(named("Hemisphere"), group,

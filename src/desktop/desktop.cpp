@@ -1,6 +1,7 @@
 #include "desktop/desktop.h"
 
 #include "desktop/desktop_options.h"
+#include "desktop/session_end.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
 #include "platform/machine.h"
@@ -71,6 +72,7 @@ int RunDesktop(int argc, char** argv) {
     }
     Desktop desktop;
     desktop.Start();
+    const SessionEnd sessionEnd(desktop.Window());
     return QApplication::exec();
 }
 

@@ -1,16 +1,18 @@
 #include "desktop/desktop_machine.h"
 
-#include "desktop/dialogs.h"
-
 #include "core/rounding.h"
 #include "core/stop_signals.h"
+#include "desktop/dialogs.h"
+#include "desktop/form_view.h"
+#include "desktop/keyboard_return.h"
+#include "desktop/message_box.h"
+#include "desktop/session_end.h"
 #include "desktop/window_place.h"
 #include "mainwindow/map_draw.h"
 
 #include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStyle>
 #include <QTime>
@@ -21,55 +23,24 @@ namespace {
 
 constexpr qint64 TurnNanoseconds = 5'000'000;
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
-    switch (buttons) {
-    case BoxButtons::RetryCancel:
-        return QMessageBox::Retry | QMessageBox::Cancel;
-    case BoxButtons::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    case BoxButtons::Ok:
-        break;
-    }
-    return QMessageBox::Ok;
-}
-
-/// What Escape and the close button press.
-QMessageBox::StandardButton EscapeOf(BoxButtons buttons) {
-    return buttons == BoxButtons::RetryCancel ? QMessageBox::Cancel
-           : buttons == BoxButtons::YesNo     ? QMessageBox::No
-                                              : QMessageBox::Ok;
-}
-
-BoxAnswer AnswerOf(int pressed) {
-    switch (pressed) {
-    case QMessageBox::Retry:
-        return BoxAnswer::Retry;
-    case QMessageBox::Cancel:
-        return BoxAnswer::Cancel;
-    case QMessageBox::Yes:
-        return BoxAnswer::Yes;
-    case QMessageBox::No:
-        return BoxAnswer::No;
-    default:
-        return BoxAnswer::Ok;
-    }
-}
-
 } // namespace
 
 BoxAnswer DesktopBoxes::Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) {
-    QMessageBox box(WindowInUse(parent));
-    box.setWindowTitle(Text(title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(Text(text));
-    box.setIcon(icon == BoxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::Information);
-    box.setStandardButtons(ButtonsOf(buttons));
-    box.setEscapeButton(EscapeOf(buttons));
-    return AnswerOf(box.exec());
+    return AskAbout({}, title, text, buttons, icon);
+}
+
+BoxAnswer DesktopBoxes::AskAbout(std::string_view control, std::string_view title, std::string_view text,
+                                 BoxButtons buttons, BoxIcon icon) {
+    if (SessionEnd::IsEnding()) {
+        return MessageBox::AnswerWithoutButton(buttons);
+    }
+    QWidget* below = WindowInUse(parent);
+    MessageBox box(title, text, buttons, icon, below);
+    if (const auto* view = dynamic_cast<const FormView*>(below)) {
+        box.StandBeside(view->PlaceOf(control));
+    }
+    const KeyboardReturn keyboard(box, *below);
+    return box.Ask();
 }
 
 void DesktopPump::DoEvents() {

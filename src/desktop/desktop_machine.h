@@ -16,6 +16,8 @@ class DesktopBoxes final : public Boxes {
 public:
     explicit DesktopBoxes(QWidget& parent_) : parent(parent_) {}
     BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) override;
+    BoxAnswer AskAbout(std::string_view control, std::string_view title, std::string_view text,
+                       BoxButtons buttons, BoxIcon icon) override;
 
 private:
     QWidget& parent;

@@ -2,6 +2,8 @@
 
 #include "desktop/dialog_layouts.h"
 #include "desktop/form_view.h"
+#include "desktop/keyboard_return.h"
+#include "desktop/session_end.h"
 
 #include <QApplication>
 
@@ -59,8 +61,14 @@ QWidget* WindowInUse(QWidget& window) {
 }
 
 void DesktopForms::Show(Form& form) {
-    FormView view(form, WindowInUse(window));
+    if (SessionEnd::IsEnding()) {
+        form.PressCancel();
+        return;
+    }
+    QWidget* below = WindowInUse(window);
+    FormView view(form, below);
     EntryOf(form).layOut(view);
+    const KeyboardReturn keyboard(view, *below);
     view.exec();
     if (!form.Closed()) {
         form.PressCancel();

@@ -1,6 +1,8 @@
 #include "desktop/file_dialogs.h"
 
 #include "desktop/dialogs.h"
+#include "desktop/keyboard_return.h"
+#include "desktop/session_end.h"
 
 #include <QFileDialog>
 
@@ -40,6 +42,10 @@ void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
 }
 
 FileDialogAnswer Ask(QFileDialog& dialog) {
+    if (SessionEnd::IsEnding()) {
+        return {FileDialogCancelled};
+    }
+    const KeyboardReturn keyboard(dialog, *dialog.parentWidget());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {FileDialogCancelled};
     }

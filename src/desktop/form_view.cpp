@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStyle>
@@ -30,6 +31,10 @@ namespace {
 
 /// Letters in a line of an explanation.
 constexpr int LineLetters = 62;
+/// Letters that a line of a caption keeps when it wraps.
+constexpr int FewestLetters = 11;
+/// What the sides of a window's frame take of the screen, at most.
+constexpr int FrameSides = 16;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
 
@@ -50,7 +55,11 @@ public:
     int heightForWidth(int width) const override { return QLabel::heightForWidth(std::min(width, Width())); }
 
 private:
-    int Width() const { return LineLetters * fontMetrics().averageCharWidth(); }
+    int Width() const {
+        // Four heights of a line are more than the margins of a dialog.
+        const int room = screen()->availableGeometry().width() - 4 * fontMetrics().height();
+        return std::min(LineLetters * fontMetrics().averageCharWidth(), room);
+    }
 };
 
 /// A square of a colour in a frame.
@@ -68,12 +77,16 @@ QString Name(std::string_view name) {
 } // namespace
 
 FormView::FormView(Form& form_, QWidget* parent)
-    : QDialog(parent), form(form_), column(new QVBoxLayout(this)) {
+    : QDialog(parent), form(form_), outer(new QVBoxLayout(this)), area(new FittingArea(this)),
+      column(new QVBoxLayout(area->widget())) {
     setObjectName(Text(form.ClassName()));
     setWindowTitle(Text(form.Caption()));
-    column->setSizeConstraint(QLayout::SetFixedSize);
+    outer->setSizeConstraint(QLayout::SetFixedSize);
+    outer->setSpacing(Gap());
+    outer->setContentsMargins(Gap(), Gap(), Gap(), Gap());
+    outer->addWidget(area);
     column->setSpacing(Gap());
-    column->setContentsMargins(Gap(), Gap(), Gap(), Gap());
+    column->setContentsMargins(0, 0, 0, 0);
     form.SetWatcher([this] { FromForm(); });
 }
 
@@ -182,8 +195,13 @@ QListWidget* FormView::AddList(std::string_view name) {
         list->setEnabled(control.enabled);
     });
     const int lines = std::clamp(list->count(), 3, 12);
-    list->setFixedSize(list->sizeHintForColumn(0) + 2 * list->frameWidth() + Gap(),
-                       lines * list->sizeHintForRow(0) + 2 * list->frameWidth());
+    const int width = list->sizeHintForColumn(0) + 2 * list->frameWidth() + Gap();
+    int height = lines * list->sizeHintForRow(0) + 2 * list->frameWidth();
+    if (width > Room().width()) {
+        list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        height += list->horizontalScrollBar()->sizeHint().height();
+    }
+    list->setFixedSize(std::min(width, Room().width()), height);
     connect(list, &QListWidget::currentRowChanged, this, [this, own = std::string(name)](int line) {
         if (line != form.At(own).value) {
             form.Choose(own, line);
@@ -305,7 +323,7 @@ void FormView::AddButtons(std::initializer_list<std::string_view> names) {
     for (const std::string_view name : names) {
         row->addWidget(AddButton(name));
     }
-    column->addLayout(row);
+    outer->addLayout(row);
 }
 
 void FormView::AlignCaptions() const {
@@ -385,7 +403,10 @@ void FormView::TakeFocusBack(std::string_view asked) {
     }
 }
 
-void FormView::FocusArrived(const QObject* widget) {
+void FormView::FocusArrived(QObject* widget) {
+    if (auto* reached = qobject_cast<QWidget*>(widget); area->isAncestorOf(reached)) {
+        area->BringIntoSight(*reached);
+    }
     const Binding* binding = Of(widget);
     if (binding == nullptr || form.Closed() || focusWidget() != widget || !isActiveWindow() ||
         QApplication::activeModalWidget() != this) {
@@ -416,6 +437,7 @@ void FormView::showEvent(QShowEvent* event) {
     if (!seen) {
         seen = true;
         AlignCaptions();
+        FitScreen();
         MoveToMiddle();
         FollowFocus();
         for (QAbstractSpinBox* spin : spins) {
@@ -424,6 +446,52 @@ void FormView::showEvent(QShowEvent* event) {
             }
         }
     }
+}
+
+QSize FormView::Room() const {
+    const QMargins margins = outer->contentsMargins();
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return screen()->availableGeometry().size() -
+           QSize(margins.left() + margins.right() + area->verticalScrollBar()->sizeHint().width() +
+                     FrameSides,
+                 margins.top() + margins.bottom() + title + FrameSides / 2);
+}
+
+void FormView::FitScreen() {
+    outer->activate();
+    const int buttons = outer->totalSizeHint().height() - area->sizeHint().height() -
+                        outer->contentsMargins().top() - outer->contentsMargins().bottom();
+    const QSize room = Room() - QSize(0, buttons);
+    WrapCaptions(room.width());
+    // The bar that Room leaves free is the area's own.
+    area->SetRoom(room + QSize(area->verticalScrollBar()->sizeHint().width(), 0));
+}
+
+void FormView::WrapCaptions(int room) const {
+    const int tooWide = area->widget()->sizeHint().width() - room;
+    if (tooWide <= 0) {
+        return;
+    }
+    for (QLabel* label : fieldCaptions) {
+        label->setWordWrap(true);
+        label->setFixedWidth(
+            std::max(label->minimumWidth() - tooWide, FewestLetters * fontMetrics().averageCharWidth()));
+    }
+}
+
+QRect FormView::PlaceOf(std::string_view name) const {
+    const auto found = std::find_if(bindings.begin(), bindings.end(),
+                                    [&](const Binding& binding) { return binding.name == name; });
+    if (found == bindings.end() || found->widget == nullptr || !found->widget->isVisible()) {
+        return {};
+    }
+    QRect place(found->widget->mapTo(this, QPoint(0, 0)), found->widget->size());
+    for (const QLabel* label : findChildren<QLabel*>()) {
+        if (label->buddy() == found->widget) {
+            place |= QRect(label->mapTo(this, QPoint(0, 0)), label->size());
+        }
+    }
+    return place & rect();
 }
 
 void FormView::MoveToMiddle() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/fitting_area.h"
 #include "desktop/grid_table.h"
 #include "platform/form.h"
 
@@ -42,8 +43,11 @@ public:
 
     // What lays out a dialog calls these.
 
-    /// The column of the dialog's parts from top to bottom. The dialog is as large as they need.
+    /// The column of the dialog's parts from top to bottom, above the buttons. The dialog is as large as
+    /// they need; where the screen is smaller, long captions wrap and the parts scroll.
     QVBoxLayout* Column() const { return column; }
+    /// Units of the screen that the parts may take beside a bar to scroll them.
+    QSize Room() const;
     /// A distance that grows with the letters.
     int Gap() const;
 
@@ -82,6 +86,9 @@ public:
     void Also(std::string_view name, std::function<void(const Control&)> show);
     Form& Shown() const { return form; }
 
+    /// Where a control and its caption stand in the dialog; empty when it has none of that name in sight.
+    QRect PlaceOf(std::string_view name) const;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -96,7 +103,7 @@ private:
 
     const Binding* Of(const QObject* widget) const;
     void FromForm();
-    void FocusArrived(const QObject* widget);
+    void FocusArrived(QObject* widget);
     void FollowFocus();
     /// The same after the form gave the focus to another control than the one that asked for it: an
     /// edit is entered anew, also the one that has it already.
@@ -104,8 +111,12 @@ private:
     void Press(const std::string& button);
     void MoveToMiddle();
     void AlignCaptions() const;
+    void WrapCaptions(int room) const;
+    void FitScreen();
 
     Form& form;
+    QVBoxLayout* outer; ///< the parts and the buttons
+    FittingArea* area;
     QVBoxLayout* column;
     std::vector<Binding> bindings; ///< those of Also have no widget
     std::vector<QLabel*> fieldCaptions;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QtMath>
 
 #include <algorithm>
@@ -14,6 +15,8 @@ namespace {
 
 /// Width of the line that frames the whole.
 constexpr int Border = 1;
+/// Pixels of a cell at least.
+constexpr int SmallestCell = 8;
 
 } // namespace
 
@@ -43,7 +46,13 @@ void PaletteGrid::Show(const Control& control) {
     update();
 }
 
-int PaletteGrid::CellSize() const { return fontMetrics().height() * 3 / 2; }
+int PaletteGrid::CellSize() const {
+    // On a small screen all of them are seen, beside what else the dialog has to say.
+    const int letter = fontMetrics().height();
+    const QSize room = screen()->availableGeometry().size() - QSize(4 * letter, 11 * letter);
+    const int fitting = std::min(room.width() / columns, room.height() / std::max(1, Rows()));
+    return std::clamp(fitting, SmallestCell, std::max(SmallestCell, letter * 3 / 2));
+}
 
 int PaletteGrid::Rows() const { return (static_cast<int>(colors.size()) + columns - 1) / columns; }
 

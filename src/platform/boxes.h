@@ -17,6 +17,12 @@ public:
     /// answers Ok, Cancel or No, whichever it has. Texts are UTF-8; "\n" breaks a line.
     virtual BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons,
                           BoxIcon icon) = 0;
+
+    /// The same about a control of the dialog in use, which the box leaves to be seen.
+    virtual BoxAnswer AskAbout(std::string_view /*control*/, std::string_view title, std::string_view text,
+                               BoxButtons buttons, BoxIcon icon) {
+        return Ask(title, text, buttons, icon);
+    }
 };
 
 } // namespace quelmont

@@ -78,6 +78,24 @@ TEST_P(EndingSignal, EndsTheProcessWhenItComesTwice) {
         testing::KilledBySignal(number), "");
 }
 
+int calls = 0;
+void Count(int /*number*/) { ++calls; }
+
+TEST_P(EndingSignal, HandlerThatWasThereIsCalledAndComesBack) {
+    calls = 0;
+    std::signal(number, Count);
+    {
+        const StopSignals stopSignals;
+        std::raise(number);
+        EXPECT_TRUE(StopSignals::Came());
+        EXPECT_EQ(calls, 1);
+    }
+    EXPECT_EQ(Handler(), SIG_DFL) << "after a signal the next one ends the process";
+    std::signal(number, Count);
+    { const StopSignals stopSignals; }
+    EXPECT_EQ(Handler(), &Count);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, EndingSignal, testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& test) { return "Number" + std::to_string(test.param); });
 
