@@ -87,18 +87,7 @@ public:
             return 0;
         }
         const std::span<const std::byte> ready = bytes.Ahead(WorldRecordSize);
-        const std::size_t size =
-            std::min(ready.size() / WorldRecordSize, static_cast<std::size_t>(most)) * WorldRecordSize;
-        std::size_t place = 0;
-        while (place < size) {
-            const auto record = ready.subspan(place).first<WorldRecordSize>();
-            if (record.back() != WorldRecordEnd ||
-                !holds(DecodeWorldFloat(record.first<WorldFloatSize>()),
-                       DecodeWorldFloat(record.subspan<WorldFloatSize, WorldFloatSize>()))) {
-                break;
-            }
-            place += WorldRecordSize;
-        }
+        const std::size_t place = RunAtFront(ready, most, holds);
         if (place > 0) {
             const auto last = ready.first(place).last<WorldRecordSize>();
             lat = DecodeWorldFloat(last.first<WorldFloatSize>());
@@ -109,6 +98,26 @@ public:
     }
 
 private:
+    /// The bytes of the plain records at the front of which holds is true, up to so many records. A function
+    /// of its own, whose loop keeps everything in registers.
+    template <typename Holds>
+    [[gnu::noinline]] static std::size_t RunAtFront(std::span<const std::byte> ready, std::int64_t most,
+                                                    Holds holds) {
+        const std::size_t size =
+            std::min(ready.size() / WorldRecordSize, static_cast<std::size_t>(most)) * WorldRecordSize;
+        std::size_t place = 0;
+        while (place < size) {
+            const auto record = ready.subspan(place).first<WorldRecordSize>();
+            const float nextLat = DecodeWorldFloat(record.first<WorldFloatSize>());
+            const float nextLon = DecodeWorldFloat(record.subspan<WorldFloatSize, WorldFloatSize>());
+            if (record.back() != WorldRecordEnd || !holds(nextLat, nextLon)) {
+                break;
+            }
+            place += WorldRecordSize;
+        }
+        return place;
+    }
+
     /// Takes the bytes up to the end of the record. Whether the next point begins a line.
     bool TakeTail() {
         bool lineEnd = false;

@@ -45,7 +45,7 @@ bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex, const MapFormat& /
     ByteReader bytes;
     WorldFloatPoints points(bytes);
     const WorldOutside outside(Design.LatNorthSec, Design.LatSouthSec, Design.LonWestSec, Design.LonSpanSec);
-    const auto isOutside = [&](float lat, float lon) { return outside.Holds(lat, lon); };
+    const auto isOutside = [outside](float lat, float lon) { return outside.Holds(lat, lon); };
     for (;;) {
         if (const std::int64_t passed = points.PassOver(point.OutsideLimit(), isOutside)) {
             Put(WorldPointOf(points.Lat(), points.Lon()));
