@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QSpacerItem>
 #include <QStyle>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -127,7 +128,10 @@ void MessageBox::showEvent(QShowEvent* event) {
     const QSize frame = dialog.size() - below->size();
     const QRect part =
         spokenOf->isEmpty() ? dialog : QRect(below->mapToGlobal(spokenOf->topLeft()), spokenOf->size());
-    move(BesidePart(size() + frame, part, dialog, screen()->availableGeometry()));
+    const QPoint place = BesidePart(size() + frame, part, dialog, screen()->availableGeometry());
+    move(place);
+    // As long as its frame is not known, move would put the inside of the window there.
+    windowHandle()->setFramePosition(place);
 }
 
 } // namespace quelmont
