@@ -86,7 +86,9 @@ void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
         style.Color = options.color.value_or(style.Color);
         style.LineWidth = options.lineWidth ? Twips(*options.lineWidth) : style.LineWidth;
         style.SymbolSize = options.symbolSize ? Twips(*options.symbolSize) : style.SymbolSize;
-        style.BorderWidth = options.borderWidth ? Twips(*options.borderWidth) : style.BorderWidth;
+        if (options.borderWidth && HasBorder(entry.MapFileType)) {
+            style.BorderWidth = Twips(*options.borderWidth);
+        }
     }
     for (const int row : options.hidden) {
         entry.Features[static_cast<std::size_t>(row)].Shown = false;

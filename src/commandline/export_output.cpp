@@ -5,6 +5,7 @@
 #include "core/map_design.h"
 #include "core/replaced_file.h"
 #include "mainwindow/file_writers.h"
+#include "output/dxf/dxf_color.h"
 
 #include <algorithm>
 #include <array>
@@ -28,8 +29,6 @@ constexpr std::array Endings = std::to_array<Ending>({
     {"TXT", OutputFormat::Ascii},
 });
 
-constexpr int NoCell = -1;
-
 /// A colour as RRGGBB.
 std::string Written(ColorValue color) {
     std::array<char, 8> text = {};
@@ -38,12 +37,13 @@ std::string Written(ColorValue color) {
     return text.data();
 }
 
-/// Strict readers refuse a colour without a number. Those of the picker all have one.
+/// Strict readers refuse a colour without a number. Those of the picker all have one, and so have other
+/// shades.
 std::string ColorWithoutNumber(ColorValue color) {
-    const ColorValue bits = ColorBits(color);
-    if (CellOfColor(bits, NoCell) != NoCell) {
+    if (!DxfColor(color).empty()) {
         return "";
     }
+    const ColorValue bits = ColorBits(color);
     return "a DXF file cannot have the colour " + Written(bits) + "; the nearest that it can have is " +
            Written(NearestTableColor(bits));
 }

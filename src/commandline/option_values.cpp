@@ -14,7 +14,8 @@ namespace quelmont {
 
 namespace {
 
-constexpr int SmallestPicture = 2;
+/// A map in less than this has no shape left, and its measures no digits.
+constexpr int SmallestPicture = 16;
 constexpr int LargestPicture = 32767;
 constexpr std::size_t MostInterruptions = 3;
 

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace quelmont {
 namespace {
 
@@ -227,6 +229,16 @@ TEST_F(DesignOptions, DefaultMapTakesTheStylesBeforeTheFirstMap) {
         EXPECT_EQ(map.Features[row].Color & 0xFFFFFFU, Rgb(0x10, 0x20, 0x30)) << row;
         EXPECT_EQ(map.Features[row].SymbolSize, 60) << "4 pixels of 15 twips";
         EXPECT_EQ(map.Features[row].Shown, row != 3 && row != 10) << row;
+    }
+}
+
+TEST_F(DesignOptions, BorderWidthIsOfSymbolsThatHaveABorder) {
+    const std::array hasBorder = {false, false, true, true,  true, false,
+                                  true,  false, true, false, true, false};
+    for (int symbol = 1; symbol <= 12; ++symbol) {
+        ASSERT_TRUE(Apply({"--map", "b.prn", "--symbol", std::to_string(symbol), "--border-width", "3"}));
+        const std::int16_t width = Design.InputFiles[0].Features[1].BorderWidth;
+        EXPECT_EQ(width, hasBorder[static_cast<std::size_t>(symbol - 1)] ? 45 : 15) << symbol;
     }
 }
 

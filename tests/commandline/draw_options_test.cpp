@@ -152,10 +152,10 @@ TEST(WrongUsageOf, TheCommandLine) {
 
 TEST(WrongUsageOf, NumbersAndColours) {
     const std::vector<std::pair<std::string, std::vector<std::string>>> bad{
-        {"--grid-type", {"0", "6", "lines"}}, {"--grid-color", {"red", "FFF"}},
-        {"--grid-width", {"0", "601", "-1"}}, {"--background", {"", "12345G"}},
-        {"--window", {"0x0", "100"}},         {"--screen", {"1x1", "99999x5"}},
-        {"--percent", {"9", "101"}},          {"--lobes-north", {"1,2,3,4"}},
+        {"--grid-type", {"0", "6", "lines"}},  {"--grid-color", {"red", "FFF"}},
+        {"--grid-width", {"0", "601", "-1"}},  {"--background", {"", "12345G"}},
+        {"--window", {"0x0", "100", "15x16"}}, {"--screen", {"16x15", "99999x50"}},
+        {"--percent", {"9", "101"}},           {"--lobes-north", {"1,2,3,4"}},
         {"--lobes-south", {"nothing"}},
     };
     for (const auto& [name, values] : bad) {

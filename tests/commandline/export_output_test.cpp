@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "draw_command_fixture.h"
+#include "mapinput/feature_rows.h"
 #include "output/export_file.h"
 #include "support/cgm_file.h"
 
@@ -156,6 +157,22 @@ TEST_F(ExportCommand, ColourThatADxfFileLacksIsRefusedAndTheNearestIsNamed) {
     EXPECT_THAT(Files(), IsEmpty());
     EXPECT_EQ(Run({"--no-map", "--grid-color", "003366", name}).code, ExitDone);
     EXPECT_THAT(Files(), ElementsAre("a.dxf"));
+}
+
+TEST_F(ExportCommand, ColourThatHasANumberIsTakenWhereThePickerLacksIt) {
+    // A shade of black that is not in the picker's table.
+    EXPECT_EQ(Run({"--no-map", "--grid-color", "010000", folder / "a.dxf"}).code, ExitDone);
+    EXPECT_THAT(ReadWholeFile(folder / "a.dxf"), HasSubstr(" 62\r\n7\r\n"));
+}
+
+TEST_F(ExportCommand, ProposedColoursOfEveryMapFileAreTakenByADxfFile) {
+    for (const std::string ending :
+         {"all", "cci", "map", "pnt", "pkd", "pkv", "grv", "grf", "dat", "mp1", "mps", "prn", "utm", "txt"}) {
+        ResetCore();
+        Design.GridTypeCode = 5;
+        Design.InputFiles = {NewMapFileEntry("a." + ending)};
+        EXPECT_EQ(ArmExport(folder / "a.dxf"), "") << ending;
+    }
 }
 
 TEST_F(ExportCommand, MapFileThatIsDrawnIsNotReplaced) {
