@@ -51,6 +51,9 @@ StopSignals::~StopSignals() {
 
 bool StopSignals::Came() { return ToldToEnd != 0; }
 
-void TakeFileLimitsAsErrors() { std::signal(SIGXFSZ, SIG_IGN); }
+void TakeFailedWritesAsErrors() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 } // namespace quelmont

@@ -17,8 +17,8 @@ public:
     static bool Came();
 };
 
-/// A file that outgrows the process's limit fails its write, as one on a full disk does, and does not
-/// end the process. For the start of a program.
-void TakeFileLimitsAsErrors();
+/// A file that outgrows the process's limit, and a pipe whose reader is gone, fail their write as a full
+/// disk does, and do not end the process. For the start of a program.
+void TakeFailedWritesAsErrors();
 
 } // namespace quelmont

@@ -31,7 +31,7 @@ void ResetMenus() {
 } // namespace
 
 void StartUp() {
-    TakeFileLimitsAsErrors();
+    TakeFailedWritesAsErrors();
     Design.SavedCaption = FindProjection(ProjEquirectangular)->caption;
     Machine().window->SetCaption(Design.SavedCaption);
     Design.AppPath = Machine().places->ProgramFolder();

@@ -117,7 +117,7 @@ TEST(FileLimit, IsAFullDisk) {
     const TemporaryFolder folder;
     EXPECT_EXIT(
         {
-            TakeFileLimitsAsErrors();
+            TakeFailedWritesAsErrors();
             OutgrowTheLimit(folder / "file");
         },
         testing::ExitedWithCode(ErrorDiskFull), "");
