@@ -64,6 +64,9 @@ void ClickMenuItem(Menu menu, int index) {
 }
 
 void ToggleCaption() {
+    if (Design.MapDrawing) {
+        return; // the caption tells how to stop, and the draw ends with this
+    }
     MainWindow& window = *Machine().window;
     std::string caption = window.Caption();
     const std::size_t bar = caption.find('|');

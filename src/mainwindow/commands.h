@@ -17,7 +17,8 @@ void mnuAbout_Click(int Index);
 void ClickMenuItem(Menu menu, int index);
 
 /// Shows or removes the pixel size of the drawing area at the front of the window's caption, as the
-/// check mark of its menu item says. Also called when the window was resized.
+/// check mark of its menu item says. Also called when the window was resized, and at the end of a draw,
+/// which has the caption to itself.
 void ToggleCaption();
 
 /// The mouse was pressed on the drawing area, at a place in twips: text will go there. Ignored

@@ -8,6 +8,7 @@
 #include "core/stop_signals.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/plot_grid.h"
+#include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
@@ -34,10 +35,15 @@ void DisarmExports() {
     Design.OutputGc = false;
 }
 
-void Begin() {
+void Fit() {
     Design.PenWidth = 1;
     Design.AsciiScale = Divide(Design.XAxisLength, Design.MapXMax - Design.MapXMin);
     ScaleScreen();
+}
+
+/// From here on End has to follow, whatever fails.
+void Begin() {
+    Design.SavedCaption = Machine().window->Caption();
     const auto outputs = static_cast<std::size_t>(Design.MapFileCount + Design.GridOutputCount);
     if (Design.AsciiFileName.size() < outputs) {
         Design.AsciiFileName.resize(outputs);
@@ -52,7 +58,6 @@ void Begin() {
     Design.LobeFirst = true;
     Design.LobeLast = true;
     Machine().window->SetMousePointer(MousePointer::Hourglass);
-    Design.SavedCaption = Machine().window->Caption();
 }
 
 void PlotGridTimed() {
@@ -130,6 +135,7 @@ void End() {
     Design.MapDrawing = false;
     window.SetMousePointer(MousePointer::Normal);
     window.SetCaption(Design.SavedCaption);
+    ToggleCaption(); // the window may have another size now
     EnableMenuBar(false);
     ReleaseDevicePen(2, "MapDraw");
     Design.PlotStopReason.clear();
@@ -143,8 +149,9 @@ void MapDraw() {
     }
     BeginDrawBoxes();
     const StopSignals stopSignals;
-    if (Guarded("MapDraw", Begin)) {
+    if (Guarded("MapDraw", Fit)) {
         Guarded("MapDraw", [] {
+            Begin();
             if (Design.ProjNum == ProjInterruptedMollweide) {
                 LobePasses();
             } else {

@@ -1,7 +1,9 @@
 #include "mainwindow/map_draw.h"
 
+#include "core/run_time_error.h"
 #include "core/standard_colors.h"
 #include "graticule/calc_graticule.h"
+#include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/started_program.h"
 #include "projection/param_select.h"
@@ -92,11 +94,33 @@ TEST_F(MapDrawing, PointerIsAnHourglassUntilTheEnd) {
 
 TEST_F(MapDrawing, CaptionTellsHowToStopAndComesBack) {
     window.captions.clear();
-    window.SetCaption("800,600 = x, y Pixels   |Quelmont: Equirectangular projection");
+    mnuDesign_Click(PixelSizeItem);
     MapDraw();
     EXPECT_THAT(window.captions[1], "Quelmont: click on Stop or press Esc to stop plotting");
     EXPECT_THAT(window.captions, Contains("Quelmont: click on Stop or press Esc to stop plotting Qmnt4.map"));
-    ExpectIdle("800,600 = x, y Pixels   |Quelmont: Equirectangular projection");
+    ExpectIdle("1280,924 = x, y Pixels   |Quelmont: Equirectangular projection");
+}
+
+TEST_F(MapDrawing, PixelSizeIsRightAfterAResizeWhileItDraws) {
+    mnuDesign_Click(PixelSizeItem);
+    machine.pump.At(1, [&] {
+        window.scaleWidth = 15000.0;
+        ToggleCaption();
+        EXPECT_EQ(window.caption, "Quelmont: click on Stop or press Esc to stop plotting");
+    });
+    MapDraw();
+    ExpectIdle("1000,924 = x, y Pixels   |Quelmont: Equirectangular projection");
+}
+
+TEST_F(MapDrawing, PixelSizeIsRightAfterAResizeOfADrawThatIsStopped) {
+    mnuDesign_Click(PixelSizeItem);
+    machine.pump.At(2, [&] {
+        EscapeKey();
+        window.scaleHeight = 15000.0;
+        ToggleCaption();
+    });
+    MapDraw();
+    ExpectIdle("1280,1000 = x, y Pixels   |Quelmont: Equirectangular projection");
 }
 
 TEST_F(MapDrawing, OnePassBeepsOnce) {
@@ -190,6 +214,18 @@ TEST_F(MapDrawing, MapWithoutExtentIsRefusedBeforeAnythingIsDisabled) {
     EXPECT_THAT(Told(machine.boxes.asked), ElementsAre("Error in MapDraw: Error: Division by zero"));
     EXPECT_THAT(surface.Calls(), IsEmpty());
     ExpectIdle();
+}
+
+TEST_F(MapDrawing, BackImageThatFindsNoMemoryLeavesNoMenuDisabled) {
+    window.autoRedrawError = ErrorOutOfMemory;
+    Design.OutputCgm = true;
+    MapDraw();
+    EXPECT_THAT(Told(machine.boxes.asked), ElementsAre("Error in MapDraw: Error: Out of memory"));
+    EXPECT_EQ(machine.clock.beeps, 0);
+    ExpectIdle();
+    window.autoRedrawError = 0;
+    MapDraw();
+    EXPECT_EQ(machine.clock.beeps, 1);
 }
 
 class FailingSurface : public StartedProgram, public testing::WithParamInterface<SurfaceOp> {};

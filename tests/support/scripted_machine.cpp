@@ -1,5 +1,7 @@
 #include "support/scripted_machine.h"
 
+#include "core/run_time_error.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -105,6 +107,13 @@ void ScriptedWindow::SetCaption(std::string_view text) {
 void ScriptedWindow::SetMousePointer(MousePointer shape) {
     pointer = shape;
     pointers.push_back(shape);
+}
+
+void ScriptedWindow::SetAutoRedraw(bool on) {
+    if (on && autoRedrawError != 0) {
+        throw RunTimeError(autoRedrawError);
+    }
+    autoRedraw = on;
 }
 
 void ScriptedWindow::Refresh() {

@@ -77,7 +77,7 @@ public:
     void SetMousePointer(MousePointer shape) override;
     void Refresh() override;
     void Cls() override;
-    void SetAutoRedraw(bool on) override { autoRedraw = on; }
+    void SetAutoRedraw(bool on) override;
     DrawSurface& Surface() override { return surface; }
     PixelImage CopyPixels() override { return pixels; }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
@@ -102,6 +102,7 @@ public:
     int refreshes = 0;
     int clears = 0; ///< calls of Cls
     bool autoRedraw = false;
+    int autoRedrawError = 0;  ///< run-time error of switching it on, 0 for none
     PixelImage pixels;        ///< what CopyPixels gives
     RecordingSurface surface; ///< also notes Cls and Refresh among the operations
     std::map<std::pair<Menu, int>, bool> menusEnabled;
