@@ -4,7 +4,6 @@
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/replaced_file.h"
-#include "mainwindow/file_writers.h"
 #include "output/dxf/dxf_color.h"
 
 #include <algorithm>
@@ -151,9 +150,6 @@ std::string ArmExport(const std::string& output) {
     Design.OutputDxf = format == OutputFormat::Dxf;
     Design.OutputWmf = format == OutputFormat::Wmf;
     Design.OutputAscii = format == OutputFormat::Ascii;
-    if (Design.OutputWmf) {
-        ArmMetafile();
-    }
     return "";
 }
 

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <memory>
 #include <system_error>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -46,11 +48,14 @@ void TakeOwnerAndMode(const std::string& name, const std::string& from) {
 
 } // namespace
 
-bool IsSameFile(const std::string& a, const std::string& b) {
+std::string FileIdentity(const std::string& name) {
     std::error_code ignored;
-    const std::filesystem::path one = std::filesystem::weakly_canonical(EndOfLinks(a), ignored);
-    const std::filesystem::path other = std::filesystem::weakly_canonical(EndOfLinks(b), ignored);
-    return a == b || (!one.empty() && one == other);
+    const std::filesystem::path file = std::filesystem::weakly_canonical(EndOfLinks(name), ignored);
+    return file.empty() ? name : file.string();
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    return a == b || FileIdentity(a) == FileIdentity(b);
 }
 
 std::string ReplacedFileName(const std::string& path) {
@@ -137,6 +142,76 @@ void TemporaryFile::MoveTo(const std::string& target) {
     ReplaceFile(target, name);
     moved = true;
     SyncFolderOf(target);
+}
+
+namespace {
+
+RunTimeError FailureOf(const std::error_code& failure) {
+    if (failure == std::errc::no_space_on_device) {
+        return RunTimeError(ErrorDiskFull);
+    }
+    const bool denied = failure == std::errc::permission_denied ||
+                        failure == std::errc::operation_not_permitted ||
+                        failure == std::errc::read_only_file_system;
+    return RunTimeError(denied ? ErrorPermissionDenied : ErrorPathFileAccess);
+}
+
+/// The file of a name under a second one as well; nothing when there is none.
+std::unique_ptr<TemporaryFile> KeptFile(const std::string& name) {
+    std::error_code failure;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(name, failure))) {
+        return nullptr;
+    }
+    auto kept = std::make_unique<TemporaryFile>(name);
+    std::filesystem::create_hard_link(name, kept->Name(), failure);
+    if (failure) { // not every file system has such links
+        failure.clear();
+        std::filesystem::copy_file(name, kept->Name(), failure);
+    }
+    if (failure) {
+        throw FailureOf(failure);
+    }
+    return kept;
+}
+
+/// Puts back what stood in a place before.
+void Restore(const std::string& target, const std::unique_ptr<TemporaryFile>& kept) {
+    try {
+        if (kept) {
+            kept->MoveTo(target);
+        } else {
+            std::error_code ignored;
+            std::filesystem::remove(target, ignored);
+        }
+    } catch (const RunTimeError&) {
+        // The failure for which it was to be put back is told.
+    }
+}
+
+} // namespace
+
+void MoveTogether(std::span<const Replacement> files) {
+    if (files.size() == 1) {
+        files.front().by->MoveTo(files.front().target);
+        return;
+    }
+    std::vector<std::unique_ptr<TemporaryFile>> kept;
+    kept.reserve(files.size());
+    for (const Replacement& file : files) {
+        kept.push_back(KeptFile(file.target));
+    }
+    std::size_t moved = 0;
+    try {
+        for (; moved < files.size(); ++moved) {
+            files[moved].by->MoveTo(files[moved].target);
+        }
+    } catch (const RunTimeError&) {
+        while (moved > 0) {
+            --moved;
+            Restore(files[moved].target, kept[moved]);
+        }
+        throw;
+    }
 }
 
 } // namespace quelmont

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 /// Files that are complete or absent: written beside their target, and put in its place when whole.
@@ -11,6 +12,10 @@ namespace quelmont {
 /// "Permission denied" for one that may not be written (the folder alone would let it be replaced), "Bad
 /// file name or number" for a name that no folder can hold.
 std::string ReplacedFileName(const std::string& path);
+
+/// The file to which a name leads, or would if it existed, by one text: names of the same file have the
+/// same one. For many names, which need not be compared pair by pair then.
+std::string FileIdentity(const std::string& name);
 
 /// Whether two names lead to the same file, or would if it existed.
 bool IsSameFile(const std::string& a, const std::string& b);
@@ -48,5 +53,16 @@ void SyncFile(const std::string& name);
 
 /// The same of the names in the folder of a file; what fails is passed over.
 void SyncFolderOf(const std::string& name);
+
+/// A whole file, and the one whose place it is to take.
+struct Replacement {
+    TemporaryFile* by;
+    std::string target;
+};
+
+/// Puts several files in their places, all of them or, after a failure, none: the earlier files have
+/// second names until the last one has its place. A process that is killed meanwhile can leave some of
+/// each. RunTimeError as of MoveTo, "Disk full" where an earlier file has to be copied to be kept.
+void MoveTogether(std::span<const Replacement> files);
 
 } // namespace quelmont

@@ -100,7 +100,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     if (more && (!Parallels(pass) || !Meridians(pass))) {
         return false;
     }
-    CloseStretch();
+    CloseExport();
     return true;
 }
 

@@ -25,6 +25,4 @@ void InstallWriters() {
     Writers() = {&writers.ascii, &writers.cgm, &writers.dxf, &writers.wmf};
 }
 
-void ArmMetafile() { writers.wmf.Arm(); }
-
 } // namespace quelmont

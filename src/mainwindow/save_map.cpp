@@ -3,7 +3,6 @@
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
-#include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/ready_to_draw.h"
@@ -47,7 +46,6 @@ void DrawDxf() {
 
 void DrawWmf() {
     Design.OutputWmf = true;
-    ArmMetafile();
     MapDraw();
 }
 

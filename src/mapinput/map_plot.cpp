@@ -65,8 +65,9 @@ void OpenMapFile(const std::string& name, bool lookedUp) {
 /// Whether the open line of the export is ended when a file has been read; ASCII files are simply
 /// closed, and so are the symbols of a CGM.
 bool EndsLineOnDisk() {
-    return Design.PointCount > 0 && ((Design.OutputCgm && Design.CurrentSymbolType == SymbolLine) ||
-                                     Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
+    const Export armed = ArmedExport();
+    return Design.PointCount > 0 && armed != Export::None &&
+           (armed != Export::Cgm || Design.CurrentSymbolType == SymbolLine);
 }
 
 /// A draw whose map files could not all be read leaves no export.
@@ -149,7 +150,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
         if (EndsLineOnDisk()) {
             PrintLineBrkDisk();
         }
-        CloseStretch();
+        CloseExport();
         CloseFile(InputFileNumber);
     }
     return after;

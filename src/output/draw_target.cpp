@@ -1,8 +1,7 @@
 #include "output/draw_target.h"
 
 #include "core/map_design.h"
-#include "core/run_time_error.h"
-#include "output/export_file.h"
+#include "output/fan_out.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -14,35 +13,11 @@ void SelectDevice() {
 }
 
 bool OpenExport(std::size_t slot) {
-    if (Design.OutputAscii) {
-        if (slot < 1 || slot > Design.AsciiFileName.size()) {
-            throw RunTimeError(ErrorSubscript);
-        }
-        Design.OutputFileName = Design.AsciiFileName[slot - 1];
-        // Later passes of an interrupted map go on where the earlier ones ended.
-        if (ExportBegun(Design.OutputFileName)) {
-            ResumeExport(Design.OutputFileName);
-        } else {
-            BeginExport(Design.OutputFileName);
-        }
-        return true;
+    FileWriter* writer = ArmedWriter();
+    if (writer != nullptr) {
+        writer->OpenStretch(slot);
     }
-    if (Design.OutputCgm) {
-        ResumeExport(Design.CgmFileName);
-        return true;
-    }
-    if (Design.OutputDxf) {
-        ResumeExport(Design.DxfFileName);
-        return true;
-    }
-    return Design.OutputWmf;
-}
-
-void CloseStretch() {
-    CloseExport();
-    if (Design.OutputAscii && Design.LobeLast) {
-        FinishExport(Design.OutputFileName);
-    }
+    return writer != nullptr;
 }
 
 } // namespace quelmont

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <memory>
 #include <span>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace quelmont {
@@ -29,6 +31,8 @@ struct ExportState {
     std::vector<BegunFile> files;
     std::size_t open = None; ///< of files
     std::string collected;   ///< the end of the open file, not yet written
+    bool elementLost = false;
+    std::unordered_set<std::string> mapFiles; ///< of the design, by FileIdentity
     static constexpr std::size_t None = static_cast<std::size_t>(-1);
 };
 
@@ -70,11 +74,28 @@ void WriteCollected() {
     state.collected.clear();
 }
 
+std::unordered_set<std::string> MapFiles() {
+    std::unordered_set<std::string> files;
+    for (const InputFileEntry& file : Design.InputFiles) {
+        files.insert(FileIdentity(file.MapFileName));
+    }
+    return files;
+}
+
+void TellThatNothingIsSaved(const std::vector<BegunFile>& files) {
+    const bool one = files.size() == 1;
+    ShowDrawBox("Map Not Saved", files.front().target + "\n\nThe above file" +
+                                     (one ? " was" : ", and the others of this map, were") +
+                                     " not written, because a part of the map could not be.");
+}
+
 } // namespace
 
 void BeginExport(const std::string& target) {
-    if (std::any_of(Design.InputFiles.begin(), Design.InputFiles.end(),
-                    [&](const InputFileEntry& file) { return IsSameFile(file.MapFileName, target); })) {
+    if (state.files.empty()) {
+        state.mapFiles = MapFiles();
+    }
+    if (state.mapFiles.contains(FileIdentity(target))) {
         throw RunTimeError(ErrorPathFileAccess);
     }
     const std::size_t before = IndexOf(target);
@@ -160,17 +181,23 @@ void CloseExport() {
     state.open = ExportState::None;
 }
 
-void FinishExport(const std::string& target) {
-    const std::size_t index = IndexOf(target);
-    if (index == ExportState::None) {
+void LoseExport() { state.elementLost = true; }
+
+void FinishExports() {
+    const ExportState done = std::exchange(state, ExportState{});
+    const auto isLost = [](const BegunFile& file) { return file.lost; };
+    if (done.files.empty() || std::any_of(done.files.begin(), done.files.end(), isLost)) {
         return;
     }
-    const BegunFile file = std::move(state.files[index]);
-    state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(index));
-    state.open = ExportState::None;
-    if (!file.lost) {
-        file.temporary->MoveTo(file.place);
+    if (done.elementLost) {
+        TellThatNothingIsSaved(done.files);
+        return;
     }
+    std::vector<Replacement> replacements;
+    for (const BegunFile& file : done.files) {
+        replacements.push_back({file.temporary.get(), file.place});
+    }
+    MoveTogether(replacements);
 }
 
 void DropExports() {

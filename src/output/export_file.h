@@ -1,12 +1,16 @@
 #pragma once
 
+#include "core/error_box.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// The files of an export. Each is written beside its target under a temporary name, under file
-/// number 2, in one or several stretches, and takes its target's place when it is whole. Until then an
-/// earlier file of that name stays, and whatever ends the draw early removes the temporary one.
+/// number 2, in one or several stretches. At the end of the draw they take their targets' places
+/// together. Until then an earlier file of that name stays, and whatever ends the draw early removes the
+/// temporary ones.
 
 namespace quelmont {
 
@@ -36,9 +40,32 @@ void PatchExport(std::int64_t position, std::string_view bytes);
 /// WriteExport.
 void CloseExport();
 
-/// Puts a closed file in its target's place, or removes it when a write has failed. RunTimeError
-/// "Permission denied", "Path/File access error"; the temporary file is gone then too.
-void FinishExport(const std::string& target);
+/// An element could not be written, and its box was shown: what is begun is given up whole.
+void LoseExport();
+
+/// Runs a routine of a writer that has an error handler, as Guarded does. What it failed to write costs
+/// the whole export.
+template <typename Body>
+bool GuardedWriting(std::string_view routine, Body&& body) {
+    const bool done = Guarded(routine, std::forward<Body>(body));
+    if (!done) {
+        LoseExport();
+    }
+    return done;
+}
+
+/// Box of a failed operation of the surface that records an export: what it drew is lost.
+inline void ReportLossUnless(bool recorded, std::string_view text) {
+    if (!recorded) {
+        ShowApiErrorBox(text);
+        LoseExport();
+    }
+}
+
+/// Puts the closed files in their targets' places, all or none. They are removed instead when a write has
+/// failed, which was told, or an element was lost, which the box "Map Not Saved" tells. RunTimeError as
+/// MoveTogether; the temporary files are gone then too.
+void FinishExports();
 
 /// Closes and removes whatever was begun and is not finished.
 void DropExports();

@@ -2,6 +2,7 @@
 
 #include "core/error_box.h"
 #include "core/map_design.h"
+#include "output/export_file.h"
 
 namespace quelmont {
 
@@ -10,43 +11,51 @@ FileWriters& Writers() {
     return writers;
 }
 
-namespace {
-
-/// The first chain writer whose flag is set, in the order of a line break and of a header.
-FileWriter* WriterOfChain() {
-    const FileWriters& writers = Writers();
-    return Design.OutputCgm   ? writers.cgm
-           : Design.OutputDxf ? writers.dxf
-           : Design.OutputWmf ? writers.wmf
-                              : nullptr;
+Export ArmedExport() {
+    return Design.OutputAscii ? Export::Ascii
+           : Design.OutputCgm ? Export::Cgm
+           : Design.OutputDxf ? Export::Dxf
+           : Design.OutputWmf ? Export::Wmf
+                              : Export::None;
 }
 
-/// The first writer whose flag is set, in the order of a point.
-FileWriter* WriterOfPoint() { return Design.OutputAscii ? Writers().ascii : WriterOfChain(); }
-
-} // namespace
+FileWriter* ArmedWriter() {
+    const FileWriters& writers = Writers();
+    switch (ArmedExport()) {
+    case Export::Ascii:
+        return writers.ascii;
+    case Export::Cgm:
+        return writers.cgm;
+    case Export::Dxf:
+        return writers.dxf;
+    case Export::Wmf:
+        return writers.wmf;
+    case Export::None:
+        break;
+    }
+    return nullptr;
+}
 
 void ScaleXY() {
-    if (FileWriter* writer = WriterOfPoint()) {
-        Guarded("ScaleXY", [&] { writer->Point(); });
+    if (FileWriter* writer = ArmedWriter()) {
+        GuardedWriting("ScaleXY", [&] { writer->Point(); });
     }
 }
 
 void PrintLineBrkDisk() {
-    Guarded("PrintLineBrkDisk", [] {
-        if (FileWriter* writer = WriterOfChain()) {
+    if (FileWriter* writer = ArmedWriter()) {
+        GuardedWriting("PrintLineBrkDisk", [&] {
             writer->LineBreak();
-            Design.LineBreakPending = true;
+            if (ArmedExport() != Export::Ascii) {
+                Design.LineBreakPending = true;
+            }
             Design.PointCount = 0;
-        } else if (Design.OutputAscii && Writers().ascii != nullptr) {
-            Writers().ascii->LineBreak();
-            Design.PointCount = 0;
-        }
-    });
+        });
+    }
 }
 
 void PrintFileHeader() {
-    FileWriter* writer = WriterOfChain();
+    FileWriter* writer = ArmedWriter();
     if (writer == nullptr || !Design.LobeFirst) {
         return;
     }
@@ -56,13 +65,13 @@ void PrintFileHeader() {
 }
 
 void StartFileStretch() {
-    if (FileWriter* writer = WriterOfChain()) {
+    if (FileWriter* writer = ArmedWriter()) {
         writer->StartStretch();
     }
 }
 
 void FinishFile() {
-    if (FileWriter* writer = WriterOfChain()) {
+    if (FileWriter* writer = ArmedWriter()) {
         writer->Finish();
         Design.LineBreakPending = true;
     }

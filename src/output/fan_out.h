@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace quelmont {
 
 /// A writer of one file format: what the fan-out asks of it. A draw begins the file, writes it in
@@ -10,14 +12,17 @@ public:
     /// Begins the file at the first pass of a draw. A writer that shows the box of a failure itself
     /// sets PlotStopReason to "GridDiskError".
     virtual void Header() {}
+    /// Opens the file for a stretch; slot counts the names in AsciiFileName from 1. RunTimeError as
+    /// ResumeExport.
+    virtual void OpenStretch(std::size_t /*slot*/) {}
     /// A stretch of map data begins; the file is open.
     virtual void StartStretch() {}
     /// Takes the point in ProjX, ProjY.
     virtual void Point() = 0;
     /// Ends the current line.
     virtual void LineBreak() = 0;
-    /// After the last stretch: texts, the file's end, and the file takes its place. Failures show
-    /// their box.
+    /// After the last stretch: texts, the file's end, and the file takes its place. A writer whose
+    /// routines have names shows the boxes of their failures.
     virtual void Finish() {}
     /// The state of the current line at the start of a draw and after a stop.
     virtual void ResetLine() {}
@@ -33,28 +38,34 @@ struct FileWriters {
 };
 FileWriters& Writers();
 
-/// Hands the point in ProjX, ProjY to the one writer whose flag is set: OutputAscii, OutputCgm,
-/// OutputDxf, OutputWmf, the first that is true. A failure shows "Error in ScaleXY".
+/// What a draw is exported to.
+enum class Export { None, Ascii, Cgm, Dxf, Wmf };
+
+/// The armed export: of OutputAscii, OutputCgm, OutputDxf, OutputWmf the first that is true.
+Export ArmedExport();
+
+/// The writer of the armed export; nullptr without one.
+FileWriter* ArmedWriter();
+
+/// Hands the point in ProjX, ProjY to the armed writer. A failure shows "Error in ScaleXY".
 void ScaleXY();
 
-/// Ends the current line on the file device: OutputCgm, OutputDxf, OutputWmf, OutputAscii, the
-/// first that is true. Writes LineBreakPending (not for ASCII) and PointCount. The screen and the
-/// printer need no break. A failure shows "Error in PrintLineBrkDisk".
+/// Ends the current line of the armed writer. Writes LineBreakPending (not for ASCII) and PointCount. The
+/// screen and the printer need no break. A failure shows "Error in PrintLineBrkDisk".
 void PrintLineBrkDisk();
 
-/// Writes the header of the file device at the first pass of a draw: OutputCgm, OutputDxf,
-/// OutputWmf, the first that is true. A failure shows its box, "Error in PrintFileHeader" when the
-/// writer has none, and sets PlotStopReason to "GridDiskError".
+/// Writes the header of the armed writer at the first pass of a draw. A failure shows its box, "Error in
+/// PrintFileHeader" when the writer has none, and sets PlotStopReason to "GridDiskError".
 void PrintFileHeader();
 
 /// Clears the flags of all writers.
 void DisarmWriters();
 
-/// A stretch of map data begins on the file device.
+/// A stretch of map data begins in the armed writer's file.
 void StartFileStretch();
 
-/// Finishes the file of OutputCgm, OutputDxf or OutputWmf, the first that is true, and clears the
-/// flag. ASCII files are finished as each is closed.
+/// Finishes the files of the armed writer and disarms it, but for ASCII, which stays armed to the end of
+/// the draw. RunTimeError as FinishExports, from ASCII alone.
 void FinishFile();
 
 /// The line state of the file writers at the start of a draw and after a stop.

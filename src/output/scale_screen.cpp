@@ -6,6 +6,8 @@
 #include "core/rounding.h"
 #include "platform/machine.h"
 
+#include <algorithm>
+
 namespace quelmont {
 
 namespace {
@@ -17,8 +19,9 @@ constexpr double FullLogicalHeight = 23100.0;
 void MeasureWindow() {
     const double w = Machine().window->ScaleWidth();
     const double h = Machine().window->ScaleHeight();
-    const double fullWidth = static_cast<double>(Design.TwipsPerPixelX) * Design.FullScreenX;
-    const double fullHeight = static_cast<double>(Design.TwipsPerPixelY) * Design.FullScreenY;
+    // The window may have gone to a larger screen than the one on which the program started.
+    const double fullWidth = std::max(w, static_cast<double>(Design.TwipsPerPixelX) * Design.FullScreenX);
+    const double fullHeight = std::max(h, static_cast<double>(Design.TwipsPerPixelY) * Design.FullScreenY);
     Design.LogicalWidth = RoundToInt32(Divide(w * FullLogicalWidth, fullWidth));
     Design.LogicalHeight = RoundToInt32(Divide(h * FullLogicalHeight, fullHeight));
     Design.ClientWidth = RoundToInt32(w - Design.TwipsPerPixelX);

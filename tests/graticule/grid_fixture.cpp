@@ -5,6 +5,7 @@
 #include "graticule/grid_texts.h"
 #include "graticule/plot_grid.h"
 #include "graticule/utm_grid.h"
+#include "output/ascii/ascii_writer.h"
 #include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/azimuthal_terms.h"
@@ -19,6 +20,12 @@ const FreshRoom FreshProjection(ResetAzimuthalTerms);
 const FreshRoom FreshPen(ResetDevicePen);
 
 } // namespace
+
+void LineRecorder::OpenStretch(std::size_t slot) {
+    if (ArmedExport() == Export::Ascii) {
+        AsciiWriter().OpenStretch(slot);
+    }
+}
 
 void LineRecorder::Point() {
     const WrittenPoint point{Design.ProjX, Design.ProjY, Design.ProjLat, Design.ProjLon};

@@ -24,6 +24,8 @@ public:
     LineRecorder& operator=(const LineRecorder&) = delete;
 
     void Header() override { ++headers; }
+    /// In the place of the writer of text files it opens those files.
+    void OpenStretch(std::size_t slot) override;
     void Point() override;
     void LineBreak() override;
     void Forget();

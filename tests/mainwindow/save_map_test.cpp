@@ -57,6 +57,14 @@ protected:
         return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
     }
 
+    /// Names for all four.
+    void NameAll() const {
+        Design.AsciiFileName = {folder / "grid.txt"};
+        Design.CgmFileName = folder / "map.cgm";
+        Design.DxfFileName = folder / "map.dxf";
+        Design.WmfFileName = folder / "map.wmf";
+    }
+
     TemporaryFolder folder;
 };
 
@@ -137,6 +145,45 @@ TEST_F(SaveMap, EscapeKeepsTheEarlierFile) {
     EXPECT_EQ(Files(), 3U) << "no temporary one";
 }
 
+TEST_F(SaveMap, EscapeBeforeTheFirstLineLeavesNothing) {
+    for (bool MapDesign::*flag :
+         {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+        NameAll();
+        Design.*flag = true;
+        machine.pump.At(machine.pump.calls + 1, EscapeKey);
+        MapDraw();
+        EXPECT_EQ(Files(), 0U);
+        EXPECT_THAT(machine.boxes.asked, IsEmpty());
+        ExpectIdle();
+    }
+}
+
+TEST_F(SaveMap, GridStageThatFailsLeavesNothing) {
+    for (bool MapDesign::*flag :
+         {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+        NameAll();
+        Design.*flag = true;
+        Design.LonGrid = 0.0; // fails between the header and the first line
+        MapDraw();
+        EXPECT_THAT(Told(machine.boxes.Taken()), ElementsAre("Error in PlotGrid: Error: Division by zero"));
+        EXPECT_EQ(Files(), 0U);
+        EXPECT_EQ(machine.clock.beeps, 0);
+        ExpectIdle();
+    }
+}
+
+TEST_F(SaveMap, WindowLargerThanTheScreenIsExportedWhole) {
+    window.scaleWidth = 2.0 * 19200.0;
+    window.scaleHeight = 3.0 * 13860.0;
+    NameAll();
+    for (bool MapDesign::*flag : {&MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+        Design.*flag = true;
+        MapDraw();
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    EXPECT_EQ(Files(), 3U);
+}
+
 TEST_F(SaveMap, FileThatCannotBeWrittenShowsItsBoxAndTheProgramGoesOn) {
     const std::string missing = folder / "missing/map.";
     for (const SavedAs& item : Items) {
@@ -162,13 +209,13 @@ TEST_F(SaveMap, NameOfAFolderShowsItsBox) {
     }
 }
 
-TEST_F(SaveMap, WindowWithoutAPictureHasNoBitmap) {
+TEST_F(SaveMap, BitmapBeforeTheFirstDrawIsTheBlankArea) {
     window.pixels = {};
     machine.fileDialogs.Choose({folder / "map.bmp"});
     mnuInput_Click(5);
-    EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Windows API Error", "BITMAP_CaptureBmp - Capture Failed"}));
-    EXPECT_EQ(Files(), 0U);
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    EXPECT_EQ(std::filesystem::file_size(folder / "map.bmp"), 54U + 1280U * 924U * 3U);
+    EXPECT_EQ(window.clears, 0);
 }
 
 TEST_F(SaveMap, AsciiAsksInItsOwnDialogThenDraws) {

@@ -60,6 +60,23 @@ TEST_F(Stopping, TimeUntilTheStopIsKept) {
     EXPECT_DOUBLE_EQ(Design.PlotSeconds, 1.5);
 }
 
+TEST_F(Stopping, BeforeTheFirstLineIsShownKeepsTheBackground) {
+    window.Cls();
+    machine.clock.seconds = 100.0;
+    machine.pump.At(1, [&] {
+        EXPECT_EQ(window.refreshes, 0);
+        machine.clock.seconds = 100.25;
+        EscapeKey();
+    });
+    MapDraw();
+    EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
+    // The parallel of 90 S, whose nine points are all at the lower edge.
+    EXPECT_EQ(surface.Segments().size(), static_cast<std::size_t>(Design.LonGridCount));
+    EXPECT_EQ(window.refreshes, 1);
+    EXPECT_DOUBLE_EQ(Design.PlotSeconds, 0.25);
+    ExpectIdle();
+}
+
 TEST_F(Stopping, NextDrawIsWhole) {
     MapDraw();
     const std::vector<RecordedSegment> whole = surface.Segments();
@@ -118,9 +135,10 @@ public:
         WriteExport("header");
         CloseExport();
     }
+    void OpenStretch(std::size_t /*slot*/) override { ResumeExport(Design.CgmFileName); }
     void Point() override { WriteExport("point"); }
     void LineBreak() override {}
-    void Finish() override { FinishExport(Design.CgmFileName); }
+    void Finish() override { FinishExports(); }
 };
 
 /// An export to a real file, for which the world map of the memory is left aside.

@@ -7,6 +7,7 @@
 #include "graticule/utm_grid.h"
 #include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
+#include "output/export_file.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
 #include "output/scale_screen.h"
@@ -43,6 +44,12 @@ TruePlace Degrees(double lat, double lon) {
 
 std::ostream& operator<<(std::ostream& stream, const PlottedPoint& point) {
     return stream << (point.move ? "move to " : "draw to ") << point.lat << ", " << point.lon;
+}
+
+void LineRecorder::OpenStretch(std::size_t /*slot*/) {
+    if (ArmedExport() == Export::Dxf) {
+        ResumeExport(Design.DxfFileName);
+    }
 }
 
 void LineRecorder::Point() {

@@ -42,6 +42,8 @@ struct PlottedStroke {
 class LineRecorder : public FileWriter {
 public:
     void Header() override {}
+    /// In the place of the writer of DXF files it opens that file.
+    void OpenStretch(std::size_t slot) override;
     void Point() override;
     void LineBreak() override { breaksBehind.push_back(points.size()); }
 

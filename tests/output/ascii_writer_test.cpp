@@ -3,10 +3,12 @@
 #include "core/run_time_error.h"
 #include "export_fixture.h"
 #include "support/failing_file.h"
+#include "support/run_time_errors.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 namespace quelmont {
@@ -14,6 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 const FreshRoom FreshExports(DropExports);
 
@@ -30,7 +33,8 @@ protected:
     std::string Written(const Points& points) {
         Stretch(SymbolLine);
         Line(points);
-        CloseStretch();
+        CloseExport();
+        FinishFile();
         return ReadWholeFile(target);
     }
 
@@ -77,7 +81,8 @@ TEST_F(Ascii, EachLineHasItsBreakAndSymbolsAreLinesOfText) {
     Line({{0.5, 0.5}});
     Design.CurrentSymbolType = SymbolFilledCircle;
     Point(0.25, 0.75);
-    CloseStretch();
+    CloseExport();
+    FinishFile();
     EXPECT_EQ(ReadWholeFile(target),
               "0.0000000  00.0000000\r\n1.0000000  01.0000000\r\n5.0000000  05.0000000\r\n"
               "0.5000000  00.5000000\r\n5.0000000  05.0000000\r\n"
@@ -87,7 +92,8 @@ TEST_F(Ascii, EachLineHasItsBreakAndSymbolsAreLinesOfText) {
 TEST_F(Ascii, LongLinesAreNotCut) {
     Stretch(SymbolLine);
     LongLine(4000);
-    CloseStretch();
+    CloseExport();
+    FinishFile();
     const std::string text = ReadWholeFile(target);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4001);
 }
@@ -99,19 +105,94 @@ TEST_F(Ascii, PointsAreCountedUntilTheBreak) {
     EXPECT_EQ(Design.PointCount, 2);
     PrintLineBrkDisk();
     EXPECT_EQ(Design.PointCount, 0);
-    CloseStretch();
+    CloseExport();
 }
 
-TEST_F(Ascii, EachStretchIsAFileOfItsOwn) {
-    Design.AsciiFileName = {folder / "grid", folder / "coast"};
+/// A map of a grid and a coast, each a file of its own.
+class AsciiFiles : public Ascii {
+protected:
+    AsciiFiles() { Design.AsciiFileName = {folder / "grid", folder / "coast"}; }
+
+    static void Write() {
+        OpenExport(1);
+        Line({{0, 0}});
+        CloseExport();
+        OpenExport(2);
+        Line({{1, 1}});
+        CloseExport();
+    }
+    /// FinishFile as the loop over the map files calls it.
+    static int ErrorOfFinishing() { return ErrorOf(FinishFile); }
+
+    const std::string gridText = "0.0000000  00.0000000\r\n5.0000000  05.0000000\r\n";
+    const std::string coastText = "1.0000000  01.0000000\r\n5.0000000  05.0000000\r\n";
+};
+
+TEST_F(AsciiFiles, TakeTheirPlacesTogetherAtTheEnd) {
+    WriteWholeFile(folder / "grid", "earlier");
+    Write();
+    EXPECT_EQ(ReadWholeFile(folder / "grid"), "earlier");
+    FinishFile();
+    EXPECT_EQ(ReadWholeFile(folder / "grid"), gridText);
+    EXPECT_EQ(ReadWholeFile(folder / "coast"), coastText);
+    EXPECT_THAT(Files(), UnorderedElementsAre("grid", "coast"));
+    EXPECT_TRUE(Design.OutputAscii) << "to the end of the draw";
+}
+
+TEST_F(AsciiFiles, LaterPassGoesOnWhereTheEarlierOneEnded) {
+    Write();
+    Write();
+    FinishFile();
+    EXPECT_EQ(ReadWholeFile(folder / "grid"), gridText + gridText);
+    EXPECT_EQ(ReadWholeFile(folder / "coast"), coastText + coastText);
+}
+
+TEST_F(AsciiFiles, NoneTakesItsPlaceWhenOneCannot) {
+    WriteWholeFile(folder / "grid", "earlier");
+    Write();
+    std::filesystem::create_directory(folder / "coast");
+    EXPECT_EQ(ErrorOfFinishing(), ErrorPathFileAccess);
+    EXPECT_EQ(ReadWholeFile(folder / "grid"), "earlier");
+    EXPECT_THAT(Files(), UnorderedElementsAre("grid", "coast"));
+}
+
+TEST_F(AsciiFiles, NoneIsLeftOfADrawThatIsStopped) {
+    Write();
+    DropExports();
+    EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(AsciiFiles, FullDiskInOneKeepsThemAllAway) {
+    WriteWholeFile(folder / "coast", "earlier");
+    FailingFiles disk;
+    Write();
+    disk.FailWritingAfter(10, ErrorDiskFull);
     OpenExport(1);
     Line({{0, 0}});
-    CloseStretch();
-    OpenExport(2);
-    Line({{1, 1}});
-    CloseStretch();
-    EXPECT_EQ(ReadWholeFile(folder / "grid"), "0.0000000  00.0000000\r\n5.0000000  05.0000000\r\n");
-    EXPECT_EQ(ReadWholeFile(folder / "coast"), "1.0000000  01.0000000\r\n5.0000000  05.0000000\r\n");
+    EXPECT_EQ(ErrorOf(CloseExport), ErrorDiskFull);
+    FinishFile();
+    EXPECT_EQ(ReadWholeFile(folder / "coast"), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("coast"));
+}
+
+TEST_F(AsciiFiles, LostPointGivesThemAllUp) {
+    Write();
+    Design.AsciiScale = 0.0;
+    PrintLineBrkDisk();
+    FinishFile();
+    EXPECT_THAT(
+        machine.boxes.asked,
+        ElementsAre(AskedBox{"Error in PrintLineBrkDisk", "Error: Division by zero"},
+                    AskedBox{"Map Not Saved", (folder / "grid") +
+                                                  "\n\nThe above file, and the others of this map, were "
+                                                  "not written, because a part of the map could not "
+                                                  "be."}));
+    EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(AsciiFiles, SlotWithoutANameIsASubscriptError) {
+    EXPECT_EQ(ErrorOf([] { OpenExport(3); }), ErrorSubscript);
+    EXPECT_EQ(ErrorOf([] { OpenExport(0); }), ErrorSubscript);
 }
 
 TEST_F(Ascii, BreakWithoutAScaleIsADivisionByZero) {
@@ -130,7 +211,8 @@ TEST_F(Ascii, FullDiskIsToldOnceAndTheEarlierFileStays) {
         for (int line = 0; line < 3; ++line) {
             LongLine(1999); // 47 kB
         }
-        CloseStretch();
+        CloseExport();
+        FinishFile();
     }
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in ScaleXY", "Error: Disk full"}));
     EXPECT_EQ(ReadWholeFile(target), "earlier");

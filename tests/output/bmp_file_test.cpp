@@ -128,7 +128,21 @@ TEST_F(Bmp, LongerFileLeavesNoTail) {
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
 
-TEST_F(Bmp, WindowWithoutPixelsCannotBeCaptured) {
+TEST_F(Bmp, AreaIsBlankBeforeTheFirstDraw) {
+    Design.TwipsPerPixelX = Design.TwipsPerPixelY = 15.0F;
+    machine.window.scaleWidth = 45.0;
+    machine.window.scaleHeight = 30.0;
+    Design.BackColor = 0x02FF8001;
+    const std::string bytes = Saved();
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    ASSERT_EQ(bytes.size(), 54U + 2U * 12U); // three pixels and three bytes of padding
+    EXPECT_EQ(bytes.substr(18, 8), "\x03\x00\x00\x00\x02\x00\x00\x00"s);
+    const std::string row = "\xFF\x80\x01\xFF\x80\x01\xFF\x80\x01\x00\x00\x00"s;
+    EXPECT_EQ(bytes.substr(54), row + row);
+}
+
+TEST_F(Bmp, AreaWithoutASizeCannotBeCaptured) {
+    machine.window.scaleWidth = 0.0;
     BmpSave();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Windows API Error", "BITMAP_CaptureBmp - Capture Failed"}));

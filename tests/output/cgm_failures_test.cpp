@@ -60,7 +60,7 @@ TEST_F(CgmFailures, FullDiskInLinesIsToldOnce) {
     for (int line = 0; line < 20; ++line) {
         LongLine(1999); // 8 kB: the buffer is written out after the eighth
     }
-    CloseStretch();
+    CloseExport();
     FinishFile();
     ExpectLost({"Error in CgmPoly", "Error: Disk full"});
 }
@@ -74,7 +74,7 @@ TEST_F(CgmFailures, FullDiskInSymbolsIsToldOnce) {
         Point(x, 7); // 28 bytes
     }
     PrintLineBrkDisk();
-    CloseStretch();
+    CloseExport();
     FinishFile();
     ExpectLost({"Error in CgmShort", "Error: Disk full"});
 }
@@ -103,44 +103,65 @@ TEST_F(CgmFailures, FileThatCannotBeOpenedAtTheEnd) {
     ExpectLost({"Error in CgmEnd", "Error: Permission denied"});
 }
 
-TEST_F(CgmFailures, TextThatOverflowsCostsItselfAlone) {
-    Design.TextItems = {TextOfMap("far", 0), TextOfMap("high", 0), TextOfMap("near", 0)};
-    Design.TextItems[0].TextX = 17000;      // 34000 units
-    Design.TextItems[1].TextHeight = 17000; // as high
+/// An element that cannot be written costs the whole file.
+class CgmLosses : public CgmTest {};
+
+TEST_F(CgmLosses, TextTooFarOut) {
+    Design.TextItems = {TextOfMap("far", 0), TextOfMap("near", 0)};
+    Design.TextItems[0].TextX = 17000; // 34000 units
     Begin();
-    std::vector<std::string> texts;
-    for (const CgmElement& element : ReadCgm(End())) {
-        if (element.name == "TEXT") {
-            texts.push_back(element.Text());
-        }
-    }
-    EXPECT_THAT(texts, ElementsAre("TEXT 8000 20790 1 'near'"));
-    const AskedBox box{"Error in CgmWrite", "Error: Overflow"};
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(box, box));
+    ExpectGivenUp({{"Error in CgmWrite", "Error: Overflow"}});
 }
 
-TEST_F(CgmFailures, LineThatIsTooWideCostsItselfAlone) {
+TEST_F(CgmLosses, TextTooHigh) {
+    Design.TextItems = {TextOfMap("high", 0)};
+    Design.TextItems[0].TextHeight = 17000;
+    Begin();
+    ExpectGivenUp({{"Error in CgmWrite", "Error: Overflow"}});
+}
+
+TEST_F(CgmLosses, LineTooWide) {
+    Begin();
+    Stretch(SymbolLine);
+    Design.PenWidth = 16384; // 32768 units
+    Line({{3, 3}, {4, 4}});
+    CloseExport();
+    const AskedBox box{"Error in CgmPoly", "Error: Overflow"}; // of each of its points
+    ExpectGivenUp({box, box});
+}
+
+TEST_F(CgmLosses, SymbolOfStrokesThatAreTooWide) {
+    Begin();
+    Design.PenWidth = 16384;
+    Symbol(SymbolPlus, 100, 1, 1000, 2000);
+    ExpectGivenUp({{"Error in CgmWrite", "Error: Overflow"}});
+}
+
+TEST_F(CgmFailures, WidestLineIsWritten) {
     Begin();
     Stretch(SymbolLine);
     Design.PenWidth = 16383; // 32766 units
     Line({{1, 1}, {2, 2}});
-    Design.PenWidth = 16384;
-    Line({{3, 3}, {4, 4}});
-    Design.PenWidth = 1;
-    Line({{5, 5}, {6, 6}});
-    CloseStretch();
-    EXPECT_THAT(EndWithElements(), ElementsAre("LINE COLOUR 128 0 0", "LINE WIDTH 32766", "POLYLINE 1 1 2 2",
-                                               "LINE COLOUR 128 0 0", "LINE WIDTH 2", "POLYLINE 5 5 6 6"));
-    const AskedBox box{"Error in CgmPoly", "Error: Overflow"};
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(box, box)) << "of each of its points";
+    CloseExport();
+    EXPECT_THAT(EndWithElements(),
+                ElementsAre("LINE COLOUR 128 0 0", "LINE WIDTH 32766", "POLYLINE 1 1 2 2"));
 }
 
-TEST_F(CgmFailures, SymbolOfStrokesThatAreTooWideIsLost) {
+TEST_F(CgmFailures, LostElementKeepsTheEarlierFile) {
     Begin();
-    Design.PenWidth = 16384;
-    Symbol(SymbolPlus, 100, 1, 1000, 2000);
+    Symbol(SymbolOpenSquare, 30000, 1, 20000, 5);
+    FinishFile();
+    EXPECT_EQ(ReadWholeFile(target), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("map"));
+}
+
+TEST_F(CgmFailures, NextExportKnowsNothingOfTheLoss) {
+    Begin();
+    Symbol(SymbolOpenSquare, 30000, 1, 20000, 5);
+    FinishFile();
+    Design.OutputCgm = true;
+    Begin();
     EXPECT_THAT(EndWithElements(), IsEmpty());
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CgmWrite", "Error: Overflow"}));
 }
 
 } // namespace

@@ -1,7 +1,11 @@
 #include "output/draw_target.h"
 
 #include "core/file_numbers.h"
+#include "output/cgm/cgm_writer.h"
+#include "output/dxf/dxf_writer.h"
 #include "output/export_file.h"
+#include "output/fan_out.h"
+#include "output/wmf/wmf_writer.h"
 #include "output_fixture.h"
 #include "support/run_time_errors.h"
 #include "support/temporary_folder.h"
@@ -14,19 +18,25 @@ namespace {
 class DrawTarget : public OutputTest {
 protected:
     DrawTarget() {
-        Design.AsciiFileName = {folder / "grid", folder / "map"};
         Design.CgmFileName = folder / "old";
         Design.DxfFileName = folder / "old";
+        Writers() = {nullptr, &cgm, &dxf, &wmf};
     }
-    ~DrawTarget() override { DropExports(); }
+    ~DrawTarget() override {
+        DropExports();
+        Writers() = {};
+    }
 
     /// One stage of a draw.
-    static void Stage(const char* text, std::size_t slot = 1) {
-        EXPECT_TRUE(OpenExport(slot));
+    static void Stage(const char* text) {
+        EXPECT_TRUE(OpenExport(1));
         WriteExport(text);
-        CloseStretch();
+        CloseExport();
     }
     TemporaryFolder folder;
+    CgmWriter cgm;
+    DxfWriter dxf;
+    WmfWriter wmf;
 };
 
 TEST_F(DrawTarget, DeviceIsTheWindowWithTheScreensPixels) {
@@ -43,31 +53,6 @@ TEST_F(DrawTarget, WithoutAnExportNothingIsOpened) {
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
 }
 
-TEST_F(DrawTarget, SlotWithoutANameIsASubscriptError) {
-    Design.OutputAscii = true;
-    EXPECT_EQ(ErrorOf([] { OpenExport(3); }), ErrorSubscript);
-    EXPECT_EQ(ErrorOf([] { OpenExport(0); }), ErrorSubscript);
-}
-
-TEST_F(DrawTarget, AsciiFileIsTheOneOfTheSlotAndNew) {
-    WriteWholeFile(folder / "map", "old contents");
-    Design.OutputAscii = true;
-    Design.LobeLast = true;
-    Stage("hi", 2);
-    EXPECT_EQ(ReadWholeFile(folder / "map"), "hi");
-    EXPECT_EQ(Design.OutputFileName, folder / "map");
-}
-
-TEST_F(DrawTarget, AsciiFileOfAnInterruptedMapGoesOnFromPassToPass) {
-    WriteWholeFile(folder / "map", "old contents");
-    Design.OutputAscii = true;
-    Stage("one ", 2);
-    EXPECT_EQ(ReadWholeFile(folder / "map"), "old contents") << "not whole yet";
-    Design.LobeLast = true;
-    Stage("two", 2);
-    EXPECT_EQ(ReadWholeFile(folder / "map"), "one two");
-}
-
 TEST_F(DrawTarget, CgmAndDxfAreWrittenOnBehindTheirHeader) {
     for (bool MapDesign::*flag : {&MapDesign::OutputCgm, &MapDesign::OutputDxf}) {
         Design.*flag = true;
@@ -76,7 +61,7 @@ TEST_F(DrawTarget, CgmAndDxfAreWrittenOnBehindTheirHeader) {
         CloseExport();
         Stage("one ");
         Stage("two");
-        FinishExport(folder / "old");
+        FinishExports();
         EXPECT_EQ(ReadWholeFile(folder / "old"), "header one two");
         Design.*flag = false;
     }
@@ -90,8 +75,20 @@ TEST_F(DrawTarget, FileWithoutAHeaderIsNotFound) {
 
 TEST_F(DrawTarget, MetafileOpensNothing) {
     Design.OutputWmf = true;
+    wmf.Header();
     EXPECT_TRUE(OpenExport(1));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
+}
+
+TEST_F(DrawTarget, MetafileWithoutAHeaderIsNotFound) {
+    Design.OutputWmf = true;
+    EXPECT_EQ(ErrorOf([] { OpenExport(1); }), ErrorFileNotFound);
+}
+
+TEST_F(DrawTarget, FlagWithoutAWriterIsNoExport) {
+    Writers() = {};
+    Design.OutputWmf = true;
+    EXPECT_FALSE(OpenExport(1));
 }
 
 } // namespace

@@ -53,7 +53,7 @@ TEST_F(ExportFile, IsWrittenInStretchesAndTakesItsPlaceWhenWhole) {
     EXPECT_EQ(ExportLength(), 7);
     CloseExport();
     EXPECT_EQ(ReadWholeFile(target), "earlier");
-    FinishExport(target);
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(target), "one two");
     EXPECT_FALSE(ExportBegun(target));
     EXPECT_THAT(Files(), ElementsAre("map"));
@@ -72,7 +72,7 @@ TEST_F(ExportFile, PatchesWhatIsCollectedAndWhatIsWritten) {
     PatchExport(8, "U");
     WriteExport("end");
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(target), "aXYdZWgVU" + std::string(200000, '-') + "end");
 }
 
@@ -83,7 +83,7 @@ TEST_F(ExportFile, PatchAcrossTheEndOfWhatIsWritten) {
     WriteExport("bc");
     PatchExport(65535, "XY");
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(target), std::string(65535, '-') + "XYc");
 }
 
@@ -106,7 +106,7 @@ TEST_F(ExportFile, BegunAgainBeginsAnew) {
     BeginExport(target);
     WriteExport("two");
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(target), "two");
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
@@ -116,7 +116,7 @@ TEST_F(ExportFile, WithoutABeginningNothingGoesOn) {
     EXPECT_EQ(ErrorOf([] { WriteExport("a"); }), ErrorBadFileNumber);
     EXPECT_EQ(ErrorOf([] { ExportLength(); }), ErrorBadFileNumber);
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     ExpectNothingLeft();
 }
 
@@ -126,7 +126,7 @@ TEST_F(ExportFile, LinkLeadsToTheFileThatIsReplaced) {
     BeginExport(target);
     WriteExport("new");
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     EXPECT_TRUE(std::filesystem::is_symlink(target));
     EXPECT_EQ(ReadWholeFile(folder / "real"), "new");
 }
@@ -139,9 +139,7 @@ TEST_F(ExportFile, LinksToOneFileAreTwoExportsAndTheLaterOneStays) {
     Write(folder / "b", "of b");
     EXPECT_THAT(Files(), SizeIs(5)) << "each has a temporary file of its own";
     EXPECT_EQ(ReadWholeFile(folder / "real"), "earlier");
-    FinishExport(folder / "a");
-    EXPECT_EQ(ReadWholeFile(folder / "real"), "of a");
-    FinishExport(folder / "b");
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(folder / "real"), "of b");
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "a"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "b"));
@@ -152,7 +150,7 @@ TEST_F(ExportFile, NameMayBeAsLongAsTheSystemAllows) {
     for (std::size_t length = 240; length <= 255; ++length) {
         const std::string title(length, 'm');
         Write(folder / title, "new");
-        FinishExport(folder / title);
+        FinishExports();
         EXPECT_EQ(ReadWholeFile(folder / title), "new") << length;
         EXPECT_THAT(Files(), ElementsAre(title));
         std::filesystem::remove(folder / title);
@@ -160,6 +158,46 @@ TEST_F(ExportFile, NameMayBeAsLongAsTheSystemAllows) {
     const std::string tooLong = folder / std::string(256, 'm');
     EXPECT_EQ(ErrorOf([&] { BeginExport(tooLong); }), ErrorBadFileNumber);
     ExpectNothingLeft();
+}
+
+TEST_F(ExportFile, SeveralTakeTheirPlacesTogether) {
+    WriteWholeFile(folder / "b", "earlier");
+    for (const char* name : {"a", "b", "c"}) {
+        Write(folder / name, name);
+    }
+    FinishExports();
+    EXPECT_EQ(ReadWholeFile(folder / "a"), "a");
+    EXPECT_EQ(ReadWholeFile(folder / "b"), "b");
+    EXPECT_EQ(ReadWholeFile(folder / "c"), "c");
+    EXPECT_THAT(Files(), SizeIs(3));
+}
+
+TEST_F(ExportFile, NoneTakesItsPlaceWhenTheLastOneCannot) {
+    WriteWholeFile(folder / "b", "earlier");
+    for (const char* name : {"a", "b", "c"}) {
+        Write(folder / name, name);
+    }
+    // Its temporary file has vanished.
+    for (const std::string& name : Files()) {
+        if (name.starts_with("c.")) {
+            std::filesystem::remove(folder / name);
+        }
+    }
+    EXPECT_EQ(ErrorOf(FinishExports), ErrorPathFileAccess);
+    EXPECT_EQ(ReadWholeFile(folder / "b"), "earlier");
+    EXPECT_THAT(Files(), ElementsAre("b"));
+}
+
+TEST_F(ExportFile, EarlierFileKeepsItsModeWhenItIsPutBack) {
+    WriteWholeFile(folder / "a", "earlier");
+    chmod((folder / "a").c_str(), 0640);
+    Write(folder / "a", "a");
+    Write(folder / "b", "b");
+    std::filesystem::create_directory(folder / "b");
+    EXPECT_EQ(ErrorOf(FinishExports), ErrorPathFileAccess);
+    struct stat facts = {};
+    ASSERT_EQ(stat((folder / "a").c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 0777U, 0640U);
 }
 
 TEST_F(ExportFile, MapFileOfTheDesignIsNotReplaced) {
@@ -200,7 +238,7 @@ TEST_F(ExportFile, FolderInItsPlaceBeforeTheEndIsKept) {
     WriteExport("a");
     CloseExport();
     std::filesystem::create_directory(target);
-    EXPECT_EQ(ErrorOf([&] { FinishExport(target); }), ErrorPathFileAccess);
+    EXPECT_EQ(ErrorOf(FinishExports), ErrorPathFileAccess);
     EXPECT_TRUE(std::filesystem::is_directory(target));
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
@@ -217,7 +255,7 @@ TEST_F(ExportFile, FullDiskIsToldOnceAndTheFileIsLost) {
     ResumeExport(target);
     WriteExport("more");
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     EXPECT_EQ(ReadWholeFile(target), "earlier");
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
@@ -229,7 +267,7 @@ TEST_F(ExportFile, FullDiskMayShowWhenItIsClosed) {
     WriteExport("abc");
     EXPECT_EQ(ErrorOf(CloseExport), ErrorDiskFull);
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-    FinishExport(target);
+    FinishExports();
     ExpectNothingLeft();
 }
 
@@ -242,7 +280,7 @@ TEST_F(ExportFile, FailureOfThePatchLosesTheFile) {
     disk.FailSeeking(ErrorDeviceIo);
     EXPECT_EQ(ErrorOf([] { PatchExport(0, "x"); }), ErrorDeviceIo);
     CloseExport();
-    FinishExport(target);
+    FinishExports();
     ExpectNothingLeft();
 }
 
@@ -252,7 +290,7 @@ TEST_F(ExportFile, FailureOfClosingLosesTheFile) {
     WriteExport("abc");
     disk.FailClosing(ErrorDeviceIo);
     EXPECT_EQ(ErrorOf(CloseExport), ErrorDeviceIo);
-    FinishExport(target);
+    FinishExports();
     ExpectNothingLeft();
 }
 

@@ -8,6 +8,8 @@
 #include "support/fresh_program.h"
 #include "support/temporary_folder.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -82,7 +84,7 @@ protected:
         Design.BorderWidthFile = border;
         Point(x, y);
         PrintLineBrkDisk();
-        CloseStretch();
+        CloseExport();
     }
 
     /// A text of twelve points at a quarter of the width, 8000 units, and at a tenth of the height from
@@ -98,6 +100,16 @@ protected:
         item.TextWidth = 60;
         item.TextHeight = 100;
         return item;
+    }
+
+    /// Finishes an export that lost something, which the boxes told: no file is there.
+    void ExpectGivenUp(std::vector<AskedBox> boxes) {
+        FinishFile();
+        boxes.push_back({"Map Not Saved", target +
+                                              "\n\nThe above file was not written, because a part of the "
+                                              "map could not be."});
+        EXPECT_EQ(machine.boxes.asked, boxes);
+        EXPECT_EQ(Files(), std::vector<std::string>());
     }
 
     /// Names in the folder of the exports.

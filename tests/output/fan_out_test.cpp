@@ -61,28 +61,30 @@ TEST_F(FanOut, WithoutAFlagNothingIsWritten) {
     EXPECT_FALSE(Design.LineBreakPending);
 }
 
-TEST_F(FanOut, PointGoesToTheFirstFlagInOrder) {
-    Design.OutputWmf = true;
-    ScaleXY();
-    Design.OutputDxf = true;
-    ScaleXY();
-    Design.OutputCgm = true;
-    ScaleXY();
-    Design.OutputAscii = true;
-    ScaleXY();
-    EXPECT_THAT(notes, ElementsAre("wmf point", "dxf point", "cgm point", "ascii point"));
+TEST_F(FanOut, PointAndBreakGoToTheFirstFlagInOrder) {
+    for (bool MapDesign::*flag :
+         {&MapDesign::OutputWmf, &MapDesign::OutputDxf, &MapDesign::OutputCgm, &MapDesign::OutputAscii}) {
+        Design.*flag = true;
+        ScaleXY();
+        PrintLineBrkDisk();
+    }
+    EXPECT_THAT(notes, ElementsAre("wmf point", "wmf break", "dxf point", "dxf break", "cgm point",
+                                   "cgm break", "ascii point", "ascii break"));
 }
 
-TEST_F(FanOut, LineBreakAsksForAsciiLast) {
-    Design.OutputAscii = true;
-    PrintLineBrkDisk();
-    Design.OutputWmf = true;
-    PrintLineBrkDisk();
-    Design.OutputDxf = true;
-    PrintLineBrkDisk();
-    Design.OutputCgm = true;
-    PrintLineBrkDisk();
-    EXPECT_THAT(notes, ElementsAre("ascii break", "wmf break", "dxf break", "cgm break"));
+TEST_F(FanOut, OneFlagIsOneWriterForAllThatIsAsked) {
+    const std::vector<std::pair<bool MapDesign::*, FileWriter*>> writers = {
+        {&MapDesign::OutputAscii, &ascii},
+        {&MapDesign::OutputCgm, &cgm},
+        {&MapDesign::OutputDxf, &dxf},
+        {&MapDesign::OutputWmf, &wmf},
+    };
+    EXPECT_EQ(ArmedWriter(), nullptr);
+    for (const auto& [flag, writer] : writers) {
+        Design.*flag = true;
+        EXPECT_EQ(ArmedWriter(), writer);
+        Design.*flag = false;
+    }
 }
 
 TEST_F(FanOut, LineBreakEmptiesTheChain) {
@@ -105,12 +107,6 @@ TEST_F(FanOut, HeaderIsWrittenAtTheFirstPassOnly) {
     Design.LobeFirst = false;
     PrintFileHeader();
     EXPECT_THAT(notes, ElementsAre("cgm header"));
-}
-
-TEST_F(FanOut, AsciiHasNoHeader) {
-    Design.OutputAscii = true;
-    PrintFileHeader();
-    EXPECT_THAT(notes, IsEmpty());
 }
 
 TEST_F(FanOut, HeaderThatFailsStopsTheDraw) {

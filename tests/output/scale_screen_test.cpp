@@ -50,6 +50,22 @@ TEST_F(ScaleScreenTest, TallWindowNarrowsTheLogicalPage) {
     EXPECT_EQ(Design.LogicalHeight, 23100);
 }
 
+TEST_F(ScaleScreenTest, WindowLargerThanTheScreenMeasuresNoMore) {
+    machine.window.scaleWidth = 2.5 * 19200.0;
+    machine.window.scaleHeight = 13860.0;
+    Map(6.0, 3.0);
+    EXPECT_TRUE(ScaleScreen());
+    EXPECT_EQ(Design.LogicalWidth, 32000);
+    // 32000 * 13845 / 47985 = 9232.89.
+    EXPECT_EQ(Design.LogicalHeight, 9233);
+    machine.window.scaleWidth = 19200.0;
+    machine.window.scaleHeight = 3.0 * 13860.0;
+    EXPECT_TRUE(ScaleScreen());
+    EXPECT_EQ(Design.LogicalHeight, 23100);
+    // 23100 * 19185 / 41565 = 10662.16.
+    EXPECT_EQ(Design.LogicalWidth, 10662);
+}
+
 TEST_F(ScaleScreenTest, FlatMapTakesTheWholeWidth) {
     Map(6.0, 3.0);
     EXPECT_TRUE(ScaleScreen());

@@ -3,11 +3,13 @@
 #include "core/run_time_error.h"
 #include "export_fixture.h"
 #include "support/failing_file.h"
+#include "support/run_time_errors.h"
 #include "support/wmf_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -31,7 +33,6 @@ protected:
 
     void Begin() {
         Design.OutputWmf = true;
-        writer.Arm();
         ResetLineState();
         PrintFileHeader();
     }
@@ -163,11 +164,10 @@ TEST_F(Wmf, LargestRecordIsTheLongestChain) {
     ReadWmf(bytes);
 }
 
-TEST_F(Wmf, PointThatOverflowsIsLostAndTheLineGoesOn) {
+TEST_F(Wmf, PointThatOverflowsCostsTheFile) {
     Stretch(SymbolLine);
     Line({{1, 1}, {40000, 1}, {2, 2}});
-    EXPECT_EQ(EndWithRecords().at(2), "Polyline 2 1 1 2 2");
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in WmfWrite", "Error: Overflow"}));
+    ExpectGivenUp({{"Error in WmfWrite", "Error: Overflow"}});
 }
 
 /// Records of a symbol of half size 101 and an outline of 7 units at 1000, 2000, in a file of its own.
@@ -244,20 +244,15 @@ TEST_F(WmfSymbol, LinesAndSymbolsTogetherNeedFourSlots) {
     EXPECT_EQ(file.peakSlots, 5U);
 }
 
-TEST_F(WmfSymbol, SymbolThatOverflowsIsLost) {
+TEST_F(WmfSymbol, SymbolThatOverflowsCostsTheFile) {
     Symbol(SymbolOpenSquare, 101, 1, 5, -32700);
-    EXPECT_THAT(EndWithRecords(), IsEmpty());
-    EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in WmfWrite", "Error: Overflow"}));
+    ExpectGivenUp({{"Error in WmfWrite", "Error: Overflow"}});
 }
 
-TEST_F(WmfSymbol, TriangleWhoseApexOverflowsLosesItsShapeAlone) {
+TEST_F(WmfSymbol, TriangleWhoseApexOverflowsCostsTheFile) {
     // The upper edge is at 32760, the apex at 32560 + 231 = 32791.
     Symbol(SymbolOpenTriangle, 200, 7, 5, 32560);
-    EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Windows API Error", "Polygon(3) error in WmfWrite"}));
-    const std::vector<std::string> objects = EndWithRecords();
-    EXPECT_EQ(objects.size(), Open("shape").size() - 1);
-    EXPECT_THAT(objects, testing::Not(testing::Contains(testing::StartsWith("Polygon"))));
+    ExpectGivenUp({{"Windows API Error", "Polygon(3) error in WmfWrite"}});
 }
 
 TEST_F(Wmf, ChecksumLeavesOutTheLeftAndTheUpperEdge) {
@@ -269,22 +264,44 @@ TEST_F(Wmf, ChecksumLeavesOutTheLeftAndTheUpperEdge) {
     EXPECT_THROW(ReadWmf(bytes), std::runtime_error);
 }
 
-TEST_F(Wmf, WidthsBeyondSixteenBitsFailTheirPen) {
+TEST_F(Wmf, WidthBeyondSixteenBitsCostsTheFile) {
     Stretch(SymbolLine);
     Design.PenWidth = 20000; // 40000 units
     Line({{1, 1}, {2, 2}});
-    EXPECT_THAT(machine.boxes.asked,
-                ElementsAre(AskedBox{"Windows API Error", "CreatePen(1) error in PrintLineBrkDisk"}));
-    EXPECT_THAT(EndWithRecords(), ElementsAre("Polyline 2 1 1 2 2"));
+    ExpectGivenUp({{"Windows API Error", "CreatePen(1) error in PrintLineBrkDisk"}});
 }
 
-TEST_F(Wmf, WindowBeyondSixteenBitsIsToldWhenArming) {
+TEST_F(Wmf, WindowBeyondSixteenBitsCostsTheFile) {
     Design.LogicalMarginX = 400;
     Design.LogicalMarginY = 40000;
     Begin();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Windows API Error", "SetWindowOrgEx error in mnuInput_Click"},
                             AskedBox{"Windows API Error", "SetWindowExtEx error in mnuInput_Click"}));
+    FinishFile();
+    DropExports(); // as every draw ends
+    EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST(WmfFlag, WithoutARecordingIsAFileThatIsNotFound) {
+    WmfWriter writer;
+    EXPECT_EQ(ErrorOf([&] { writer.OpenStretch(1); }), ErrorFileNotFound);
+}
+
+TEST_F(Wmf, FlagAfterTheEndOfTheRecordingWritesNothing) {
+    FinishFile();
+    std::filesystem::remove(target);
+    Design.OutputWmf = true;
+    Design.CurrentSymbolType = SymbolLine;
+    Point(1, 1);
+    Design.CurrentSymbolType = SymbolPlus;
+    Point(1, 1);
+    PrintLineBrkDisk();
+    FinishFile();
+    const AskedBox symbol{"Error in WmfWrite", "Error: File not found"};
+    EXPECT_THAT(machine.boxes.asked,
+                ElementsAre(symbol, AskedBox{"Error in SaveMetafileToDisk", "Error: File not found"}));
+    EXPECT_THAT(Files(), IsEmpty());
 }
 
 TEST_F(Wmf, FolderThatDoesNotExistIsToldAtTheEnd) {

@@ -14,6 +14,20 @@ constexpr int Decimals = 7;
 
 } // namespace
 
+void AsciiWriter::OpenStretch(std::size_t slot) {
+    if (slot < 1 || slot > Design.AsciiFileName.size()) {
+        throw RunTimeError(ErrorSubscript);
+    }
+    Design.OutputFileName = Design.AsciiFileName[slot - 1];
+    if (ExportBegun(Design.OutputFileName)) {
+        ResumeExport(Design.OutputFileName);
+    } else {
+        BeginExport(Design.OutputFileName);
+    }
+}
+
+void AsciiWriter::Finish() { FinishExports(); }
+
 void AsciiWriter::Point() {
     ++Design.PointCount;
     line.clear();

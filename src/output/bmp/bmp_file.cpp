@@ -1,7 +1,9 @@
 #include "output/bmp/bmp_file.h"
 
+#include "core/checked_math.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
+#include "core/rounding.h"
 #include "output/export_file.h"
 #include "output/little_endian.h"
 #include "platform/machine.h"
@@ -51,6 +53,18 @@ void AppendRow(std::string& stripe, const PixelImage& image, std::int32_t row) {
 
 bool IsEmpty(const PixelImage& image) { return image.width < 1 || image.height < 1; }
 
+/// The drawing area before anything was drawn there.
+PixelImage BlankArea() {
+    const MainWindow& window = *Machine().window;
+    PixelImage image;
+    image.width = RoundToInt32(Divide(window.ScaleWidth(), Design.TwipsPerPixelX));
+    image.height = RoundToInt32(Divide(window.ScaleHeight(), Design.TwipsPerPixelY));
+    image.pixels.assign(static_cast<std::size_t>(std::max(image.width, 0)) *
+                            static_cast<std::size_t>(std::max(image.height, 0)),
+                        ColorBits(Design.BackColor));
+    return image;
+}
+
 } // namespace
 
 std::int32_t BmpStride(int bits, std::int32_t width) { return (bits * width + 31) / 32 * 4; }
@@ -59,6 +73,9 @@ std::int32_t BmpStripeRows(std::int32_t stride) { return std::max(1, StripeBytes
 
 bool CaptureBmp(BitmapCapture& capture) {
     capture.pixels = Machine().window->CopyPixels();
+    if (IsEmpty(capture.pixels)) {
+        capture.pixels = BlankArea();
+    }
     if (IsEmpty(capture.pixels)) {
         ShowApiErrorBox("BITMAP_CaptureBmp - Capture Failed");
         return false;
@@ -84,7 +101,7 @@ void SaveBmp(const std::string& name, const BitmapCapture& capture) {
         WriteExport(stripe);
     }
     CloseExport();
-    FinishExport(name);
+    FinishExports();
 }
 
 void BmpSave() {

@@ -130,8 +130,10 @@ void CgmWriter::WriteHeaderElements() {
     Element(LineWidth, {1});
 }
 
+void CgmWriter::OpenStretch(std::size_t /*slot*/) { ResumeExport(Design.CgmFileName); }
+
 void CgmWriter::StartStretch() {
-    Guarded("CgmStartNewBoundaryFile", [this] { CgmStartNewBoundaryFile(); });
+    GuardedWriting("CgmStartNewBoundaryFile", [this] { CgmStartNewBoundaryFile(); });
 }
 
 void CgmWriter::CgmStartNewBoundaryFile() {
@@ -148,7 +150,7 @@ void CgmWriter::Interior(int style) {
 }
 
 void CgmWriter::CgmLineColor(ColorValue color) {
-    Guarded("CgmLineColor", [&] { ColourElement(LineColour, color); });
+    GuardedWriting("CgmLineColor", [&] { ColourElement(LineColour, color); });
 }
 
 void CgmWriter::Finish() {
@@ -156,7 +158,7 @@ void CgmWriter::Finish() {
         ResumeExport(Design.CgmFileName);
         Design.CurrentSymbolType = SymbolText;
         for (std::size_t item = 0; item < Design.TextItems.size(); ++item) {
-            Guarded("CgmWrite", [&] { CgmText(item); });
+            GuardedWriting("CgmWrite", [&] { CgmText(item); });
         }
         CgmEnd();
     });
@@ -166,7 +168,7 @@ void CgmWriter::CgmEnd() {
     Element(EndPicture, {});
     Element(EndMetafile, {});
     CloseExport();
-    FinishExport(Design.CgmFileName);
+    FinishExports();
     ResetLine();
     CgmWritePos = 1;
 }
@@ -215,7 +217,7 @@ void CgmWriter::Write(std::string_view bytes) {
 }
 
 void CgmWriter::CgmShort() {
-    Guarded("CgmShort", [this] {
+    GuardedWriting("CgmShort", [this] {
         std::array<char, EntryCount> bytes = {};
         const auto count = static_cast<std::size_t>(std::max<std::int16_t>(CgmByteCount, 0));
         std::transform(CgmBuffer.begin(), CgmBuffer.begin() + static_cast<std::ptrdiff_t>(count),
@@ -226,7 +228,7 @@ void CgmWriter::CgmShort() {
 }
 
 void CgmWriter::CgmString(std::string_view text) {
-    Guarded("CgmString", [&] {
+    GuardedWriting("CgmString", [&] {
         const bool isText = CgmByteCount == -1;
         CgmByteCount = 0;
         const std::string characters = ToWindows1252(text);
@@ -251,7 +253,7 @@ void CgmWriter::CgmString(std::string_view text) {
 // ---- Lines
 
 bool CgmWriter::CgmVertices(int start, int count, int stride) {
-    return Guarded("CgmVertices", [&] {
+    return GuardedWriting("CgmVertices", [&] {
         const LogicalPoint centre = LogicalPointOfCell();
         const auto vertex = [&](std::int16_t offset, std::int16_t from, std::int32_t most) {
             // The quotient is a single-precision number.
@@ -288,7 +290,7 @@ void CgmWriter::WriteVertex(const Vertex& vertex) {
 }
 
 void CgmWriter::CgmPoly() {
-    Guarded("CgmPoly", [this] {
+    GuardedWriting("CgmPoly", [this] {
         Vertex vertex = {};
         std::transform(CgmBuffer.begin() + 4, CgmBuffer.begin() + 8, vertex.begin(),
                        [](std::uint16_t byte) { return static_cast<char>(byte); });
@@ -326,7 +328,7 @@ void CgmWriter::LineBreak() {
 // ---- Symbols
 
 void CgmWriter::Point() {
-    Guarded("CgmWrite", [this] { CgmWrite(); });
+    GuardedWriting("CgmWrite", [this] { CgmWrite(); });
 }
 
 void CgmWriter::LineStyle() {

@@ -23,6 +23,7 @@ namespace quelmont {
 class CgmWriter final : public FileWriter {
 public:
     void Header() override;
+    void OpenStretch(std::size_t slot) override;
     void StartStretch() override;
     void Point() override;
     void LineBreak() override;

@@ -155,6 +155,8 @@ void DxfWriter::DxfHeader() {
     CloseExport();
 }
 
+void DxfWriter::OpenStretch(std::size_t /*slot*/) { ResumeExport(Design.DxfFileName); }
+
 void DxfWriter::StartStretch() { PolylineMark = Design.CurrentSymbolType == SymbolLine; }
 
 void DxfWriter::ResetLine() {
@@ -168,7 +170,7 @@ void DxfWriter::Finish() {
         ResumeExport(Design.DxfFileName);
         Design.CurrentSymbolType = SymbolText;
         for (std::size_t item = 0; item < Design.TextItems.size(); ++item) {
-            Guarded("DxfWrite", [&] { DxfText(item); });
+            GuardedWriting("DxfWrite", [&] { DxfText(item); });
         }
         DxfEnd();
     });
@@ -178,7 +180,7 @@ void DxfWriter::DxfEnd() {
     Group(0, "ENDSEC");
     Group(0, "EOF");
     CloseExport();
-    FinishExport(Design.DxfFileName);
+    FinishExports();
     ResetLine();
 }
 
@@ -265,7 +267,7 @@ void DxfWriter::Circle(LogicalPoint centre, int middle, double width) {
 // ---- Points
 
 void DxfWriter::Point() {
-    Guarded("DxfWrite", [this] { DxfWrite(); });
+    GuardedWriting("DxfWrite", [this] { DxfWrite(); });
 }
 
 void DxfWriter::DxfWrite() {
@@ -354,7 +356,7 @@ void DxfWriter::Symbol() {
 
 void DxfWriter::LineBreak() {
     if (Design.CurrentSymbolType == SymbolLine && !PolylineMark) {
-        Guarded("DxfPolylineTerminate", [this] { DxfPolylineTerminate(); });
+        GuardedWriting("DxfPolylineTerminate", [this] { DxfPolylineTerminate(); });
     }
 }
 

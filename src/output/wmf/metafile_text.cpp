@@ -1,10 +1,10 @@
 #include "output/wmf/metafile_text.h"
 
 #include "core/checked_math.h"
-#include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/text_encoding.h"
+#include "output/export_file.h"
 
 #include <string>
 
@@ -39,16 +39,16 @@ void PrintRotatedText(MetafileRecorder& surface, const TextItem& item) {
          .charSet = DefaultCharSet,
          .clipPrecision = ClipAngles,
          .faceName = faceName});
-    ReportUnless(font != 0, "CreateFontIndirect error(1) in PrintRotatedText");
+    ReportLossUnless(font != 0, "CreateFontIndirect error(1) in PrintRotatedText");
     const SurfaceHandle fontBefore = font == 0 ? 0 : surface.SelectObject(font);
     surface.SetTextAlign(MetafileRecorder::AlignBaseline);
     const std::uint32_t colorBefore = surface.SetTextColor(item.TextColour);
-    ReportUnless(surface.TextOutA(x, y, ToWindows1252(item.TextString)),
-                 "TextOut error(1) in PrintRotatedText");
+    ReportLossUnless(surface.TextOutA(x, y, ToWindows1252(item.TextString)),
+                     "TextOut error(1) in PrintRotatedText");
     surface.SetTextColor(colorBefore);
     if (font != 0) {
         surface.SelectObject(fontBefore);
-        ReportUnless(surface.DeleteObject(font), "DeleteObject error(2) in PrintRotatedText");
+        ReportLossUnless(surface.DeleteObject(font), "DeleteObject error(2) in PrintRotatedText");
     }
 }
 
@@ -56,7 +56,7 @@ void PrintRotatedText(MetafileRecorder& surface, const TextItem& item) {
 
 void PrintText(MetafileRecorder& surface) {
     for (const TextItem& item : Design.TextItems) {
-        Guarded("PrintRotatedText", [&] { PrintRotatedText(surface, item); });
+        GuardedWriting("PrintRotatedText", [&] { PrintRotatedText(surface, item); });
     }
 }
 

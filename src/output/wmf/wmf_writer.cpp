@@ -6,7 +6,6 @@
 #include "output/export_file.h"
 #include "output/little_endian.h"
 #include "output/logical_point.h"
-#include "output/scale_screen.h"
 #include "output/symbols.h"
 #include "output/wmf/metafile_text.h"
 
@@ -48,30 +47,34 @@ std::string PlaceableHeader() {
 
 // ---- The recording
 
-void WmfWriter::Arm() {
-    WmfSurface = std::make_unique<MetafileRecorder>();
-    WmfPen = 0;
-    WmfBrush = 0;
-    beginningFailed.reset();
-    begun = false;
-    written = true;
-    ScaleScreen();
-    ReportUnless(WmfSurface->SetMapMode(MetafileRecorder::MapAnisotropic),
-                 "SetMapMode error in mnuInput_Click");
-    ReportUnless(
-        WmfSurface->SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
-        "SetWindowOrgEx error in mnuInput_Click");
-    ReportUnless(WmfSurface->SetWindowExtEx(Design.LogicalWidth + 2 * Design.LogicalMarginX,
-                                            -(Design.LogicalHeight + 2 * Design.LogicalMarginY)),
-                 "SetWindowExtEx error in mnuInput_Click");
-    WmfSurface->SetBkMode(MetafileRecorder::BackgroundTransparent);
-    Design.PenWidth = 1;
+MetafileRecorder& WmfWriter::WmfSurface() {
+    if (!recording) {
+        throw RunTimeError(ErrorFileNotFound);
+    }
+    return *recording;
 }
 
 void WmfWriter::Header() {
     Design.OutputFileName = Design.WmfFileName;
     Design.SymbolRadiusFile = 2;
+    MetafileRecorder& surface = recording.emplace();
+    WmfPen = 0;
+    WmfBrush = 0;
+    beginningFailed.reset();
+    begun = false;
+    written = true;
+    ReportLossUnless(surface.SetMapMode(MetafileRecorder::MapAnisotropic),
+                     "SetMapMode error in mnuInput_Click");
+    ReportLossUnless(
+        surface.SetWindowOrgEx(-Design.LogicalMarginX, Design.LogicalHeight + Design.LogicalMarginY),
+        "SetWindowOrgEx error in mnuInput_Click");
+    ReportLossUnless(surface.SetWindowExtEx(Design.LogicalWidth + 2 * Design.LogicalMarginX,
+                                            -(Design.LogicalHeight + 2 * Design.LogicalMarginY)),
+                     "SetWindowExtEx error in mnuInput_Click");
+    surface.SetBkMode(MetafileRecorder::BackgroundTransparent);
 }
+
+void WmfWriter::OpenStretch(std::size_t /*slot*/) { WmfSurface(); }
 
 void WmfWriter::ResetLine() {
     WmfPoints.clear();
@@ -79,14 +82,16 @@ void WmfWriter::ResetLine() {
 }
 
 void WmfWriter::Finish() {
-    PrintText(*WmfSurface);
-    Guarded("SaveMetafileToDisk", [this] { SaveMetafileToDisk(); });
-    WmfSurface.reset();
+    Guarded("SaveMetafileToDisk", [this] {
+        PrintText(WmfSurface());
+        SaveMetafileToDisk();
+    });
+    recording.reset();
     ResetLine();
 }
 
 void WmfWriter::SaveRecords() {
-    const std::string records = WmfSurface->TakeRecords();
+    const std::string records = WmfSurface().TakeRecords();
     try {
         if (begun) {
             ResumeExport(Design.WmfFileName);
@@ -117,12 +122,12 @@ void WmfWriter::CloseRecords() {
 }
 
 void WmfWriter::SaveMetafileToDisk() {
-    WmfSurface->RecordEnd();
+    WmfSurface().RecordEnd();
     SaveRecords();
     if (beginningFailed) {
         throw RunTimeError(*beginningFailed);
     }
-    const std::string headers = PlaceableHeader() + WmfSurface->Header();
+    const std::string headers = PlaceableHeader() + WmfSurface().Header();
     bool headed = true;
     try {
         ResumeExport(Design.WmfFileName);
@@ -133,11 +138,11 @@ void WmfWriter::SaveMetafileToDisk() {
     ReportUnless(headed, "lwrite error in SaveMetafileToDisk");
     CloseRecords();
     ReportUnless(written, "hwrite error in SaveMetafileToDisk");
-    FinishExport(Design.WmfFileName);
+    FinishExports();
 }
 
 void WmfWriter::SaveBlock() {
-    if (WmfSurface->Waiting() >= BlockBytes) {
+    if (WmfSurface().Waiting() >= BlockBytes) {
         SaveRecords();
     }
 }
@@ -145,7 +150,7 @@ void WmfWriter::SaveBlock() {
 // ---- Lines
 
 void WmfWriter::Point() {
-    Guarded("WmfWrite", [this] { WmfWrite(); });
+    GuardedWriting("WmfWrite", [this] { WmfWrite(); });
 }
 
 void WmfWriter::ChainPoint(SurfacePoint point) {
@@ -182,13 +187,13 @@ void WmfWriter::FlushChain() {
         WmfPoints.push_back(WmfPoints.front()); // a lone point must leave a mark too
         Design.PointCount = 2;
     }
-    const SurfaceHandle made = WmfSurface->CreatePen(PenStyleSolid, WmfPenWidth, ColorBits(WmfPenColor));
-    ReportUnless(made != 0, "CreatePen(1) error in PrintLineBrkDisk");
-    const SurfaceHandle before = made == 0 ? 0 : WmfSurface->SelectObject(made);
-    ReportUnless(WmfSurface->Polyline(WmfPoints), "Polyline(1) error in PrintLineBrkDisk");
+    const SurfaceHandle made = WmfSurface().CreatePen(PenStyleSolid, WmfPenWidth, ColorBits(WmfPenColor));
+    ReportLossUnless(made != 0, "CreatePen(1) error in PrintLineBrkDisk");
+    const SurfaceHandle before = made == 0 ? 0 : WmfSurface().SelectObject(made);
+    ReportLossUnless(WmfSurface().Polyline(WmfPoints), "Polyline(1) error in PrintLineBrkDisk");
     if (made != 0) {
-        WmfSurface->SelectObject(before);
-        ReportUnless(WmfSurface->DeleteObject(made), "DeleteObject(2) error in PrintLineBrkDisk");
+        WmfSurface().SelectObject(before);
+        ReportLossUnless(WmfSurface().DeleteObject(made), "DeleteObject(2) error in PrintLineBrkDisk");
     }
     WmfPoints.clear();
     SaveBlock();
@@ -213,39 +218,39 @@ void WmfWriter::WmfWrite() {
 }
 
 void WmfWriter::DrawWmfSymbol(const Symbol& symbol) {
-    MetafileRecorder& surface = *WmfSurface;
+    MetafileRecorder& surface = WmfSurface();
     const bool filled = Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType);
     WmfPen = surface.CreatePen(PenStyleSolid, Design.BorderWidthFile, ColorBits(Design.PenColor));
-    ReportUnless(WmfPen != 0, "CreatePen(1) error in WmfWrite");
+    ReportLossUnless(WmfPen != 0, "CreatePen(1) error in WmfWrite");
     const SurfaceHandle penBefore = WmfPen == 0 ? 0 : surface.SelectObject(WmfPen);
     WmfBrush = filled ? surface.CreateSolidBrush(ColorBits(Design.PenColor)) : 0;
-    ReportUnless(!filled || WmfBrush != 0, "CreateSolidBrush(1) error in WmfWrite");
+    ReportLossUnless(!filled || WmfBrush != 0, "CreateSolidBrush(1) error in WmfWrite");
     const SurfaceHandle brushBefore =
         surface.SelectObject(WmfBrush != 0 ? WmfBrush : surface.GetStockObject(StockNullBrush));
     const int modeBefore = surface.SetPolyFillMode(FillAlternate);
-    ReportUnless(modeBefore != 0, "SetPolyFillMode(1) error in WmfWrite");
+    ReportLossUnless(modeBefore != 0, "SetPolyFillMode(1) error in WmfWrite");
     Shape(symbol);
     if (WmfPen != 0) {
         surface.SelectObject(penBefore);
-        ReportUnless(surface.DeleteObject(WmfPen), "DeleteObject(3) error in WmfWrite");
+        ReportLossUnless(surface.DeleteObject(WmfPen), "DeleteObject(3) error in WmfWrite");
         WmfPen = 0;
     }
-    ReportUnless(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2) error in WmfWrite");
+    ReportLossUnless(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2) error in WmfWrite");
     surface.SelectObject(brushBefore);
     if (WmfBrush != 0) {
-        ReportUnless(surface.DeleteObject(WmfBrush), "DeleteObject(4) error in WmfWrite");
+        ReportLossUnless(surface.DeleteObject(WmfBrush), "DeleteObject(4) error in WmfWrite");
         WmfBrush = 0;
     }
     SaveBlock();
 }
 
 void WmfWriter::Shape(const Symbol& s) {
-    MetafileRecorder& surface = *WmfSurface;
+    MetafileRecorder& surface = WmfSurface();
     const auto polyline = [&](const std::vector<SurfacePoint>& points, std::string_view failure) {
-        ReportUnless(surface.Polyline(points), failure);
+        ReportLossUnless(surface.Polyline(points), failure);
     };
     const auto polygon = [&](const std::vector<SurfacePoint>& points, std::string_view failure) {
-        ReportUnless(surface.Polygon(points), failure);
+        ReportLossUnless(surface.Polygon(points), failure);
     };
     const auto [x, y] = s.centre;
     switch (Design.CurrentSymbolType) {
@@ -260,7 +265,7 @@ void WmfWriter::Shape(const Symbol& s) {
     case SymbolDot:
     case SymbolOpenSquare:
     case SymbolFilledSquare:
-        ReportUnless(surface.Rectangle(s.left, s.low, s.right, s.high), "Rectangle(1) error in WmfWrite");
+        ReportLossUnless(surface.Rectangle(s.left, s.low, s.right, s.high), "Rectangle(1) error in WmfWrite");
         break;
     case SymbolOpenDiamond:
     case SymbolFilledDiamond:
@@ -272,7 +277,7 @@ void WmfWriter::Shape(const Symbol& s) {
         break;
     case SymbolOpenCircle:
     case SymbolFilledCircle:
-        ReportUnless(surface.Ellipse(s.left, s.low, s.right, s.high), "Ellipse(1) error in WmfWrite");
+        ReportLossUnless(surface.Ellipse(s.left, s.low, s.right, s.high), "Ellipse(1) error in WmfWrite");
         break;
     default:
         break;

@@ -6,7 +6,6 @@
 #include "platform/draw_surface.h"
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -21,10 +20,10 @@ namespace quelmont {
 class WmfWriter final : public FileWriter {
 public:
     /// Begins a recording for WmfFileName: the map fills the window of logical units. Boxes of
-    /// failures name mnuInput_Click, which arms the export.
-    void Arm();
-
+    /// failures name mnuInput_Click, the command.
     void Header() override;
+    /// RunTimeError "File not found" without a recording.
+    void OpenStretch(std::size_t slot) override;
     void Point() override;
     void LineBreak() override;
     void Finish() override;
@@ -36,6 +35,7 @@ private:
         std::int32_t left, right, low, high, base, apex;
     };
 
+    MetafileRecorder& WmfSurface();
     void WmfWrite();
     void ChainPoint(SurfacePoint point);
     void FlushChain();
@@ -46,11 +46,11 @@ private:
     void CloseRecords();
     void SaveMetafileToDisk();
 
-    std::unique_ptr<MetafileRecorder> WmfSurface; ///< being recorded
-    std::optional<RunTimeError> beginningFailed;  ///< the file could not be made
-    bool begun = false;                           ///< it was made, or could not be
-    bool written = true;                          ///< all that was recorded
-    std::vector<SurfacePoint> WmfPoints;          ///< of the open chain
+    std::optional<MetafileRecorder> recording;
+    std::optional<RunTimeError> beginningFailed; ///< the file could not be made
+    bool begun = false;                          ///< it was made, or could not be
+    bool written = true;                         ///< all that was recorded
+    std::vector<SurfacePoint> WmfPoints;         ///< of the open chain
     std::uint32_t WmfPenColor = 0;
     std::int32_t WmfPenWidth = 1;
     SurfaceHandle WmfPen = 0;
