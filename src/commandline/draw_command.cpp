@@ -5,8 +5,10 @@
 #include "commandline/export_output.h"
 #include "commandline/headless_machine.h"
 #include "core/map_design.h"
+#include "core/number_text.h"
 #include "core/run_time_error.h"
 #include "core/stop_signals.h"
+#include "graticule/plot_grid.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
 #include "mapinput/ascii_map_reader.h"
@@ -69,6 +71,19 @@ std::string StatisticsLine(double pngSeconds, double totalSeconds) {
     return QJsonDocument(line).toJson(QJsonDocument::Compact).toStdString() + "\n";
 }
 
+/// From so many points on a grid takes more than a moment.
+constexpr double ManyGridPoints = 1e7;
+
+/// Tells of a grid that a slip of the pen may have made, while it can still be stopped.
+void NoteLargeGrid(std::ostream& errors) {
+    const double points = GridPointEstimate();
+    if (points > ManyGridPoints) {
+        errors << Program << "note: the grid has some " << FormatNumber(points / 1e6, "#,###,##0")
+               << " million points; Ctrl+C stops the draw.\n"
+               << std::flush;
+    }
+}
+
 /// The formats that are no export of the draw itself.
 void SavePicture(HeadlessMachine& machine, const std::string& output) {
     const OutputFormat format = OutputFormatOf(output);
@@ -98,6 +113,7 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
         errors << Program << options.output << ": " << reason << ".\n";
         return ExitWrongUsage;
     }
+    NoteLargeGrid(errors);
     machine.window.Cls();
     MapDraw();
     if (StopSignals::Came()) {

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace quelmont {
 
@@ -66,11 +68,11 @@ std::string TextFilesThatCollide() {
     if (names.empty()) {
         return "there is no grid and there are no map files to be written";
     }
-    for (auto name = names.begin(); name != names.end(); ++name) {
-        const auto same = std::find_if(names.begin(), name,
-                                       [&](const std::string& before) { return IsSameFile(before, *name); });
-        if (same != name) {
-            return *same + " and " + *name + " are the same file";
+    std::unordered_map<std::string, std::string> before; // names by their files
+    for (const std::string& name : names) {
+        const auto [same, isNew] = before.emplace(FileIdentity(name), name);
+        if (!isNew) {
+            return same->second + " and " + name + " are the same file";
         }
     }
     return "";
@@ -78,11 +80,13 @@ std::string TextFilesThatCollide() {
 
 /// A map file that an output would replace.
 std::string MapFileThatIsLost(const std::vector<std::string>& outputs) {
+    std::unordered_map<std::string, std::string> maps; // names by their files
+    for (const InputFileEntry& file : Design.InputFiles) {
+        maps.emplace(FileIdentity(file.MapFileName), file.MapFileName);
+    }
     for (const std::string& output : outputs) {
-        for (const InputFileEntry& file : Design.InputFiles) {
-            if (IsSameFile(output, file.MapFileName)) {
-                return "it would replace the map file " + file.MapFileName;
-            }
+        if (const auto map = maps.find(FileIdentity(output)); map != maps.end()) {
+            return "it would replace the map file " + map->second;
         }
     }
     return "";
@@ -107,11 +111,14 @@ std::vector<std::string> AsciiOutputs(const std::string& output) {
     } else if (Design.GridOutputCount > 0) {
         names = {stem + "-grid" + ending};
     }
+    std::unordered_set<std::string> taken(names.begin(), names.end());
+    std::unordered_map<std::string, int> numbers; // the last one of each name
     for (const InputFileEntry& file : Design.InputFiles) {
         const std::string name = stem + "-" + ParseFileName(file.MapFileName).title;
         std::string free = name + ending;
-        for (int number = 2; std::find(names.begin(), names.end(), free) != names.end(); ++number) {
-            free = name + "-" + std::to_string(number) + ending;
+        int& number = numbers.emplace(name, 1).first->second;
+        while (!taken.insert(free).second) {
+            free = name + "-" + std::to_string(++number) + ending;
         }
         names.push_back(free);
     }

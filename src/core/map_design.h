@@ -203,6 +203,7 @@ struct MapDesign : DesignBounds {
     ColorValue PenColor = 0;
     std::int32_t PenWidth = 1;                              ///< device pixels
     std::int32_t SymbolRadius = 0;                          ///< twips
+    std::int32_t DotPixels = 1;                             ///< side of a dot, device pixels
     std::int16_t SymbolRadiusFile = 0, BorderWidthFile = 0; ///< logical units
     std::int32_t PointCount = 0;     ///< vertices in the chain that a file writer has open
     bool LineBreakPending = false;   ///< the next point opens a chain in the file

@@ -56,6 +56,7 @@ void DesktopPump::DoEvents() {
 DesktopScreen::DesktopScreen(const QMainWindow& window) {
     const QScreen& screen = *window.screen();
     const double ratio = screen.devicePixelRatio();
+    pixelRatio = ratio;
     const QSize full = screen.size();
     const QSize available = screen.availableSize();
     // A maximised window has a title bar, but no frame at its other edges.

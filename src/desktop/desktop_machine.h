@@ -39,6 +39,7 @@ public:
     explicit DesktopScreen(const QMainWindow& window);
     float TwipsPerPixelX() const override { return twipsPerPixelX; }
     float TwipsPerPixelY() const override { return twipsPerPixelY; }
+    double PixelRatio() const override { return pixelRatio; }
     int PixelsX() const override { return pixelsX; }
     int PixelsY() const override { return pixelsY; }
     int FullScreenX() const override { return fullScreenX; }
@@ -46,6 +47,7 @@ public:
 
 private:
     float twipsPerPixelX;
+    double pixelRatio;
     float twipsPerPixelY;
     int pixelsX;
     int pixelsY;

@@ -1,10 +1,13 @@
 #include "desktop/file_dialogs.h"
 
+#include "core/file_names.h"
 #include "desktop/dialogs.h"
 #include "desktop/keyboard_return.h"
 #include "desktop/session_end.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 
 namespace quelmont {
 
@@ -41,6 +44,34 @@ void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     }
 }
 
+/// Asks before it takes the name of a file that is there. The question is about the name that will be
+/// written: Qt's own is asked before an ending is put behind a name that has a point already.
+class SaveDialog final : public QFileDialog {
+public:
+    SaveDialog(QWidget* parent, const FileDialogRequest& request_)
+        : QFileDialog(parent, QString::fromStdString(request_.title)), request(request_) {}
+
+protected:
+    void done(int result) override {
+        if (result != QDialog::Accepted || !request.asksToReplace || MayReplace()) {
+            QFileDialog::done(result);
+        }
+    }
+
+private:
+    bool MayReplace() {
+        const std::string typed = selectedFiles().value(0).toStdString();
+        const std::string name = request.extension.empty() ? typed : WithExtension(typed, request.extension);
+        const QFileInfo file(QString::fromStdString(name));
+        return !file.isFile() ||
+               QMessageBox::warning(
+                   this, windowTitle(),
+                   QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    }
+    FileDialogRequest request;
+};
+
 FileDialogAnswer Ask(QFileDialog& dialog) {
     if (SessionEnd::IsEnding()) {
         return {FileDialogCancelled};
@@ -66,11 +97,10 @@ FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
 }
 
 FileDialogAnswer DesktopFileDialogs::Save(const FileDialogRequest& request) {
-    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+    SaveDialog dialog(WindowInUse(window), request);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.asksToReplace);
-    // Before the question whether a file may be replaced, which is about the whole name.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(QString::fromStdString(request.extension));
     FileDialogRequest shown = request;
     if (shown.name.ends_with('.')) {

@@ -12,7 +12,10 @@
 #include "output/page_scale.h"
 #include "platform/machine.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 namespace quelmont {
 
@@ -86,6 +89,8 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
         // Whatever feature was drawn before.
         Design.SymbolRadiusFile = 2;
         Design.BorderWidthFile = 1;
+        // A device pixel alone could hardly be seen where pixels are small.
+        Design.DotPixels = std::max(1, RoundToInt32(Machine().screen->PixelRatio()));
     }
     pass.DiskOut = OpenExport(slot);
     pass.ClipLatMax = Design.LatNorth;
@@ -104,7 +109,14 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     return true;
 }
 
-void RunPasses() {
+struct PlannedPass {
+    SymbolType mode;
+    GridSteps steps;
+    std::size_t slot; ///< of the pass's name in AsciiFileName, from 1
+};
+
+/// What a grid type draws, in this order.
+std::vector<PlannedPass> PlannedPasses() {
     const double latPoints = LatPointsPerMark();
     const double lonPoints = LonPointsPerMark();
     const double latStep = Divide(Design.LatGrid, latPoints);
@@ -115,25 +127,44 @@ void RunPasses() {
     const GridSteps points{Design.LatGrid, Design.LonGrid, Design.LatGrid, Design.LonGrid};
     switch (Design.GridTypeCode) {
     case 1:
-        if (RunPass(SymbolLine, boundary, 2)) {
-            RunPass(SymbolDot, points, 1);
-        }
-        break;
+        return {{SymbolLine, boundary, 2}, {SymbolDot, points, 1}};
     case 2:
-        RunPass(SymbolLine, boundary, 1);
-        break;
+        return {{SymbolLine, boundary, 1}};
     case 3:
-        RunPass(SymbolLine, lines, 1);
-        break;
+        return {{SymbolLine, lines, 1}};
     case 4:
-        RunPass(SymbolDot, points, 1);
-        break;
+        return {{SymbolDot, points, 1}};
     default:
-        break;
+        return {};
     }
 }
 
+void RunPasses() {
+    for (const PlannedPass& pass : PlannedPasses()) {
+        if (!RunPass(pass.mode, pass.steps, pass.slot)) {
+            return;
+        }
+    }
+}
+
+/// Lines, and points of each, from one side to the other.
+double LinesTimesPoints(double across, double lineStep, double along, double pointStep) {
+    return (Divide(across, lineStep) + 1.0) * (Divide(along, pointStep) + 1.0);
+}
+
 } // namespace
+
+double GridPointEstimate() {
+    const double height = Design.LatNorth - Design.LatSouth;
+    const double width = Design.LonSpan - Design.LonZero;
+    double points = 0.0;
+    for (const PlannedPass& pass : PlannedPasses()) {
+        const GridSteps& steps = pass.steps;
+        points += LinesTimesPoints(height, steps.LatLineStep, width, steps.LonPointStep);
+        points += LinesTimesPoints(width, steps.LonLineStep, height, steps.LatPointStep);
+    }
+    return points;
+}
 
 void PlotGrid() {
     int releaseSite = SiteRelease;

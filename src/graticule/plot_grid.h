@@ -13,4 +13,11 @@ namespace quelmont {
 /// failure shows "Error in PlotGrid" and sets PlotStopReason to "GridDiskError".
 void PlotGrid();
 
+/// Points that PlotGrid plots, about: without what the map's circle cuts off and what bends lines near the
+/// antipode.
+///
+/// Reads   ProjNum, GridTypeCode, the bounds and the spacings.
+/// RunTimeError "Division by zero" for a design that no dialog has accepted.
+double GridPointEstimate();
+
 } // namespace quelmont

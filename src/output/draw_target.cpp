@@ -10,6 +10,7 @@ void SelectDevice() {
     Design.Surface = &Machine().window->Surface();
     Design.DevicePixelX = Design.TwipsPerPixelX;
     Design.DevicePixelY = Design.TwipsPerPixelY;
+    Design.DotPixels = 1;
 }
 
 bool OpenExport(std::size_t slot) {

@@ -8,7 +8,7 @@ namespace quelmont {
 /// its file.
 
 /// Takes the window's back image as the surface in use.
-/// Writes  Surface, DevicePixelX, DevicePixelY.
+/// Writes  Surface, DevicePixelX, DevicePixelY, DotPixels.
 void SelectDevice();
 
 /// Opens the file of the armed writer under file number 2, to be written on: CGM and DXF files have

@@ -12,6 +12,16 @@ namespace quelmont {
 
 namespace {
 
+/// A square of pixels, whose middle, or the pixel before it, is the place.
+void DrawDot(std::int32_t x, std::int32_t y) {
+    const std::int32_t before = (Design.DotPixels - 1) / 2;
+    for (std::int32_t row = 0; row < Design.DotPixels; ++row) {
+        for (std::int32_t column = 0; column < Design.DotPixels; ++column) {
+            Design.Surface->SetPixel(x - before + column, y - before + row, ColorBits(Design.PenColor));
+        }
+    }
+}
+
 void Draw() {
     const double deviceX = (((Design.ProjX - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
                            Design.DevicePixelX;
@@ -29,10 +39,17 @@ void Draw() {
         Design.Surface->LineTo(x, y);
         return;
     case SymbolDot:
-        Design.Surface->SetPixel(x, y, ColorBits(Design.PenColor));
+        DrawDot(x, y);
         return;
     default:
-        DrawSymbol(x, y);
+        DrawSymbol(*Design.Surface,
+                   {.type = Design.CurrentSymbolType,
+                    .color = Design.PenColor,
+                    .radius = static_cast<double>(Design.SymbolRadius),
+                    .scale = PageScale(),
+                    .pixelX = Design.DevicePixelX,
+                    .pixelY = Design.DevicePixelY},
+                   x, y);
         return;
     }
 }

@@ -18,8 +18,8 @@ struct SymbolSample {
 };
 
 /// Plots a sample: a line, or dots, along a short course from left to right, any other symbol once in
-/// the middle. The points go the way of a map's points, so that a sample is what a map shows. The
-/// design and the surface's pen are left as they were.
+/// the middle. A symbol is drawn as on a map, so that a sample is what a map shows. The surface's pen is left
+/// as it was. RunTimeError as DrawSymbol.
 void DrawSymbolSample(DrawSurface& surface, const SymbolSample& sample);
 
 } // namespace quelmont

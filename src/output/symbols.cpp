@@ -1,9 +1,7 @@
 #include "output/symbols.h"
 
 #include "core/error_box.h"
-#include "core/map_design.h"
 #include "core/rounding.h"
-#include "output/page_scale.h"
 #include "platform/draw_surface.h"
 
 #include <array>
@@ -18,35 +16,36 @@ struct SymbolBox {
     std::int16_t base, apex; ///< of the triangle
 };
 
-SymbolBox BoxAround(std::int32_t x, std::int32_t y) {
-    const double radius = Design.SymbolRadius;
-    const double scale = PageScale();
-    const double radiusX = (scale * radius) / Design.DevicePixelX;
-    const double radiusY = (scale * radius) / Design.DevicePixelY;
+SymbolBox BoxAround(const SymbolPlot& symbol, std::int32_t x, std::int32_t y) {
+    const double radius = symbol.radius;
+    const double scale = symbol.scale;
+    const double radiusX = (scale * radius) / symbol.pixelX;
+    const double radiusY = (scale * radius) / symbol.pixelY;
     return {x,
             y,
             RoundToInt32(x - radiusX),
             RoundToInt32(x + radiusX),
             RoundToInt32(y - radiusY),
             RoundToInt32(y + radiusY),
-            RoundToInt16(y + ((TriangleBase * radius) * scale) / Design.DevicePixelY),
-            RoundToInt16(y - ((TriangleApex * radius) * scale) / Design.DevicePixelY)};
+            RoundToInt16(y + ((TriangleBase * radius) * scale) / symbol.pixelY),
+            RoundToInt16(y - ((TriangleApex * radius) * scale) / symbol.pixelY)};
 }
 
 /// The strokes of plus and cross return through the centre, so that one stroke draws both arms.
-void Stroke(const std::array<SurfacePoint, 6>& points, std::string_view failure) {
-    ReportUnless(Design.Surface->Polyline(points), failure);
+void Stroke(DrawSurface& surface, const std::array<SurfacePoint, 6>& points, std::string_view failure) {
+    ReportUnless(surface.Polyline(points), failure);
 }
 
-void Shape(const SymbolBox& b) {
-    DrawSurface& surface = *Design.Surface;
-    switch (Design.CurrentSymbolType) {
+void Shape(DrawSurface& surface, std::int16_t type, const SymbolBox& b) {
+    switch (type) {
     case SymbolPlus:
-        Stroke({{{b.left, b.y}, {b.right, b.y}, {b.x, b.y}, {b.x, b.top}, {b.x, b.bottom}, {b.x, b.y}}},
+        Stroke(surface,
+               {{{b.left, b.y}, {b.right, b.y}, {b.x, b.y}, {b.x, b.top}, {b.x, b.bottom}, {b.x, b.y}}},
                "Polyline(1) error in PrintToScreen");
         break;
     case SymbolCross:
-        Stroke({{{b.left, b.bottom},
+        Stroke(surface,
+               {{{b.left, b.bottom},
                  {b.right, b.top},
                  {b.x, b.y},
                  {b.left, b.top},
@@ -83,15 +82,14 @@ void Shape(const SymbolBox& b) {
 
 } // namespace
 
-void DrawSymbol(std::int32_t x, std::int32_t y) {
-    const SymbolBox box = BoxAround(x, y);
-    DrawSurface& surface = *Design.Surface;
-    const bool filled = IsFilledShape(Design.CurrentSymbolType);
+void DrawSymbol(DrawSurface& surface, const SymbolPlot& symbol, std::int32_t x, std::int32_t y) {
+    const SymbolBox box = BoxAround(symbol, x, y);
+    const bool filled = IsFilledShape(symbol.type);
 
     SurfaceHandle made = 0;
     SurfaceHandle before = 0;
     if (filled) {
-        made = surface.CreateSolidBrush(ColorBits(Design.PenColor));
+        made = surface.CreateSolidBrush(ColorBits(symbol.color));
         ReportUnless(made != 0, "CreateSolidBrush(1) error in PrintToScreen");
         before = made != 0 ? surface.SelectObject(made) : 0;
     } else {
@@ -100,7 +98,7 @@ void DrawSymbol(std::int32_t x, std::int32_t y) {
     const int modeBefore = surface.SetPolyFillMode(FillAlternate);
     ReportUnless(modeBefore != 0, "SetPolyFillMode(1) error in PrintToScreen");
 
-    Shape(box);
+    Shape(surface, symbol.type, box);
 
     if (modeBefore != 0) {
         ReportUnless(surface.SetPolyFillMode(modeBefore) != 0, "SetPolyFillMode(2) error in PrintToScreen");

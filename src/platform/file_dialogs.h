@@ -15,7 +15,8 @@ struct FileDialogRequest {
     std::string folder = {};    ///< where it starts; empty: where the last one was
     bool several = false;       ///< more than one file can be chosen
     std::string extension = {}; ///< of a file to save whose name was given without one, "txt"
-    bool asksToReplace = true;  ///< the dialog asks before it takes the name of a file that is there
+    /// The dialog asks before it takes the name of a file that is there, with its extension.
+    bool asksToReplace = true;
 };
 
 /// The error of a file dialog that was cancelled.

@@ -20,6 +20,8 @@ public:
     /// Twips (1/1440 inch) per device pixel: 15 at 96 pixels an inch.
     virtual float TwipsPerPixelX() const = 0;
     virtual float TwipsPerPixelY() const = 0;
+    /// Device pixels per unit in which windows are measured: 2 on a screen of very small pixels.
+    virtual double PixelRatio() const { return 1.0; }
     /// Size of the screen in device pixels.
     virtual int PixelsX() const = 0;
     virtual int PixelsY() const = 0;

@@ -45,10 +45,14 @@ void ImageSurface::Resize(std::int32_t width, std::int32_t height, std::uint32_t
         throw RunTimeError(ErrorOutOfMemory);
     }
     pixels.shrink_to_fit();
-    grid = PixelGrid{pixels.data(), width, height};
+    painted = PaintedSpans(width, height);
+    grid = PixelGrid{pixels.data(), width, height, &painted};
 }
 
-void ImageSurface::Clear(std::uint32_t color) { std::fill(pixels.begin(), pixels.end(), PixelOf(color)); }
+void ImageSurface::Clear(std::uint32_t color) {
+    painted.Forget();
+    std::fill(pixels.begin(), pixels.end(), PixelOf(color));
+}
 
 QImage ImageSurface::Image() const {
     return {reinterpret_cast<const uchar*>(pixels.data()), grid.width, grid.height,
@@ -89,9 +93,24 @@ bool ImageSurface::Polyline(std::span<const SurfacePoint> points) {
     return true;
 }
 
+bool ImageSurface::ChangesNothing(std::int32_t left, std::int32_t top, std::int32_t right,
+                                  std::int32_t bottom) const {
+    const std::int64_t reach = pen->draws ? pen->width : 0;
+    return left - reach >= grid.width || top - reach >= grid.height || right + reach < 0 ||
+           bottom + reach < 0 ||
+           ((!pen->draws || grid.IsAll(pen->pixel)) && (!brush->fills || grid.IsAll(brush->pixel)));
+}
+
 bool ImageSurface::Polygon(std::span<const SurfacePoint> points) {
     if (points.size() < 2) {
         return false;
+    }
+    const auto [left, right] = std::minmax_element(
+        points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.x < b.x; });
+    const auto [top, bottom] = std::minmax_element(
+        points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.y < b.y; });
+    if (ChangesNothing(left->x, top->y, right->x, bottom->y)) {
+        return true;
     }
     if (brush->fills) {
         FillPolygon(grid, points, fillMode, brush->pixel);
@@ -104,7 +123,7 @@ bool ImageSurface::Polygon(std::span<const SurfacePoint> points) {
 bool ImageSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
     const auto [firstX, endX] = std::minmax(left, right);
     const auto [firstY, endY] = std::minmax(top, bottom);
-    if (firstX == endX || firstY == endY) {
+    if (firstX == endX || firstY == endY || ChangesNothing(firstX, firstY, endX, endY)) {
         return true;
     }
     const std::int32_t lastX = endX - 1;
@@ -114,6 +133,9 @@ bool ImageSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t r
         for (std::int32_t row = std::max(firstY, 0); row <= endRow; ++row) {
             FillSpan(grid, row, firstX, lastX, brush->pixel);
         }
+    }
+    if (brush->fills && pen->width == 1 && pen->pixel == brush->pixel) {
+        return true; // the outline lies on what was filled
     }
     const std::array<SurfacePoint, 5> outline{
         {{firstX, firstY}, {lastX, firstY}, {lastX, lastY}, {firstX, lastY}, {firstX, firstY}}};
@@ -131,7 +153,7 @@ bool ImageSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t r
 bool ImageSurface::Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
     const auto [firstX, endX] = std::minmax(left, right);
     const auto [firstY, endY] = std::minmax(top, bottom);
-    if (firstX == endX || firstY == endY) {
+    if (firstX == endX || firstY == endY || ChangesNothing(firstX, firstY, endX, endY)) {
         return true;
     }
     EllipseShape shape;
@@ -146,7 +168,7 @@ bool ImageSurface::Ellipse(std::int32_t left, std::int32_t top, std::int32_t rig
     if (brush->fills) {
         FillEllipse(grid, shape, brush->pixel);
     }
-    if (pen->draws) {
+    if (pen->draws && !(brush->fills && pen->pixel == brush->pixel)) {
         shape.holeX = semiX - halfPen;
         shape.holeY = semiY - halfPen;
         FillEllipse(grid, shape, pen->pixel);

@@ -78,7 +78,12 @@ private:
     SurfaceHandle Keep(std::variant<Pen, Brush> object);
     void Segment(SurfacePoint from, SurfacePoint to) const;
 
+    /// Whether a shape in a box, its outline included, changes no pixel: outside of the picture, or in the
+    /// one colour that the picture has.
+    bool ChangesNothing(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) const;
+
     std::vector<std::uint32_t> pixels;
+    PaintedSpans painted;
     PixelGrid grid;
     std::map<SurfaceHandle, std::variant<Pen, Brush>> objects;
     SurfaceHandle lastHandle = 0;

@@ -8,27 +8,68 @@ namespace quelmont {
 
 void FillSpan(const PixelGrid& grid, std::int64_t row, std::int64_t first, std::int64_t last,
               std::uint32_t pixel) {
-    if (row < 0 || row >= grid.height) {
-        return;
-    }
     first = std::max<std::int64_t>(first, 0);
     last = std::min<std::int64_t>(last, grid.width - 1);
-    std::uint32_t* const line = grid.pixels + row * grid.width;
-    for (std::int64_t x = first; x <= last; ++x) {
-        line[x] = pixel;
+    if (row < 0 || row >= grid.height || first > last) {
+        return;
     }
+    std::uint32_t* const line = grid.pixels + row * grid.width;
+    if (grid.painted == nullptr) {
+        std::fill(line + first, line + last + 1, pixel);
+    } else {
+        grid.painted->Take(pixel);
+        grid.painted->Fill(line, static_cast<std::size_t>(row), static_cast<std::int32_t>(first),
+                           static_cast<std::int32_t>(last));
+    }
+}
+
+void PaintedSpans::Forget() {
+    wholeRows = 0;
+    if (++generation == 0) { // after four thousand million times
+        std::fill(rows.begin(), rows.end(), Row{});
+        generation = 1;
+    }
+}
+
+void PaintedSpans::Fill(std::uint32_t* line, std::size_t row, std::int32_t first, std::int32_t last) {
+    /// Shorter ones are painted as soon as they are looked up.
+    constexpr std::int32_t shortest = 8;
+    Row& known = rows[row];
+    if (last - first + 1 < shortest) {
+        std::fill(line + first, line + last + 1, color);
+        return;
+    }
+    if (known.generation != generation || first > known.last + 1 || last < known.first - 1) {
+        std::fill(line + first, line + last + 1, color);
+        // A row that is whole touches every span.
+        known = {first, last, generation};
+    } else {
+        if (first < known.first) {
+            std::fill(line + first, line + known.first, color);
+        }
+        if (last > known.last) {
+            std::fill(line + known.last + 1, line + last + 1, color);
+        }
+        if (known.first == 0 && known.last == width - 1) {
+            return;
+        }
+        known.first = std::min(first, known.first);
+        known.last = std::max(last, known.last);
+    }
+    wholeRows += known.first == 0 && known.last == width - 1 ? 1 : 0;
 }
 
 namespace {
 
-/// Where a polygon's edge cuts a row.
-struct Crossing {
-    double x;
+/// An edge of a polygon, from its upper end.
+struct Edge {
+    SurfacePoint upper, lower;
+    double slope;  ///< columns per row
     int direction; ///< 1 downward, -1 upward
 };
 
-std::vector<Crossing> Crossings(std::span<const SurfacePoint> points, std::int64_t row) {
-    std::vector<Crossing> crossings;
+std::vector<Edge> Edges(std::span<const SurfacePoint> points) {
+    std::vector<Edge> edges;
     for (std::size_t i = 0; i < points.size(); ++i) {
         SurfacePoint upper = points[i];
         SurfacePoint lower = points[(i + 1) % points.size()];
@@ -36,15 +77,31 @@ std::vector<Crossing> Crossings(std::span<const SurfacePoint> points, std::int64
         if (direction < 0) {
             std::swap(upper, lower);
         }
-        if (row >= upper.y && row < lower.y) {
+        if (upper.y < lower.y) {
             const double slope =
                 (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
-            crossings.push_back({upper.x + static_cast<double>(row - upper.y) * slope, direction});
+            edges.push_back({upper, lower, slope, direction});
+        }
+    }
+    return edges;
+}
+
+/// Where an edge cuts a row.
+struct Crossing {
+    double x;
+    int direction;
+};
+
+void FindCrossings(const std::vector<Edge>& edges, std::int64_t row, std::vector<Crossing>& crossings) {
+    crossings.clear();
+    for (const Edge& edge : edges) {
+        if (row >= edge.upper.y && row < edge.lower.y) {
+            crossings.push_back(
+                {edge.upper.x + static_cast<double>(row - edge.upper.y) * edge.slope, edge.direction});
         }
     }
     std::sort(crossings.begin(), crossings.end(),
               [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
-    return crossings;
 }
 
 } // namespace
@@ -58,8 +115,10 @@ void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, in
         points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.y < b.y; });
     const std::int64_t firstRow = std::max(highest->y, 0);
     const std::int64_t endRow = std::min(lowest->y, grid.height);
+    const std::vector<Edge> edges = Edges(points);
+    std::vector<Crossing> crossings;
     for (std::int64_t row = firstRow; row < endRow; ++row) {
-        const std::vector<Crossing> crossings = Crossings(points, row);
+        FindCrossings(edges, row, crossings);
         int winding = 0;
         for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
             winding += fillMode == FillWinding ? crossings[i].direction : 1;

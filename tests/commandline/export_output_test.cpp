@@ -2,7 +2,7 @@
 
 #include "core/map_design.h"
 #include "draw_command_fixture.h"
-#include "mapinput/feature_rows.h"
+#include "mapfiles/feature_rows.h"
 #include "output/export_file.h"
 #include "support/cgm_file.h"
 
@@ -84,6 +84,13 @@ TEST_F(TextFileNames, NumbersPassOverNamesThatAreTaken) {
                 ElementsAre("maps/out-grid.TXT", "maps/out-x.TXT", "maps/out-x-2.TXT", "maps/out-x-2-2.TXT"));
     EXPECT_THAT(NamesFor({"x-2", "x", "x"}),
                 ElementsAre("maps/out-grid.TXT", "maps/out-x-2.TXT", "maps/out-x.TXT", "maps/out-x-3.TXT"));
+}
+
+TEST_F(TextFileNames, ManyEqualTitlesAreNumberedThrough) {
+    const std::vector<std::string> names = NamesFor(std::vector<std::string>(5000, "x"));
+    EXPECT_EQ(names[1], "maps/out-x.TXT");
+    EXPECT_EQ(names[2], "maps/out-x-2.TXT");
+    EXPECT_EQ(names.back(), "maps/out-x-5000.TXT");
 }
 
 TEST_F(TextFileNames, MapFileMayBeCalledGrid) {

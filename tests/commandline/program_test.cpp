@@ -227,6 +227,31 @@ INSTANTIATE_TEST_SUITE_P(Exports, LongDraw,
                                          std::pair("a.wmf", "a.wmf"), std::pair("a.txt", "a-big.map.txt")),
                          [](const auto& test) { return std::string(test.param.first).substr(2); });
 
+TEST_F(Program, LargeGridIsNotedBeforeItIsDrawnAndCanBeStopped) {
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(open((folder / "err").c_str(), O_WRONLY | O_CREAT, 0666), STDERR_FILENO);
+        // A point for each second of arc: twice 648001 * 1296001.
+        execl(QUELMONT_DRAW, QUELMONT_DRAW, "--no-map", "--grid-type", "4", "--lat-grid", "0:0:1",
+              "--lon-grid", "0:0:1", (folder / "a.png").c_str(), nullptr);
+        _exit(127);
+    }
+    const std::string note = "quelmont-draw: note: the grid has some 1,679,620 million points; Ctrl+C stops "
+                             "the draw.\n";
+    int status = 0;
+    while (!std::filesystem::exists(folder / "err") || Errors().size() < note.size()) {
+        ASSERT_EQ(waitpid(child, &status, WNOHANG), 0) << "it ended before its note: " << Errors();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_EQ(Errors(), note);
+    std::this_thread::sleep_for(std::chrono::milliseconds(50)); // until it draws
+    kill(child, SIGINT);
+    waitpid(child, &status, 0);
+    EXPECT_EQ(ExitCode(status), 1);
+    EXPECT_EQ(Errors(), note + "quelmont-draw: stopped\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.png"));
+}
+
 TEST_F(Program, WritesTheSameUnderAGermanLocaleAndWithoutAHome) {
     EXPECT_EQ(Run("--no-map a.png"), 0);
     const std::string environment = "env -i LC_ALL=de_DE.UTF-8 LANG=de_DE.UTF-8 ";

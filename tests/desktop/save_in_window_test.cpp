@@ -89,6 +89,52 @@ TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
     EXPECT_EQ(clock.beeps, 0);
 }
 
+TEST_F(SaveInWindow, QuestionIsAboutTheNameThatWillBeWritten) {
+    for (const auto& [item, extension] :
+         {std::pair{5, "bmp"}, std::pair{6, "cgm"}, std::pair{7, "dxf"}, std::pair{8, "wmf"}}) {
+        const std::string name = folder / ("coast.v2." + std::string(extension));
+        WriteWholeFile(name, "earlier");
+        QString text;
+        InDialog([&](QDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+            edit->setText(QString::fromStdString(folder / "coast.v2"));
+            InDialog([&](QDialog& question) {
+                auto* box = qobject_cast<QMessageBox*>(&question);
+                ASSERT_NE(box, nullptr) << name;
+                text = box->text();
+                box->button(QMessageBox::No)->click();
+                EXPECT_TRUE(dialog.isVisible()) << "for another name";
+                QTimer::singleShot(0, &dialog, &QDialog::reject);
+            });
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        Choose(item);
+        EXPECT_TRUE(text.startsWith(QStringLiteral("coast.v2.") + QLatin1String(extension))) << name;
+        EXPECT_EQ(ReadWholeFile(name), "earlier");
+    }
+    EXPECT_EQ(clock.beeps, 0);
+}
+
+TEST_F(SaveInWindow, FileOfTheNameWithoutItsExtensionIsNotAskedAbout) {
+    WriteWholeFile(folder / "coast.v2", "another file");
+    TypeName(folder / "coast.v2");
+    Choose(7);
+    EXPECT_EQ(ReadWholeFile(folder / "coast.v2"), "another file");
+    EXPECT_TRUE(std::filesystem::exists(folder / "coast.v2.dxf"));
+}
+
+TEST_F(SaveInWindow, BitmapBeforeTheFirstDrawIsABlankArea) {
+    TypeName(folder / "map.bmp");
+    Choose(5);
+    const QImage saved(QString::fromStdString(folder / "map.bmp"));
+    EXPECT_EQ(saved.size(), Window().Area().DeviceSize());
+    QImage blank = saved;
+    blank.fill(Qt::white);
+    EXPECT_EQ(saved, blank);
+    EXPECT_FALSE(Window().Area().HasPicture()) << "the hint stays";
+    EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
 TEST_F(SaveInWindow, EscapeInTheFileDialogDoesNothing) {
     InDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     Choose(6);

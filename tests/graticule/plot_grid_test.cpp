@@ -7,6 +7,7 @@
 #include "graticule/grid_fixture.h"
 #include "graticule/grid_pass.h"
 #include "output/device_pen.h"
+#include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
@@ -683,8 +684,8 @@ TEST_F(GridFiles, AsciiPassesHaveFilesOfTheirOwn) {
     PlotGrid();
     EXPECT_THAT(names, ElementsAre(folder / "lines.prn", folder / "points.prn"));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-    EXPECT_EQ(ReadWholeFile(folder / "lines.prn"), "");
-    EXPECT_EQ(ReadWholeFile(folder / "points.prn"), "");
+    EXPECT_TRUE(ExportBegun(folder / "lines.prn"));
+    EXPECT_TRUE(ExportBegun(folder / "points.prn"));
     EXPECT_THAT(recorder.dots, SizeIs(126));
 }
 
@@ -777,6 +778,57 @@ TEST_F(GridFiles, FailureOfTheRoutineClosesItsFile) {
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PlotGrid", "Error: Overflow"}));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
     EXPECT_EQ(surface.LiveObjects(), 0);
+}
+
+// ---- Counting beforehand, and small pixels.
+
+class GridPoints : public GridTest {};
+
+TEST_F(GridPoints, EstimateIsWhatIsPlottedBetweenParallelsAndMeridians) {
+    for (const std::int16_t projNum : {ProjEquirectangular, ProjRobinson, ProjUtm}) {
+        for (const std::int16_t code : Codes{1, 2, 3, 4, 5}) {
+            Start(projNum, code);
+            Design.Statistics = {};
+            PlotGrid();
+            EXPECT_EQ(GridPointEstimate(), static_cast<double>(Design.Statistics.GridPointsPlotted))
+                << projNum << ' ' << code;
+        }
+    }
+}
+
+TEST_F(GridPoints, EstimateOfADiscIsNoLessThanWhatIsPlotted) {
+    Start(ProjOrthographic);
+    Design.Statistics = {};
+    PlotGrid();
+    EXPECT_GE(GridPointEstimate() * 1.5, static_cast<double>(Design.Statistics.GridPointsPlotted));
+}
+
+TEST_F(GridPoints, PointIsALogicalPixelWhateverThePixelsOfTheScreen) {
+    for (const std::int16_t code : Codes{1, 4}) {
+        Start(ProjEquirectangular, code);
+        surface.Forget();
+        PlotGrid();
+        const int points = surface.Count(SurfaceOp::SetPixel);
+        ASSERT_GT(points, 0);
+        surface.Forget();
+        machine.screen.pixelRatio = 2.0;
+        PlotGrid();
+        EXPECT_EQ(surface.Count(SurfaceOp::SetPixel), 4 * points);
+        surface.Forget();
+        machine.screen.pixelRatio = 1.25; // is nearer to one pixel than to two
+        PlotGrid();
+        EXPECT_EQ(surface.Count(SurfaceOp::SetPixel), points);
+        machine.screen.pixelRatio = 1.0;
+    }
+}
+
+TEST_F(GridPoints, DotsOfMapFilesStayPixelsOfTheDevice) {
+    machine.screen.pixelRatio = 2.0;
+    Start(ProjEquirectangular, 4);
+    PlotGrid();
+    EXPECT_EQ(Design.DotPixels, 2);
+    SelectDevice();
+    EXPECT_EQ(Design.DotPixels, 1);
 }
 
 // ---- Escape.

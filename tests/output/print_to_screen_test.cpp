@@ -122,5 +122,20 @@ TEST_F(PrintToScreenTest, LostPointsOfOneDrawShowOneBox) {
     EXPECT_EQ(machine.boxes.asked.size(), 1U) << "how many more there were";
 }
 
+TEST_F(PrintToScreenTest, DotIsASquareOfItsSizeAboutItsPlace) {
+    Design.CurrentSymbolType = SymbolDot;
+    Design.PenColor = 0x0000FF;
+    At(10, 20);
+    Design.DotPixels = 2;
+    PrintToScreen();
+    EXPECT_EQ(Drawn(), "SetPixel(10, 20, 255)\nSetPixel(11, 20, 255)\nSetPixel(10, 21, 255)\n"
+                       "SetPixel(11, 21, 255)\n");
+    surface.Forget();
+    Design.DotPixels = 3;
+    PrintToScreen();
+    EXPECT_EQ(surface.Count(SurfaceOp::SetPixel), 9);
+    EXPECT_THAT(surface.Text(), testing::StartsWith("SetPixel(9, 19, 255)\n"));
+}
+
 } // namespace
 } // namespace quelmont

@@ -63,7 +63,7 @@ TEST_F(SymbolSamples, OtherSymbolsStandInTheMiddle) {
     EXPECT_THAT(Only(SurfaceOp::Polygon), ElementsAre(13, 14, 20, 2, 27, 14));
 }
 
-TEST_F(SymbolSamples, LeaveTheDesignAndTheSurfaceAsTheyWere) {
+TEST_F(SymbolSamples, KnowNothingOfTheDesignAndLeaveTheSurfaceAsItWas) {
     RecordingSurface other;
     Design.Surface = &other;
     Design.CurrentSymbolType = SymbolCross;

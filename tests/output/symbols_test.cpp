@@ -21,15 +21,10 @@ constexpr std::uint32_t Orange = 0x0080FF;
 /// 80 - 1.155 * 45 / 7.5 = 73.07.
 class Symbols : public OutputTest {
 protected:
-    Symbols() {
-        Design.DevicePixelY = 7.5F;
-        Design.SymbolRadius = 45;
-        Design.PenColor = SolidColor(Orange);
-    }
     std::string Draw(SymbolType type) {
-        Design.CurrentSymbolType = type;
         surface.Forget();
-        DrawSymbol(100, 80);
+        plot.type = type;
+        DrawSymbol(surface, plot, 100, 80);
         return Drawn();
     }
     /// What stands around a shape that is not filled. Brush 2 is the surface's own.
@@ -46,6 +41,8 @@ protected:
     void ExpectBox(const std::string& text) {
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Windows API Error", text}));
     }
+
+    SymbolPlot plot{.color = SolidColor(Orange), .radius = 45.0, .pixelX = 15.0, .pixelY = 7.5};
 };
 
 TEST_F(Symbols, PlusIsOneStrokeThroughTheCentre) {
@@ -82,27 +79,23 @@ TEST_F(Symbols, UnknownTypeHasNoShape) {
 }
 
 TEST_F(Symbols, RadiusZeroIsAPoint) {
-    Design.SymbolRadius = 0;
+    plot.radius = 0.0;
     EXPECT_EQ(Draw(SymbolOpenDiamond), Open("Polygon(100, 80, 100, 80, 100, 80, 100, 80)"));
 }
 
 TEST_F(Symbols, HalfPixelsRoundToTheEvenNeighbour) {
     // 37.5 twips are 2.5 pixels: 97.5 and 102.5.
-    Design.DevicePixelY = 15.0F;
-    Design.DevicePixelX = 18.0F;
+    plot.pixelX = 18.0;
+    plot.pixelY = 15.0;
     EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(98, 77, 102, 83)"));
 }
 
 TEST_F(Symbols, KeepTheirShareOfTheMapOnPaper) {
-    // 6.5 inches of 1440 twips from a window of 4680 twips: twice as large. Printer pixels of 2.5 by 5
-    // twips: left 100 - 90 / 2.5 = 64, top 80 - 90 / 5 = 62, base 80 + 0.577 * 90 / 5 = 90.39,
-    // apex 80 - 1.155 * 90 / 5 = 59.21.
-    machine.window.scaleWidth = 4680.0;
-    Design.PrintUnitTwips = 1440;
-    Design.PrintWidth = 6.5F;
-    Design.DevicePixelX = 2.5F;
-    Design.DevicePixelY = 5.0F;
-    Design.PrintingNow = true;
+    // Twice as large. Printer pixels of 2.5 by 5 twips: left 100 - 90 / 2.5 = 64, top 80 - 90 / 5 = 62,
+    // base 80 + 0.577 * 90 / 5 = 90.39, apex 80 - 1.155 * 90 / 5 = 59.21.
+    plot.scale = 2.0;
+    plot.pixelX = 2.5;
+    plot.pixelY = 5.0;
     EXPECT_EQ(Draw(SymbolPlus), Open("Polyline(64, 80, 136, 80, 100, 80, 100, 62, 100, 98, 100, 80)"));
     EXPECT_EQ(Draw(SymbolCross), Open("Polyline(64, 98, 136, 62, 100, 80, 64, 62, 136, 98, 100, 80)"));
     EXPECT_EQ(Draw(SymbolOpenSquare), Open("Rectangle(64, 62, 136, 98)"));
@@ -113,6 +106,21 @@ TEST_F(Symbols, KeepTheirShareOfTheMapOnPaper) {
     EXPECT_EQ(Draw(SymbolFilledTriangle), Filled("Polygon(64, 90, 100, 59, 136, 90)", "6"));
     EXPECT_EQ(Draw(SymbolOpenCircle), Open("Ellipse(64, 62, 136, 98)"));
     EXPECT_EQ(Draw(SymbolFilledCircle), Filled("Ellipse(64, 62, 136, 98)", "7"));
+}
+
+TEST_F(Symbols, OnPaperAreThoseOfTheMapThere) {
+    // 6.5 inches of 1440 twips from a window of 4680 twips.
+    machine.window.scaleWidth = 4680.0;
+    Design.PrintUnitTwips = 1440;
+    Design.PrintWidth = 6.5F;
+    Design.DevicePixelX = 2.5F;
+    Design.DevicePixelY = 5.0F;
+    Design.PrintingNow = true;
+    Design.CurrentSymbolType = SymbolOpenSquare;
+    Design.SymbolRadius = 45;
+    At(100, 80);
+    PrintToScreen();
+    EXPECT_EQ(Drawn(), Open("Rectangle(64, 62, 136, 98)"));
 }
 
 TEST_F(Symbols, EachFailingShapeHasItsOwnMessage) {
@@ -173,9 +181,9 @@ TEST_F(Symbols, FillModeOfTheSurfaceComesBack) {
 }
 
 TEST_F(Symbols, TriangleTooFarOutOverflows) {
-    Design.CurrentSymbolType = SymbolOpenTriangle;
-    Design.SymbolRadius = 400'000;
-    EXPECT_EQ(ErrorOf([] { DrawSymbol(100, 80); }), ErrorOverflow);
+    plot.type = SymbolOpenTriangle;
+    plot.radius = 400'000.0;
+    EXPECT_EQ(ErrorOf([&] { DrawSymbol(surface, plot, 100, 80); }), ErrorOverflow);
     EXPECT_EQ(Drawn(), "") << "nothing was selected that would have to be given back";
 }
 

@@ -125,6 +125,7 @@ class ScriptedScreen : public Screen {
 public:
     float TwipsPerPixelX() const override { return twipsPerPixelX; }
     float TwipsPerPixelY() const override { return twipsPerPixelY; }
+    double PixelRatio() const override { return pixelRatio; }
     int PixelsX() const override { return pixelsX; }
     int PixelsY() const override { return pixelsY; }
     int FullScreenX() const override { return fullScreenX; }
@@ -132,6 +133,7 @@ public:
 
     float twipsPerPixelX = 15.0F;
     float twipsPerPixelY = 15.0F;
+    double pixelRatio = 1.0;
     int pixelsX = 1280;
     int pixelsY = 1024;
     int fullScreenX = 1280;

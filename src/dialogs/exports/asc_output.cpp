@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <unordered_set>
 
 namespace quelmont {
 
@@ -142,13 +143,9 @@ bool AscOutput::ReplacementsAllowed() const {
 }
 
 bool AscOutput::NamesDiffer() const {
-    bool differ = true;
-    for (std::size_t row = 0; row < names.size(); ++row) {
-        differ =
-            differ && std::none_of(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(row),
-                                   [&](const std::string& above) { return IsSameFile(above, names[row]); });
-    }
-    if (differ) {
+    std::unordered_set<std::string> files;
+    if (std::all_of(names.begin(), names.end(),
+                    [&](const std::string& name) { return files.insert(FileIdentity(name)).second; })) {
         return true;
     }
     Machine().boxes->Ask("Error: Duplicate Filename", "The output files must have\ndifferent filenames.",

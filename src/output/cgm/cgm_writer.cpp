@@ -73,8 +73,9 @@ constexpr std::size_t LongestString = 254;
 /// In a TEXT element, whose length counts six bytes more.
 constexpr std::size_t LongestText = 248;
 
-/// RunTimeError "Overflow" beyond sixteen bits.
-std::uint16_t Word(int value) { return static_cast<std::uint16_t>(RoundToInt16(value)); }
+void Write(const CgmWords& elements) { WriteExport(elements.Bytes()); }
+
+CgmWords ColourElement(std::uint16_t header, ColorValue color) { return CgmWords(header, {}).Color(color); }
 
 } // namespace
 
@@ -90,44 +91,42 @@ void CgmWriter::CgmHeader() {
     Design.OutputFileName = Design.CgmFileName;
     Design.SymbolRadiusFile = 2;
     BeginExport(Design.CgmFileName);
-    CgmWritePos = 1;
     WriteHeaderElements();
     CloseExport();
 }
 
 void CgmWriter::WriteHeaderElements() {
-    const auto header = [this](std::uint16_t word, const std::string& text) {
-        Set(0, word);
-        CgmString(text);
+    const auto element = [](std::uint16_t header, std::initializer_list<int> parameters) {
+        CgmShort({header, parameters});
     };
-    header(BeginMetafile, ProgramLine);
-    Element(MetafileVersion, {1});
-    header(MetafileDescription, "QUELMONT version " + Design.VersionText + " CGM metafile");
-    Element(VdcType, {0});
-    Element(IntegerPrecision, {16});
-    Element(RealPrecision, {1, 16, 16});
-    Element(IndexPrecision, {16});
-    Element(ColourPrecision, {16});
-    Element(ColourValueExtent, {0, 0, 0, 255, 255, 255});
-    Element(MetafileElementList, {1, -1, 1});
-    header(FontList, Design.FontNames[1]);
-    header(BeginPicture, "PICTURE 1 OF 1");
-    Element(ScalingMode, {0, 0, 0});
-    Element(ColourSelectionMode, {1});
-    Element(LineWidthSpecification, {0});
-    Element(EdgeWidthSpecification, {0});
-    Element(VdcExtent,
+    CgmString(BeginMetafile, ProgramLine);
+    element(MetafileVersion, {1});
+    CgmString(MetafileDescription, "QUELMONT version " + Design.VersionText + " CGM metafile");
+    element(VdcType, {0});
+    element(IntegerPrecision, {16});
+    element(RealPrecision, {1, 16, 16});
+    element(IndexPrecision, {16});
+    element(ColourPrecision, {16});
+    element(ColourValueExtent, {0, 0, 0, 255, 255, 255});
+    element(MetafileElementList, {1, -1, 1});
+    CgmString(FontList, Design.FontNames[1]);
+    CgmString(BeginPicture, "PICTURE 1 OF 1");
+    element(ScalingMode, {0, 0, 0});
+    element(ColourSelectionMode, {1});
+    element(LineWidthSpecification, {0});
+    element(EdgeWidthSpecification, {0});
+    element(VdcExtent,
             {-Design.LogicalMarginX, -Design.LogicalMarginY, Design.LogicalWidth + Design.LogicalMarginX,
              Design.LogicalHeight + Design.LogicalMarginY});
-    ColourElement(BackgroundColour, Design.BackColor);
-    Element(BeginPictureBody, {});
+    CgmShort(ColourElement(BackgroundColour, Design.BackColor));
+    element(BeginPictureBody, {});
     Interior(Solid);
-    Element(EdgeType, {1});
-    Element(EdgeWidth, {1});
-    Element(EdgeVisibility, {1});
+    element(EdgeType, {1});
+    element(EdgeWidth, {1});
+    element(EdgeVisibility, {1});
     Design.PenColor = Design.GridColor;
-    Element(LineType, {1});
-    Element(LineWidth, {1});
+    element(LineType, {1});
+    element(LineWidth, {1});
 }
 
 void CgmWriter::OpenStretch(std::size_t /*slot*/) { ResumeExport(Design.CgmFileName); }
@@ -145,12 +144,12 @@ void CgmWriter::CgmStartNewBoundaryFile() {
 }
 
 void CgmWriter::Interior(int style) {
-    Element(InteriorStyle, {style});
+    CgmShort({InteriorStyle, {style}});
     interior = style;
 }
 
 void CgmWriter::CgmLineColor(ColorValue color) {
-    GuardedWriting("CgmLineColor", [&] { ColourElement(LineColour, color); });
+    GuardedWriting("CgmLineColor", [&] { CgmShort(ColourElement(LineColour, color)); });
 }
 
 void CgmWriter::Finish() {
@@ -165,135 +164,79 @@ void CgmWriter::Finish() {
 }
 
 void CgmWriter::CgmEnd() {
-    Element(EndPicture, {});
-    Element(EndMetafile, {});
+    CgmShort({EndPicture, {}});
+    CgmShort({EndMetafile, {}});
     CloseExport();
     FinishExports();
     ResetLine();
-    CgmWritePos = 1;
 }
 
 void CgmWriter::ResetLine() {
-    CgmLengthPos = 0;
-    CgmByteCount = 0;
+    CgmLengthPos.reset();
     carried.reset();
 }
 
-// ---- Bytes
+// ---- Elements
 
-void CgmWriter::Set(std::size_t entry, std::uint16_t word) {
-    CgmBuffer[entry] = word >> 8U;
-    CgmBuffer[entry + 1] = word & 0xFFU;
+void CgmWriter::CgmShort(const CgmWords& elements) {
+    GuardedWriting("CgmShort", [&] { Write(elements); });
 }
 
-void CgmWriter::Element(std::uint16_t header, std::initializer_list<int> parameters) {
-    Set(0, header);
-    std::size_t entry = 2;
-    for (const int parameter : parameters) {
-        Set(entry, Word(parameter));
-        entry += 2;
-    }
-    CgmByteCount = static_cast<std::int16_t>(entry);
-    CgmShort();
-}
-
-void CgmWriter::CgmColors(ColorValue color) {
-    const ColorValue bits = ColorBits(color);
-    Set(2, static_cast<std::uint16_t>(bits & 0xFFU));
-    Set(4, static_cast<std::uint16_t>(bits >> 8U & 0xFFU));
-    Set(6, static_cast<std::uint16_t>(bits >> 16U));
-}
-
-void CgmWriter::ColourElement(std::uint16_t header, ColorValue color) {
-    Set(0, header);
-    CgmColors(color);
-    CgmByteCount = 8;
-    CgmShort();
-}
-
-void CgmWriter::Write(std::string_view bytes) {
-    WriteExport(bytes);
-    CgmWritePos += static_cast<std::int64_t>(bytes.size());
-}
-
-void CgmWriter::CgmShort() {
-    GuardedWriting("CgmShort", [this] {
-        std::array<char, EntryCount> bytes = {};
-        const auto count = static_cast<std::size_t>(std::max<std::int16_t>(CgmByteCount, 0));
-        std::transform(CgmBuffer.begin(), CgmBuffer.begin() + static_cast<std::ptrdiff_t>(count),
-                       bytes.begin(), [](std::uint16_t byte) { return static_cast<char>(byte); });
-        CgmByteCount = 0;
-        Write({bytes.data(), count});
-    });
-}
-
-void CgmWriter::CgmString(std::string_view text) {
+/// An element whose parameters are a string, or a place and a string.
+void CgmWriter::CgmString(std::uint16_t header, std::string_view text, const CgmWords* place) {
     GuardedWriting("CgmString", [&] {
-        const bool isText = CgmByteCount == -1;
-        CgmByteCount = 0;
         const std::string characters = ToWindows1252(text);
-        if (characters.size() > (isText ? LongestText : LongestString)) {
+        if (characters.size() > (place != nullptr ? LongestText : LongestString)) {
             throw RunTimeError(ErrorOverflow);
         }
-        const std::size_t length = characters.size() + 1;
-        Set(2, static_cast<std::uint16_t>(length + (isText ? 6 : 0)));
-        std::string bytes;
-        for (std::size_t entry = 0; entry < (isText ? 10U : 4U); ++entry) {
-            bytes += static_cast<char>(CgmBuffer[entry]);
+        CgmWords parameters;
+        if (place != nullptr) {
+            parameters.Append(*place);
         }
-        bytes += static_cast<char>(characters.size());
-        bytes += characters;
-        if (bytes.size() % 2 != 0) {
-            bytes += '\0'; // elements start on even offsets
-        }
-        Write(bytes);
+        parameters.String(characters);
+        CgmWords element;
+        element.Bits(header).Bits(static_cast<std::uint16_t>(parameters.Bytes().size()));
+        Write(element.Append(parameters).PadToEven());
     });
 }
 
 // ---- Lines
 
-bool CgmWriter::CgmVertices(int start, int count, int stride) {
-    return GuardedWriting("CgmVertices", [&] {
+std::optional<CgmWords> CgmWriter::CgmVertices(std::initializer_list<Offset> offsets) {
+    CgmWords vertices;
+    const bool done = GuardedWriting("CgmVertices", [&] {
         const LogicalPoint centre = LogicalPointOfCell();
-        const auto vertex = [&](std::int16_t offset, std::int16_t from, std::int32_t most) {
+        const auto place = [](std::int16_t offset, std::int16_t from, std::int32_t most) {
             // The quotient is a single-precision number.
             const auto share = static_cast<double>(static_cast<float>(offset) / 1000.0F);
-            const std::int16_t place = RoundToInt16(Design.SymbolRadiusFile * share + from);
-            return static_cast<std::uint16_t>(std::clamp<std::int32_t>(place, 0, most));
+            return std::clamp<std::int32_t>(RoundToInt16(Design.SymbolRadiusFile * share + from), 0, most);
         };
-        for (int i = 0; i < count; ++i) {
-            const auto entry = static_cast<std::size_t>(start + stride * i);
-            const auto at = static_cast<std::size_t>(i);
-            Set(entry, vertex(CgmOffset[at], centre.x, Design.LogicalWidth));
-            Set(entry + 2, vertex(CgmOffset[at + 5], centre.y, Design.LogicalHeight));
+        for (const Offset& offset : offsets) {
+            vertices.Bits(static_cast<std::uint16_t>(place(offset.x, centre.x, Design.LogicalWidth)));
+            vertices.Bits(static_cast<std::uint16_t>(place(offset.y, centre.y, Design.LogicalHeight)));
         }
     });
+    return done ? std::optional(vertices) : std::nullopt;
 }
 
 void CgmWriter::OpenChain() {
     LineStyle(); // a width too large leaves the chain to the next point
     Design.LineBreakPending = false;
-    Set(0, PolylineLong);
-    Set(2, 1); // the length is written over when the chain ends
-    CgmLengthPos = CgmWritePos + 2;
-    CgmByteCount = 4;
-    CgmShort();
+    CgmLengthPos = ExportLength() + 2;
+    CgmShort({PolylineLong, {1}}); // the length is written over when the chain ends
     Design.PointCount = 0;
     if (carried) {
         WriteVertex(*std::exchange(carried, std::nullopt));
     }
 }
 
-void CgmWriter::WriteVertex(const Vertex& vertex) {
-    Write({vertex.data(), vertex.size()});
+void CgmWriter::WriteVertex(const CgmWords& vertex) {
+    Write(vertex);
     ++Design.PointCount;
 }
 
-void CgmWriter::CgmPoly() {
-    GuardedWriting("CgmPoly", [this] {
-        Vertex vertex = {};
-        std::transform(CgmBuffer.begin() + 4, CgmBuffer.begin() + 8, vertex.begin(),
-                       [](std::uint16_t byte) { return static_cast<char>(byte); });
+void CgmWriter::CgmPoly(const CgmWords& vertex) {
+    GuardedWriting("CgmPoly", [&] {
         if (Design.LineBreakPending) {
             OpenChain();
         }
@@ -307,12 +250,10 @@ void CgmWriter::CgmPoly() {
 }
 
 void CgmWriter::PatchLength() {
-    if (CgmLengthPos > 0) {
-        const auto length = static_cast<std::uint32_t>(Design.PointCount) * 4U;
-        const std::array<char, 2> bytes = {static_cast<char>(length >> 8U),
-                                           static_cast<char>(length & 0xFFU)};
-        PatchExport(CgmLengthPos - 1, std::string_view(bytes.data(), bytes.size()));
-        CgmLengthPos = 0;
+    if (CgmLengthPos) {
+        CgmWords length;
+        length.Bits(static_cast<std::uint16_t>(Design.PointCount * 4));
+        PatchExport(*std::exchange(CgmLengthPos, std::nullopt), length.Bytes());
     }
 }
 
@@ -320,8 +261,6 @@ void CgmWriter::LineBreak() {
     if (Design.CurrentSymbolType == SymbolLine) {
         PatchLength();
         carried.reset();
-    } else {
-        CgmShort();
     }
 }
 
@@ -333,101 +272,71 @@ void CgmWriter::Point() {
 
 void CgmWriter::LineStyle() {
     const std::int16_t width = RoundToInt16(FileLineWidth());
-    ColourElement(LineColour, Design.PenColor);
-    Element(LineWidth, {width});
+    CgmShort(ColourElement(LineColour, Design.PenColor));
+    CgmShort({LineWidth, {width}});
 }
 
 void CgmWriter::EdgeAndFillStyle() {
     if (Design.CurrentSymbolType == SymbolDot && interior != Solid) {
         Interior(Solid); // points of the grid in a lobe behind a map file of open shapes
     }
-    ColourElement(EdgeColour, Design.PenColor);
-    ColourElement(FillColour, Design.PenColor);
-    Element(EdgeWidth, {IsOpenShape(Design.CurrentSymbolType) ? Design.BorderWidthFile : 1});
+    CgmShort(ColourElement(EdgeColour, Design.PenColor));
+    CgmShort(ColourElement(FillColour, Design.PenColor));
+    CgmShort({EdgeWidth, {IsOpenShape(Design.CurrentSymbolType) ? Design.BorderWidthFile : 1}});
 }
 
-void CgmWriter::ClosedShape(std::uint16_t header, std::initializer_list<int> offsets) {
-    const int count = static_cast<int>(offsets.size() / 2);
-    const int* offset = offsets.begin();
-    for (int i = 0; i < count; ++i) {
-        CgmOffset[static_cast<std::size_t>(i)] = static_cast<std::int16_t>(*offset++);
-        CgmOffset[static_cast<std::size_t>(i + 5)] = static_cast<std::int16_t>(*offset++);
+void CgmWriter::ClosedShape(std::uint16_t header, std::initializer_list<Offset> corners) {
+    if (const std::optional<CgmWords> vertices = CgmVertices(corners)) {
+        EdgeAndFillStyle();
+        CgmShort(CgmWords(header, {}).Append(*vertices));
     }
-    if (!CgmVertices(2, count, 4)) {
-        return;
-    }
-    const auto vertices = CgmBuffer;
-    EdgeAndFillStyle();
-    CgmBuffer = vertices;
-    Set(0, header);
-    CgmByteCount = static_cast<std::int16_t>(2 + 4 * count);
-    CgmShort();
 }
 
-void CgmWriter::TwoStrokes(std::initializer_list<int> first, std::initializer_list<int> second) {
-    int start = 2;
+void CgmWriter::TwoStrokes(std::initializer_list<Offset> first, std::initializer_list<Offset> second) {
+    CgmWords strokes;
     for (const auto& stroke : {first, second}) {
-        const int* offset = stroke.begin();
-        for (const std::size_t i : {0U, 1U}) {
-            CgmOffset[i] = static_cast<std::int16_t>(*offset++);
-            CgmOffset[i + 5] = static_cast<std::int16_t>(*offset++);
-        }
-        if (!CgmVertices(start, 2, 4)) {
+        const std::optional<CgmWords> vertices = CgmVertices(stroke);
+        if (!vertices) {
             return;
         }
-        start += 10;
+        strokes.Bits(PolylineShort).Append(*vertices);
     }
-    const auto vertices = CgmBuffer;
     LineStyle();
-    CgmBuffer = vertices;
-    Set(0, PolylineShort);
-    Set(10, PolylineShort);
-    CgmByteCount = 20;
-    CgmShort();
+    CgmShort(strokes);
 }
 
 void CgmWriter::Circle() {
-    CgmOffset[0] = 0;
-    CgmOffset[5] = 0;
-    if (!CgmVertices(2, 1, 0)) {
-        return;
+    if (const std::optional<CgmWords> centre = CgmVertices({{0, 0}})) {
+        EdgeAndFillStyle();
+        CgmShort(CgmWords(CircleElement, {}).Append(*centre).Word(Design.SymbolRadiusFile));
     }
-    const auto centre = CgmBuffer;
-    EdgeAndFillStyle();
-    CgmBuffer = centre;
-    Set(0, CircleElement);
-    Set(6, Word(Design.SymbolRadiusFile));
-    CgmByteCount = 8;
-    CgmShort();
 }
 
 void CgmWriter::CgmWrite() {
     switch (Design.CurrentSymbolType) {
     case SymbolLine:
-        CgmOffset[0] = 0;
-        CgmOffset[5] = 0;
-        if (CgmVertices(4, 1, 0)) {
-            CgmPoly();
+        if (const std::optional<CgmWords> vertex = CgmVertices({{0, 0}})) {
+            CgmPoly(*vertex);
         }
         break;
     case SymbolDot:
     case SymbolOpenSquare:
     case SymbolFilledSquare:
-        ClosedShape(PolygonOfFour, {-1000, -1000, -1000, 1000, 1000, 1000, 1000, -1000});
+        ClosedShape(PolygonOfFour, {{-1000, -1000}, {-1000, 1000}, {1000, 1000}, {1000, -1000}});
         break;
     case SymbolPlus:
-        TwoStrokes({-1000, 0, 1000, 0}, {0, -1000, 0, 1000});
+        TwoStrokes({{-1000, 0}, {1000, 0}}, {{0, -1000}, {0, 1000}});
         break;
     case SymbolCross:
-        TwoStrokes({-1000, -1000, 1000, 1000}, {1000, -1000, -1000, 1000});
+        TwoStrokes({{-1000, -1000}, {1000, 1000}}, {{1000, -1000}, {-1000, 1000}});
         break;
     case SymbolOpenDiamond:
     case SymbolFilledDiamond:
-        ClosedShape(PolygonOfFour, {-1000, 0, 0, 1000, 1000, 0, 0, -1000});
+        ClosedShape(PolygonOfFour, {{-1000, 0}, {0, 1000}, {1000, 0}, {0, -1000}});
         break;
     case SymbolOpenTriangle:
     case SymbolFilledTriangle:
-        ClosedShape(PolygonOfThree, {-1000, -577, 1000, -577, 0, 1155});
+        ClosedShape(PolygonOfThree, {{-1000, -577}, {1000, -577}, {0, 1155}});
         break;
     case SymbolOpenCircle:
     case SymbolFilledCircle:
@@ -443,24 +352,23 @@ void CgmWriter::CgmWrite() {
 void CgmWriter::CgmText(std::size_t item) {
     const TextItem& text = Design.TextItems[item];
     const std::int16_t height = RoundToInt16(FileTextHeight(text));
-    ColourElement(TextColour, text.TextColour);
-    Element(TextPrecision, {2});
-    Element(CharacterHeight, {height});
-    Element(CharacterExpansion, {1, 0});
-    Element(CharacterSpacing, {0, 0});
+    CgmShort(ColourElement(TextColour, text.TextColour));
+    CgmShort({TextPrecision, {2}});
+    CgmShort({CharacterHeight, {height}});
+    CgmShort({CharacterExpansion, {1, 0}});
+    CgmShort({CharacterSpacing, {0, 0}});
     const auto direction = [&](double (*function)(double), int degrees) {
         return RoundToInt16(10000.0 * function((text.TextAngle + degrees) * DegToRad));
     };
-    Element(CharacterOrientation, {direction(std::cos, 90), direction(std::sin, 90), direction(std::cos, 0),
-                                   direction(std::sin, 0)});
-    Element(TextAlignment, {1, 4, 0, 0, 0, 0});
+    CgmShort(
+        {CharacterOrientation,
+         {direction(std::cos, 90), direction(std::sin, 90), direction(std::cos, 0), direction(std::sin, 0)}});
+    CgmShort({TextAlignment, {1, 4, 0, 0, 0, 0}});
     const LogicalPoint place = LogicalPointOfText(text);
-    Set(0, TextLong);
-    Set(4, Word(place.x));
-    Set(6, Word(place.y));
-    Set(8, 1); // final
-    CgmByteCount = -1;
-    CgmString(text.TextString);
+    constexpr int final = 1;
+    CgmWords placed;
+    placed.Word(place.x).Word(place.y).Word(final);
+    CgmString(TextLong, text.TextString, &placed);
 }
 
 } // namespace quelmont

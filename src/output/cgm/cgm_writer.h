@@ -1,23 +1,21 @@
 #pragma once
 
 #include "core/standard_colors.h"
+#include "output/cgm/cgm_words.h"
 #include "output/fan_out.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace quelmont {
 
 /// Writes a map as a binary Computer Graphics Metafile (ISO/IEC 8632-3) in logical units, y upward.
 ///
-/// Elements go to the file as points arrive. An element is built in CgmBuffer, a byte to an entry; a
-/// polyline stands in the long form, and its length is written over when it ends. An element header
-/// is one word: class in bits 15 to 12, id in bits 11 to 5, length of the parameters in bits 4 to 0,
-/// where 31 means that a word with the length follows.
+/// Elements go to the file as points arrive. A polyline stands in the long form, and its length is
+/// written over when it ends.
 ///
 /// Each routine shows the box of its own failure and ends; the draw goes on.
 class CgmWriter final : public FileWriter {
@@ -34,43 +32,35 @@ public:
     void CgmLineColor(ColorValue color);
 
 private:
-    using Vertex = std::array<char, 4>;
-    static constexpr std::size_t EntryCount = 25;
+    /// Of a symbol's centre, in thousandths of its half size.
+    struct Offset {
+        std::int16_t x, y;
+    };
 
     void CgmHeader();
     void CgmStartNewBoundaryFile();
     void CgmWrite();
-    void CgmPoly();
-    bool CgmVertices(int start, int count, int stride);
-    void CgmColors(ColorValue color);
-    void ColourElement(std::uint16_t header, ColorValue color);
-    void CgmShort();
-    void CgmString(std::string_view text);
-    void CgmText(std::size_t item);
+    void CgmPoly(const CgmWords& vertex);
+    static std::optional<CgmWords> CgmVertices(std::initializer_list<Offset> offsets);
+    static void CgmShort(const CgmWords& elements);
+    static void CgmString(std::uint16_t header, std::string_view text, const CgmWords* place = nullptr);
+    static void CgmText(std::size_t item);
     void CgmEnd();
 
-    void Write(std::string_view bytes);
-    void Set(std::size_t entry, std::uint16_t word);
-    void Element(std::uint16_t header, std::initializer_list<int> parameters);
+    void WriteHeaderElements();
     void Interior(int style);
-    void LineStyle();
+    static void LineStyle();
     void EdgeAndFillStyle();
-    void ClosedShape(std::uint16_t header, std::initializer_list<int> offsets);
-    void TwoStrokes(std::initializer_list<int> first, std::initializer_list<int> second);
+    void ClosedShape(std::uint16_t header, std::initializer_list<Offset> corners);
+    static void TwoStrokes(std::initializer_list<Offset> first, std::initializer_list<Offset> second);
     void Circle();
     void OpenChain();
-    void WriteVertex(const Vertex& vertex);
+    static void WriteVertex(const CgmWords& vertex);
     void PatchLength();
-    void WriteHeaderElements();
 
-    std::array<std::uint16_t, EntryCount> CgmBuffer = {};
-    /// Vertex offsets in thousandths of a half size: x, then y from entry 5 on.
-    std::array<std::int16_t, 10> CgmOffset = {};
-    std::int16_t CgmByteCount = 0; ///< bytes of CgmBuffer to be written; -1 for a TEXT element
-    std::int64_t CgmWritePos = 1;  ///< next position in the file, from 1
-    std::int64_t CgmLengthPos = 0; ///< position of the open polyline's length, 0 when none is open
-    int interior = 0;              ///< style of shapes that the file has last been told
-    std::optional<Vertex> carried; ///< a full chain's last vertex, which opens the next one
+    std::optional<std::int64_t> CgmLengthPos; ///< offset of the open polyline's length
+    int interior = 0;                         ///< style of shapes that the file has last been told
+    std::optional<CgmWords> carried;          ///< a full chain's last vertex, which opens the next one
 };
 
 } // namespace quelmont
