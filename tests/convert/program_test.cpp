@@ -159,20 +159,20 @@ TEST_F(ConvertProgram, TellsThatItWaitsForAnotherToAppend) {
 }
 
 TEST_F(ConvertProgram, RefusesHugePiecesOfTextBeforeItReadsThem) {
-    // 140 million bytes, within an address space that could hold them once more, but not ten times.
+    // 70 million bytes, within an address space that could hold them once more, but not ten times.
     const auto refuse = [this](const std::string& head, const std::string& name) {
-        const std::string make = "(printf '" + head + "'; head -c 140000000 /dev/zero | tr '\\0' 1) >" + name;
+        const std::string make = "(printf '" + head + "'; head -c 70000000 /dev/zero | tr '\\0' 1) >" + name;
         ASSERT_EQ(Shell(make), 0);
-        EXPECT_EQ(Shell("(ulimit -v 1000000; $convert " + name + " out.map --feature 1 >out 2>err)"), 1);
+        EXPECT_EQ(Shell("(ulimit -v 800000; $convert " + name + " out.map --feature 1 >out 2>err)"), 1);
         std::filesystem::remove(folder / name);
     };
     refuse(R"({"type":"LineString","coordinates":[[)", "bare.geojson");
-    EXPECT_EQ(Errors(), "quelmont-convert: bare.geojson: there is a feature of more than 128 MB in it, too "
+    EXPECT_EQ(Errors(), "quelmont-convert: bare.geojson: there is a feature of more than 64 MB in it, too "
                         "much to read at once\n");
     refuse(R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"n":)", "all.geojson");
-    EXPECT_THAT(Errors(), HasSubstr("a feature of more than 128 MB"));
+    EXPECT_THAT(Errors(), HasSubstr("a feature of more than 64 MB"));
     refuse("WKT,n\\n", "lines.csv");
-    EXPECT_THAT(Errors(), HasSubstr("a line of more than 128 MB"));
+    EXPECT_THAT(Errors(), HasSubstr("a line of more than 64 MB"));
 }
 
 TEST_F(ConvertProgram, SouthernUtmFileIsDrawnAsThePointsInDegreesAre) {
