@@ -20,6 +20,7 @@
 #include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "support/silent_machine.h"
 
 #include <benchmark/benchmark.h>

@@ -14,6 +14,7 @@
 #include "output/device_pen.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 #include "support/silent_machine.h"

@@ -45,7 +45,7 @@ AppendLock::AppendLock(const std::string& file, const std::function<void()>& wai
         if (descriptor < 0 || !Take(waiting)) {
             return;
         }
-        // Whoever had the lock before has put another file in the place of the one that was opened.
+        // The holder of the lock before has put another file in the place of the one that was opened.
         if (isThere ? LeadsTo(file, descriptor) : !Exists(file)) {
             return;
         }
@@ -67,7 +67,7 @@ bool AppendLock::Take(const std::function<void()>& waiting) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
             return false;
         }
-        if (!std::exchange(told, true)) {
+        if (!std::exchange(noted, true)) {
             waiting();
         }
         if (StopSignals::Came()) {

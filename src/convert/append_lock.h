@@ -6,12 +6,12 @@
 namespace quelmont {
 
 /// As long as it lives, no other process that has one adds to the same file. The file itself is locked,
-/// or its folder as long as the file is not there. Where the file system has no locks there is none, and
-/// for a file that cannot be opened neither: whoever writes it will tell why.
+/// or its folder as long as the file does not exist. There is no lock where the file system has none, nor
+/// for a file that cannot be opened, whose writer reports why.
 class AppendLock {
 public:
     /// Waits until the lock is free, after a call of waiting if it is not. ConvertError when the process
-    /// is told to end meanwhile.
+    /// gets a signal to end meanwhile.
     AppendLock(const std::string& file, const std::function<void()>& waiting);
     ~AppendLock();
     AppendLock(const AppendLock&) = delete;
@@ -23,7 +23,7 @@ private:
     bool Take(const std::function<void()>& waiting);
 
     int descriptor = -1;
-    bool told = false; ///< that it waits
+    bool noted = false; ///< waiting has been called
 };
 
 } // namespace quelmont

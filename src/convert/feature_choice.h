@@ -17,16 +17,16 @@ std::optional<std::int16_t> RowOfName(std::string_view name, std::string_view ma
 class FeatureChoice {
 public:
     /// wanted is the value of --feature: a number, a name, "@" and a column of the source; without it the
-    /// source's own columns of a map file tell the name of the row, and else all become row 1.
+    /// source's own columns of a map file name the row; failing these, all become row 1.
     /// ConvertError for a row or column that is not there.
     FeatureChoice(const std::optional<std::string>& wanted, const std::string& mapFile,
                   OGRFeatureDefn& columns);
 
-    /// 0 for a feature whose row had no name: nothing is known of it. BadFeature when its column tells no
+    /// 0 for a feature whose row had no name: nothing is known of it. BadFeature when its column names no
     /// row of the map file.
     std::int16_t RowOf(const OGRFeature& feature);
 
-    /// Whether a feature became row 1 only because nothing told its row, where there are others.
+    /// Whether a feature became row 1 only because nothing named its row, where there are others.
     bool GuessedFirst() const { return guessed && manyRows; }
 
 private:
@@ -36,7 +36,7 @@ private:
     bool manyRows = false;
     bool guessed = false;
     std::int16_t fixed = 0; ///< the row of all, or 0
-    int column = -1;        ///< that tells number or name
+    int column = -1;        ///< holds the number or the name
     int nameColumn = -1;    ///< of a map file
 };
 

@@ -14,7 +14,7 @@ namespace quelmont {
 
 namespace {
 
-/// Runs what may end with a run-time error, and tells it as one of a file.
+/// Runs a body and turns its run-time error into a ConvertError that names the file.
 template <typename Body>
 auto OfFile(const std::string& name, Body&& body) {
     try {
@@ -75,12 +75,12 @@ FileTarget::~FileTarget() {
     try {
         CloseFile(OutputFileNumber);
     } catch (const RunTimeError&) {
-        // The file is given up; what went wrong first has been told.
+        // The file is given up; the first failure has been reported.
     }
 }
 
 void FileTarget::CopyEarlier(const MapFormat& format) {
-    // In degrees or metres alike: nobody looks at the points.
+    // Degrees or metres: the points are not used.
     MapFileSource earlier(name, format, std::nullopt, nullptr);
     Nobody nobody;
     earlier.Read(nobody);

@@ -18,8 +18,8 @@ class FileTarget : public LineTarget {
 public:
     /// With a kind to add to it goes on behind what a map file of that kind holds, if it is there; it
     /// waits until no other process adds to the file, after a call of waiting if it has to.
-    /// ConvertError when it cannot be written, is to be added to and is not whole, or when the process is
-    /// told to end while it waits.
+    /// ConvertError when it cannot be written, is to be added to and is not whole, or when the process
+    /// gets a signal to end while it waits.
     FileTarget(const std::string& name, std::unique_ptr<LineEncoder> encoder, const MapFormat* addTo,
                const std::function<void()>& waiting);
     ~FileTarget() override;

@@ -14,7 +14,7 @@ FilesExchange::FilesExchange(std::string folder_) : folder(std::move(folder_)) {
 
 FilesExchange::~FilesExchange() {
     for (auto back = renamed.rbegin(); back != renamed.rend(); ++back) {
-        std::error_code ignored; // what failed first is told
+        std::error_code ignored; // the first failure is reported
         fs::rename(back->second, back->first, ignored);
     }
 }

@@ -7,8 +7,7 @@
 namespace quelmont {
 
 /// Puts files that belong together in the places of earlier ones, all or none. Files can be renamed one by
-/// one only, so that whoever must not see a mixture has to find some part missing meanwhile: the order is
-/// the caller's.
+/// one only: the caller chooses an order in which readers never find a mixture.
 ///
 /// Earlier files wait in a folder of their own. Unless Done was called they are back at the end, the
 /// last one taken first, and what was put in their places is where it was. A process that is killed in

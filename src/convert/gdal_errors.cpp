@@ -25,16 +25,16 @@ void GdalErrors::ThrowIfFailed(const std::string& name) const {
 
 void GdalErrors::Throw(const std::string& name) const {
     const std::string why = Reason();
-    // Many a reason begins with the name of the file already, or has it elsewhere.
+    // A reason may contain the name of the file already.
     throw ConvertError(why.find(name) == std::string::npos ? name + ": " + why : why);
 }
 
 void CPL_STDCALL GdalErrors::Take(CPLErr kind, CPLErrorNum /*number*/, const char* message) {
     auto* const errors = static_cast<GdalErrors*>(CPLGetErrorHandlerUserData());
     if (kind == CE_Warning) {
-        std::vector<std::string>& told = errors->warnings;
-        if (told.size() < MostWarnings && std::find(told.begin(), told.end(), message) == told.end()) {
-            told.emplace_back(message);
+        std::vector<std::string>& kept = errors->warnings;
+        if (kept.size() < MostWarnings && std::find(kept.begin(), kept.end(), message) == kept.end()) {
+            kept.emplace_back(message);
         }
     } else if (kind >= CE_Failure && !errors->failed) {
         errors->failed = true;

@@ -17,7 +17,7 @@ public:
 
     /// Whether anything failed since the last call of Forget.
     bool Failed() const { return failed; }
-    /// The first failure since then; "unknown reason" if GDAL told none.
+    /// The first failure since then; "unknown reason" if GDAL gave none.
     std::string Reason() const;
     void Forget();
     /// ConvertError with the name of a file and the reason, if anything failed.

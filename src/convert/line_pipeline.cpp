@@ -16,7 +16,7 @@ namespace {
 /// Longer segments are not cut everywhere where they leave a map.
 constexpr double LongestStep = 20.0; // degrees of longitude
 
-/// A map file that is read has its own labels; other sources where they are told to.
+/// A map file that is read has its own labels; other sources have them where --label asks for them.
 int LabelColumnOf(const ConvertOptions& options, LineSource& source) {
     if (options.label) {
         return ColumnOf(source.Columns(), *options.label, "--label");

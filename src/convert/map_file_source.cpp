@@ -28,7 +28,7 @@ constexpr int FeatureIndex = 0;
 constexpr int NameIndex = 1;
 constexpr int LabelIndex = 2;
 
-/// What a draw passes over in silence is a failure here.
+/// What a draw skips silently is a failure here.
 void CheckWhole(bool whole) {
     if (!whole) {
         throw RunTimeError(ErrorInputPastEnd);
@@ -181,7 +181,7 @@ void MapFileSource::Read(LineReceiver& receiver) {
 }
 
 double MapFileSource::Share() const {
-    // The size that was told need not be true.
+    // The size that the file system reports need not be true.
     return size > 0 ? std::min(static_cast<double>(recordAt) / static_cast<double>(size), 1.0) : -1.0;
 }
 

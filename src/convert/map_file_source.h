@@ -29,8 +29,8 @@ public:
                   const UtmZone* zone);
 
     OGRFeatureDefn& Columns() override { return *columns; }
-    /// ConvertError with the place in the file where it fails: an end within a
-    /// record, a number that is too large, a label without an end.
+    /// ConvertError with the place in the file where it fails: an end within a record, a number that is too
+    /// large, a label without an end.
     void Read(LineReceiver& receiver) override;
     double Share() const override;
 

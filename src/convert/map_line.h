@@ -27,7 +27,7 @@ struct LonLat {
 /// Points that are joined, or a single one. A closed line repeats its first point as the last.
 using MapLine = std::vector<LonLat>;
 
-/// Takes a line, and may do with its points what it likes.
+/// Receives a line, whose points it may change or take.
 using LineTaker = std::function<void(MapLine&)>;
 
 } // namespace quelmont

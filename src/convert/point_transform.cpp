@@ -14,7 +14,7 @@ std::vector<bool> TransformPoints(OGRCoordinateTransformation& transformation, M
     std::array<double, blockSize> y;
     std::array<int, blockSize> success;
     std::vector<bool> good(line.size());
-    // Of points without a place it complains too.
+    // PROJ reports points without a place as errors too.
     const CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     for (std::size_t begin = 0; begin < line.size(); begin += blockSize) {
         const std::size_t count = std::min(blockSize, line.size() - begin);

@@ -9,7 +9,7 @@
 namespace quelmont {
 
 /// Turns the points of a line from one reference system into another, x or longitude before y or
-/// latitude. The answer tells of each point whether it has a place there; one without stays as it was.
+/// latitude. The answer says for each point whether it has a place there; one without is unchanged.
 std::vector<bool> TransformPoints(OGRCoordinateTransformation& transformation, MapLine& line);
 
 } // namespace quelmont

@@ -20,7 +20,7 @@ void Progress::Add(std::int64_t more, double share) {
         return;
     }
     next = Timer::now() + std::chrono::milliseconds(200);
-    told = true;
+    shown = true;
     errors << '\r' << points << " points";
     if (share >= 0.0) {
         errors << ", " << static_cast<int>(share * 100.0) << " %";
@@ -29,9 +29,9 @@ void Progress::Add(std::int64_t more, double share) {
 }
 
 void Progress::Clear() {
-    if (told) {
+    if (shown) {
         errors << "\r\x1B[K" << std::flush;
-        told = false;
+        shown = false;
     }
 }
 

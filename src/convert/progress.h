@@ -8,10 +8,10 @@
 
 namespace quelmont {
 
-/// Tells on a terminal how far a long conversion is, and stops it on a signal to end.
+/// Shows on a terminal how far a long conversion is, and stops it on a signal to end.
 class Progress {
 public:
-    /// Nothing is told before half a second has passed, and nothing at all unless errors is a terminal.
+    /// Nothing is shown before half a second has passed, and nothing at all unless errors is a terminal.
     Progress(std::ostream& errors, bool terminal);
     ~Progress();
     Progress(const Progress&) = delete;
@@ -20,9 +20,9 @@ public:
     /// Counts points from 0.
     void Begin() { points = 0; }
     /// So many points more; the share of the whole is 0 to 1, below 0 when that is not known.
-    /// ConvertError when the process was told to end.
+    /// ConvertError when the process got a signal to end.
     void Add(std::int64_t points, double share);
-    /// Takes away what was told.
+    /// Clears what is shown.
     void Clear();
 
 private:
@@ -31,7 +31,7 @@ private:
     StopSignals stopSignals;
     std::ostream& errors;
     bool terminal;
-    bool told = false;
+    bool shown = false;
     std::int64_t points = 0;
     Timer::time_point next;
 };

@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    /// Lines of nature, whose stretches fall into two of about the same length, need less than two
+    /// Natural lines, whose stretches fall into two of about the same length, need less than two
     /// distances for each point and each time that the line is halved.
     static constexpr std::int64_t DistancesPerLevel = 8;
     static constexpr std::size_t Block = 4096; ///< distances between two calls of pump
@@ -53,7 +53,7 @@ private:
         const std::size_t margin = (stretch.last - stretch.first) / 4;
         const bool lopsided = split - stretch.first < margin || stretch.last - split < margin;
         if (budget < 0 && split != stretch.first && lopsided) {
-            // Any point would do; this one leaves a quarter on either side at least.
+            // Any point may divide the stretch; this one leaves a quarter on either side at least.
             split = Farthest(stretch, stretch.first + margin, stretch.last - margin + 1, -1.0);
         }
         return split;

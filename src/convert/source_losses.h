@@ -4,7 +4,7 @@
 
 namespace quelmont {
 
-/// What a source holds and does not hand on, or not as it is. Counted anew by each reading.
+/// What of a source is lost or changed. Counted anew by each reading.
 struct SourceLosses {
     std::int64_t emptyFeatures = 0; ///< without a geometry
     std::int64_t unknownLines = 0;  ///< of a rank or code that means nothing, left out

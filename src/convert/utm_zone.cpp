@@ -55,7 +55,7 @@ std::vector<bool> UtmZone::ToMetres(MapLine& line) const {
 }
 
 bool UtmZone::ToDegrees(MapLine& line, std::int64_t& added) const {
-    // What centimetres leave of the 180th meridian, either side of it.
+    // Centimetres to either side of the 180th meridian are rounding.
     constexpr double hair = 3e-7;
     if (TurnProjectedLine(*toDegrees, line, added)) {
         return false;

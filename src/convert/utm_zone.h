@@ -20,7 +20,7 @@ public:
     UtmZone(const UtmZoneChoice& choice, double northing);
 
     /// Turns degrees into metres, easting and northing in the places of longitude and latitude. The answer
-    /// tells of each point whether it has a place, easting and northing no more than FarMetres; one
+    /// says for each point whether it has a place, easting and northing no more than FarMetres; one
     /// without is of no use.
     std::vector<bool> ToMetres(MapLine& line) const;
     /// Turns metres into degrees. What is within three centimetres of the 180th meridian is on it. Points

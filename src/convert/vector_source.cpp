@@ -25,7 +25,7 @@ public:
     void Take(std::unique_ptr<OGRGeometry> geometry) {
         if (wkbFlatten(geometry->getGeometryType()) == wkbLineString) {
             MapLine line = PointsOf(*geometry->toLineString());
-            geometry.reset(); // nothing holds a long line twice
+            geometry.reset(); // so that a long line is not held twice
             Pass(line);
         } else {
             Take(*geometry);

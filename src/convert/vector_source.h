@@ -34,7 +34,7 @@ public:
     void Read(LineReceiver& receiver) override;
     double Share() const override;
 
-    /// Whether its coordinates are taken for longitude and latitude as nothing tells what they are.
+    /// Whether its coordinates are taken for longitude and latitude because it names no reference system.
     bool HasNoReferenceSystem() const { return layer->GetSpatialRef() == nullptr; }
     /// The files that it consists of.
     std::vector<std::string> Files() const;

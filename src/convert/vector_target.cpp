@@ -33,9 +33,9 @@ std::string ReplacedName(const std::string& name) {
 
 /// The parts of an earlier Shapefile in the order in which they go: the indexes, without the first of which
 /// no shapes are read, the shapes, and what stands beside them. What is put in their places ends with
-/// the shapes. So whoever opens a Shapefile in between, or after the process was killed in between, finds
-/// the earlier one, the later one or none, but no mixture. None is what remains to be feared: the earlier
-/// parts lie in the temporary folder then. The .dbf alone can be read as a table at any time.
+/// the shapes. So a program that opens the Shapefile in between, or after the process was killed in between,
+/// finds the earlier one, the later one or none, but no mixture. After such a kill it may find none: the
+/// earlier parts lie in the temporary folder then. The .dbf alone can be read as a table at any time.
 constexpr std::array<std::string_view, 11> ShapePartEndings = {".shx", ".qix", ".sbn", ".sbx", ".idm", ".ind",
                                                                ".shp", ".dbf", ".prj", ".cpg", ".qpj"};
 
@@ -52,7 +52,7 @@ void AddColumn(OGRLayer& layer, const char* name, OGRFieldType type, int width) 
     layer.CreateField(&column);
 }
 
-/// An empty text is no text.
+/// An empty text is stored as no value.
 void SetText(OGRFeature& record, const char* column, const std::string& text) {
     const int index = record.GetFieldIndex(column);
     if (text.empty()) {
@@ -167,7 +167,7 @@ void VectorTarget::Finish() {
     if (dataset->TestCapability(ODsCTransactions) != 0 && dataset->CommitTransaction() != OGRERR_NONE) {
         errors.Throw(name);
     }
-    // Closing writes what was kept back; it tells of a failure only so.
+    // Closing writes what was buffered; a failure to do so is only in GDAL's error list.
     dataset.reset();
     errors.ThrowIfFailed(name);
     CheckPlaces();
@@ -214,7 +214,7 @@ void VectorTarget::ReplaceParts() {
     }
     std::stable_partition(titles.begin(), titles.end(),
                           [this](const std::string& each) { return PlaceOf(each) != replaced; });
-    std::string at; // of which an error is told
+    std::string at; // the file that an error message names
     try {
         FilesExchange exchange(PathInFolder("earlier"));
         for (const std::string& part : EarlierParts()) {

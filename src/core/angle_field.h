@@ -20,7 +20,7 @@ enum class AngleFieldKind {
 
 struct AngleField {
     AngleFieldKind kind = AngleFieldKind::Latitude;
-    std::string title;        ///< of the box
+    std::string title;        ///< of the message box
     int degreeLimit = 0;      ///< most degrees
     std::string_view atLimit; ///< text for minutes or seconds beyond the limit
     std::string_view zero{};  ///< text for an arc of zero, empty when zero is allowed
@@ -42,14 +42,14 @@ std::string BareDigits(std::string_view text);
 /// degrees, limit, zero; empty when it passes. A blank group counts as 0.
 std::string AngleFieldFault(const AngleField& field, std::string_view text);
 
-/// Tells in a box with Retry and Cancel that a control's text was refused. Retry asks for the focus,
-/// Cancel for the last accepted text; what of it is to be done, stands in the result.
+/// Tells in a message box with Retry and Cancel that a control's text was refused. Retry asks for the focus,
+/// Cancel for the last accepted text; the result holds what the dialog has to do.
 Refusal RefuseField(std::string_view control, std::string_view title, std::string_view text);
 
-/// The same in a box with OK alone: the focus goes to the control, nothing is written back.
+/// The same in a message box with OK alone: the focus goes to the control, nothing is written back.
 Refusal RefuseAcceptance(std::string_view control, std::string_view title, std::string_view text);
 
-/// Tests a control's text and shows the box of the first fault. An empty refusal when it passes.
+/// Tests a control's text and shows the message box of the first fault. An empty refusal when it passes.
 Refusal CheckAngleField(std::string_view control, const AngleField& field, std::string_view text);
 
 /// Whether something was refused.

@@ -29,7 +29,8 @@
 
 namespace quelmont {
 
-/// Pi to fifteen digits. Not the nearest double: maps drawn with it must come out the same again.
+/// Pi to fifteen digits, not the nearest double. Exports write coordinates to the last digit, so the value is
+/// part of their format.
 constexpr double Pi = 3.14159265358979;
 constexpr double QuarterPi = Pi / 4.0;
 constexpr double DegToRad = Pi / 180.0;

@@ -7,11 +7,11 @@
 
 namespace quelmont {
 
-/// Box of a routine's error handler: "Error in " and the routine's name, "Error: " and the
+/// Message box of a routine's error handler: "Error in " and the routine's name, "Error: " and the
 /// description.
 void ShowErrorBox(std::string_view routine, const RunTimeError& error);
 
-/// Box of a failed surface or system operation, under the title "Windows API Error".
+/// Message box of a failed surface or system operation, under the title "Windows API Error".
 void ShowApiErrorBox(std::string_view text);
 
 /// The same unless the operation was done.
@@ -21,18 +21,18 @@ inline void ReportUnless(bool done, std::string_view text) {
     }
 }
 
-/// Any other box that a draw may bring more than once.
+/// Any other message box that a draw may show more than once.
 void ShowDrawBox(std::string_view title, std::string_view text);
 
-/// Between the two calls, which enclose a draw, each of these boxes is shown once: a point
-/// that fails would otherwise bring as many boxes as the map has points. Repeats are counted, and
+/// Between the two calls, which enclose a draw, each of these message boxes is shown once: a
+/// failing point would otherwise show as many as the map has points. Repeats are counted, and
 /// EndDrawBoxes tells their number in one last box.
 void BeginDrawBoxes();
 void EndDrawBoxes();
-/// Forgets a draw's boxes and their repeats, without a word.
+/// Forgets a draw's message boxes and their repeats; shows nothing.
 void ResetDrawBoxes();
 
-/// Runs a routine that has an error handler. Returns false after a failure, whose box was shown.
+/// Runs a routine that has an error handler. Returns false after a failure, whose message box was shown.
 template <typename Body>
 bool Guarded(std::string_view routine, Body&& body) {
     try {

@@ -37,7 +37,7 @@ public:
     void MoveRight() { MoveCursor(field.PlaceFrom(cursor + 1)); }
     void MoveLeft() { MoveCursor(field.PlaceBefore(cursor)); }
     /// Columns first up to last are selected, none when both are the cursor. Selecting the whole
-    /// text makes what is typed next a new value. To be told before each of the operations below.
+    /// text makes what is typed next a new value. To be called before each of the operations below.
     void Select(std::size_t first, std::size_t last);
 
     /// Types UTF-8 characters up to the first that has no place. False when there is one.

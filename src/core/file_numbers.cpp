@@ -32,8 +32,7 @@ int ErrorOfTransfer(int number) {
     }
 }
 
-/// The run-time error of a failed open. A file that does not exist is told from a folder that does
-/// not exist.
+/// The run-time error of a failed open. A missing file and a missing folder are different errors.
 int ErrorOfOpen(int number, const std::string& name, OpenMode mode) {
     switch (number) {
     case ENOENT: {
@@ -82,7 +81,7 @@ int OpenFlags(OpenMode mode) {
     return always | O_RDWR | O_CREAT;
 }
 
-/// A plain file of the system. Small writes are collected; reads go straight to the caller, who
+/// A plain file. Small writes are collected; reads go straight to the caller, who
 /// asks for large blocks.
 class SystemFile final : public FileDevice {
 public:
@@ -111,7 +110,7 @@ public:
                 Flush();
             }
         } catch (const RunTimeError&) {
-            // Whoever wants to know closes the file.
+            // A caller that needs the error calls Close.
         }
         CloseDescriptor();
     }
@@ -205,8 +204,8 @@ private:
     }
 
     void Flush() {
-        // Bytes that could not be written are given up: the failure was told, and closing the file
-        // after it must not tell it again.
+        // Bytes that could not be written are given up: the failure was reported, and closing the
+        // file after it must not report it again.
         struct Emptied {
             std::vector<std::byte>& bytes;
             ~Emptied() { bytes.clear(); }

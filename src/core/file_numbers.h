@@ -38,20 +38,20 @@ bool IsFileOpen(int number);
 /// "Device I/O error". Nothing is buffered: ask for large blocks.
 std::size_t ReadFile(int number, std::span<std::byte> bytes);
 
-/// RunTimeError "Disk full", "Device I/O error", "Bad file name or number", "Bad file mode" on a file
-/// opened for input. Small writes are collected, so a full disk may show later, at a seek, at
-/// FileLength or at CloseFile; the bytes concerned are then given up and the failure is told once.
+/// Writes bytes. RunTimeError "Disk full", "Device I/O error", "Bad file name or number", "Bad file mode" on
+/// a file opened for input. Small writes are collected, so a full disk may show later, at a seek, at
+/// FileLength or at CloseFile; the bytes concerned are then given up and the failure is reported once.
 void WriteFile(int number, std::span<const std::byte> bytes);
 
-/// Moves to a byte counted from 0; "Invalid procedure call or argument" before it.
+/// Moves to a byte counted from 0; RunTimeError "Invalid procedure call or argument" below 0.
 void SeekFile(int number, std::int64_t position);
 
-/// Bytes of the open file, as the system tells them: it tells 0 of files that it makes up as they are read,
-/// and other programs may write to a file that is open. Fit for a share of the work done, not for the size
-/// of a buffer.
+/// Bytes of the open file as the operating system reports them: 0 for files that it generates as they are
+/// read (/proc), and other programs may write to a file that is open. Good for a share of the work done, not
+/// for the size of a buffer.
 std::int64_t FileLength(int number);
 
-/// What a file number reads and writes: by default a file of the system. Tests put a device of
+/// What a file number reads and writes: by default a plain file. Tests put a device of
 /// their own under the numbers, one that fails after so many bytes, say.
 class FileDevice {
 public:
@@ -65,7 +65,7 @@ public:
 };
 using FileDeviceMaker = std::unique_ptr<FileDevice> (*)(const std::string& name, OpenMode mode);
 
-/// Replaces the maker of devices; nullptr goes back to the system's files.
+/// Replaces the maker of devices; nullptr goes back to plain files.
 void SetFileDeviceMaker(FileDeviceMaker maker);
 
 } // namespace quelmont

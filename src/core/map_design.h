@@ -13,7 +13,7 @@ namespace quelmont {
 class DrawSurface;
 
 /// What a calculation that refused the design leaves for the open dialog: the control concerned,
-/// the controls whose last accepted text is to be put back, and the button pressed in the box.
+/// the controls whose last accepted text is to be put back, and the button pressed in the message box.
 struct Refusal {
     std::string Field;                 ///< empty when nothing was refused
     std::vector<std::string> Restored; ///< controls that Cancel writes back

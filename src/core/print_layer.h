@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// Printing to the output file, as the system's own text files are written: a number with a leading
+/// Printing to the output file in fixed text conventions: a number with a leading
 /// blank or a minus sign and with a trailing blank, a flag as the number -1 or 0, a text as it
 /// stands, items one behind the other, lines ended by carriage return and line feed.
 

@@ -20,7 +20,8 @@ namespace {
 /// Bytes of a name in a folder.
 constexpr std::size_t LongestName = 255;
 
-/// Where links lead to, be it nowhere. One that leads back to itself is itself.
+/// The path at the end of a chain of links, which need not exist. A link that leads back to itself is its own
+/// end.
 std::filesystem::path EndOfLinks(const std::filesystem::path& path) {
     constexpr int mostLinks = 40;
     std::filesystem::path end = path;
@@ -35,8 +36,7 @@ std::filesystem::path EndOfLinks(const std::filesystem::path& path) {
     return end;
 }
 
-/// A file that replaces another one is as private and as much its owner's as that was, as far as this
-/// process may say so.
+/// Gives a file the owner and the mode of the one that it replaces, as far as this process has the right to.
 void TakeOwnerAndMode(const std::string& name, const std::string& from) {
     struct stat facts = {};
     if (stat(from.c_str(), &facts) == 0 && S_ISREG(facts.st_mode)) {
@@ -80,7 +80,7 @@ std::string ReplacedFileName(const std::string& path) {
 void SyncFile(const std::string& name) {
     const int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (descriptor < 0) {
-        return; // written and not to be read: that is for its owner to know
+        return; // writable but not readable: the owner's decision
     }
     const int failure = fsync(descriptor) == 0 ? 0 : errno;
     close(descriptor);

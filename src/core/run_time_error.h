@@ -6,7 +6,7 @@
 
 namespace quelmont {
 
-/// Numbers of the run-time errors that the system raises.
+/// Numbers of the run-time errors.
 constexpr int ErrorInvalidCall = 5;
 constexpr int ErrorOverflow = 6;
 constexpr int ErrorOutOfMemory = 7;
@@ -28,8 +28,8 @@ constexpr int ErrorPathNotFound = 76;
 /// The phrase of an error number; "Application-defined or object-defined error" for any other.
 std::string_view ErrorDescription(int number);
 
-/// The one exception type. It never crosses a routine that has an error handler: such a routine
-/// shows a box, cleans up and ends.
+/// The one exception type of the program. It never leaves a routine that has an error handler: such a
+/// routine shows a message box, cleans up and ends.
 class RunTimeError : public std::exception {
 public:
     explicit RunTimeError(int number_) : number(number_) {}

@@ -13,7 +13,7 @@ public:
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
 
-    /// Whether one came since the last object was made.
+    /// Whether such a signal has come since the last object was made.
     static bool Came();
 };
 

@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// Texts are UTF-8 inside the program; files of old, and exchange formats, have
-/// Windows-1252.
+/// Texts are UTF-8 inside the program; map files and exchange formats may hold Windows-1252.
 
 namespace quelmont {
 

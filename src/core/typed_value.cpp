@@ -53,7 +53,7 @@ std::uint64_t WithFraction(std::uint64_t before, std::uint64_t factor, std::stri
     return whole + (up ? 1 : 0);
 }
 
-/// Two or more points part groups; one does when no digit can follow it.
+/// Two or more points separate groups; a single one does when no digit can follow it.
 std::string WithoutPartingPoints(std::string_view keys) {
     std::string plain(keys);
     const auto points = std::count(plain.begin(), plain.end(), '.');
@@ -206,7 +206,7 @@ bool TypedAngle::AddFraction() {
     }
     constexpr std::array<std::uint64_t, GroupsOfAnAngle> units = {SecondsPerDegree, SecondsPerMinute, 1};
     const std::uint64_t seconds = WithFraction(values[2], units[current], fraction);
-    // What the rounding fills is carried; groups that were typed too large stay so.
+    // A group that rounding fills is carried; groups that were typed too large stay so.
     const std::uint64_t full = current == 2 ? SecondsPerMinute : units[current];
     if (seconds != full || values[2] >= SecondsPerMinute) {
         values[2] = seconds;
@@ -273,7 +273,7 @@ std::optional<TypedView> TypedAngle::View(bool left) {
     return view;
 }
 
-/// A number of the mask's digits, set to its right.
+/// The digits of a number right-aligned in its mask.
 std::string NumberToTheRight(std::string mask, std::string_view digits) {
     std::size_t next = digits.size();
     for (std::size_t column = mask.size(); column-- > 0;) {

@@ -15,7 +15,7 @@ namespace quelmont {
 QColor ColorOf(std::uint32_t value);
 
 /// Cells of colours in rows. The one in use has a mark, the one under the mouse or the arrow keys a
-/// frame; a release of the mouse or Enter chooses. A screen reader is told the cell's colour.
+/// frame; a release of the mouse or Enter chooses. A screen reader reads the cell's colour.
 class PaletteGrid final : public QWidget {
 public:
     /// hovered is called with the cell under the mouse or -1, chosen with the cell that was taken.
@@ -48,7 +48,7 @@ private:
     int columns = 1;
     int current = -1;
     int marked = -1;
-    QString words; ///< last told to screen readers
+    QString words; ///< last given to screen readers
 };
 
 } // namespace quelmont

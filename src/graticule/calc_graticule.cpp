@@ -44,7 +44,7 @@ std::string BoundaryText(std::int32_t seconds) {
     return text;
 }
 
-/// An azimuthal map is bounded by a circle and not by the figures of a rectangle.
+/// An azimuthal map is bounded by a circle: its rectangle is the whole globe about the centre.
 void BoundWholeGlobe() {
     Design.GridText[0] = NorthPole;
     Design.GridText[1] = SouthPole;

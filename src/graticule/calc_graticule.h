@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 namespace quelmont {
 
 /// Resets GridText to the whole world with a grid of 30 by 45 degrees, centre 40 N 0 W, range 180.
@@ -20,20 +18,5 @@ void ConstantGrid();
 /// A run-time failure, above all a spacing of zero, shows "Error in CalcGraticule" and ends the
 /// routine with ProjOffMap as it was.
 void CalcGraticule();
-
-/// The bounds of one lobe, counted from 1 through both hemispheres, in the same fields.
-///
-/// Reads   GridText 0, 1, 2, 5, LobeText, LobeLonText.
-/// The equator bounds every lobe of a map that holds it; on a map of one hemisphere the lobes of the
-/// other have no height (LatNorthSec = LatSouthSec). A lobe lower than one spacing counts as one. No
-/// test is made: the dialog has made it. A run-time failure shows "Error in CalcGraticuleInterrupt"
-/// and ends the routine.
-void CalcGraticuleInterrupt(std::int16_t lobe);
-
-/// Finds the place of every lobe: the x that its central meridian has on the uninterrupted map.
-///
-/// Reads   LobeText (counts), LobeLonDeg, ProjNum (42), LonCentral of the whole map.
-/// Writes  LobeCentral (projection units; 0 for the slot between the hemispheres), the point cell.
-void LonInterruptOffset();
 
 } // namespace quelmont

@@ -1,7 +1,9 @@
+#include "graticule/grid_azimuth.h"
+
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "graticule/grid_pass.h"
+#include "graticule/grid_lines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +16,7 @@ namespace quelmont {
 namespace {
 
 /// Off the antipode, degrees of longitude.
-constexpr double OffAntipode = 0.00056;
+constexpr double ParallelOffAntipode = 0.00056;
 /// Within so many degrees of the antipode no point has a place: 1 + cosC is less than 1e-12 there.
 constexpr double AntipodeRadius = 8.2e-05;
 /// From the turning longitude, where the azimuth stands still, to the first probe behind it.
@@ -159,7 +161,7 @@ void AntipodalParallel(GridPass& pass) {
     double first = pass.ClipLonMin;
     if (IsAntipodalLatitude(Design.ProjLat) && Design.RangeSec == SecPerHalfCircle) {
         // Near a pole that many degrees of longitude would still be the antipode.
-        first = std::min(first + std::max(OffAntipode, AntipodeRadius / Design.CosLatCentral), 180.0);
+        first = std::min(first + std::max(ParallelOffAntipode, AntipodeRadius / Design.CosLatCentral), 180.0);
     }
     pass.LonList.assign(1, first);
     const double turning = walk.TurningLongitude();

@@ -1,7 +1,8 @@
+#include "graticule/grid_clip.h"
+
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "graticule/grid_pass.h"
 
 #include <cmath>
 
@@ -23,7 +24,7 @@ double LatitudeOfSine(double s) {
     return std::fabs(s) == 1.0 ? Sign(s) * 90.0 : InDegrees(std::atan(s / std::sqrt(1.0 - s * s)));
 }
 
-/// The meridians that touch a circle which holds no pole.
+/// How far from the central meridian, in degrees, the meridians lie that touch a circle without a pole in it.
 double TangentReach(const GridPass& pass) {
     const double u = UpToOne(Divide(Design.SinLatCentral, Design.CosRange));
     if (std::fabs(u) == 1.0) {
@@ -55,7 +56,7 @@ Roots SolveMeridian(double cosD) {
     return {UpToOne((-b + root) / (2.0 * a)), UpToOne((-b - root) / (2.0 * a))};
 }
 
-/// How badly a root fits the equation before it was squared, which brought in a false one.
+/// What is left of the equation before squaring when a root is put in; squaring added a false root.
 double Residual(double s, double cosD) {
     return std::fabs(Design.CosRange -
                      (Design.SinLatCentral * s + Design.CosLatCentral * std::sqrt(1.0 - s * s) * cosD));
@@ -64,7 +65,7 @@ double Residual(double s, double cosD) {
 /// Below this a root is a true one.
 constexpr double TrueRoot = 1e-08;
 
-/// The circle does not hold both poles with room to spare: one piece.
+/// The meridian inside a circle that does not hold both poles with room to spare: one piece.
 void CutOnePiece(GridPass& pass, double cosD) {
     const Roots roots = SolveMeridian(cosD);
     double residual1 = 1.0;
@@ -93,7 +94,7 @@ void CutOnePiece(GridPass& pass, double cosD) {
 /// Both poles lie inside the circle: the meridian may leave it in its middle.
 void CutTwoPieces(GridPass& pass, double d, double cosD) {
     const double k = Design.CosLatCentral * cosD;
-    // The point of the meridian's great circle that is the nearest or furthest from the centre.
+    // The point of the meridian's great circle that is nearest to or farthest from the centre.
     const double p = std::fabs(d) == 90.0 || Design.CosLatCentral == 0.0
                          ? Pi / 2.0
                          : std::atan(Divide(Design.SinLatCentral, k));
@@ -154,7 +155,7 @@ void CutHemisphere(GridPass& pass, double cosD) {
 
 } // namespace
 
-void AzimuthalBounds(GridPass& pass) {
+void CalcCircleReach(GridPass& pass) {
     const double centre = Design.LatCentral;
     pass.TanLatCentral = std::tan(Design.LatCentralRad);
     pass.RangeDeg = static_cast<double>(Design.RangeSec) / SecPerDegree;

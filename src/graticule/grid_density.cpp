@@ -1,7 +1,8 @@
+#include "graticule/grid_density.h"
+
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "graticule/grid_pass.h"
 
 #include <cmath>
 
@@ -9,7 +10,7 @@ namespace quelmont {
 
 namespace {
 
-/// Curved lines want a few segments in all, however wide the grid; maps of less than five seconds
+/// Curved lines need a few segments in all, however wide the grid; maps of less than five seconds
 /// do not.
 constexpr double SmallestSpan = 0.0014;
 

@@ -1,7 +1,11 @@
+#include "graticule/grid_lines.h"
+
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "graticule/grid_pass.h"
+#include "graticule/grid_azimuth.h"
+#include "graticule/grid_clip.h"
+#include "graticule/grid_density.h"
 #include "output/fan_out.h"
 #include "output/print_to_screen.h"
 #include "platform/machine.h"
@@ -19,7 +23,7 @@ constexpr double SouthTolerance = 3e-06;
 /// (metres on UTM).
 constexpr double EdgeTolerance = 3e-06;
 /// Keeps the ends of a meridian through the antipode off the antipode itself, degrees.
-constexpr double OffAntipode = 3e-05;
+constexpr double MeridianOffAntipode = 3e-05;
 /// Beyond it, 170 degrees, lines near the antipode sweep around the rim of the map.
 constexpr std::int32_t NearlyWholeGlobe = 612000;
 /// Parallels within so many degrees of the antipode's latitude are stepped by azimuth.
@@ -124,9 +128,9 @@ void TwoPoints(GridPass& pass, double start, double end) {
 void MeridianThroughAntipode(GridPass& pass) {
     if (Design.ProjLon == 0.0) {
         Design.ProjLon = 360.0;
-        TwoPoints(pass, -Design.LatCentral + OffAntipode, pass.ClipLatMax);
+        TwoPoints(pass, -Design.LatCentral + MeridianOffAntipode, pass.ClipLatMax);
     } else {
-        TwoPoints(pass, pass.ClipLatMin, -Design.LatCentral - OffAntipode);
+        TwoPoints(pass, pass.ClipLatMin, -Design.LatCentral - MeridianOffAntipode);
     }
 }
 
@@ -135,10 +139,10 @@ void MeridianOfPolarMap(GridPass& pass) {
         Design.ProjLon = 360.0;
     }
     if (Design.LatCentral == 90.0) {
-        TwoPoints(pass, pass.ClipLatMin + OffAntipode, pass.ClipLatMax);
+        TwoPoints(pass, pass.ClipLatMin + MeridianOffAntipode, pass.ClipLatMax);
     } else {
         // The second latitude comes out near 270 degrees, which is the pole at -90 again.
-        TwoPoints(pass, pass.ClipLatMax - OffAntipode, pass.ClipLatMin);
+        TwoPoints(pass, pass.ClipLatMax - MeridianOffAntipode, pass.ClipLatMin);
     }
 }
 

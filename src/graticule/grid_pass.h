@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-/// What the files of the grid share: the state of one pass and its procedures. A pass walks the
-/// parallels, then the meridians, with steps of its own. Longitudes are relative; on an azimuthal
-/// map relative longitude 180 is the central meridian and LonSpan 360.
+/// What the sources of the grid share: the state of one pass. A pass walks the parallels, then the
+/// meridians, with steps of its own. Longitudes are relative; on an azimuthal map relative longitude 180 is
+/// the central meridian and LonSpan 360.
 
 namespace quelmont {
 
@@ -17,6 +17,7 @@ struct GridSteps {
     double LonPointStep = 0.0; ///< along a parallel
 };
 
+/// One walk over the lines of the grid. Angles in degrees where the name does not end in Sec; metres on UTM.
 struct GridPass {
     GridSteps steps;
     bool DiskOut = false; ///< points also go to the export file
@@ -33,40 +34,5 @@ struct GridPass {
     double SecondLatMax = 0.0;
     std::vector<double> LonList; ///< longitudes of one parallel near the antipode
 };
-
-/// Segments plotted per grid spacing along a meridian and along a parallel, by projection.
-std::int16_t LatPointsPerMark();
-std::int16_t LonPointsPerMark();
-
-/// The clipping values of an azimuthal map.
-void AzimuthalBounds(GridPass& pass);
-
-/// Where the parallel ProjLat meets the circle: ClipLonMin, ClipLonMax. RunTimeError where the
-/// parallel does not meet it.
-void CutParallel(GridPass& pass);
-
-/// Where the meridian ProjLon meets the circle: ClipLatMin, ClipLatMax, and SecondPiece with
-/// SecondLatMax when it leaves the circle in its middle.
-void CutMeridian(GridPass& pass);
-
-/// Plots the parallel ProjLat with steps that turn the azimuth at the map's centre by about one
-/// degree each, for whole-globe maps near the antipode.
-void AntipodalParallel(GridPass& pass);
-
-/// Plots the meridian ProjLon, from ClipLatMin to ClipLatMax, one degree of azimuth at a time.
-void MeridianByAzimuth(GridPass& pass);
-
-/// Projects ProjLat, ProjLon and draws to it, breaking the line where the map does.
-void PlotPoint(GridPass& pass);
-
-/// Draws ProjX, ProjY on the surface and into the export file.
-void PlotProjected(const GridPass& pass);
-
-/// All parallels, all meridians. False when Escape was pressed.
-bool Parallels(GridPass& pass);
-bool Meridians(GridPass& pass);
-
-/// -LatCentral, the latitude of the antipode, within rounding.
-bool IsAntipodalLatitude(double latitude);
 
 } // namespace quelmont

@@ -1,8 +1,9 @@
+#include "graticule/lobes.h"
+
 #include "core/angle_text.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/run_time_error.h"
-#include "graticule/calc_graticule.h"
 #include "graticule/graticule_fields.h"
 #include "projection/lobe_row.h"
 #include "projection/project_select.h"

@@ -4,6 +4,9 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "graticule/grid_clip.h"
+#include "graticule/grid_density.h"
+#include "graticule/grid_lines.h"
 #include "graticule/grid_pass.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
@@ -99,7 +102,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     pass.ClipLonMin = Design.LonZero;
     bool more = true;
     if (IsAzimuthal(Design.ProjNum)) {
-        AzimuthalBounds(pass);
+        CalcCircleReach(pass);
         more = BoundaryCircle(pass);
     }
     if (more && (!Parallels(pass) || !Meridians(pass))) {

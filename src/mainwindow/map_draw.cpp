@@ -6,7 +6,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/stop_signals.h"
-#include "graticule/calc_graticule.h"
+#include "graticule/lobes.h"
 #include "graticule/plot_grid.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"

@@ -11,6 +11,7 @@
 #include "output/scale_screen.h"
 #include "platform/machine.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
 
 namespace quelmont {

@@ -62,8 +62,8 @@ private:
     void Seek(std::int64_t count);
     [[noreturn]] static void PastEnd();
 
-    /// Of BlockSize bytes, whatever length the file tells: some systems' files tell none, and a file may
-    /// grow or shrink while it is read.
+    /// Of BlockSize bytes, whatever length the file reports: generated files (/proc) report none, and a file
+    /// may grow or shrink while it is read.
     std::unique_ptr<std::byte[]> block;
     std::size_t next = 0;      ///< of the block's bytes, the first that was not taken
     std::size_t filled = 0;    ///< bytes in the block

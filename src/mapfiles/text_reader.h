@@ -22,7 +22,7 @@ constexpr std::size_t MaxFilling = 16 * MaxTextItem;
 /// The text that lies ahead, up to MaxTextItem. It stays valid until more is asked for.
 inline std::string_view TextAhead(ByteReader& bytes) {
     const std::span<const std::byte> ready =
-        bytes.Ahead(MaxTextItem + 1); // one more tells whether it goes on
+        bytes.Ahead(MaxTextItem + 1); // one more shows whether it goes on
     return std::string_view(reinterpret_cast<const char*>(ready.data()), ready.size()).substr(0, MaxTextItem);
 }
 

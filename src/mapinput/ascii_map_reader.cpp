@@ -56,7 +56,7 @@ std::vector<std::string>& Doubtful() {
     return names;
 }
 
-/// Once, though an interrupted map reads its files for every lobe.
+/// Each file is kept once, though an interrupted map reads its files for every lobe.
 void AddDoubtful(const std::string& name) {
     std::vector<std::string>& names = Doubtful();
     if (std::find(names.begin(), names.end(), name) == names.end()) {

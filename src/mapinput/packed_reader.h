@@ -12,7 +12,7 @@ struct MapFormat;
 ///
 /// A segment is a line in the style of its feature. One of a feature that is not shown, or whose box
 /// cannot touch the map, is stepped over without reading it; its points count as read all the same.
-/// A file that ends within a segment ends there and nothing is told.
+/// A file that ends within a segment ends there without a message.
 /// RunTimeError when the file cannot be read or sought, when a point has no place, and "Subscript out
 /// of range" for a rank that no feature could have.
 bool ReadPacked(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);

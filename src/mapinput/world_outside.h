@@ -16,7 +16,7 @@ public:
           latReach(static_cast<float>((static_cast<double>(north) - south) / 7200.0) + Margin),
           lonWest(static_cast<float>(west / 3600.0)), lonReach(static_cast<float>(span / 3600.0) + Margin) {}
 
-    /// Whether a point in degrees is outside for certain. False where it is not easily told: near the
+    /// Whether a point in degrees is outside for certain. False where that is not quickly decided: near the
     /// bounds, and for what is no place on the earth.
     bool Holds(float lat, float lon) const {
         if (!(std::fabs(lat) < MaxLat) || !(std::fabs(lon) < MaxLon)) {

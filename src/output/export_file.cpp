@@ -174,7 +174,7 @@ void CloseExport() {
         try {
             CloseFile(OutputFileNumber);
         } catch (const RunTimeError&) {
-            // The first failure is told.
+            // The first failure is reported.
         }
         throw;
     }

@@ -8,12 +8,12 @@ enum class BoxButtons { Ok, RetryCancel, YesNo };
 enum class BoxIcon { Exclamation, Information };
 enum class BoxAnswer { Ok, Retry, Cancel, Yes, No };
 
-/// Message boxes. The only way in which the logic speaks to a person.
+/// Message boxes. The only way in which the program's logic addresses the user.
 class Boxes {
 public:
     virtual ~Boxes() = default;
 
-    /// Shows a modal box and returns the button that closed it. A box closed without a button
+    /// Shows a modal message box and returns the button that closed it. One closed without a button
     /// answers Ok, Cancel or No, whichever it has. Texts are UTF-8; "\n" breaks a line.
     virtual BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons,
                           BoxIcon icon) = 0;

@@ -8,7 +8,7 @@ namespace quelmont {
 /// What a file dialog is to show. Names are UTF-8.
 struct FileDialogRequest {
     std::string title = {};
-    /// Names and patterns by turns: "WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd".
+    /// Names and patterns alternately: "WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd".
     std::string filter = {};
     int filterIndex = 1;        ///< of the pair that is in force at first, from 1
     std::string name = {};      ///< proposed, without a folder; a pattern proposes none
@@ -23,7 +23,7 @@ struct FileDialogRequest {
 constexpr int FileDialogCancelled = 32755;
 
 struct FileDialogAnswer {
-    int error = 0;                       ///< 0, FileDialogCancelled, or another number of the system's
+    int error = 0;                       ///< 0, FileDialogCancelled, or another error number
     std::vector<std::string> names = {}; ///< full names in their order; none after an error, else one or more
 };
 

@@ -27,7 +27,7 @@ enum class ControlKind {
 
 enum class ControlEvent {
     Click,       ///< a button, an option or a grid's cell was pressed, a line of a list or a colour chosen
-    DoubleClick, ///< a line of a list was
+    DoubleClick, ///< a line of a list was double-clicked
     Change,      ///< a text or a number became another, another cell of a grid the current one
     MouseMove,   ///< another cell of a palette is under the mouse, or none
     Drop,        ///< files were dropped on a list
@@ -125,11 +125,11 @@ public:
     void Hover(std::string_view name, int cell);
     void PressF1() const;
 
-    /// Called by the view when a control's values may have changed behind its back.
+    /// The watcher runs whenever a control's values may have changed; the view sets it.
     void SetWatcher(std::function<void()> watcher) { changed = std::move(watcher); }
 
 protected:
-    /// The first control that can have the focus has it; of options the one that is chosen.
+    /// Adds a control. The first control that can have the focus gets it; of options the chosen one.
     Control& Add(Control control);
     Control& Edit(std::string_view name);
     /// Puts a text into an edit, in its mask's columns; no handler runs.
@@ -142,13 +142,13 @@ protected:
     void Close();
 
     /// Runs a handler. A form whose handlers may fail catches their failures here: the view calls
-    /// them from the window system's own code, which lets nothing pass.
+    /// them from Qt's event loop, through which no exception may pass.
     virtual void Handle(const std::function<void()>& handler) { handler(); }
 
 private:
     bool Handles(std::string_view name, ControlEvent event) const;
     void Run(std::string_view name, ControlEvent event);
-    /// Lets a handler's call for the focus count.
+    /// Moves the focus to where a handler asked for it, if one did.
     void GiveWantedFocus();
     void Changed() const;
 

@@ -12,7 +12,7 @@ class DrawSurface;
 /// The menus of the main window. mnuBar holds the titles on the menu bar itself.
 enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout };
 
-/// Shapes of the mouse pointer, by the window system's numbers.
+/// Shapes of the mouse pointer.
 enum class MousePointer { Normal = 0, Hourglass = 11 };
 
 /// A window on the screen in twips: the upper left corner of its frame, and the size of what is
@@ -26,7 +26,7 @@ struct WindowPlace {
     bool operator==(const WindowPlace&) const = default;
 };
 
-/// Pixels in rows from the top, 0x00BBGGRR.
+/// Pixels in rows from the top to the bottom, without gaps, 0x00BBGGRR.
 struct PixelImage {
     std::int32_t width = 0;
     std::int32_t height = 0;

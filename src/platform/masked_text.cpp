@@ -20,7 +20,7 @@ std::string DigitsOf(std::string_view text) {
     return digits;
 }
 
-/// Neighbouring characters of one kind, digits or letters; whatever else parts them.
+/// Splits a text into runs of digits and runs of letters; any other character separates them.
 std::vector<std::string> GroupsOf(std::string_view text) {
     std::vector<std::string> groups;
     char before = ' ';

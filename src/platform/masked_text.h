@@ -20,7 +20,7 @@ public:
     /// The digits alone.
     std::string BareDigits() const;
 
-    /// Takes a text over. One that has the mask's own columns is taken as it stands, and what lies
+    /// Sets the text. One that has the mask's own columns is taken as it stands, and what lies
     /// beyond the mask is dropped. An angle may also come in groups of its own lengths, a number with
     /// other separators or none, aligned at its decimal point or its end. Missing digits are 0, a
     /// missing letter is a blank.

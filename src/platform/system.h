@@ -4,7 +4,7 @@
 
 namespace quelmont {
 
-/// The user interface's turn inside a long loop.
+/// Lets the user interface work inside a long loop.
 class Pump {
 public:
     virtual ~Pump() = default;

@@ -1,3 +1,5 @@
+#include "projection/azimuthal.h"
+
 #include "core/map_design.h"
 #include "projection/azimuthal_terms.h"
 #include "projection/forward.h"

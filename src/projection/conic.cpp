@@ -1,3 +1,5 @@
+#include "projection/conic.h"
+
 #include "core/map_design.h"
 #include "projection/forward.h"
 

@@ -2,13 +2,6 @@
 
 namespace quelmont {
 
-/// Proposes standard parallels for the bounds of the map.
-///
-/// Reads   ProjNum, LatNorth, LatSouth (degrees).
-/// Writes  StdParNorth, StdParSouth (degrees), StdParNorthText, StdParSouthText, StdParText.
-/// A failed statement shows "Error in ParamStdParallel" and is passed over.
-void ParamStdParallel();
-
 /// Computes the working constants of the projection and finds the extent of the map, by projecting
 /// chosen points of its boundary.
 ///

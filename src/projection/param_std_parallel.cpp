@@ -1,12 +1,13 @@
+#include "projection/param_std_parallel.h"
+
 #include "core/angle_text.h"
 #include "core/map_design.h"
-#include "projection/param_select.h"
 
 namespace quelmont {
 
 namespace {
 
-/// One latitude of true scale, on the side of the equator that does not matter.
+/// One latitude of true scale. It serves north and south alike, so that its hemisphere does not matter.
 void OneTrueLatitude(double north, double south) {
     if (north > 0.0 && south >= 0.0) {
         Design.StdParNorth = (north + south) / 2.0;

@@ -1,7 +1,10 @@
 #include "projection/project_select.h"
 
 #include "core/map_design.h"
-#include "projection/forward.h"
+#include "projection/azimuthal.h"
+#include "projection/conic.h"
+#include "projection/cylindrical.h"
+#include "projection/pseudocylindrical.h"
 
 namespace quelmont {
 
@@ -39,22 +42,6 @@ void ProjectSelect() {
         return ForwardAzimuthal();
     default:
         return;
-    }
-}
-
-void StoreX(double x) {
-    if (std::isfinite(x)) {
-        Design.ProjX = x;
-    } else {
-        ReportProjectSelect(ErrorOverflow);
-    }
-}
-
-void StoreY(double y) {
-    if (std::isfinite(y)) {
-        Design.ProjY = y;
-    } else {
-        ReportProjectSelect(ErrorOverflow);
     }
 }
 

@@ -1,3 +1,5 @@
+#include "projection/pseudocylindrical.h"
+
 #include "core/map_design.h"
 #include "projection/forward.h"
 
@@ -56,7 +58,7 @@ void ForwardMollweide() {
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
     const double theta = MollweideTheta(Design.ProjLat, phi);
     if (!std::isfinite(theta)) {
-        // A hair's breadth from a pole the slope of Newton's rule is zero.
+        // Very near a pole the slope of Newton's rule is zero.
         ReportProjectSelect(ErrorDivisionByZero);
         return;
     }

@@ -41,8 +41,8 @@ void MeridianSeries() {
     const double e6 = e4 * e2;
     Design.SpheroidE2 = e2;
     Design.SpheroidEp2 = Divide(e2, 1.0 - e2);
-    // The last term is added here, where Snyder subtracts it: maps of the same design must come
-    // out the same. It shifts northings by up to 12 centimetres.
+    // The last term is added here, where Snyder subtracts it: northings of this program and of its map
+    // files are defined with it. It shifts them by up to 12 centimetres.
     Design.UtmMeridianC0 = ((1.0 - e2 / 4.0) - (e4 * 3.0) / 64.0) + (e6 * 5.0) / 256.0;
     const double a = -((e4 * 3.0) / 32.0 + (e2 * 3.0) / 8.0 + (e6 * 45.0) / 1024.0);
     const double b = (e4 * 15.0) / 256.0 + (e6 * 45.0) / 1024.0;

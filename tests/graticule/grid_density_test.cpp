@@ -1,5 +1,6 @@
 #include "core/map_design.h"
 #include "core/run_time_error.h"
+#include "graticule/grid_density.h"
 #include "graticule/grid_pass.h"
 #include "support/fresh_program.h"
 

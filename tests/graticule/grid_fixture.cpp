@@ -10,6 +10,7 @@
 #include "output/scale_screen.h"
 #include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/utm.h"
 
 namespace quelmont {

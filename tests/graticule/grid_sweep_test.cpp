@@ -1,8 +1,9 @@
 #include "core/map_design.h"
-#include "graticule/calc_graticule.h"
+#include "graticule/grid_density.h"
 #include "graticule/grid_fixture.h"
 #include "graticule/grid_pass.h"
 #include "graticule/grid_texts.h"
+#include "graticule/lobes.h"
 #include "projection/reference_projection.h"
 
 #include <gmock/gmock.h>

@@ -2,6 +2,7 @@
 #include "core/run_time_error.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_texts.h"
+#include "graticule/lobes.h"
 #include "projection/lobe_row.h"
 #include "support/fresh_program.h"
 

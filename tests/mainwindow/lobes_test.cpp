@@ -1,4 +1,5 @@
 #include "graticule/calc_graticule.h"
+#include "graticule/lobes.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
 #include "projection/param_select.h"

@@ -2,6 +2,7 @@
 
 #include "core/file_numbers.h"
 #include "graticule/calc_graticule.h"
+#include "graticule/lobes.h"
 #include "graticule/utm_grid.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/start_up.h"
@@ -9,6 +10,7 @@
 #include "output/fan_out.h"
 #include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 

@@ -4,6 +4,7 @@
 #include "core/constant_defs.h"
 #include "core/file_numbers.h"
 #include "graticule/calc_graticule.h"
+#include "graticule/lobes.h"
 #include "graticule/utm_grid.h"
 #include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
@@ -13,6 +14,7 @@
 #include "output/scale_screen.h"
 #include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/utm.h"
 
 #include <algorithm>

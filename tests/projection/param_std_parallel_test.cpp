@@ -1,6 +1,6 @@
 #include "core/map_design.h"
 #include "projection/map_fields.h"
-#include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>

@@ -12,7 +12,7 @@ from osgeo import ogr
 
 from . import rivers
 
-# Without exceptions a missing file is told in the words of these scripts.
+# Without exceptions these scripts report a missing file themselves.
 ogr.DontUseExceptions()
 
 EARTH_RADIUS = 6371.0  # kilometres

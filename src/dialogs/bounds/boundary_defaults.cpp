@@ -6,7 +6,7 @@
 #include "dialogs/bounds/boundary_checks.h"
 #include "graticule/calc_graticule.h"
 #include "projection/lobe_row.h"
-#include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 
 #include <algorithm>
 #include <cstddef>

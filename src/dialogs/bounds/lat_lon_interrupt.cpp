@@ -4,7 +4,7 @@
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_defaults.h"
 #include "dialogs/bounds/lobe_checks.h"
-#include "graticule/calc_graticule.h"
+#include "graticule/lobes.h"
 
 #include <algorithm>
 

@@ -35,7 +35,7 @@ std::string Header(std::int32_t width, std::int32_t height) {
     AppendWord(header, BitsPerPixel);
     AppendLong(header, 0); // not compressed
     AppendLong(header, imageBytes);
-    header.resize(HeaderBytes, '\0'); // densities and counts of colours are not told
+    header.resize(HeaderBytes, '\0'); // resolution and colour counts stay 0
     return header;
 }
 

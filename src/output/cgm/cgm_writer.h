@@ -59,7 +59,7 @@ private:
     void PatchLength();
 
     std::optional<std::int64_t> CgmLengthPos; ///< offset of the open polyline's length
-    int interior = 0;                         ///< style of shapes that the file has last been told
+    int interior = 0;                         ///< interior style last written to the file
     std::optional<CgmWords> carried;          ///< a full chain's last vertex, which opens the next one
 };
 

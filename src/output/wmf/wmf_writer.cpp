@@ -101,7 +101,7 @@ void WmfWriter::SaveRecords() {
             WriteExport(std::string(PlaceableBytes + MetafileRecorder::HeaderBytes, '\0'));
         }
     } catch (const RunTimeError& error) {
-        // It is told at the end; what follows is passed over.
+        // It is reported at the end; what follows is skipped.
         beginningFailed = beginningFailed.value_or(error);
         return;
     }

@@ -10,7 +10,6 @@
 #include "dialogs/bounds/lobe_checks.h"
 #include "dialogs/bounds/utm_dialogs.h"
 #include "graticule/calc_graticule.h"
-#include "projection/param_select.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 #include "support/fresh_program.h"

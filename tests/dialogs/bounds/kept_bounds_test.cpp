@@ -12,6 +12,7 @@
 #include "graticule/calc_graticule.h"
 #include "graticule/calculate_bounds.h"
 #include "projection/param_select.h"
+#include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
 #include "support/fresh_program.h"
 
