@@ -9,7 +9,7 @@ namespace quelmont {
 ///
 /// StartUp must have run. Writes  what the dialogs of boundaries, standard parallels, lobes, UTM,
 /// grid, background and map files write, and the constants of the projection.
-/// False when a check refused the design; its box was shown.
+/// False when a check refused the design; its message box was shown.
 bool ApplyOptions(const DrawOptions& options);
 
 } // namespace quelmont

@@ -9,17 +9,17 @@
 #include <string>
 #include <utility>
 
-/// A machine without a person and without a screen, for a draw from the command line.
+/// A machine without a user and without a screen, for a draw from the command line.
 
 namespace quelmont {
 
-/// Writes each box to a stream, its title and its text, and answers Cancel, No or Ok, whichever the
-/// box has.
+/// Writes each message box to a stream, its title and its text, and answers Cancel, No or Ok, whichever the
+/// message box has.
 class HeadlessBoxes final : public Boxes {
 public:
     explicit HeadlessBoxes(std::ostream& stream_) : stream(stream_) {}
     BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons, BoxIcon icon) override;
-    /// Boxes since the start.
+    /// Message boxes since the start.
     int Count() const { return count; }
 
 private:

@@ -14,7 +14,7 @@ namespace quelmont {
 namespace {
 
 /// Capitals, single blanks between words.
-std::string Plain(std::string_view name) {
+std::string NormalizedName(std::string_view name) {
     std::string plain;
     for (const char c : Capitals(name)) {
         const bool blank = c == ' ' || c == '\t';
@@ -48,7 +48,7 @@ std::optional<std::int16_t> RowOfNumber(double number, const std::string& mapFil
 
 /// The row of a text, which is a number or a name.
 std::optional<std::int16_t> RowOfText(const std::string& text, const std::string& mapFile) {
-    const std::string plain = Plain(text);
+    const std::string plain = NormalizedName(text);
     int number = 0;
     const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), number);
     if (error == std::errc() && end == plain.data() + plain.size()) {
@@ -62,11 +62,11 @@ bool IsNumber(OGRFieldType type) { return type == OFTInteger || type == OFTInteg
 } // namespace
 
 std::optional<std::int16_t> RowOfName(std::string_view name, std::string_view mapFile) {
-    const std::string wanted = Plain(name);
+    const std::string wanted = NormalizedName(name);
     std::int16_t row = 0;
     for (const FeatureRow& each : FeatureRows(mapFile)) {
         ++row;
-        if (Plain(each.name) == wanted) {
+        if (NormalizedName(each.name) == wanted) {
             return row;
         }
     }

@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 16> StandardNames = {
     "grey",  "blue",      "green",      "cyan",      "red",      "magenta",      "yellow", "white",
 };
 
-/// Of the rows below the first, from dark to light or along the hues.
+/// Names of the rows below the first, from dark to light or along the hues.
 constexpr std::array<std::string_view, 15> RampNames = {
     "grey",  "red",  "orange", "yellow",  "yellow green", "green", "spring green", "cyan",
     "azure", "blue", "violet", "magenta", "rose",         "brown", "dull hue",

@@ -26,7 +26,7 @@ void ShowDrawBox(std::string_view title, std::string_view text);
 
 /// Between the two calls, which enclose a draw, each of these message boxes is shown once: a
 /// failing point would otherwise show as many as the map has points. Repeats are counted, and
-/// EndDrawBoxes tells their number in one last box.
+/// EndDrawBoxes tells their number in one last message box.
 void BeginDrawBoxes();
 void EndDrawBoxes();
 /// Forgets a draw's message boxes and their repeats; shows nothing.

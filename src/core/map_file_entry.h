@@ -29,7 +29,7 @@ enum SymbolType : std::int16_t {
     SymbolText = 99,
 };
 
-/// The twelve that a file can have.
+/// The number of symbol types that a file can have.
 constexpr std::int16_t SymbolTypes = 12;
 
 /// Square, diamond, triangle and circle, by their outline or filled.

@@ -31,8 +31,8 @@ class MaskedEdit;
 /// everything. The layout of each dialog arranges the widgets (dialog_layouts.h).
 ///
 /// Buttons get the focus by the tab key only. A change of the focus reaches the form from the event
-/// queue: a box that is shown inside a focus event would swallow the click that caused it. Changes
-/// that a box or another window brings are none of the form's.
+/// queue: a message box that is shown inside a focus event would swallow the click that caused it. Changes
+/// that a message box or another window brings are none of the form's.
 class FormView : public QDialog {
 public:
     FormView(Form& form, QWidget* parent);

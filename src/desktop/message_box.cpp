@@ -59,7 +59,7 @@ constexpr int TitleBarParts = 6;
 /// What the sides of a window's frame take of the screen, at most.
 constexpr int FrameSides = 16;
 
-/// Units that stay free between a part and the box.
+/// Units that stay free between a part and the message box.
 constexpr int Distance = 8;
 
 /// Moves a span of a length into limits as far as it has room there.
@@ -124,7 +124,7 @@ void MessageBox::showEvent(QShowEvent* event) {
         return;
     }
     const QRect dialog = below->frameGeometry();
-    // The frame of the box is not there yet; it will be that of its dialog.
+    // The frame of the message box is not there yet; it will be that of its dialog.
     const QSize frame = dialog.size() - below->size();
     const QRect part =
         spokenOf->isEmpty() ? dialog : QRect(below->mapToGlobal(spokenOf->topLeft()), spokenOf->size());

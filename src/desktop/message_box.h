@@ -25,10 +25,10 @@ public:
     /// dialog.
     void StandBeside(const QRect& part) { spokenOf = part; }
 
-    /// Shows the box and returns the button that closed it.
+    /// Shows the message box and returns the button that closed it.
     BoxAnswer Ask();
 
-    /// What a box answers that was closed without a button.
+    /// What a message box answers that was closed without a button.
     static BoxAnswer AnswerWithoutButton(BoxButtons buttons);
 
 protected:

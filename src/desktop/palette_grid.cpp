@@ -20,7 +20,7 @@ constexpr int SmallestCell = 8;
 
 } // namespace
 
-QColor ColorOf(std::uint32_t value) {
+QColor QColorOf(std::uint32_t value) {
     return {static_cast<int>(value & 0xFFU), static_cast<int>(value >> 8U & 0xFFU),
             static_cast<int>(value >> 16U & 0xFFU)};
 }
@@ -96,7 +96,7 @@ void PaletteGrid::Frame(QPainter& painter, int cell, bool inUse) const {
 void PaletteGrid::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     for (int cell = 0; cell < static_cast<int>(colors.size()); ++cell) {
-        painter.fillRect(CellRect(cell), ColorOf(colors[static_cast<std::size_t>(cell)]));
+        painter.fillRect(CellRect(cell), QColorOf(colors[static_cast<std::size_t>(cell)]));
     }
     painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Dark));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

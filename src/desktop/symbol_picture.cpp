@@ -14,7 +14,7 @@ namespace {
 /// Pixels of height to one of the pen's width, so that a symbol looks alike on every screen.
 constexpr int HeightOfPen = 18;
 
-ColorValue ValueOf(const QColor& color) {
+ColorValue ColorValueOf(const QColor& color) {
     return Rgb(static_cast<unsigned>(color.red()), static_cast<unsigned>(color.green()),
                static_cast<unsigned>(color.blue()));
 }
@@ -23,12 +23,12 @@ ColorValue ValueOf(const QColor& color) {
 
 QImage SymbolPicture(int type, QSize size, const QColor& ink, const QColor& paper) {
     ImageSurface surface(size.width(), size.height());
-    surface.Clear(ValueOf(paper));
+    surface.Clear(ColorValueOf(paper));
     DrawSymbolSample(surface, {.type = static_cast<std::int16_t>(type),
                                .width = size.width(),
                                .height = size.height(),
                                .penWidth = std::max(1, size.height() / HeightOfPen),
-                               .color = ValueOf(ink)});
+                               .color = ColorValueOf(ink)});
     return surface.Image().copy();
 }
 

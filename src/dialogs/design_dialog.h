@@ -23,7 +23,7 @@ protected:
     /// Clears DialogCancelled and closes.
     void CloseAccepted();
 
-    /// A run-time error of a handler shows its box under the dialog's name.
+    /// A run-time error of a handler shows its message box under the dialog's name.
     void Handle(const std::function<void()>& handler) override;
 };
 

@@ -13,7 +13,7 @@ void ConstantGrid();
 ///         GridText 0, 1, 3 and 4 to the whole globe about the centre.
 /// Writes  every field of the sections "Bounds and grid" and "Centre of the map", but for the
 ///         azimuthal range on other maps; ProjOffMap and LastRefusal when it refuses.
-/// A refusal is a box with Retry and Cancel; the numbers stay as they were reached, ProjOffMap is
+/// A refusal is a message box with Retry and Cancel; the numbers stay as they were reached, ProjOffMap is
 /// set, and LastRefusal tells the dialog what to do. The tests are made on whole seconds.
 /// A run-time failure, above all a spacing of zero, shows "Error in CalcGraticule" and ends the
 /// routine with ProjOffMap as it was.

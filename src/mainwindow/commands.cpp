@@ -31,7 +31,7 @@ constexpr std::array ClickHandlers = std::to_array<ClickHandler>({
 });
 
 /// A number in a caption: the general form without its leading blank.
-std::string Plain(double value) {
+std::string CaptionNumber(double value) {
     const std::string text = GeneralText(value);
     return text.substr(text.find_first_not_of(' '));
 }
@@ -74,8 +74,9 @@ void ToggleCaption() {
         caption.erase(0, bar + 1);
     }
     if (window.MenuChecked(Menu::mnuDesign, PixelSizeItem) && Design.TwipsPerPixelX > 0.0F) {
-        caption = Plain(window.ScaleWidth() / Design.TwipsPerPixelX) + "," +
-                  Plain(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" + caption;
+        caption = CaptionNumber(window.ScaleWidth() / Design.TwipsPerPixelX) + "," +
+                  CaptionNumber(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" +
+                  caption;
     }
     window.SetCaption(caption);
 }

@@ -81,7 +81,7 @@ void ReadPlace() {
     Machine().window->SetPlace({n[0], n[1], n[2], n[3]});
 }
 
-std::string Plain(double value) {
+std::string SettingNumber(double value) {
     const std::string text = GeneralText(value);
     return text.substr(text.find_first_not_of(' '));
 }
@@ -128,9 +128,9 @@ void WriteSettings() {
     const std::array<double, 2> screen = ScreenTwips();
     const std::array<std::pair<const char*, std::string>, 4> settings = {{
         {"PrinterUnits", std::to_string(Design.PrintUnitTwips)},
-        {"ScreenSize", Plain(screen[0]) + " " + Plain(screen[1])},
-        {"MainWindow",
-         Plain(place.left) + " " + Plain(place.top) + " " + Plain(place.width) + " " + Plain(place.height)},
+        {"ScreenSize", SettingNumber(screen[0]) + " " + SettingNumber(screen[1])},
+        {"MainWindow", SettingNumber(place.left) + " " + SettingNumber(place.top) + " " +
+                           SettingNumber(place.width) + " " + SettingNumber(place.height)},
         {"WindowMaximized", window.IsZoomed() ? "-1" : "0"},
     }};
     for (std::size_t i = 0; i < settings.size(); ++i) {

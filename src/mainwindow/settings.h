@@ -7,7 +7,7 @@ namespace quelmont {
 ///
 /// The file is looked for in the settings folder first, then in the program's. The place and the
 /// maximised state count only if the screen is at least as large as it was. No fault of the file is
-/// worth a box.
+/// worth a message box.
 void ReadSettings();
 
 /// Writes the four keys when the window closes: to the program's folder, or to the settings folder

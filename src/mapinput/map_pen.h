@@ -35,7 +35,7 @@ constexpr int SiteAfterError = 15;
 /// Reads   CurrentSymbolType, TwipsPerPixelY, and as SetSymbolSize.
 /// Writes  PenColor, PenWidth (device pixels: the width of lines, dots and filled symbols, the
 ///         outline of the others), and as SetSymbolSize.
-/// A pen that cannot be made or deleted shows its box and the plot goes on. RunTimeError as
+/// A pen that cannot be made or deleted shows its message box and the plot goes on. RunTimeError as
 /// SetSymbolSize.
 void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites);
 

@@ -15,7 +15,7 @@ enum class ClippingFamily {
     None,      ///< an unknown projection draws nothing
 };
 
-/// The road of a point of a map file or circle from its source to the devices: bounds, clipping,
+/// The pipeline of a point of a map file or circle from its source to the devices: bounds, clipping,
 /// projection, drawing. One object serves one call of MapPlot.
 ///
 /// A source writes PointLatSec and PointLonSec of Design, true seconds of arc, and calls TestBounds,
@@ -113,8 +113,8 @@ private:
 
     ClippingFamily family = ClippingFamily::None;
     bool hasPrevious = false; ///< a point of this map's files has passed PlotStep
-    /// The last cut point of the file, at first the equator on the western boundary. A line that leaps
-    /// over the hole of the rectangle family is cut there.
+    /// The last cut point of the file, at first the equator on the western boundary. Where the tests
+    /// of a rectangle find no crossing of a segment, it is cut there.
     std::int32_t EdgeLat = 0, EdgeLon = 0;
 };
 

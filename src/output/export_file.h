@@ -27,7 +27,7 @@ bool ExportBegun(const std::string& target);
 void ResumeExport(const std::string& target);
 
 /// Writes behind what the open file holds. What follows a failed write is passed over in silence: the
-/// file is lost, and was told to be. RunTimeError "Disk full", "Device I/O error".
+/// file is lost, and was reported to be. RunTimeError "Disk full", "Device I/O error".
 void WriteExport(std::string_view bytes);
 
 /// Bytes of the open file so far.
@@ -40,7 +40,7 @@ void PatchExport(std::int64_t position, std::string_view bytes);
 /// WriteExport.
 void CloseExport();
 
-/// An element could not be written, and its box was shown: what is begun is given up whole.
+/// An element could not be written, and its message box was shown: what is begun is given up whole.
 void LoseExport();
 
 /// Runs a routine of a writer that has an error handler, as Guarded does. What it failed to write costs
@@ -54,7 +54,7 @@ bool GuardedWriting(std::string_view routine, Body&& body) {
     return done;
 }
 
-/// Box of a failed operation of the surface that records an export: what it drew is lost.
+/// Message box of a failed operation of the surface that records an export: what it drew is lost.
 inline void ReportLossUnless(bool recorded, std::string_view text) {
     if (!recorded) {
         ShowApiErrorBox(text);
@@ -63,8 +63,8 @@ inline void ReportLossUnless(bool recorded, std::string_view text) {
 }
 
 /// Puts the closed files in their targets' places, all or none. They are removed instead when a write has
-/// failed, which was told, or an element was lost, which the box "Map Not Saved" tells. RunTimeError as
-/// MoveTogether; the temporary files are gone then too.
+/// failed, which was reported, or an element was lost, which the message box "Map Not Saved" reports.
+/// RunTimeError as MoveTogether; the temporary files are gone then too.
 void FinishExports();
 
 /// Closes and removes whatever was begun and is not finished.

@@ -9,7 +9,7 @@ namespace quelmont {
 class FileWriter {
 public:
     virtual ~FileWriter() = default;
-    /// Begins the file at the first pass of a draw. A writer that shows the box of a failure itself
+    /// Begins the file at the first pass of a draw. A writer that shows the message box of a failure itself
     /// sets PlotStopReason to "GridDiskError".
     virtual void Header() {}
     /// Opens the file for a stretch; slot counts the names in AsciiFileName from 1. RunTimeError as
@@ -22,7 +22,7 @@ public:
     /// Ends the current line.
     virtual void LineBreak() = 0;
     /// After the last stretch: texts, the file's end, and the file takes its place. A writer whose
-    /// routines have names shows the boxes of their failures.
+    /// routines have names shows the message boxes of their failures.
     virtual void Finish() {}
     /// The state of the current line at the start of a draw and after a stop.
     virtual void ResetLine() {}
@@ -54,8 +54,8 @@ void ScaleXY();
 /// screen and the printer need no break. A failure shows "Error in PrintLineBrkDisk".
 void PrintLineBrkDisk();
 
-/// Writes the header of the armed writer at the first pass of a draw. A failure shows its box, "Error in
-/// PrintFileHeader" when the writer has none, and sets PlotStopReason to "GridDiskError".
+/// Writes the header of the armed writer at the first pass of a draw. A failure shows its message box, "Error
+/// in PrintFileHeader" when the writer has none, and sets PlotStopReason to "GridDiskError".
 void PrintFileHeader();
 
 /// Clears the flags of all writers.

@@ -23,8 +23,8 @@ struct SymbolPlot {
 };
 
 /// Draws a symbol of types 3 to 12 about a place in pixels, with the pen that the surface has. Other types
-/// draw nothing. A failed operation shows its box, which names PrintToScreen. RunTimeError "Overflow" for a
-/// symbol that is too large.
+/// draw nothing. A failed operation shows its message box, which names PrintToScreen. RunTimeError "Overflow"
+/// for a symbol that is too large.
 void DrawSymbol(DrawSurface& surface, const SymbolPlot& symbol, std::int32_t x, std::int32_t y);
 
 } // namespace quelmont

@@ -15,7 +15,7 @@
 
 namespace quelmont {
 
-/// Stores a coordinate, or shows the error box when it is not finite.
+/// Stores a coordinate, or shows a message box when it is not finite.
 void StoreX(double x);
 void StoreY(double y);
 
@@ -30,7 +30,7 @@ inline void StoreProjected(double x, double y) {
     }
 }
 
-/// Shows the box of a failed statement of ProjectSelect.
+/// Shows the message box of a failed statement of ProjectSelect.
 inline void ReportProjectSelect(int errorNumber) { ShowErrorBox("ProjectSelect", RunTimeError(errorNumber)); }
 
 } // namespace quelmont

@@ -34,7 +34,7 @@ void TwoParallels(double north, double south) {
 
 void ParamStdParallel() {
     // The bounds are finite and within 90 degrees, so that no statement here can fail but
-    // DegMinSec, which shows its own box.
+    // DegMinSec, which shows its own message box.
     if (Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea) {
         OneTrueLatitude(Design.LatNorth, Design.LatSouth);
     } else {

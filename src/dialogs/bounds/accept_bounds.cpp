@@ -78,7 +78,7 @@ bool AcceptFollowUp() {
     return true;
 }
 
-/// Boxes that nobody sees: each is answered like one that was closed.
+/// Message boxes that are not shown: each is answered like one that was closed.
 class UnseenBoxes : public Boxes {
 public:
     UnseenBoxes() { Machine().boxes = this; }

@@ -3,7 +3,7 @@
 #include <string>
 
 /// The design's texts of the boundaries, accepted as the OK of their dialogs accepts them, without a
-/// dialog. A step shows the box of its first refusal and answers false.
+/// dialog. A step shows the message box of its first refusal and answers false.
 
 namespace quelmont {
 
@@ -30,10 +30,10 @@ void FinishAcceptance();
 /// The bounds, then the parallels or lobes as their dialog would show them.
 bool AcceptChain();
 
-/// The chain and its end. A design that is refused stays as it was.
+/// The chain and its end. A design that is refused is not changed.
 bool AcceptProjection();
 
-/// Whether a step would accept the design. Shows no box and changes nothing.
+/// Whether a step would accept the design. Shows no message box and changes nothing.
 bool WouldAccept(bool (*step)());
 
 } // namespace quelmont

@@ -64,7 +64,7 @@ AngleField RuleOf(std::string_view dialog, std::string_view control) {
     throw std::out_of_range("no field " + std::string(control) + " in " + std::string(dialog));
 }
 
-/// Shows a box and answers what came of it: RefuseField while a field is left, RefuseAcceptance when
+/// Shows a message box and answers what came of it: RefuseField while a field is left, RefuseAcceptance when
 /// the dialog is accepted.
 using Refuse = Refusal (*)(std::string_view control, std::string_view title, std::string_view text);
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// What the dialogs of the map's boundaries refuse: each field when the focus leaves it, and the
-/// whole dialog when it is accepted. A check shows the box of its first fault and answers which
+/// whole dialog when it is accepted. A check shows the message box of its first fault and answers which
 /// control is concerned and which button was pressed; nothing is written back and no focus moves
 /// here. The dialogs are named by their classes, the fields by their controls.
 

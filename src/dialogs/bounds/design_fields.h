@@ -15,7 +15,7 @@ constexpr std::string_view LongitudeMask = "%%%    %%    %%    ?";
 constexpr std::string_view ArcMask = "%%%    %%    %%";
 
 /// A dialog whose fields show and store texts of the design. A field that is left with a bad text
-/// keeps the focus or gets the design's text back, as the box was answered.
+/// keeps the focus or gets the design's text back, as the message box was answered.
 class DesignFields : public BoundsForm {
 protected:
     using BoundsForm::BoundsForm;
@@ -34,7 +34,7 @@ protected:
     void StoreFields() const;
     const std::string& TextOf(std::string_view name) const { return At(name).text; }
 
-    /// Does what a box's answer asks for: the focus to the field, or the design's texts into the
+    /// Does what a message box's answer asks for: the focus to the field, or the design's texts into the
     /// fields named. True when nothing was refused.
     bool Allowed(const Refusal& refusal);
     /// Runs CalculateBounds and does the same for what it refused.

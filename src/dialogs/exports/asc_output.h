@@ -9,7 +9,7 @@ namespace quelmont {
 
 /// Asks for the names of the text files that an ASCII export writes: one for each part of the grid,
 /// one for each map file. A cell of the last column, pressed or taken with the space bar, opens the
-/// file dialog. When there is nothing to export, a box says so and the dialog is closed from the
+/// file dialog. When there is nothing to export, a message box says so and the dialog is closed from the
 /// start.
 ///
 /// Reads   GridTypeCode, GridOutputCount, InputFiles, AsciiFileName.

@@ -18,8 +18,8 @@ std::int32_t BmpStride(int bits, std::int32_t width);
 /// Rows that are written at once: as many as fit 16384 bytes, one at least.
 std::int32_t BmpStripeRows(std::int32_t stride);
 
-/// Copies the drawing area, which is blank before the first draw. False, and the box "BITMAP_CaptureBmp -
-/// Capture Failed", when it has no size.
+/// Copies the drawing area, which is blank before the first draw. False, and the message box
+/// "BITMAP_CaptureBmp - Capture Failed", when it has no size.
 bool CaptureBmp(BitmapCapture& capture);
 
 /// Writes a capture as a bitmap file of 24 bits a pixel, rows from the bottom up. A capture without

@@ -17,7 +17,7 @@ namespace quelmont {
 /// Elements go to the file as points arrive. A polyline stands in the long form, and its length is
 /// written over when it ends.
 ///
-/// Each routine shows the box of its own failure and ends; the draw goes on.
+/// Each routine shows the message box of its own failure and ends; the draw goes on.
 class CgmWriter final : public FileWriter {
 public:
     void Header() override;

@@ -14,7 +14,7 @@ namespace quelmont {
 /// Writes a map as a DXF file (release 12) in logical units: groups of a code in three columns and a
 /// value, a line each. Lines are polylines with their width, filled shapes solids or thick arcs.
 ///
-/// Each routine shows the box of its own failure and ends; the draw goes on.
+/// Each routine shows the message box of its own failure and ends; the draw goes on.
 class DxfWriter final : public FileWriter {
 public:
     void Header() override;

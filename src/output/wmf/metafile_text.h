@@ -8,7 +8,7 @@ namespace quelmont {
 /// A metafile's y grows upward here, so angles are negated.
 ///
 /// Reads   TextItems, ClientWidth, ClientHeight, LogicalWidth, LogicalHeight.
-/// What a surface refuses shows its box under "Windows API Error", any other failure "Error in
+/// What a surface refuses shows its message box under "Windows API Error", any other failure "Error in
 /// PrintRotatedText"; the next item goes on.
 void PrintText(MetafileRecorder& surface);
 

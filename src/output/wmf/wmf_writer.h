@@ -16,10 +16,10 @@ namespace quelmont {
 /// go to the file by the block, whatever their number; the headers, which tell of all records, come at
 /// the end.
 ///
-/// A surface operation that fails shows its box under "Windows API Error" and the draw goes on.
+/// A surface operation that fails shows its message box under "Windows API Error" and the draw goes on.
 class WmfWriter final : public FileWriter {
 public:
-    /// Begins a recording for WmfFileName: the map fills the window of logical units. Boxes of
+    /// Begins a recording for WmfFileName: the map fills the window of logical units. Message boxes of
     /// failures name mnuInput_Click, the command.
     void Header() override;
     /// RunTimeError "File not found" without a recording.
