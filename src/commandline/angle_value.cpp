@@ -1,3 +1,5 @@
+#include "commandline/angle_value.h"
+
 #include "commandline/option_values.h"
 
 #include "core/angle_text.h"

@@ -1,5 +1,6 @@
 #include "commandline/draw_options.h"
 
+#include "commandline/angle_value.h"
 #include "commandline/export_output.h"
 #include "commandline/option_values.h"
 #include "core/file_names.h"

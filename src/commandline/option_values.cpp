@@ -1,5 +1,6 @@
 #include "commandline/option_values.h"
 
+#include "commandline/angle_value.h"
 #include "core/file_names.h"
 #include "core/number_text.h"
 #include "core/split_text.h"

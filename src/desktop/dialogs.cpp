@@ -1,8 +1,10 @@
 #include "desktop/dialogs.h"
 
-#include "desktop/dialog_layouts.h"
+#include "desktop/boundary_layouts.h"
 #include "desktop/form_view.h"
 #include "desktop/keyboard_return.h"
+#include "desktop/look_layouts.h"
+#include "desktop/map_file_layouts.h"
 #include "desktop/session_end.h"
 
 #include <QApplication>

@@ -28,7 +28,8 @@ namespace quelmont {
 class MaskedEdit;
 
 /// A dialog on the screen. It shows the controls of a form and calls its handlers; the form decides
-/// everything. The layout of each dialog arranges the widgets (dialog_layouts.h).
+/// everything. The layout of each dialog arranges the widgets (boundary_layouts.h, look_layouts.h,
+/// map_file_layouts.h).
 ///
 /// Buttons get the focus by the tab key only. A change of the focus reaches the form from the event
 /// queue: a message box that is shown inside a focus event would swallow the click that caused it. Changes

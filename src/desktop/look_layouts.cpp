@@ -1,4 +1,5 @@
-#include "desktop/dialog_layouts.h"
+#include "desktop/look_layouts.h"
+
 #include "desktop/form_view.h"
 
 #include <QGridLayout>

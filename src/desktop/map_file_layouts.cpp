@@ -1,5 +1,6 @@
+#include "desktop/map_file_layouts.h"
+
 #include "core/file_names.h"
-#include "desktop/dialog_layouts.h"
 #include "desktop/file_drop.h"
 #include "desktop/form_view.h"
 #include "desktop/grid_table.h"

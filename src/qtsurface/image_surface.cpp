@@ -1,6 +1,7 @@
 #include "qtsurface/image_surface.h"
 
 #include "core/run_time_error.h"
+#include "qtsurface/thin_line.h"
 
 #include <algorithm>
 #include <array>

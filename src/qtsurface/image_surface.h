@@ -3,6 +3,7 @@
 #include "platform/draw_surface.h"
 #include "platform/main_window.h"
 #include "qtsurface/pixel_grid.h"
+#include "qtsurface/round_pen.h"
 
 #include <QImage>
 

@@ -1,4 +1,5 @@
-#include "qtsurface/pixel_grid.h"
+#include "qtsurface/round_pen.h"
+#include "qtsurface/thin_line.h"
 
 #include <algorithm>
 #include <cmath>

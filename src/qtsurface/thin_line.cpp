@@ -1,4 +1,4 @@
-#include "qtsurface/pixel_grid.h"
+#include "qtsurface/thin_line.h"
 
 #include <algorithm>
 #include <cstddef>

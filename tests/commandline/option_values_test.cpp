@@ -1,3 +1,4 @@
+#include "commandline/angle_value.h"
 #include "commandline/option_values.h"
 
 #include <gmock/gmock.h>
