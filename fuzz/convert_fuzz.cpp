@@ -7,6 +7,7 @@
 #include "convert/line_encoder.h"
 #include "convert/line_steps.h"
 #include "convert/map_file_source.h"
+#include "convert/simplify.h"
 #include "convert/utm_zone.h"
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
@@ -32,7 +33,7 @@ constexpr std::array Names = {"fuzz.map", "fuzz.pnt", "fuzz.pkv", "fuc.pkd",  "f
 const MapFormat& FormatOf(const char* name) { return *MapFormatOfEnding(name); }
 
 const UtmZone& Zone() {
-    static const UtmZone zone({177.0, "WGS84 1984"});
+    static const UtmZone zone({177.0, "WGS84 1984", 0.0}, 0.0);
     return zone;
 }
 

@@ -23,8 +23,8 @@ class Simplifier {
 public:
     Simplifier(const MapLine& line_, double tolerance_, const std::function<void()>& pump_)
         : line(line_), tolerance(tolerance_), pump(pump_), kept(line_.size(), false),
-          budget(DistancesPerLevel * static_cast<std::int64_t>(line_.size()) * std::bit_width(line_.size())) {
-    }
+          budget(DistancesPerLevel * static_cast<std::int64_t>(line_.size()) *
+                 static_cast<std::int64_t>(std::bit_width(line_.size()))) {}
 
     const std::vector<bool>& Kept() {
         kept.front() = kept.back() = true;
