@@ -22,6 +22,14 @@ if(QUELMONT_SANITIZE)
   list(APPEND QUELMONT_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(NOT QUELMONT_SANITIZE AND NOT QUELMONT_COVERAGE)
+  # Programs read files from anywhere: what overruns a buffer ends the program, and finds nothing at a
+  # known address. (The sanitizers watch more closely, and not together with these.)
+  list(APPEND QUELMONT_FLAGS -fstack-protector-strong -fPIE
+       $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE>
+       $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)
+  add_link_options(-pie -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+endif()
 if(QUELMONT_COVERAGE)
   list(APPEND QUELMONT_FLAGS --coverage)
   add_link_options(--coverage)
@@ -54,24 +62,50 @@ function(write_rooms)
   file(WRITE ${CMAKE_BINARY_DIR}/rooms.txt "${text}\n")
 endfunction()
 
+# A program: its sources, and the libraries that it is made of.
+function(quelmont_program name)
+  cmake_parse_arguments(PROGRAM "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${PROGRAM_SOURCES})
+  target_compile_options(${name} PRIVATE ${QUELMONT_FLAGS})
+  target_link_libraries(${name} PRIVATE ${PROGRAM_LIBRARIES})
+  if(QUELMONT_SANITIZE)
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:sanitizer_status>)
+  endif()
+endfunction()
+
+# Under the sanitizers every program ends with a status of its own when they find something.
+if(QUELMONT_SANITIZE)
+  add_library(sanitizer_status OBJECT ${CMAKE_CURRENT_LIST_DIR}/sanitizer_status.cpp)
+  target_compile_options(sanitizer_status PRIVATE ${QUELMONT_FLAGS})
+endif()
+
+set(QUELMONT_TEST_FLAGS -O1)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # From a precompiled header g++ 12 no longer knows std::string for a system header's, and reports its
+  # bug 105329 there.
+  list(APPEND QUELMONT_TEST_FLAGS -Wno-array-bounds -Wno-stringop-overflow)
+else()
+  # ccache keeps what was compiled with a precompiled header only where that header has no time in it.
+  list(APPEND QUELMONT_TEST_FLAGS "SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
+# A program of tests. Reading the test framework takes longer than most of the tests' own code: it is
+# read once for all programs. Optimising the tests would take longer than it saves.
+function(quelmont_test_program name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LIBRARIES" ${ARGN})
+  quelmont_program(${name} SOURCES ${TEST_SOURCES} LIBRARIES ${TEST_LIBRARIES} GTest::gmock)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_options(${name} PRIVATE ${QUELMONT_TEST_FLAGS})
+  target_precompile_headers(${name} REUSE_FROM test_headers)
+endfunction()
+
 # The tests of one room: a program that links that room alone, so that a call which the room did
 # not declare does not link.
 function(quelmont_test name)
   cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
-  add_executable(${name} ${TEST_SOURCES})
-  target_compile_options(${name} PRIVATE ${QUELMONT_FLAGS})
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_link_libraries(${name} PRIVATE ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gmock GTest::gtest_main)
-  list(LENGTH TEST_SOURCES sources)
-  if(sources GREATER 2)
-    # Reading the test framework takes longer than most of the tests' own code.
-    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-      # From a precompiled header g++ 12 no longer knows std::string for a system header's, and
-      # reports its bug 105329 there.
-      target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
-    endif()
-  endif()
+  quelmont_test_program(${name}
+    SOURCES ${TEST_SOURCES}
+    LIBRARIES ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gtest_main)
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 300)
   endif()
