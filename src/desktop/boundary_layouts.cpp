@@ -29,11 +29,12 @@ void AddHemisphere(FormView& view, const char* number, const char* count,
         QLabel* caption = view.CaptionOf(field);
         const int width = caption->sizeHint().width() + field->sizeHint().width() + 2 * view.Gap();
         if (counts->sizeHint().width() + width > room) {
+            counts->addStretch();
             rows->addLayout(std::exchange(counts, new QHBoxLayout));
         }
         counts->addWidget(caption);
         counts->addWidget(field);
-        counts->addStretch();
+        counts->addSpacing(2 * view.Gap());
     };
     addCount(view.AddField(count));
     auto* boundaries = new QGridLayout;
@@ -57,6 +58,7 @@ void AddHemisphere(FormView& view, const char* number, const char* count,
     }
     addBoundary(view.AddField(named("LonE")));
     addCount(view.AddField(named("LonGrid")));
+    counts->addStretch();
     rows->addLayout(counts);
     rows->addLayout(boundaries);
     view.Bind(named("Hemisphere"), group,
