@@ -378,12 +378,11 @@ std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options) {
                options.grid[option.index].has_value(), option.name);
     }
     unless(perspective, options.grid[Height.index].has_value(), Height.name);
-    const bool cone = options.ProjNum == ProjEquidistantConic || options.ProjNum == ProjConformalConic ||
-                      options.ProjNum == ProjAlbers;
-    const bool trueScale =
-        options.ProjNum == ProjEquirectangular || options.ProjNum == ProjCylindricalEqualArea;
-    unless(cone || trueScale, options.stdPar[0].has_value(), StdParAngles[0].name);
-    unless(cone, options.stdPar[1].has_value(), StdParAngles[1].name);
+    const int parallels = PropertiesOf(options.ProjNum).standardParallels;
+    for (const std::size_t parallel : {0U, 1U}) {
+        unless(static_cast<std::size_t>(parallels) > parallel, options.stdPar[parallel].has_value(),
+               StdParAngles[parallel].name);
+    }
     for (const std::size_t hemisphere : {0U, 1U}) {
         unless(options.ProjNum == ProjInterruptedMollweide, options.lobes[hemisphere].has_value(),
                LobeNames[hemisphere]);

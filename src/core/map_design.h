@@ -277,9 +277,6 @@ struct MapDesign : DesignBounds {
 /// The design.
 extern MapDesign Design;
 
-/// The six projections bounded by a circle about their centre.
-inline bool IsAzimuthal(std::int16_t projNum) { return projNum >= 26 && projNum <= 31; }
-
 constexpr std::int16_t ProjMercator = 1;
 constexpr std::int16_t ProjEquirectangular = 2;
 constexpr std::int16_t ProjEquidistantConic = 6;

@@ -8,6 +8,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "graticule/graticule_fields.h"
+#include "projection/projection_table.h"
 
 #include <cmath>
 #include <cstdlib>

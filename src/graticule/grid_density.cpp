@@ -3,6 +3,7 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "projection/projection_table.h"
 
 #include <cmath>
 
@@ -29,8 +30,7 @@ std::int16_t Azimuthal(std::int32_t spacing) {
         throw RunTimeError(ErrorDivisionByZero);
     }
     std::int32_t marks = Design.RangeSec / spacing + 1;
-    if ((Design.ProjNum == ProjAzimuthalEquidistant || Design.ProjNum == ProjAzimuthalEqualArea) &&
-        Design.RangeSec == SecPerHalfCircle && marks > 1) {
+    if (PropertiesOf(Design.ProjNum).wholeGlobe && Design.RangeSec == SecPerHalfCircle && marks > 1) {
         marks -= 1;
     }
     const std::int16_t points = RoundToInt16(Divide(100.0, marks));
@@ -56,16 +56,13 @@ std::int16_t LatPointsPerMark() {
 }
 
 std::int16_t LonPointsPerMark() {
-    switch (Design.ProjNum) {
-    case ProjEquidistantConic:
-    case ProjConformalConic:
-    case ProjAlbers:
+    if (IsConic(Design.ProjNum)) {
         return Design.LonGridCount < 12 ? RoundToInt16(Divide(48.0, Design.LonGridCount)) : std::int16_t{4};
-    case ProjHammer:
-        return Curved(LonWidth(), Design.LonGridCount, 24, 4);
-    default:
-        return IsAzimuthal(Design.ProjNum) ? Azimuthal(Design.LonGridSec) : std::int16_t{1};
     }
+    if (Design.ProjNum == ProjHammer) {
+        return Curved(LonWidth(), Design.LonGridCount, 24, 4);
+    }
+    return IsAzimuthal(Design.ProjNum) ? Azimuthal(Design.LonGridSec) : std::int16_t{1};
 }
 
 } // namespace quelmont

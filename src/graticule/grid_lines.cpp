@@ -10,6 +10,7 @@
 #include "output/print_to_screen.h"
 #include "platform/machine.h"
 #include "projection/project_select.h"
+#include "projection/projection_table.h"
 
 #include <cmath>
 
@@ -29,9 +30,7 @@ constexpr std::int32_t NearlyWholeGlobe = 612000;
 /// Parallels within so many degrees of the antipode's latitude are stepped by azimuth.
 constexpr double AntipodalBand = 16.0;
 
-bool ShowsWholeGlobe() {
-    return Design.ProjNum == ProjAzimuthalEquidistant || Design.ProjNum == ProjAzimuthalEqualArea;
-}
+bool ShowsWholeGlobe() { return PropertiesOf(Design.ProjNum).wholeGlobe; }
 
 bool PolarCentre() { return std::fabs(Design.LatCentral) == 90.0; }
 

@@ -14,6 +14,7 @@
 #include "output/fan_out.h"
 #include "output/page_scale.h"
 #include "platform/machine.h"
+#include "projection/projection_table.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,6 +6,7 @@
 #include "output/print_to_screen.h"
 #include "platform/machine.h"
 #include "projection/project_select.h"
+#include "projection/projection_table.h"
 #include "projection/utm.h"
 
 #include <limits>
@@ -15,15 +16,16 @@ namespace quelmont {
 namespace {
 
 ClippingFamily FamilyOf(std::int16_t projNum) {
-    if (projNum == ProjUtm) {
-        return ClippingFamily::Metres;
-    }
-    if (IsAzimuthal(projNum)) {
+    switch (PropertiesOf(projNum).family) {
+    case ProjectionFamily::None:
+        return ClippingFamily::None;
+    case ProjectionFamily::Azimuthal:
         return ClippingFamily::Circle;
+    case ProjectionFamily::MetricGrid:
+        return ClippingFamily::Metres;
+    default:
+        return ClippingFamily::Rectangle;
     }
-    return projNum < ProjUtm || (projNum >= ProjCylindricalEqualArea && projNum <= ProjInterruptedMollweide)
-               ? ClippingFamily::Rectangle
-               : ClippingFamily::None;
 }
 
 std::int32_t FitInt32(std::int64_t value) {

@@ -2,6 +2,7 @@
 
 #include "core/coordinates.h"
 #include "core/map_design.h"
+#include "projection/projection_table.h"
 #include "projection/utm.h"
 
 #include <optional>

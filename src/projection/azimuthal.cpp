@@ -3,6 +3,7 @@
 #include "core/map_design.h"
 #include "projection/azimuthal_terms.h"
 #include "projection/forward.h"
+#include "projection/projection_table.h"
 
 #include <cmath>
 
@@ -25,11 +26,6 @@ struct AzimuthalTerms {
 
 AzimuthalTerms terms;
 
-bool ShowsAntipode() {
-    return Design.ProjNum == ProjStereographic || Design.ProjNum == ProjAzimuthalEquidistant ||
-           Design.ProjNum == ProjAzimuthalEqualArea;
-}
-
 void ComputeTerms() {
     const double phi = Design.ProjLat * DegToRad;
     const double dLon = (Design.ProjLon - Design.LonCentral) * DegToRad;
@@ -46,7 +42,8 @@ void ComputeTerms() {
 
 bool BeyondHorizon() {
     const auto index = static_cast<std::size_t>(Design.ProjNum - ProjGnomonic);
-    return !(terms.cosC > Design.HorizonCos[index]) || (terms.cosC <= AntipodeCosine && ShowsAntipode());
+    return !(terms.cosC > Design.HorizonCos[index]) ||
+           (terms.cosC <= AntipodeCosine && PropertiesOf(Design.ProjNum).antipode);
 }
 
 /// Distance from the centre over its sine, for the equidistant projection. Snyder 1987, eq. 25-2.

@@ -7,6 +7,7 @@
 #include "core/rounding.h"
 #include "projection/lobe_row.h"
 #include "projection/project_select.h"
+#include "projection/projection_table.h"
 
 #include <cmath>
 
@@ -221,34 +222,27 @@ void Perspective() {
 } // namespace
 
 void ParamSelect() {
-    switch (Design.ProjNum) {
-    case ProjMercator:
-    case ProjUtm:
+    const ProjectionEntry& projection = PropertiesOf(Design.ProjNum);
+    switch (projection.family) {
+    case ProjectionFamily::Cylindrical:
+        if (projection.standardParallels > 0) {
+            Design.CosStdPar = std::cos(Design.StdParNorth * DegToRad);
+        }
         Rectangle();
         break;
-    case ProjEquirectangular:
-    case ProjCylindricalEqualArea:
-        Design.CosStdPar = std::cos(Design.StdParNorth * DegToRad);
+    case ProjectionFamily::MetricGrid:
         Rectangle();
         break;
-    case ProjEquidistantConic:
-    case ProjConformalConic:
-    case ProjAlbers:
+    case ProjectionFamily::Conic:
         Cone();
         break;
-    case ProjHammer:
-    case ProjRobinson:
-    case ProjMollweide:
-    case ProjInterruptedMollweide:
+    case ProjectionFamily::Pseudocylindrical:
         WorldOval();
         break;
-    case ProjVerticalPerspective:
-        Perspective();
+    case ProjectionFamily::Azimuthal:
+        Design.ProjNum == ProjVerticalPerspective ? Perspective() : Disc();
         break;
-    default:
-        if (IsAzimuthal(Design.ProjNum)) {
-            Disc();
-        }
+    case ProjectionFamily::None:
         break;
     }
     Design.BoundsProjNum = Design.ProjNum;

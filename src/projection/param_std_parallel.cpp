@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/map_design.h"
+#include "projection/projection_table.h"
 
 namespace quelmont {
 
@@ -35,7 +36,7 @@ void TwoParallels(double north, double south) {
 void ParamStdParallel() {
     // The bounds are finite and within 90 degrees, so that no statement here can fail but
     // DegMinSec, which shows its own message box.
-    if (Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea) {
+    if (PropertiesOf(Design.ProjNum).standardParallels == 1) {
         OneTrueLatitude(Design.LatNorth, Design.LatSouth);
     } else {
         TwoParallels(Design.LatNorth, Design.LatSouth);

@@ -130,12 +130,5 @@ TEST(AngleConstants, AreThoseOfFifteenDigits) {
     EXPECT_EQ(SecPerHalfCircle, 180 * 3600);
 }
 
-TEST(AzimuthalFamily, IsTwentySixToThirtyOne) {
-    EXPECT_FALSE(IsAzimuthal(25));
-    EXPECT_TRUE(IsAzimuthal(ProjGnomonic));
-    EXPECT_TRUE(IsAzimuthal(ProjAzimuthalEqualArea));
-    EXPECT_FALSE(IsAzimuthal(32));
-}
-
 } // namespace
 } // namespace quelmont

@@ -4,6 +4,7 @@
 #include "graticule/grid_pass.h"
 #include "graticule/grid_texts.h"
 #include "graticule/lobes.h"
+#include "projection/projection_table.h"
 #include "projection/reference_projection.h"
 
 #include <gmock/gmock.h>

@@ -4,6 +4,7 @@
 #include "map_fixture.h"
 #include "mapfiles/minute_grid_file.h"
 #include "mapinput/map_plot.h"
+#include "projection/projection_table.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,6 +2,7 @@
 
 #include "mapfiles/packed_file.h"
 #include "packed_segments.h"
+#include "projection/projection_table.h"
 
 #include <gtest/gtest.h>
 

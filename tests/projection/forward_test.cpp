@@ -1,6 +1,7 @@
 #include "core/map_design.h"
 #include "projection/map_fields.h"
 #include "projection/param_select.h"
+#include "projection/projection_table.h"
 #include "projection/reference_projection.h"
 #include "support/fresh_program.h"
 

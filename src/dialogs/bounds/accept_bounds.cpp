@@ -10,6 +10,7 @@
 #include "platform/machine.h"
 #include "projection/lobe_row.h"
 #include "projection/param_select.h"
+#include "projection/projection_table.h"
 #include "projection/utm.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "core/angle_text.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
+#include "projection/projection_table.h"
 
 #include <array>
 #include <cmath>
@@ -202,14 +203,9 @@ Refusal CheckParallelsOfCone(double north, double south) {
 
 } // namespace
 
-bool HasOneStandardParallel() {
-    return Design.ProjNum == ProjEquirectangular || Design.ProjNum == ProjCylindricalEqualArea;
-}
+bool HasOneStandardParallel() { return PropertiesOf(Design.ProjNum).standardParallels == 1; }
 
-bool HasStandardParallels() {
-    return HasOneStandardParallel() || Design.ProjNum == ProjEquidistantConic ||
-           Design.ProjNum == ProjConformalConic || Design.ProjNum == ProjAlbers;
-}
+bool HasStandardParallels() { return PropertiesOf(Design.ProjNum).standardParallels > 0; }
 
 std::span<const BoundaryField> BoundaryFields() { return Table(); }
 

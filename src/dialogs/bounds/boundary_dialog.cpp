@@ -4,6 +4,7 @@
 #include "dialogs/bounds/lat_lon_bounds_az.h"
 #include "dialogs/bounds/utm_dialogs.h"
 #include "platform/machine.h"
+#include "projection/projection_table.h"
 
 namespace quelmont {
 
