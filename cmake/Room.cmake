@@ -99,6 +99,33 @@ function(quelmont_test_program name)
   target_precompile_headers(${name} REUSE_FROM test_headers)
 endfunction()
 
+# The state of a room that keeps one: fresh_NAME.cpp in the folder of its tests names the room's reset to
+# the tests' FreshProgram, in every test program that links the room.
+function(quelmont_fresh_room name)
+  add_library(fresh_${name} OBJECT fresh_${name}.cpp)
+  target_compile_options(fresh_${name} PRIVATE ${QUELMONT_FLAGS})
+  target_link_libraries(fresh_${name} PRIVATE ${name} test_support)
+endfunction()
+
+# Links what quelmont_fresh_room made of the rooms given and of those below them.
+function(link_fresh_rooms target)
+  get_property(records GLOBAL PROPERTY QUELMONT_ROOMS)
+  set(rooms ${ARGN})
+  foreach(record ${records})
+    string(REGEX MATCH "^([a-z]+) [0-9]+ ?(.*)$" matched "${record}")
+    if(CMAKE_MATCH_1 IN_LIST ARGN)
+      string(REPLACE "," ";" below "${CMAKE_MATCH_2}")
+      list(APPEND rooms ${below})
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES rooms)
+  foreach(room ${rooms})
+    if(TARGET fresh_${room})
+      target_link_libraries(${target} PRIVATE fresh_${room})
+    endif()
+  endforeach()
+endfunction()
+
 # The tests of one room: a program that links that room alone, so that a call which the room did
 # not declare does not link.
 function(quelmont_test name)
@@ -106,6 +133,7 @@ function(quelmont_test name)
   quelmont_test_program(${name}
     SOURCES ${TEST_SOURCES}
     LIBRARIES ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gtest_main)
+  link_fresh_rooms(${name} ${TEST_ROOMS})
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 300)
   endif()

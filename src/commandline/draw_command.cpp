@@ -11,7 +11,7 @@
 #include "graticule/plot_grid.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
-#include "mapinput/ascii_map_reader.h"
+#include "mapinput/map_input_state.h"
 #include "output/bmp/bmp_file.h"
 
 #include <QJsonArray>
@@ -121,7 +121,7 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
         return ExitFailed;
     }
     const StopSignals stopSignals;
-    for (const std::string& name : FilesWithoutLineStarts()) {
+    for (const std::string& name : MapInputNow.FilesWithoutLineStarts) {
         errors << Program << name
                << ": no first column is -1, 0 or 1. A flag comes first, then latitude and longitude; "
                   "--help shows an example.\n";

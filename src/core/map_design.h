@@ -135,7 +135,6 @@ struct DesignBounds {
     // CalcGraticuleInterrupt.
     std::array<std::string, 10> LobeLonText = {};
     std::array<double, 10> LobeLonDeg = {};
-    std::array<std::int32_t, 10> LobeLonSec = {};
     std::array<double, 10> LobeCentral = {}; ///< x of each lobe, projection units
 
     // ---- Extent. Written by ParamSelect, read by ScaleScreen and whoever draws.
@@ -145,7 +144,8 @@ struct DesignBounds {
 /// The state of the whole program: one map design, and what the last draw made of it.
 ///
 /// There is exactly one, Design. Every routine reads and writes its fields by name; nothing passes
-/// a design along. Flags stand in files as -1 and 0. Sections follow the flow of the data.
+/// a design along. What one room alone needs from call to call is in that room's state.
+/// Flags stand in files as -1 and 0. Sections follow the flow of the data.
 struct MapDesign : DesignBounds {
     // ---- Projection. Written by the projection menu and the design file reader, read everywhere.
     std::int16_t ProjNum = 2;                 ///< sparse number, stored in design files
@@ -168,7 +168,6 @@ struct MapDesign : DesignBounds {
     std::int16_t LineStart = 0;          ///< 3: the next point is a move, whatever PointStatus says
     std::int32_t PointLatSec = 0, PointLonSec = 0; ///< point of a reader or circle, relative frame
     std::int32_t PointLatSecPrev = 0, PointLonSecPrev = 0;
-    bool StartLine = false;    ///< the current point begins a line of its source
     bool UtmPointPath = false; ///< points are seconds that become degrees before they are projected
 
     // ---- Fit of the map to the drawing area. Written by ScaleScreen.
@@ -198,23 +197,18 @@ struct MapDesign : DesignBounds {
 
     // ---- The device in use. Written by PlotGrid and MapPlot, read by PrintToScreen.
     DrawSurface* Surface = nullptr;
-    float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
     std::int16_t CurrentSymbolType = SymbolLine;
     ColorValue PenColor = 0;
     std::int32_t PenWidth = 1;                              ///< device pixels
-    std::int32_t SymbolRadius = 0;                          ///< twips
     std::int32_t DotPixels = 1;                             ///< side of a dot, device pixels
     std::int16_t SymbolRadiusFile = 0, BorderWidthFile = 0; ///< logical units
     std::int32_t PointCount = 0;     ///< vertices in the chain that a file writer has open
-    bool LineBreakPending = false;   ///< the next point opens a chain in the file
     bool LineWidthsScaled = false;   ///< widths are a share of the drawing, not device pixels
     std::int16_t MaxChainPoints = 0; ///< most vertices of one polyline in a file
     std::int16_t TextScalePercent = 0;
 
     // ---- Colours, grid. Written by their dialogs. Of each colour the picker's cell, 0 to 255.
     std::int16_t ColorPurpose = 0; ///< whose colour the picker shows
-    std::int16_t FeatureColorIndex = 0;
-    ColorValue FeatureColor = 0; ///< of a feature of a map file, while it is being chosen
     std::int16_t BackColorIndex = 0;
     ColorValue BackColor = 0;
     std::int16_t GridColorIndex = 0;
@@ -238,8 +232,6 @@ struct MapDesign : DesignBounds {
     std::array<std::string, 4> FontNames = {}; ///< by font slot
     float TextStep = 0.0F;                     ///< step of an arrow key, twips
     std::array<std::int16_t, 23> FontSizes = {};
-    std::int32_t TextCursorX = 0, TextCursorY = 0; ///< twips
-    bool TextOnShow = false;
 
     // ---- Digital map files. Written by their dialogs, read by MapPlot. Entry 0 is the first file.
     std::vector<InputFileEntry> InputFiles;
@@ -255,16 +247,11 @@ struct MapDesign : DesignBounds {
     std::int32_t PrintUnitTwips = 0;
     float PrintLeft = 0.0F, PrintTop = 0.0F, PrintWidth = 0.0F, PrintHeight = 0.0F;
     bool PrintCentreX = false, PrintCentreY = false;
-    float PrinterOffsetX = 0.0F, PrinterOffsetY = 0.0F; ///< strip that the printer cannot reach
-    float PrinterTwipsPerPixelX = 0.0F, PrinterTwipsPerPixelY = 0.0F;
 
     // ---- Run state of a draw. Written by the draw cycle and the handler of Escape.
-    std::string PlotStopReason; ///< "" normally, "Escape", "GridDiskError"
-    double PlotSeconds = 0.0;   ///< at the end of a draw: how long it took
-    bool MapDrawing = false;
-    bool PageEnding = false; ///< a printer page is being closed
-    bool PrintAbort = false; ///< Escape was pressed in printing
-    std::string SavedCaption;
+    std::string PlotStopReason;   ///< "" normally, "Escape", "GridDiskError"
+    double PlotSeconds = 0.0;     ///< at the end of a draw: how long it took
+    bool PrintAbort = false;      ///< Escape was pressed in printing
     bool DialogCancelled = false; ///< left by a dialog's Cancel; the caller reads and clears it
     bool BoundsChanged = false;   ///< a boundary dialog changed what the map shows
     DrawStatistics Statistics;    ///< of the last draw

@@ -112,7 +112,7 @@ void OneParallel(GridPass& pass) {
 void PlotStraightEnd(GridPass& pass, double lat) {
     Design.ProjLat = lat;
     Design.ProjTestMode = -1;
-    ProjectSelect();
+    ProjectSelect(&pass.tested);
     Design.ProjTestMode = 2;
     Design.PointStatus = 0;
     PlotPoint(pass);
@@ -208,7 +208,7 @@ void PlotProjected(const GridPass& pass) {
 }
 
 void PlotPoint(GridPass& pass) {
-    ProjectSelect();
+    ProjectSelect(&pass.tested);
     if (!IsAzimuthal(Design.ProjNum)) {
         if (Design.ProjOffMap) {
             Design.LineStart = 4;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "projection/project_select.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -32,6 +34,7 @@ struct GridPass {
     bool LineActive = false;     ///< the current line has a plotted point
     bool SecondPiece = false;    ///< the meridian has a second piece, up to SecondLatMax
     double SecondLatMax = 0.0;
+    AzimuthalTerms tested;       ///< of the end of a straight meridian
     std::vector<double> LonList; ///< longitudes of one parallel near the antipode
 };
 

@@ -5,6 +5,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/projection_menu.h"
 #include "platform/machine.h"
 
@@ -64,7 +65,7 @@ void ClickMenuItem(Menu menu, int index) {
 }
 
 void ToggleCaption() {
-    if (Design.MapDrawing) {
+    if (MainWindowNow.MapDrawing) {
         return; // the caption tells how to stop, and the draw ends with this
     }
     MainWindow& window = *Machine().window;
@@ -82,12 +83,12 @@ void ToggleCaption() {
 }
 
 void Form_MouseDown(double x, double y) {
-    if (Design.MapDrawing) {
+    if (MainWindowNow.MapDrawing) {
         return;
     }
     Guarded("Form_MouseDown", [&] {
-        Design.TextCursorX = RoundToInt32(x);
-        Design.TextCursorY = RoundToInt32(y);
+        MainWindowNow.TextCursorX = RoundToInt32(x);
+        MainWindowNow.TextCursorY = RoundToInt32(y);
     });
 }
 

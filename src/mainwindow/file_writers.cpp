@@ -1,26 +1,12 @@
 #include "mainwindow/file_writers.h"
 
-#include "output/ascii/ascii_writer.h"
-#include "output/cgm/cgm_writer.h"
-#include "output/dxf/dxf_writer.h"
-#include "output/wmf/wmf_writer.h"
+#include "mainwindow/main_window_state.h"
+#include "output/fan_out.h"
 
 namespace quelmont {
 
-namespace {
-
-struct ProgramWriters {
-    AsciiWriter ascii;
-    CgmWriter cgm;
-    DxfWriter dxf;
-    WmfWriter wmf;
-};
-
-ProgramWriters writers;
-
-} // namespace
-
 void InstallWriters() {
+    ProgramWriters& writers = MainWindowNow.writers;
     writers = ProgramWriters{};
     Writers() = {&writers.ascii, &writers.cgm, &writers.dxf, &writers.wmf};
 }

@@ -10,6 +10,7 @@
 #include "graticule/plot_grid.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
 #include "output/export_file.h"
@@ -43,7 +44,7 @@ void Fit() {
 
 /// From here on End has to follow, whatever fails.
 void Begin() {
-    Design.SavedCaption = Machine().window->Caption();
+    MainWindowNow.SavedCaption = Machine().window->Caption();
     const auto outputs = static_cast<std::size_t>(Design.MapFileCount + Design.GridOutputCount);
     if (Design.AsciiFileName.size() < outputs) {
         Design.AsciiFileName.resize(outputs);
@@ -51,7 +52,7 @@ void Begin() {
     ResetLineState();
     Design.Statistics = {};
     Design.PlotSeconds = Now();
-    Design.MapDrawing = true;
+    MainWindowNow.MapDrawing = true;
     EnableMenuBar(true);
     Machine().window->SetAutoRedraw(true);
     Design.LobeOffsetX = 0.0;
@@ -132,9 +133,9 @@ void End() {
     window.Refresh();
     window.SetAutoRedraw(false);
     Design.PenWidth = 1;
-    Design.MapDrawing = false;
+    MainWindowNow.MapDrawing = false;
     window.SetMousePointer(MousePointer::Normal);
-    window.SetCaption(Design.SavedCaption);
+    window.SetCaption(MainWindowNow.SavedCaption);
     ToggleCaption(); // the window may have another size now
     EnableMenuBar(false);
     ReleaseDevicePen(2, "MapDraw");
@@ -144,7 +145,7 @@ void End() {
 } // namespace
 
 void MapDraw() {
-    if (Design.MapDrawing) {
+    if (MainWindowNow.MapDrawing) {
         return;
     }
     BeginDrawBoxes();
@@ -169,13 +170,13 @@ void MapDraw() {
 }
 
 void EscapeKey() {
-    if (Design.PrintingNow && Design.PageEnding) {
+    if (Design.PrintingNow && MainWindowNow.PageEnding) {
         Design.PrintAbort = true;
         return;
     }
     DisarmExports();
     Design.OutputSc = false;
-    if (!Design.MapDrawing && !Design.PrintingNow) {
+    if (!MainWindowNow.MapDrawing && !Design.PrintingNow) {
         return;
     }
     Guarded("Form_KeyDown", [] { CloseFile(InputFileNumber); });
@@ -183,7 +184,7 @@ void EscapeKey() {
     Guarded("Form_KeyDown", [] { CloseFile(OutputFileNumber); });
     Design.OutputFileName.clear();
     Design.PlotStopReason = "Escape";
-    Design.MapDrawing = false;
+    MainWindowNow.MapDrawing = false;
     if (Design.PrintingNow) {
         Design.PrintAbort = true;
     }

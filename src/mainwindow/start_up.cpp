@@ -7,6 +7,7 @@
 #include "graticule/calculate_bounds.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mapfiles/feature_rows.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
@@ -33,8 +34,8 @@ void ResetMenus() {
 
 void StartUp() {
     TakeFailedWritesAsErrors();
-    Design.SavedCaption = FindProjection(ProjEquirectangular)->caption;
-    Machine().window->SetCaption(Design.SavedCaption);
+    MainWindowNow.SavedCaption = FindProjection(ProjEquirectangular)->caption;
+    Machine().window->SetCaption(MainWindowNow.SavedCaption);
     Design.AppPath = Machine().places->ProgramFolder();
     Design.HelpFile = Design.AppPath + "Qmnt.chm";
     ResetMenus();

@@ -6,6 +6,7 @@
 #include "mapfiles/ascii_points.h"
 #include "mapfiles/byte_reader.h"
 #include "mapfiles/map_formats.h"
+#include "mapinput/map_input_state.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 
@@ -51,24 +52,15 @@ void AddLabel(std::string text, const InputFileEntry& file, std::int32_t FileInd
     Design.MapLabels.push_back(std::move(label));
 }
 
-std::vector<std::string>& Doubtful() {
-    static std::vector<std::string> names;
-    return names;
-}
-
 /// Each file is kept once, though an interrupted map reads its files for every lobe.
 void AddDoubtful(const std::string& name) {
-    std::vector<std::string>& names = Doubtful();
+    std::vector<std::string>& names = MapInputNow.FilesWithoutLineStarts;
     if (std::find(names.begin(), names.end(), name) == names.end()) {
         names.push_back(name);
     }
 }
 
 } // namespace
-
-const std::vector<std::string>& FilesWithoutLineStarts() { return Doubtful(); }
-
-void ForgetLineStarts() { Doubtful().clear(); }
 
 bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
     const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
@@ -86,7 +78,7 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& form
         } else {
             TestMetres(point, read.Third, read.Second);
         }
-        if (read.Break != 0 || Design.StartLine) {
+        if (read.Break != 0 || MapInputNow.StartLine) {
             point.StartNewLine();
         }
         if (!point.PlotStep()) {

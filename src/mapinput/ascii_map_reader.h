@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <vector>
 
 namespace quelmont {
 
@@ -15,12 +13,8 @@ struct MapFormat;
 ///
 /// A .utm file is in metres and has to be on the UTM projection; it clears UtmPointPath. A first point
 /// that begins no line is taken as MapPoint::BeginFile tells.
+/// Names a file whose first column is no line start in FilesWithoutLineStarts of the state.
 /// RunTimeError when the file cannot be read, when a point has no place, and as TakeAsciiMapPoint.
 bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format);
-
-/// The files in degrees that were read to their end since ForgetLineStarts, of which no first column was -1,
-/// 0 or 1: probably latitude stands there. Files without points are not among them.
-const std::vector<std::string>& FilesWithoutLineStarts();
-void ForgetLineStarts();
 
 } // namespace quelmont

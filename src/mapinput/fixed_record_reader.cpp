@@ -5,6 +5,7 @@
 #include "mapfiles/fixed_records.h"
 #include "mapfiles/line_graph_codes.h"
 #include "mapfiles/map_formats.h"
+#include "mapinput/map_input_state.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/shown_features.h"
@@ -63,7 +64,7 @@ bool PlotRecord(MapPoint& point, const FixedRecordPoint& place) {
     if (Design.LineStart == HeaderRead) {
         point.StartNewLine();
         Design.LineStart = 3;
-    } else if (Design.StartLine) {
+    } else if (MapInputNow.StartLine) {
         point.StartNewLine();
     }
     return point.PlotStep();

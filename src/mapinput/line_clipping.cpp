@@ -2,6 +2,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "mapinput/az_interpolate.h"
+#include "mapinput/map_input_state.h"
 #include "mapinput/map_point.h"
 #include "projection/project_select.h"
 
@@ -99,7 +100,7 @@ void MapPoint::CrossSeam(std::int64_t LonStep) {
 }
 
 void MapPoint::EnterRectangle() {
-    if (Design.StartLine) {
+    if (MapInputNow.StartLine) {
         PlotPoint();
         return;
     }
@@ -122,7 +123,7 @@ void MapPoint::EnterRectangle() {
 }
 
 void MapPoint::LeaveRectangle() {
-    if (Design.StartLine) {
+    if (MapInputNow.StartLine) {
         return;
     }
     const Place point{Design.PointLatSec, Design.PointLonSec};
@@ -153,12 +154,12 @@ void MapPoint::ClipMetres() {
     };
     const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
     const Place point{Design.PointLatSec, Design.PointLonSec};
-    if (PointInBounds && (PrevInBounds || Design.StartLine)) {
+    if (PointInBounds && (PrevInBounds || MapInputNow.StartLine)) {
         PlotPoint();
     } else if (PointInBounds) {
         cut(prev);
         DrawFromCut(prev, false);
-    } else if (PrevInBounds && !Design.StartLine) {
+    } else if (PrevInBounds && !MapInputNow.StartLine) {
         cut(point);
         DrawToCut(point, false);
     }
@@ -170,24 +171,24 @@ void MapPoint::ClipCircle() {
     TestCircle();
     const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
     const Place point{Design.PointLatSec, Design.PointLonSec};
-    if (PointInBounds && (PrevInBounds || Design.StartLine)) {
+    if (PointInBounds && (PrevInBounds || MapInputNow.StartLine)) {
         PlotPoint();
     } else if (PointInBounds) {
         Design.ProjTestMode = 0; // the cut point comes first and was not tested
         AzInterpolate(EdgeLat, EdgeLon, LineAtCircle::Enters);
         DrawFromCut(prev, false);
-    } else if (PrevInBounds && !Design.StartLine) {
+    } else if (PrevInBounds && !MapInputNow.StartLine) {
         AzInterpolate(EdgeLat, EdgeLon, LineAtCircle::Leaves);
         DrawToCut(point, false);
     }
 }
 
 void MapPoint::TestCircle() {
-    Design.PointStatus = Design.StartLine ? 1 : 0;
+    Design.PointStatus = MapInputNow.StartLine ? 1 : 0;
     Design.ProjLat = static_cast<double>(Design.PointLatSec) / SecPerDegree;
     Design.ProjLon = static_cast<double>(Design.PointLonSec) / SecPerDegree;
     Design.ProjTestMode = -1;
-    ProjectSelect();
+    ProjectSelect(&tested);
     Design.ProjTestMode = 0;
     if (Design.PointStatus == 2 || Design.PointStatus == 5) {
         PointInBounds = false;

@@ -8,6 +8,7 @@
 #include "mapfiles/map_formats.h"
 #include "mapinput/ascii_map_reader.h"
 #include "mapinput/fixed_record_reader.h"
+#include "mapinput/map_input_state.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/minute_grid_reader.h"
@@ -102,7 +103,7 @@ void MapPlotRun::Run() {
         Design.LineStart = 0; // a draw before this one may have ended anywhere
         Design.MapLabels.clear();
         if (Design.LobeFirst) {
-            ForgetLineStarts();
+            MapInputNow.FilesWithoutLineStarts.clear();
         }
         bool whole = true;
         for (std::int32_t index = 1; whole && index <= Design.MapFileCount; ++index) {
@@ -117,7 +118,7 @@ void MapPlotRun::Run() {
         GiveUpExport();
         DeleteMapPen(SiteAfterError);
     }
-    Design.StartLine = false;
+    MapInputNow.StartLine = false;
     Close();
 }
 

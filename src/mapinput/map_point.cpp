@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "mapinput/map_input_state.h"
 #include "output/fan_out.h"
 #include "output/print_to_screen.h"
 #include "platform/machine.h"
@@ -41,7 +42,7 @@ std::int32_t FitInt32(std::int64_t value) {
 void MapPoint::BeginFile() {
     family = FamilyOf(Design.ProjNum);
     Design.UtmPointPath = true;
-    Design.StartLine = !hasPrevious || PrevInBounds;
+    MapInputNow.StartLine = !hasPrevious || PrevInBounds;
     PointInBounds = false;
     EdgeLat = 0;
     EdgeLon = 0;
@@ -73,7 +74,7 @@ void MapPoint::CompareBounds() {
 }
 
 void MapPoint::StartNewLine() {
-    Design.StartLine = true;
+    MapInputNow.StartLine = true;
     Design.PointStatus = 1;
     if (PointInBounds && Design.PointCount > 0) {
         PrintLineBrkDisk();
@@ -85,7 +86,7 @@ bool MapPoint::PlotStep() {
     if (!CountPoint()) {
         return false;
     }
-    if (Design.StartLine) {
+    if (MapInputNow.StartLine) {
         PrevInBounds = false;
         Design.PointLatSecPrev = Design.PointLatSec;
         Design.PointLonSecPrev = Design.PointLonSec;
@@ -103,7 +104,7 @@ bool MapPoint::PlotStep() {
     case ClippingFamily::None:
         break;
     }
-    Design.StartLine = false;
+    MapInputNow.StartLine = false;
     hasPrevious = true;
     PrevInBounds = PointInBounds;
     Design.PointLatSecPrev = Design.PointLatSec;
@@ -135,7 +136,7 @@ bool MapPoint::RunEvents() {
 }
 
 void MapPoint::PlotPoint() {
-    Design.PointStatus = Design.StartLine ? 1 : 0;
+    Design.PointStatus = MapInputNow.StartLine ? 1 : 0;
     if (family == ClippingFamily::Metres) {
         Design.ProjLat = Design.PointLatSec;
         Design.ProjLon = Design.PointLonSec;
@@ -143,7 +144,7 @@ void MapPoint::PlotPoint() {
         Design.ProjLat = static_cast<double>(Design.PointLatSec) / SecPerDegree;
         Design.ProjLon = static_cast<double>(Design.PointLonSec) / SecPerDegree;
     }
-    ProjectSelect();
+    ProjectSelect(&tested);
     if (Design.ProjOffMap) {
         // Nothing leads to a place that is not on the map, and nothing leads on from it.
         BreakLine();

@@ -2,6 +2,8 @@
 
 #include "core/coordinates.h"
 #include "core/map_design.h"
+#include "mapinput/map_input_state.h"
+#include "projection/project_select.h"
 
 #include <cstdint>
 
@@ -57,7 +59,7 @@ public:
     /// How many points may be passed over by PassOutside before the next turn of events; none unless the
     /// last point was outside of a map bounded by parallels and meridians.
     std::int64_t OutsideLimit() const {
-        return family == ClippingFamily::Rectangle && !PointInBounds && !Design.StartLine
+        return family == ClippingFamily::Rectangle && !PointInBounds && !MapInputNow.StartLine
                    ? PointsPerTurn - 1 - PointsRead % PointsPerTurn
                    : 0;
     }
@@ -112,6 +114,7 @@ private:
     void DrawToCut(Place point, bool acrossSeam);
 
     ClippingFamily family = ClippingFamily::None;
+    AzimuthalTerms tested;    ///< of the point that TestCircle found inside
     bool hasPrevious = false; ///< a point of this map's files has passed PlotStep
     /// The last cut point of the file, at first the equator on the western boundary. Where the tests
     /// of a rectangle find no crossing of a segment, it is cut there.

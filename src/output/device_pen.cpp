@@ -2,6 +2,7 @@
 
 #include "core/error_box.h"
 #include "core/map_design.h"
+#include "output/output_state.h"
 #include "platform/draw_surface.h"
 
 #include <string>
@@ -10,13 +11,7 @@ namespace quelmont {
 
 namespace {
 
-struct DevicePen {
-    DrawSurface* surface = nullptr;
-    SurfaceHandle made = 0;
-    SurfaceHandle before = 0;
-};
-
-DevicePen pen;
+DevicePen& pen = OutputNow.pen;
 
 void Report(std::string_view operation, int site, std::string_view routine) {
     ShowApiErrorBox(std::string(operation) + "(" + std::to_string(site) + ") error in " +
@@ -47,7 +42,5 @@ void ReleaseDevicePen(int site, std::string_view routine) {
         Report("DeleteObject", site, routine);
     }
 }
-
-void ResetDevicePen() { pen = DevicePen{}; }
 
 } // namespace quelmont

@@ -19,7 +19,4 @@ void MakeDevicePen(int style, std::int32_t width, ColorValue color, int site, st
 /// shows "DeleteObject(site) error in routine".
 void ReleaseDevicePen(int site, std::string_view routine);
 
-/// Forgets the pen without touching a surface. For tests.
-void ResetDevicePen();
-
 } // namespace quelmont

@@ -2,14 +2,15 @@
 
 #include "core/map_design.h"
 #include "output/fan_out.h"
+#include "output/output_state.h"
 #include "platform/machine.h"
 
 namespace quelmont {
 
 void SelectDevice() {
     Design.Surface = &Machine().window->Surface();
-    Design.DevicePixelX = Design.TwipsPerPixelX;
-    Design.DevicePixelY = Design.TwipsPerPixelY;
+    OutputNow.DevicePixelX = Design.TwipsPerPixelX;
+    OutputNow.DevicePixelY = Design.TwipsPerPixelY;
     Design.DotPixels = 1;
 }
 

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/replaced_file.h"
 #include "core/run_time_error.h"
+#include "output/output_state.h"
 
 #include <algorithm>
 #include <memory>
@@ -19,24 +20,7 @@ namespace {
 /// One large write is cheaper than many small ones.
 constexpr std::size_t BlockSize = std::size_t{64} * 1024;
 
-struct BegunFile {
-    std::string target; ///< as the caller names it
-    std::string place;  ///< where that leads to
-    std::unique_ptr<TemporaryFile> temporary;
-    std::int64_t length = 0; ///< collected bytes included
-    bool lost = false;       ///< a write has failed
-};
-
-struct ExportState {
-    std::vector<BegunFile> files;
-    std::size_t open = None; ///< of files
-    std::string collected;   ///< the end of the open file, not yet written
-    bool elementLost = false;
-    std::unordered_set<std::string> mapFiles; ///< of the design, by FileIdentity
-    static constexpr std::size_t None = static_cast<std::size_t>(-1);
-};
-
-ExportState state;
+ExportState& state = OutputNow.exports;
 
 std::size_t IndexOf(const std::string& target) {
     const auto found = std::find_if(state.files.begin(), state.files.end(),

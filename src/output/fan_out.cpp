@@ -3,13 +3,11 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "output/export_file.h"
+#include "output/output_state.h"
 
 namespace quelmont {
 
-FileWriters& Writers() {
-    static FileWriters writers;
-    return writers;
-}
+FileWriters& Writers() { return OutputNow.writers; }
 
 Export ArmedExport() {
     return Design.OutputAscii ? Export::Ascii
@@ -47,7 +45,7 @@ void PrintLineBrkDisk() {
         GuardedWriting("PrintLineBrkDisk", [&] {
             writer->LineBreak();
             if (ArmedExport() != Export::Ascii) {
-                Design.LineBreakPending = true;
+                OutputNow.LineBreakPending = true;
             }
             Design.PointCount = 0;
         });
@@ -73,7 +71,7 @@ void StartFileStretch() {
 void FinishFile() {
     if (FileWriter* writer = ArmedWriter()) {
         writer->Finish();
-        Design.LineBreakPending = true;
+        OutputNow.LineBreakPending = true;
     }
     Design.OutputCgm = false;
     Design.OutputDxf = false;
@@ -88,7 +86,7 @@ void DisarmWriters() {
 }
 
 void ResetLineState() {
-    Design.LineBreakPending = true;
+    OutputNow.LineBreakPending = true;
     Design.PointCount = 0;
     for (FileWriter* writer : {Writers().ascii, Writers().cgm, Writers().dxf, Writers().wmf}) {
         if (writer != nullptr) {

@@ -3,6 +3,7 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/output_state.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -30,15 +31,17 @@ std::int32_t DevicePenWidth() {
         return Design.PenWidth;
     }
     return RoundToInt32(
-        Divide((PageScale() * Design.PenWidth) * Design.TwipsPerPixelY, Design.PrinterTwipsPerPixelY));
+        Divide((PageScale() * Design.PenWidth) * Design.TwipsPerPixelY, OutputNow.PrinterTwipsPerPixelY));
 }
 
 std::int32_t PageX(std::int32_t x) {
-    return Design.PrintingNow ? OnPage(x, Design.PrintLeft, Design.PrinterOffsetX, Design.DevicePixelX) : x;
+    return Design.PrintingNow ? OnPage(x, Design.PrintLeft, OutputNow.PrinterOffsetX, OutputNow.DevicePixelX)
+                              : x;
 }
 
 std::int32_t PageY(std::int32_t y) {
-    return Design.PrintingNow ? OnPage(y, Design.PrintTop, Design.PrinterOffsetY, Design.DevicePixelY) : y;
+    return Design.PrintingNow ? OnPage(y, Design.PrintTop, OutputNow.PrinterOffsetY, OutputNow.DevicePixelY)
+                              : y;
 }
 
 } // namespace quelmont

@@ -4,6 +4,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/output_state.h"
 #include "output/page_scale.h"
 #include "output/symbols.h"
 #include "platform/draw_surface.h"
@@ -24,9 +25,9 @@ void DrawDot(std::int32_t x, std::int32_t y) {
 
 void Draw() {
     const double deviceX = (((Design.ProjX - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
-                           Design.DevicePixelX;
+                           OutputNow.DevicePixelX;
     const double deviceY = (Design.ScreenOriginY - ((Design.ProjY - Design.MapYMin) * Design.ScreenScaleY)) /
-                           Design.DevicePixelY;
+                           OutputNow.DevicePixelY;
     // Sixteen bits hold a place on the map; its place on a page may lie beyond.
     const std::int32_t x = PageX(RoundToInt16(deviceX));
     const std::int32_t y = PageY(RoundToInt16(deviceY));
@@ -45,10 +46,10 @@ void Draw() {
         DrawSymbol(*Design.Surface,
                    {.type = Design.CurrentSymbolType,
                     .color = Design.PenColor,
-                    .radius = static_cast<double>(Design.SymbolRadius),
+                    .radius = static_cast<double>(OutputNow.SymbolRadius),
                     .scale = PageScale(),
-                    .pixelX = Design.DevicePixelX,
-                    .pixelY = Design.DevicePixelY},
+                    .pixelX = OutputNow.DevicePixelX,
+                    .pixelY = OutputNow.DevicePixelY},
                    x, y);
         return;
     }

@@ -3,6 +3,7 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/output_state.h"
 
 #include <algorithm>
 
@@ -17,13 +18,13 @@ void SetSymbolSize(std::int16_t Feature, std::int32_t FileIndex) {
     const FeatureStyle& style = file.Features[static_cast<std::size_t>(Feature)];
     const std::int16_t type = Design.CurrentSymbolType;
 
-    Design.SymbolRadius = style.SymbolSize;
+    OutputNow.SymbolRadius = style.SymbolSize;
     if (IsOpenShape(type)) {
-        Design.SymbolRadius = std::max(0, style.SymbolSize - style.BorderWidth / 2);
+        OutputNow.SymbolRadius = std::max(0, style.SymbolSize - style.BorderWidth / 2);
     }
     const double fileUnits = Divide(Design.LogicalWidth, Design.ClientWidth);
     Design.SymbolRadiusFile =
-        type == SymbolDot ? std::int16_t{2} : RoundToInt16(fileUnits * Design.SymbolRadius);
+        type == SymbolDot ? std::int16_t{2} : RoundToInt16(fileUnits * OutputNow.SymbolRadius);
     Design.BorderWidthFile =
         RoundToInt16(Design.LineWidthsScaled ? fileUnits * style.BorderWidth
                                              : Divide(style.BorderWidth, Design.TwipsPerPixelY));

@@ -1,7 +1,6 @@
 #include "projection/azimuthal.h"
 
 #include "core/map_design.h"
-#include "projection/azimuthal_terms.h"
 #include "projection/forward.h"
 #include "projection/projection_table.h"
 
@@ -15,18 +14,8 @@ namespace {
 /// -1 exactly the scale of the three whole-globe projections has no value.
 constexpr double AntipodeCosine = -1.0 + 1e-12;
 
-/// What a test leaves for the call that resumes it.
-struct AzimuthalTerms {
-    double cosLat = 0.0;
-    double sinLat = 0.0;
-    double cosDLon = 0.0;
-    double sinDLon = 0.0;
-    double cosC = 0.0; ///< cosine of the distance from the centre
-};
-
-AzimuthalTerms terms;
-
-void ComputeTerms() {
+AzimuthalTerms TermsOfPoint() {
+    AzimuthalTerms terms;
     const double phi = Design.ProjLat * DegToRad;
     const double dLon = (Design.ProjLon - Design.LonCentral) * DegToRad;
     terms.cosLat = std::cos(phi);
@@ -38,12 +27,13 @@ void ComputeTerms() {
     if (std::fabs(terms.cosC) > 1.0) {
         terms.cosC = Sign(terms.cosC);
     }
+    return terms;
 }
 
-bool BeyondHorizon() {
+bool BeyondHorizon(double cosC) {
     const auto index = static_cast<std::size_t>(Design.ProjNum - ProjGnomonic);
-    return !(terms.cosC > Design.HorizonCos[index]) ||
-           (terms.cosC <= AntipodeCosine && PropertiesOf(Design.ProjNum).antipode);
+    return !(cosC > Design.HorizonCos[index]) ||
+           (cosC <= AntipodeCosine && PropertiesOf(Design.ProjNum).antipode);
 }
 
 /// Distance from the centre over its sine, for the equidistant projection. Snyder 1987, eq. 25-2.
@@ -63,8 +53,7 @@ double EquidistantScale(double cosC) {
 }
 
 /// Scale of the point, k' in Snyder 1987: eq. 22-3, 21-4, 20-3 and following, 23-3, 25-2, 24-2.
-double Scale() {
-    const double cosC = terms.cosC;
+double Scale(double cosC) {
     switch (Design.ProjNum) {
     case ProjGnomonic:
         return 1.0 / cosC;
@@ -83,25 +72,28 @@ double Scale() {
 
 } // namespace
 
-void ResetAzimuthalTerms() { terms = AzimuthalTerms{}; }
-
-void ForwardAzimuthal() {
-    if (Design.ProjTestMode == 2) {
+void ForwardAzimuthal(AzimuthalTerms* tested) {
+    const bool resumes = Design.ProjTestMode == 2;
+    const AzimuthalTerms terms = resumes && tested != nullptr ? *tested : TermsOfPoint();
+    if (resumes) {
         Design.ProjTestMode = 0;
     } else {
-        ComputeTerms();
-        if (BeyondHorizon()) {
+        const bool testOnly = Design.ProjTestMode != 0;
+        if (testOnly && tested != nullptr) {
+            *tested = terms;
+        }
+        if (BeyondHorizon(terms.cosC)) {
             Design.PointStatus = 2;
             Design.ProjOffMap = true;
             return;
         }
-        if (Design.ProjTestMode != 0) {
+        if (testOnly) {
             Design.PointStatus = terms.cosC < Design.CosRange ? 5 : 4;
             Design.ProjOffMap = true;
             return;
         }
     }
-    const double k = Scale();
+    const double k = Scale(terms.cosC);
     if (!std::isfinite(k)) {
         // Without the scale neither coordinate can be computed.
         ReportProjectSelect(ErrorDivisionByZero);

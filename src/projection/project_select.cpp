@@ -8,7 +8,7 @@
 
 namespace quelmont {
 
-void ProjectSelect() {
+void ProjectSelect(AzimuthalTerms* tested) {
     Design.ProjOffMap = false;
     switch (Design.ProjNum) {
     case ProjMercator:
@@ -39,7 +39,7 @@ void ProjectSelect() {
     case ProjVerticalPerspective:
     case ProjAzimuthalEquidistant:
     case ProjAzimuthalEqualArea:
-        return ForwardAzimuthal();
+        return ForwardAzimuthal(tested);
     default:
         return;
     }

@@ -1,7 +1,6 @@
 #include "commandline/draw_command.h"
 
 #include "draw_command_fixture.h"
-#include "output/device_pen.h"
 #include "projection/projection_table.h"
 
 #include <gmock/gmock.h>
@@ -20,8 +19,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const FreshRoom FreshOutput(ResetDevicePen);
 
 class DrawCommandOf : public DrawCommandTest {
 protected:

@@ -25,8 +25,6 @@ using testing::StartsWith;
 
 using namespace std::string_literals;
 
-const FreshRoom FreshExports(DropExports);
-
 TEST(OutputFormat, IsToldByTheEndingInAnyCase) {
     EXPECT_EQ(OutputFormatOf("a.png"), OutputFormat::Png);
     EXPECT_EQ(OutputFormatOf("A.PNG"), OutputFormat::Png);

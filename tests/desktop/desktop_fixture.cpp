@@ -2,9 +2,7 @@
 
 #include "core/map_design.h"
 #include "mainwindow/main_menu.h"
-#include "output/device_pen.h"
-#include "output/fan_out.h"
-#include "projection/azimuthal_terms.h"
+#include "mainwindow/main_window_state.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,12 +15,6 @@
 namespace quelmont {
 
 namespace {
-
-const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    Writers() = {};
-});
-const FreshRoom FreshProjection(ResetAzimuthalTerms);
 
 constexpr int PollMilliseconds = 2;
 /// A dialog that has not come by then never comes.
@@ -127,7 +119,7 @@ void DesktopTest::ExpectIdle() {
     EXPECT_EQ(Window().windowTitle(), QStringLiteral("Quelmont: Equirectangular projection"));
     EXPECT_EQ(Area().cursor().shape(), Qt::ArrowCursor);
     EXPECT_FALSE(Window().Busy());
-    EXPECT_FALSE(Design.MapDrawing);
+    EXPECT_FALSE(MainWindowNow.MapDrawing);
 }
 
 } // namespace quelmont

@@ -3,6 +3,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/standard_colors.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/profile_file.h"
 #include "qtsurface/image_surface.h"
@@ -184,7 +185,7 @@ TEST_F(DrawInWindow, MouseOnTheMapIsIgnoredAndNoMenuOpens) {
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     });
     DrawByKeys();
-    EXPECT_EQ(Design.TextCursorX, 0);
+    EXPECT_EQ(MainWindowNow.TextCursorX, 0);
     EXPECT_EQ(clock.beeps, 1);
     ExpectIdle();
 }

@@ -1,6 +1,7 @@
 #include "desktop/desktop_fixture.h"
 
 #include "core/map_design.h"
+#include "mainwindow/main_window_state.h"
 
 #include <QTest>
 #include <QWindow>
@@ -66,8 +67,8 @@ TEST_F(ScreenRatio, DrawnMapIsShownPixelForPixel) {
 TEST_F(ScreenRatio, MouseIsMeasuredInTwips) {
     QTest::mouseClick(&Area(), Qt::LeftButton, {}, QPoint(10, 20));
     // A unit of the screen is 15 twips, whatever its pixels.
-    EXPECT_EQ(Design.TextCursorX, 150);
-    EXPECT_EQ(Design.TextCursorY, 300);
+    EXPECT_EQ(MainWindowNow.TextCursorX, 150);
+    EXPECT_EQ(MainWindowNow.TextCursorY, 300);
 }
 
 } // namespace

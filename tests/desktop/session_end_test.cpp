@@ -2,6 +2,7 @@
 #include "desktop/session_end.h"
 
 #include "core/map_design.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/profile_file.h"
 
 #include <QAction>
@@ -91,7 +92,7 @@ TEST_F(SessionEnds, SignalInADrawStopsItAndCloses) {
     pump->At(3, [] { std::raise(SIGTERM); });
     DrawByKeys();
     EXPECT_TRUE(Closes());
-    EXPECT_FALSE(Design.MapDrawing);
+    EXPECT_FALSE(MainWindowNow.MapDrawing);
     EXPECT_EQ(clock.beeps, 0);
     EXPECT_EQ(Setting("WindowMaximized"), "0");
 }

@@ -3,6 +3,7 @@
 
 #include "core/map_design.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/profile_file.h"
 #include "mainwindow/settings.h"
 
@@ -145,8 +146,8 @@ TEST_F(MainWindowOnScreen, F1AndEscapeAreHarmless) {
 
 TEST_F(MainWindowOnScreen, MouseOnTheMapSetsTheTextCursorInTwips) {
     QTest::mouseClick(&Area(), Qt::LeftButton, {}, QPoint(10, 20));
-    EXPECT_EQ(Design.TextCursorX, 150);
-    EXPECT_EQ(Design.TextCursorY, 300);
+    EXPECT_EQ(MainWindowNow.TextCursorX, 150);
+    EXPECT_EQ(MainWindowNow.TextCursorY, 300);
 }
 
 TEST_F(MainWindowOnScreen, TwipsAreFifteenToAPixel) {

@@ -1,6 +1,7 @@
 #include "exports/drawn_lines.h"
 
 #include "core/map_design.h"
+#include "output/output_state.h"
 #include "support/cgm_file.h"
 #include "support/dxf_file.h"
 #include "support/wmf_file.h"
@@ -23,8 +24,8 @@ SurfacePoint Rounded(double x, double y) {
 
 /// A screen's pixel is where the drawing area ends one pixel before the window.
 SurfacePoint Logical(double pixelX, double pixelY) {
-    const double x = pixelX * Design.DevicePixelX * Design.LogicalWidth / Design.ClientWidth;
-    const double y = pixelY * Design.DevicePixelY * Design.LogicalHeight / Design.ClientHeight;
+    const double x = pixelX * OutputNow.DevicePixelX * Design.LogicalWidth / Design.ClientWidth;
+    const double y = pixelY * OutputNow.DevicePixelY * Design.LogicalHeight / Design.ClientHeight;
     return Rounded(x, Design.LogicalHeight - y);
 }
 

@@ -11,9 +11,7 @@
 #include "exports/same_map.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
-#include "output/device_pen.h"
 #include "output/export_file.h"
-#include "output/fan_out.h"
 #include "support/fresh_program.h"
 #include "support/temporary_folder.h"
 
@@ -27,12 +25,6 @@
 #include <vector>
 
 namespace quelmont {
-
-inline const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    DropExports();
-    Writers() = {};
-});
 
 using Arguments = std::vector<std::string>;
 

@@ -1,4 +1,5 @@
 #include "exports/whole_draw.h"
+#include "mainwindow/main_window_state.h"
 #include "projection/projection_table.h"
 #include "support/cgm_file.h"
 #include "support/dxf_file.h"
@@ -223,7 +224,7 @@ TEST_F(WholeDraw, FolderThatDoesNotExistIsToldOnceAndEndsTheDraw) {
         Prepare({}, folder / ("none/map." + std::string(test.ending)));
         MapDraw();
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{test.title, "Error: Path not found"}));
-        EXPECT_FALSE(Design.MapDrawing);
+        EXPECT_FALSE(MainWindowNow.MapDrawing);
     }
 }
 

@@ -6,21 +6,12 @@
 #include "graticule/plot_grid.h"
 #include "graticule/utm_grid.h"
 #include "output/ascii/ascii_writer.h"
-#include "output/device_pen.h"
 #include "output/scale_screen.h"
-#include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
 #include "projection/param_std_parallel.h"
 #include "projection/utm.h"
 
 namespace quelmont {
-
-namespace {
-
-const FreshRoom FreshProjection(ResetAzimuthalTerms);
-const FreshRoom FreshPen(ResetDevicePen);
-
-} // namespace
 
 void LineRecorder::OpenStretch(std::size_t slot) {
     if (ArmedExport() == Export::Ascii) {

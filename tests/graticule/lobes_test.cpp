@@ -40,7 +40,6 @@ protected:
             for (const int degrees : *row) {
                 Design.LobeLonText[at] = LongitudeText(degrees * 3600);
                 Design.LobeLonDeg[at] = degrees;
-                Design.LobeLonSec[at] = degrees * 3600;
                 ++at;
             }
         }

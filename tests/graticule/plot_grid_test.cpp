@@ -10,6 +10,7 @@
 #include "output/device_pen.h"
 #include "output/draw_target.h"
 #include "output/export_file.h"
+#include "output/output_state.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
 #include "support/temporary_folder.h"
@@ -103,8 +104,8 @@ TEST_F(PlotGridTest, TakesTheWindowAsItsDevice) {
     Design.TwipsPerPixelY = 6.0F;
     PlotGrid();
     EXPECT_EQ(Design.Surface, &surface);
-    EXPECT_EQ(Design.DevicePixelX, 7.5F);
-    EXPECT_EQ(Design.DevicePixelY, 6.0F);
+    EXPECT_EQ(OutputNow.DevicePixelX, 7.5F);
+    EXPECT_EQ(OutputNow.DevicePixelY, 6.0F);
 }
 
 struct FailingOperation {

@@ -1,6 +1,7 @@
 #include "mainwindow/commands.h"
 
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
 
@@ -122,15 +123,15 @@ TEST_F(Commands, CaptionWithAPixelSizeSurvivesADraw) {
 
 TEST_F(Commands, MouseSetsTheTextCursor) {
     Form_MouseDown(150.5, 300.4);
-    EXPECT_EQ(Design.TextCursorX, 150) << "ties go to the even neighbour";
-    EXPECT_EQ(Design.TextCursorY, 300);
+    EXPECT_EQ(MainWindowNow.TextCursorX, 150) << "ties go to the even neighbour";
+    EXPECT_EQ(MainWindowNow.TextCursorY, 300);
 }
 
 TEST_F(Commands, MouseIsIgnoredInADraw) {
     machine.pump.At(1, [] { Form_MouseDown(150.0, 300.0); });
     MapDraw();
-    EXPECT_EQ(Design.TextCursorX, 0);
-    EXPECT_EQ(Design.TextCursorY, 0);
+    EXPECT_EQ(MainWindowNow.TextCursorX, 0);
+    EXPECT_EQ(MainWindowNow.TextCursorY, 0);
 }
 
 TEST_F(Commands, BoundariesOpenTheDialogOfTheProjection) {

@@ -5,6 +5,7 @@
 #include "graticule/calc_graticule.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/started_program.h"
 #include "projection/param_select.h"
 
@@ -79,7 +80,7 @@ TEST_F(MapDrawing, OnlyStopIsThereWhileItDraws) {
                 enabled.push_back(entry.text);
             }
         }
-        EXPECT_TRUE(Design.MapDrawing);
+        EXPECT_TRUE(MainWindowNow.MapDrawing);
         EXPECT_TRUE(window.autoRedraw);
     });
     MapDraw();
@@ -242,7 +243,7 @@ TEST_P(FailingSurface, DrawGoesOnToItsEndAndTellsEachFailureOnce) {
     if (GetParam() != SurfaceOp::DeleteObject) {
         ExpectIdle();
     }
-    EXPECT_FALSE(Design.MapDrawing);
+    EXPECT_FALSE(MainWindowNow.MapDrawing);
     EXPECT_TRUE(window.MenuEnabled(Menu::mnuBar, 3));
 }
 

@@ -4,6 +4,7 @@
 #include "core/standard_colors.h"
 #include "graticule/calc_graticule.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/started_program.h"
 
 #include <gmock/gmock.h>
@@ -28,7 +29,7 @@ TEST_F(StartingUp, DrawsAndAsksNothing) {
 
 TEST_F(StartingUp, CaptionNamesTheProjection) {
     EXPECT_EQ(window.caption, "Quelmont: Equirectangular projection");
-    EXPECT_EQ(Design.SavedCaption, window.caption);
+    EXPECT_EQ(MainWindowNow.SavedCaption, window.caption);
 }
 
 TEST_F(StartingUp, DesignIsTheWholeWorld) {

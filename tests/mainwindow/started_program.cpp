@@ -5,10 +5,8 @@
 #include "graticule/lobes.h"
 #include "graticule/utm_grid.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/start_up.h"
-#include "output/device_pen.h"
-#include "output/fan_out.h"
-#include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
 #include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
@@ -20,12 +18,6 @@
 namespace quelmont {
 
 namespace {
-
-const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    Writers() = {};
-});
-const FreshRoom FreshProjection(ResetAzimuthalTerms);
 
 /// A record of a minute-grid file: code, latitude and longitude in minutes, low bytes first.
 std::string MinuteGridRecord(int code, int lat, int lon) {
@@ -53,7 +45,6 @@ void AcceptLobes() {
     for (std::size_t i = 0; i < boundaries.size(); ++i) {
         Design.LobeLonText[i] = LongitudeText(boundaries[i]);
         Design.LobeLonDeg[i] = boundaries[i];
-        Design.LobeLonSec[i] = boundaries[i] * SecPerDegree;
     }
     LonInterruptOffset();
 }
@@ -114,7 +105,7 @@ void StartedProgram::ExpectIdle(const std::string& caption) {
     EXPECT_EQ(window.Caption(), caption);
     EXPECT_EQ(window.pointer, MousePointer::Normal);
     EXPECT_FALSE(window.autoRedraw);
-    EXPECT_FALSE(Design.MapDrawing);
+    EXPECT_FALSE(MainWindowNow.MapDrawing);
     EXPECT_EQ(Design.PlotStopReason, "");
     EXPECT_EQ(Design.LobeOffsetX, 0.0);
     EXPECT_EQ(Design.PenWidth, 1);

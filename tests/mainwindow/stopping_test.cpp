@@ -1,5 +1,6 @@
 #include "core/file_numbers.h"
 #include "mainwindow/commands.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
 #include "output/export_file.h"
@@ -111,7 +112,7 @@ TEST_F(Stopping, KeyInIdleOnlyDisarmsTheExports) {
 
 TEST_F(Stopping, KeyWhileAPageEndsOnlyAbortsThePrint) {
     Design.PrintingNow = true;
-    Design.PageEnding = true;
+    MainWindowNow.PageEnding = true;
     Design.OutputCgm = true;
     EscapeKey();
     EXPECT_TRUE(Design.PrintAbort);

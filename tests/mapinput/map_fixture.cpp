@@ -8,11 +8,9 @@
 #include "graticule/utm_grid.h"
 #include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
-#include "output/device_pen.h"
 #include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/scale_screen.h"
-#include "projection/azimuthal_terms.h"
 #include "projection/param_select.h"
 #include "projection/param_std_parallel.h"
 #include "projection/utm.h"
@@ -24,12 +22,6 @@
 namespace quelmont {
 
 namespace {
-
-const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    Writers() = {};
-});
-const FreshRoom FreshProjection(ResetAzimuthalTerms);
 
 std::string Angle(double degrees, std::string_view kind) {
     std::string text;
@@ -195,7 +187,6 @@ void MapTest::PressEscape() {
     Design.OutputWmf = false;
     Design.OutputFileName.clear();
     Design.PlotStopReason = "Escape";
-    Design.MapDrawing = false;
 }
 
 void ReaderTest::Plot(const std::string& name, const std::string& contents) {

@@ -1,6 +1,7 @@
 #include "mapinput/map_pen.h"
 
 #include "map_fixture.h"
+#include "output/output_state.h"
 #include "support/run_time_errors.h"
 
 #include <gmock/gmock.h>
@@ -51,7 +52,7 @@ TEST_F(MapPen, ColourKeepsItsFlagInTheDesign) {
 
 TEST_F(MapPen, SymbolSizesComeWithIt) {
     PenOf(SymbolOpenSquare);
-    EXPECT_EQ(Design.SymbolRadius, 75); // 90 - 30 / 2
+    EXPECT_EQ(OutputNow.SymbolRadius, 75); // 90 - 30 / 2
 }
 
 TEST_F(MapPen, NewPenReplacesTheOldOne) {

@@ -6,6 +6,7 @@
 #include "mapfiles/byte_reader.h"
 #include "output/device_pen.h"
 #include "output/export_file.h"
+#include "output/output_state.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -86,12 +87,12 @@ TEST_F(MapPlotTest, CaptionNamesTheFileWithoutItsFolder) {
 
 TEST_F(MapPlotTest, SurfaceIsTakenAnewForEachFile) {
     Design.Surface = nullptr;
-    Design.DevicePixelX = 0.0F;
+    OutputNow.DevicePixelX = 0.0F;
     AddFile("a.map", Line(1, Stretch));
     MapPlot();
     EXPECT_EQ(Design.Surface, &surface);
-    EXPECT_EQ(Design.DevicePixelX, 15.0F);
-    EXPECT_EQ(Design.DevicePixelY, 15.0F);
+    EXPECT_EQ(OutputNow.DevicePixelX, 15.0F);
+    EXPECT_EQ(OutputNow.DevicePixelY, 15.0F);
 }
 
 TEST_F(MapPlotTest, SymbolTypeIsThatOfTheFile) {

@@ -1,6 +1,7 @@
 #include "map_fixture.h"
 
 #include "mapinput/map_point.h"
+#include "output/output_state.h"
 #include "projection/project_select.h"
 #include "projection/utm.h"
 
@@ -69,7 +70,7 @@ std::ostream& operator<<(std::ostream& stream, const Bounds& b) {
 }
 
 /// Pixels of the surface per projection unit.
-double PixelsPerUnit() { return Design.ScreenScaleX / Design.DevicePixelX; }
+double PixelsPerUnit() { return Design.ScreenScaleX / OutputNow.DevicePixelX; }
 
 double PixelLength(const PlottedStroke& stroke) {
     return std::hypot(stroke.to.x - stroke.from.x, stroke.to.y - stroke.from.y) * PixelsPerUnit();

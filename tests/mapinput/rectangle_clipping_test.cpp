@@ -1,6 +1,7 @@
 #include "map_fixture.h"
 
 #include "core/run_time_error.h"
+#include "output/output_state.h"
 #include "support/run_time_errors.h"
 
 #include <gmock/gmock.h>
@@ -181,9 +182,9 @@ TEST_F(RectangleClipping, SymbolsOfTheHoleStandAtTheCutOfTheFirstFileToo) {
     const std::vector<SurfaceCall> dots = surface.CallsOf(SurfaceOp::SetPixel);
     ASSERT_EQ(dots.size(), 2U);
     // The map is 20 degrees wide and 120 high.
-    const double left = Design.ScreenOriginX / Design.DevicePixelX;
-    const double wide = Design.ScreenScaleX * (Design.MapXMax - Design.MapXMin) / Design.DevicePixelX;
-    const double high = Design.ScreenScaleY * (Design.MapYMax - Design.MapYMin) / Design.DevicePixelY;
+    const double left = Design.ScreenOriginX / OutputNow.DevicePixelX;
+    const double wide = Design.ScreenScaleX * (Design.MapXMax - Design.MapXMin) / OutputNow.DevicePixelX;
+    const double high = Design.ScreenScaleY * (Design.MapYMax - Design.MapYMin) / OutputNow.DevicePixelY;
     EXPECT_NEAR(static_cast<double>(dots[0].numbers[0]) - left, wide * 5.0 / 20.0, 1.0);
     EXPECT_NEAR(static_cast<double>(dots[1].numbers[0]) - left, 0.0, 1.0);
     EXPECT_NEAR(static_cast<double>(dots[1].numbers[1] - dots[0].numbers[1]), high * 50.0 / 120.0, 1.0);

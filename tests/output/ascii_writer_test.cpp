@@ -18,8 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-const FreshRoom FreshExports(DropExports);
-
 class Ascii : public ExportTest {
 protected:
     Ascii() {

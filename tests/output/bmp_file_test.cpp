@@ -17,8 +17,6 @@ using testing::IsEmpty;
 
 using namespace std::string_literals;
 
-const FreshRoom FreshExports(DropExports);
-
 class Bmp : public ExportTest {
 protected:
     Bmp() { Design.BmpFileName = target; }

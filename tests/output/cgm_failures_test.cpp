@@ -14,8 +14,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const FreshRoom FreshExports(DropExports);
-
 /// What fails costs itself, or the file, and never the file before.
 class CgmFailures : public CgmTest {
 protected:

@@ -1,6 +1,7 @@
 #include "output/cgm/cgm_writer.h"
 
 #include "cgm_fixture.h"
+#include "output/output_state.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,8 +20,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using namespace std::string_literals;
-
-const FreshRoom FreshExports(DropExports);
 
 class Cgm : public CgmTest {
 protected:
@@ -466,7 +465,7 @@ TEST_F(Cgm, FinishedFileLeavesAFreshWriter) {
     Begin();
     End();
     EXPECT_FALSE(Design.OutputCgm);
-    EXPECT_TRUE(Design.LineBreakPending);
+    EXPECT_TRUE(OutputNow.LineBreakPending);
     Design.OutputCgm = true;
     Begin();
     Stretch(SymbolLine);

@@ -5,6 +5,7 @@
 #include "output/dxf/dxf_writer.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/output_state.h"
 #include "output/wmf/wmf_writer.h"
 #include "output_fixture.h"
 #include "support/run_time_errors.h"
@@ -44,8 +45,8 @@ TEST_F(DrawTarget, DeviceIsTheWindowWithTheScreensPixels) {
     Design.TwipsPerPixelY = 6.0F;
     SelectDevice();
     EXPECT_EQ(Design.Surface, &machine.window.surface);
-    EXPECT_EQ(Design.DevicePixelX, 7.5F);
-    EXPECT_EQ(Design.DevicePixelY, 6.0F);
+    EXPECT_EQ(OutputNow.DevicePixelX, 7.5F);
+    EXPECT_EQ(OutputNow.DevicePixelY, 6.0F);
 }
 
 TEST_F(DrawTarget, WithoutAnExportNothingIsOpened) {

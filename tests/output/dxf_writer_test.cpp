@@ -2,6 +2,7 @@
 
 #include "core/run_time_error.h"
 #include "export_fixture.h"
+#include "output/output_state.h"
 #include "support/dxf_file.h"
 #include "support/failing_file.h"
 
@@ -18,8 +19,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-const FreshRoom FreshExports(DropExports);
 
 class Dxf : public ExportTest {
 protected:
@@ -69,7 +68,7 @@ TEST_F(Dxf, EmptyMapByItsLines) {
                      "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n"
                      "  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
     EXPECT_FALSE(Design.OutputDxf);
-    EXPECT_TRUE(Design.LineBreakPending);
+    EXPECT_TRUE(OutputNow.LineBreakPending);
 }
 
 TEST_F(Dxf, HeaderTakesTheColourOfTheGridAndSymbolsOfTwoUnits) {

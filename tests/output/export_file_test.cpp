@@ -21,8 +21,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const FreshRoom FreshExports(DropExports);
-
 class ExportFile : public ExportTest {
 protected:
     void ExpectNothingLeft() {

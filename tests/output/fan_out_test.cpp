@@ -1,7 +1,7 @@
 #include "output/fan_out.h"
 
 #include "core/run_time_error.h"
-#include "output/device_pen.h"
+#include "output/output_state.h"
 #include "output_fixture.h"
 
 #include <gmock/gmock.h>
@@ -15,11 +15,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-const FreshRoom FreshOutput([] {
-    ResetDevicePen();
-    Writers() = {};
-});
 
 class NotedWriter : public FileWriter {
 public:
@@ -58,7 +53,7 @@ TEST_F(FanOut, WithoutAFlagNothingIsWritten) {
     PrintFileHeader();
     EXPECT_THAT(notes, IsEmpty());
     EXPECT_EQ(Design.PointCount, 7);
-    EXPECT_FALSE(Design.LineBreakPending);
+    EXPECT_FALSE(OutputNow.LineBreakPending);
 }
 
 TEST_F(FanOut, PointAndBreakGoToTheFirstFlagInOrder) {
@@ -91,14 +86,14 @@ TEST_F(FanOut, LineBreakEmptiesTheChain) {
     Design.OutputDxf = true;
     PrintLineBrkDisk();
     EXPECT_EQ(Design.PointCount, 0);
-    EXPECT_TRUE(Design.LineBreakPending);
+    EXPECT_TRUE(OutputNow.LineBreakPending);
 }
 
 TEST_F(FanOut, LineBreakOfAsciiIsNotPending) {
     Design.OutputAscii = true;
     PrintLineBrkDisk();
     EXPECT_EQ(Design.PointCount, 0);
-    EXPECT_FALSE(Design.LineBreakPending);
+    EXPECT_FALSE(OutputNow.LineBreakPending);
 }
 
 TEST_F(FanOut, HeaderIsWrittenAtTheFirstPassOnly) {
@@ -139,7 +134,7 @@ TEST_F(FanOut, FlagWithoutAWriterDoesNothing) {
 TEST_F(FanOut, ResetOpensANewChain) {
     ResetLineState();
     EXPECT_EQ(Design.PointCount, 0);
-    EXPECT_TRUE(Design.LineBreakPending);
+    EXPECT_TRUE(OutputNow.LineBreakPending);
 }
 
 } // namespace

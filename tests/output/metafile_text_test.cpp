@@ -17,8 +17,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const FreshRoom FreshExports(DropExports);
-
 class MetafileText : public ExportTest {
 protected:
     MetafileText() {

@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "output/draw_target.h"
+#include "output/output_state.h"
 #include "support/fresh_program.h"
 
 #include <string>
@@ -24,8 +25,8 @@ protected:
 
     /// Puts the point cell on a device pixel, which need not be a whole one.
     static void At(double x, double y) {
-        Design.ProjX = x * Design.DevicePixelX;
-        Design.ProjY = -y * Design.DevicePixelY;
+        Design.ProjX = x * OutputNow.DevicePixelX;
+        Design.ProjY = -y * OutputNow.DevicePixelY;
     }
 
     std::string Drawn() { return surface.Text(); }

@@ -1,5 +1,6 @@
 #include "output/page_scale.h"
 
+#include "output/output_state.h"
 #include "output/print_to_screen.h"
 #include "output_fixture.h"
 #include "support/run_time_errors.h"
@@ -23,12 +24,11 @@ protected:
         Design.PrintWidth = 3.0F;
         Design.PrintLeft = 1.25F;
         Design.PrintTop = 2.0F;
-        Design.PrinterOffsetX = 0.25F;
-        Design.PrinterOffsetY = 0.5F;
-        Design.PrinterTwipsPerPixelX = 2.5F;
-        Design.PrinterTwipsPerPixelY = 2.5F;
-        Design.DevicePixelX = 2.5F;
-        Design.DevicePixelY = 2.5F;
+        OutputNow.PrinterOffsetX = 0.25F;
+        OutputNow.PrinterOffsetY = 0.5F;
+        OutputNow.PrinterTwipsPerPixelY = 2.5F;
+        OutputNow.DevicePixelX = 2.5F;
+        OutputNow.DevicePixelY = 2.5F;
         Design.LineWidthsScaled = true;
         Design.PenWidth = 2;
         Design.PrintingNow = true;

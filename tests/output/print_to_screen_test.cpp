@@ -1,6 +1,7 @@
 #include "output/print_to_screen.h"
 
 #include "core/error_box.h"
+#include "output/output_state.h"
 #include "output_fixture.h"
 
 #include <gmock/gmock.h>
@@ -54,12 +55,6 @@ TEST_F(PrintToScreenTest, LineStart3IsAMoveOnce) {
     EXPECT_EQ(Design.LineStart, 0);
 }
 
-TEST_F(PrintToScreenTest, StartLineAloneDoesNotLiftThePen) {
-    Design.StartLine = true;
-    Print(10, 20);
-    EXPECT_EQ(Drawn(), "LineTo(10, 20)\n");
-}
-
 TEST_F(PrintToScreenTest, OtherStatesOfALineGoOn) {
     Design.LineStart = 4;
     Print(10, 20, 4);
@@ -74,7 +69,7 @@ TEST_F(PrintToScreenTest, TiesGoToTheEvenPixel) {
 
 TEST_F(PrintToScreenTest, DotIsOnePixelWhateverTheRadius) {
     Design.CurrentSymbolType = SymbolDot;
-    Design.SymbolRadius = 900;
+    OutputNow.SymbolRadius = 900;
     Design.PenColor = SolidColor(0x123456);
     Print(10, 20, 1);
     EXPECT_EQ(Drawn(), "SetPixel(10, 20, 1193046)\n"); // 0x123456 without the flag
@@ -82,7 +77,7 @@ TEST_F(PrintToScreenTest, DotIsOnePixelWhateverTheRadius) {
 
 TEST_F(PrintToScreenTest, SymbolLeavesTheLineStateAlone) {
     Design.CurrentSymbolType = SymbolOpenSquare;
-    Design.SymbolRadius = 15;
+    OutputNow.SymbolRadius = 15;
     Design.LineStart = 3;
     Print(10, 20);
     EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
@@ -106,7 +101,7 @@ TEST_F(PrintToScreenTest, PointBeyondSixteenBitsIsLostAndTheNextIsDrawn) {
 
 TEST_F(PrintToScreenTest, SymbolBeyondSixteenBitsIsLost) {
     Design.CurrentSymbolType = SymbolFilledTriangle;
-    Design.SymbolRadius = 15 * 40'000;
+    OutputNow.SymbolRadius = 15 * 40'000;
     Print(5, 5);
     EXPECT_EQ(Drawn(), "");
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PrintToScreen", "Error: Overflow"}));

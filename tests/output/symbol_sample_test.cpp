@@ -1,6 +1,7 @@
 #include "output/symbol_sample.h"
 
 #include "core/map_design.h"
+#include "output/output_state.h"
 #include "output_fixture.h"
 
 #include <gmock/gmock.h>
@@ -67,7 +68,7 @@ TEST_F(SymbolSamples, KnowNothingOfTheDesignAndLeaveTheSurfaceAsItWas) {
     RecordingSurface other;
     Design.Surface = &other;
     Design.CurrentSymbolType = SymbolCross;
-    Design.SymbolRadius = 99;
+    OutputNow.SymbolRadius = 99;
     Design.PenColor = 5;
     Design.ScreenScaleX = 3.0;
     Design.ProjX = 7.0;
@@ -79,10 +80,10 @@ TEST_F(SymbolSamples, KnowNothingOfTheDesignAndLeaveTheSurfaceAsItWas) {
     }
     EXPECT_EQ(Design.Surface, &other);
     EXPECT_EQ(Design.CurrentSymbolType, SymbolCross);
-    EXPECT_EQ(Design.SymbolRadius, 99);
+    EXPECT_EQ(OutputNow.SymbolRadius, 99);
     EXPECT_EQ(Design.PenColor, 5U);
     EXPECT_EQ(Design.ScreenScaleX, 3.0);
-    EXPECT_EQ(Design.DevicePixelX, 15.0F);
+    EXPECT_EQ(OutputNow.DevicePixelX, 15.0F);
     EXPECT_EQ(Design.ProjX, 7.0);
     EXPECT_EQ(Design.LineStart, 3);
     EXPECT_EQ(surface.LiveObjects(), objects);

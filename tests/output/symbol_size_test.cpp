@@ -1,5 +1,6 @@
 #include "output/symbol_size.h"
 
+#include "output/output_state.h"
 #include "output_fixture.h"
 #include "support/run_time_errors.h"
 
@@ -29,7 +30,7 @@ TEST_F(SymbolSize, OutlineStaysInsideTheNominalSize) {
     for (const SymbolType type :
          {SymbolOpenSquare, SymbolOpenDiamond, SymbolOpenTriangle, SymbolOpenCircle}) {
         Take(type);
-        EXPECT_EQ(Design.SymbolRadius, 38) << type; // 45 - 15 / 2, cut toward zero
+        EXPECT_EQ(OutputNow.SymbolRadius, 38) << type; // 45 - 15 / 2, cut toward zero
         EXPECT_EQ(Design.SymbolRadiusFile, 57) << type;
     }
 }
@@ -38,14 +39,14 @@ TEST_F(SymbolSize, OtherSymbolsTakeTheSizeAsItIs) {
     for (const SymbolType type : {SymbolLine, SymbolPlus, SymbolCross, SymbolFilledSquare,
                                   SymbolFilledDiamond, SymbolFilledTriangle, SymbolFilledCircle}) {
         Take(type);
-        EXPECT_EQ(Design.SymbolRadius, 45) << type;
+        EXPECT_EQ(OutputNow.SymbolRadius, 45) << type;
         EXPECT_EQ(Design.SymbolRadiusFile, 68) << type; // 67.5, to the even neighbour
     }
 }
 
 TEST_F(SymbolSize, DotIsTwoUnitsInFiles) {
     Take(SymbolDot);
-    EXPECT_EQ(Design.SymbolRadius, 45);
+    EXPECT_EQ(OutputNow.SymbolRadius, 45);
     EXPECT_EQ(Design.SymbolRadiusFile, 2);
 }
 
@@ -65,7 +66,7 @@ TEST_F(SymbolSize, BorderAboveTwiceTheRadiusLeavesNoRadius) {
     Design.InputFiles[1].Features[3].SymbolSize = 15;
     Design.InputFiles[1].Features[3].BorderWidth = 60;
     Take(SymbolOpenCircle);
-    EXPECT_EQ(Design.SymbolRadius, 0);
+    EXPECT_EQ(OutputNow.SymbolRadius, 0);
     EXPECT_EQ(Design.SymbolRadiusFile, 0);
 }
 

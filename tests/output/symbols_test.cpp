@@ -2,6 +2,7 @@
 
 #include "core/error_box.h"
 #include "core/run_time_error.h"
+#include "output/output_state.h"
 #include "output/print_to_screen.h"
 #include "output_fixture.h"
 #include "support/run_time_errors.h"
@@ -113,11 +114,11 @@ TEST_F(Symbols, OnPaperAreThoseOfTheMapThere) {
     machine.window.scaleWidth = 4680.0;
     Design.PrintUnitTwips = 1440;
     Design.PrintWidth = 6.5F;
-    Design.DevicePixelX = 2.5F;
-    Design.DevicePixelY = 5.0F;
+    OutputNow.DevicePixelX = 2.5F;
+    OutputNow.DevicePixelY = 5.0F;
     Design.PrintingNow = true;
     Design.CurrentSymbolType = SymbolOpenSquare;
-    Design.SymbolRadius = 45;
+    OutputNow.SymbolRadius = 45;
     At(100, 80);
     PrintToScreen();
     EXPECT_EQ(Drawn(), Open("Rectangle(64, 62, 136, 98)"));

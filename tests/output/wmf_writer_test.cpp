@@ -2,6 +2,7 @@
 
 #include "core/run_time_error.h"
 #include "export_fixture.h"
+#include "output/output_state.h"
 #include "support/failing_file.h"
 #include "support/run_time_errors.h"
 #include "support/wmf_file.h"
@@ -20,8 +21,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using namespace std::string_literals;
-
-const FreshRoom FreshExports(DropExports);
 
 class Wmf : public ExportTest {
 protected:
@@ -72,7 +71,7 @@ TEST_F(Wmf, RecordingBeginsWithItsWindow) {
     EXPECT_THAT(file.Texts(), ElementsAre("SetMapMode 8", "SetWindowOrg 23420 -320",
                                           "SetWindowExt -23740 32640", "SetBkMode 1"));
     EXPECT_FALSE(Design.OutputWmf);
-    EXPECT_TRUE(Design.LineBreakPending);
+    EXPECT_TRUE(OutputNow.LineBreakPending);
 }
 
 TEST_F(Wmf, ArmingAndHeaderSetPenSymbolAndName) {

@@ -191,12 +191,21 @@ TEST_F(Azimuthal, EquidistantTakesARightAngleWhereTheCosineVanishes) {
 
 class TestMode : public Azimuthal {
 protected:
-    static void Test(double lat, double lon, std::int16_t mode = -1) {
+    void Test(double lat, double lon, std::int16_t mode = -1) {
         Design.ProjTestMode = mode;
         Design.PointStatus = 0;
         Design.ProjOffMap = false;
-        ProjectAt(lat, lon);
+        Design.ProjLat = lat;
+        Design.ProjLon = lon;
+        ProjectSelect(&tested);
     }
+
+    void Resume() {
+        Design.ProjTestMode = 2;
+        ProjectSelect(&tested);
+    }
+
+    AzimuthalTerms tested;
 };
 
 TEST_F(TestMode, ClassifiesAndNeverProjects) {
@@ -261,9 +270,8 @@ TEST_F(TestMode, ResumeProjectsTheTestedPointWithoutReadingItAgain) {
         Design.LonCentral = std::numeric_limits<double>::quiet_NaN();
         Design.CosRange = 1.0;
         Design.HorizonCos = {1.0, 1.0, 1.0, 1.0, 1.0, 1.0};
-        Design.ProjTestMode = 2;
         Design.PointStatus = 7;
-        ProjectSelect();
+        Resume();
         EXPECT_FALSE(Design.ProjOffMap);
         EXPECT_EQ(Design.ProjTestMode, 0);
         EXPECT_EQ(Design.PointStatus, 7);
@@ -271,6 +279,40 @@ TEST_F(TestMode, ResumeProjectsTheTestedPointWithoutReadingItAgain) {
         EXPECT_EQ(Design.ProjY, y);
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+/// An end of a straight meridian lies where the test takes it for the antipode.
+TEST_F(TestMode, ResumeProjectsAPointThatTheTestFoundBeyondTheHorizon) {
+    Disc(ProjStereographic, 0.0, 60.0);
+    Design.HorizonCos.fill(1.0);
+    Test(0.0, 270.0);
+    ASSERT_EQ(Design.PointStatus, 2);
+    Resume();
+    EXPECT_NEAR(Design.ProjX, 2.0, 1e-14) << "2 tan(90 / 2)";
+    EXPECT_EQ(Design.ProjTestMode, 0);
+}
+
+TEST_F(TestMode, PointsBetweenATestAndItsResumptionDoNotDisturbIt) {
+    Disc(ProjStereographic, 0.0, 120.0);
+    Test(0.0, 270.0);
+    AzimuthalTerms other;
+    Design.ProjTestMode = -1;
+    Design.ProjLon = 190.0;
+    ProjectSelect(&other);
+    Design.ProjTestMode = 0;
+    ProjectAt(10.0, 200.0);
+    Resume();
+    EXPECT_NEAR(Design.ProjX, 2.0, 1e-14);
+    EXPECT_NEAR(Design.ProjY, 0.0, 1e-15);
+}
+
+TEST_F(TestMode, ResumeWithoutTheTermsOfATestReadsThePoint) {
+    Disc(ProjStereographic, 0.0, 60.0);
+    Design.HorizonCos.fill(1.0);
+    Design.ProjTestMode = 2;
+    ProjectAt(0.0, 270.0);
+    EXPECT_NEAR(Design.ProjX, 2.0, 1e-14);
+    EXPECT_EQ(Design.ProjTestMode, 0);
 }
 
 TEST_F(TestMode, OtherFamiliesKnowNoTest) {

@@ -1,7 +1,6 @@
 #include "projection/project_select.h"
 
 #include "core/map_design.h"
-#include "projection/azimuthal_terms.h"
 #include "projection/map_fields.h"
 #include "projection/param_select.h"
 #include "projection/projection_table.h"
@@ -20,8 +19,6 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-const FreshRoom FreshProjection(ResetAzimuthalTerms);
 
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();

@@ -19,9 +19,9 @@ public:
     ScriptedMachine machine;
 };
 
-/// Names the reset function of a room above core to FreshProgram. Each test program that links a
-/// room with state of its own has one at namespace scope:
-///   const FreshRoom FreshOutput(ResetOutput);
+/// Names the reset function of a room above core to FreshProgram. A room with state of its own has one,
+/// at namespace scope in fresh_ROOM.cpp beside its tests; quelmont_fresh_room links it to every test
+/// program that links the room.
 class FreshRoom {
 public:
     explicit FreshRoom(void (*reset)());

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
+#include "dialogs/dialogs_state.h"
 #include "graticule/calc_graticule.h"
 #include "projection/lobe_row.h"
 #include "projection/param_std_parallel.h"
@@ -94,9 +95,9 @@ void OrderLobes() {
         }
         Design.LobeLonText[boundary++] = Design.GridText[4];
     }
-    std::transform(Design.LobeLonText.begin(), Design.LobeLonText.end(), Design.LobeLonSec.begin(),
+    std::transform(Design.LobeLonText.begin(), Design.LobeLonText.end(), DialogsNow.LobeLonSec.begin(),
                    [](const std::string& text) { return LongitudeSeconds(text); });
-    std::transform(Design.LobeLonSec.begin(), Design.LobeLonSec.end(), Design.LobeLonDeg.begin(),
+    std::transform(DialogsNow.LobeLonSec.begin(), DialogsNow.LobeLonSec.end(), Design.LobeLonDeg.begin(),
                    [](std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; });
 }
 

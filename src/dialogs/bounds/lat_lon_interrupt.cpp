@@ -103,7 +103,6 @@ std::array<std::string, 10> LatLonInterrupt::Texts() const {
 void LatLonInterrupt::OK_Click() {
     const auto lobeText = Design.LobeText;
     const auto lobeLonText = Design.LobeLonText;
-    const auto lobeLonSec = Design.LobeLonSec;
     const auto lobeLonDeg = Design.LobeLonDeg;
     Design.LobeText = Texts();
     OrderLobes();
@@ -112,7 +111,6 @@ void LatLonInterrupt::OK_Click() {
         // Lobes that were refused must not be drawn when the dialog is then cancelled.
         Design.LobeText = lobeText;
         Design.LobeLonText = lobeLonText;
-        Design.LobeLonSec = lobeLonSec;
         Design.LobeLonDeg = lobeLonDeg;
         return;
     }

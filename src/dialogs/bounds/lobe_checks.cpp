@@ -3,6 +3,7 @@
 #include "core/checked_math.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
+#include "dialogs/dialogs_state.h"
 #include "projection/lobe_row.h"
 
 #include <array>
@@ -42,7 +43,7 @@ std::int32_t WayEast(std::int32_t from, std::int32_t to) {
 /// The fault of the last step of a row, from its last interruption to the right boundary. sum is the
 /// way east to that interruption.
 std::int16_t FaultOfRightBoundary(std::size_t first, std::int16_t interruptions, std::int32_t sum) {
-    const auto& boundaries = Design.LobeLonSec;
+    const auto& boundaries = DialogsNow.LobeLonSec;
     const std::size_t right = first + static_cast<std::size_t>(interruptions) + 1;
     const std::int32_t step = WayEast(boundaries[right - 1], boundaries[right]);
     const std::int32_t limit = boundaries[right] == boundaries[first] ? SecPerCircle : Design.LonSpanSec;
@@ -56,7 +57,7 @@ std::int16_t FaultOfRightBoundary(std::size_t first, std::int16_t interruptions,
 /// tested in this order: outside the map, west of its neighbour, equal to it, no whole number of
 /// grid spacings. A row without interruptions has nothing to test.
 std::int16_t FaultOfRow(std::size_t first, std::int16_t interruptions) {
-    const auto& boundaries = Design.LobeLonSec;
+    const auto& boundaries = DialogsNow.LobeLonSec;
     std::int32_t sum = 0;
     std::int32_t relativeBefore = 0;
     for (std::int16_t interruption = 0; interruption < interruptions; ++interruption) {

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "dialogs/dialogs_state.h"
 #include "dialogs/files/file_list_help.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
@@ -176,11 +177,11 @@ void InputFileParams::ShowEveryRow(bool shown) {
 
 void InputFileParams::ColorPicBox_Click(std::size_t row) {
     Design.ColorPurpose = PurposeFeature;
-    Design.FeatureColor = SolidColor(*Cell(row, ColorColumn).color);
+    DialogsNow.FeatureColor = SolidColor(*Cell(row, ColorColumn).color);
     Colors256 picker;
     Machine().forms->Show(picker);
     if (!Design.DialogCancelled) {
-        ShowColor(row, Design.FeatureColor);
+        ShowColor(row, DialogsNow.FeatureColor);
     }
 }
 

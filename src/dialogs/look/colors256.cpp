@@ -2,6 +2,7 @@
 
 #include "core/color_table.h"
 #include "core/map_design.h"
+#include "dialogs/dialogs_state.h"
 
 #include <stdexcept>
 
@@ -33,7 +34,7 @@ Target TargetOf(std::int16_t purpose) {
     case PurposeGrid:
         return {"Grid Color", HelpOfMap, &Design.GridColor, &Design.GridColorIndex};
     case PurposeFeature:
-        return {"Geofeature Color", HelpOfFeature, &Design.FeatureColor, &Design.FeatureColorIndex};
+        return {"Geofeature Color", HelpOfFeature, &DialogsNow.FeatureColor, &DialogsNow.FeatureColorIndex};
     default:
         throw std::out_of_range("no purpose of a colour");
     }

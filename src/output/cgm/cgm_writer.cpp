@@ -7,6 +7,7 @@
 #include "core/text_encoding.h"
 #include "output/export_file.h"
 #include "output/logical_point.h"
+#include "output/output_state.h"
 
 #include <algorithm>
 #include <cmath>
@@ -221,7 +222,7 @@ std::optional<CgmWords> CgmWriter::CgmVertices(std::initializer_list<Offset> off
 
 void CgmWriter::OpenChain() {
     LineStyle(); // a width too large leaves the chain to the next point
-    Design.LineBreakPending = false;
+    OutputNow.LineBreakPending = false;
     CgmLengthPos = ExportLength() + 2;
     CgmShort({PolylineLong, {1}}); // the length is written over when the chain ends
     Design.PointCount = 0;
@@ -237,13 +238,13 @@ void CgmWriter::WriteVertex(const CgmWords& vertex) {
 
 void CgmWriter::CgmPoly(const CgmWords& vertex) {
     GuardedWriting("CgmPoly", [&] {
-        if (Design.LineBreakPending) {
+        if (OutputNow.LineBreakPending) {
             OpenChain();
         }
         WriteVertex(vertex);
         if (Design.PointCount == Design.MaxChainPoints) {
             PatchLength();
-            Design.LineBreakPending = true;
+            OutputNow.LineBreakPending = true;
             carried = vertex;
         }
     });

@@ -7,6 +7,7 @@
 #include "core/text_encoding.h"
 #include "output/dxf/dxf_color.h"
 #include "output/export_file.h"
+#include "output/output_state.h"
 #include "output/symbols.h"
 
 #include <algorithm>
@@ -282,8 +283,8 @@ void DxfWriter::Chain() {
     const LogicalPoint point = LogicalPointOfCell();
     const Place place = {static_cast<double>(point.x), static_cast<double>(point.y)};
     const double width = FileLineWidth();
-    if (Design.LineBreakPending) {
-        Design.LineBreakPending = false;
+    if (OutputNow.LineBreakPending) {
+        OutputNow.LineBreakPending = false;
         PolylineMark = false;
         Design.PointCount = 0;
         PolylineHead(width, false);
@@ -298,7 +299,7 @@ void DxfWriter::Chain() {
     if (Design.PointCount == Design.MaxChainPoints) {
         DxfSeqEndPos = ExportLength();
         SequenceEnd();
-        Design.LineBreakPending = true;
+        OutputNow.LineBreakPending = true;
         carried = place;
     }
 }
@@ -362,7 +363,7 @@ void DxfWriter::LineBreak() {
 
 void DxfWriter::DxfPolylineTerminate() {
     carried.reset();
-    if (Design.LineBreakPending) {
+    if (OutputNow.LineBreakPending) {
         return; // no polyline is open
     }
     if (Design.PointCount == 1) {

@@ -6,6 +6,7 @@
 #include "output/export_file.h"
 #include "output/little_endian.h"
 #include "output/logical_point.h"
+#include "output/output_state.h"
 #include "output/symbols.h"
 #include "output/wmf/metafile_text.h"
 
@@ -154,8 +155,8 @@ void WmfWriter::Point() {
 }
 
 void WmfWriter::ChainPoint(SurfacePoint point) {
-    if (Design.LineBreakPending) {
-        Design.LineBreakPending = false;
+    if (OutputNow.LineBreakPending) {
+        OutputNow.LineBreakPending = false;
         WmfPoints.clear();
         if (carried) {
             WmfPoints.push_back(*std::exchange(carried, std::nullopt));
@@ -167,7 +168,7 @@ void WmfWriter::ChainPoint(SurfacePoint point) {
     WmfPenWidth = RoundToInt32(FileLineWidth());
     if (Design.PointCount == Design.MaxChainPoints) {
         FlushChain();
-        Design.LineBreakPending = true;
+        OutputNow.LineBreakPending = true;
         carried = point;
     }
 }

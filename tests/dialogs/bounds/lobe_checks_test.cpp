@@ -1,6 +1,7 @@
 #include "dialogs/bounds/lobe_checks.h"
 
 #include "core/map_design.h"
+#include "dialogs/dialogs_state.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
@@ -27,11 +28,11 @@ protected:
         Design.LobeText[1] = std::to_string(south.size());
         std::size_t next = 0;
         for (const Degrees* row : {&north, &south}) {
-            Design.LobeLonSec[next++] = west * SecPerDegree;
+            DialogsNow.LobeLonSec[next++] = west * SecPerDegree;
             for (const int longitude : *row) {
-                Design.LobeLonSec[next++] = longitude * SecPerDegree;
+                DialogsNow.LobeLonSec[next++] = longitude * SecPerDegree;
             }
-            Design.LobeLonSec[next++] = east * SecPerDegree;
+            DialogsNow.LobeLonSec[next++] = east * SecPerDegree;
         }
     }
 
@@ -99,7 +100,7 @@ TEST_F(Interruptions, ThatTheGridDoesNotMeetAreRefused) {
 
 TEST_F(Interruptions, RightBoundaryMustLieEastOfTheLast) {
     Map(10, 50, 10, {30}, {});
-    Design.LobeLonSec[2] = 20 * SecPerDegree;
+    DialogsNow.LobeLonSec[2] = 20 * SecPerDegree;
     EXPECT_EQ(LonInterruptErrors(), 7);
 }
 

@@ -2,12 +2,14 @@
 
 #include "core/constant_defs.h"
 #include "core/map_design.h"
+#include "dialogs/dialogs_state.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <vector>
 
 namespace quelmont {
 namespace {
@@ -16,17 +18,25 @@ namespace {
 struct Purpose {
     std::int16_t number;
     const char* label;
-    ColorValue MapDesign::*color;
-    std::int16_t MapDesign::*cell;
+    ColorValue& color;
+    std::int16_t& cell;
 };
 
-constexpr std::array Purposes = std::to_array<Purpose>({
-    {1, "Great Circle Color", &MapDesign::GcColor, &MapDesign::GcColorIndex},
-    {2, "Small Circle Color", &MapDesign::ScColor, &MapDesign::ScColorIndex},
-    {3, "Background Color", &MapDesign::BackColor, &MapDesign::BackColorIndex},
-    {4, "Grid Color", &MapDesign::GridColor, &MapDesign::GridColorIndex},
-    {5, "Geofeature Color", &MapDesign::FeatureColor, &MapDesign::FeatureColorIndex},
+const std::array Purposes = std::to_array<Purpose>({
+    {1, "Great Circle Color", Design.GcColor, Design.GcColorIndex},
+    {2, "Small Circle Color", Design.ScColor, Design.ScColorIndex},
+    {3, "Background Color", Design.BackColor, Design.BackColorIndex},
+    {4, "Grid Color", Design.GridColor, Design.GridColorIndex},
+    {5, "Geofeature Color", DialogsNow.FeatureColor, DialogsNow.FeatureColorIndex},
 });
+
+std::vector<ColorValue> ColorsOfAll() {
+    std::vector<ColorValue> colors;
+    for (const Purpose& purpose : Purposes) {
+        colors.push_back(purpose.color);
+    }
+    return colors;
+}
 
 class ColorPicker : public FreshProgramTest {
 protected:
@@ -36,8 +46,8 @@ protected:
 TEST_F(ColorPicker, NamesItsPurposeAndMarksTheColourInUse) {
     for (const Purpose& purpose : Purposes) {
         Design.ColorPurpose = purpose.number;
-        Design.*purpose.color = SolidColor(Rgb(255, 0, 0));
-        Design.*purpose.cell = 39; // the second red of the table
+        purpose.color = SolidColor(Rgb(255, 0, 0));
+        purpose.cell = 39; // the second red of the table
         const Colors256 form;
         EXPECT_EQ(form.Caption(), "Select Color");
         EXPECT_EQ(form.At("Purpose").text, purpose.label);
@@ -60,16 +70,16 @@ TEST_F(ColorPicker, ColourOutsideTheTableHasNoMark) {
 TEST_F(ColorPicker, ChosenCellBecomesTheColourAndCloses) {
     for (const Purpose& purpose : Purposes) {
         Design.ColorPurpose = purpose.number;
-        const MapDesign before = Design;
+        const std::vector<ColorValue> before = ColorsOfAll();
         Colors256 form;
         form.Choose("ColorSquare", 48);
         EXPECT_TRUE(form.Closed());
         EXPECT_FALSE(Design.DialogCancelled);
-        EXPECT_EQ(Design.*purpose.color, SolidColor(Rgb(0x4D, 0x26, 0)));
-        EXPECT_EQ(Design.*purpose.cell, 48);
-        for (const Purpose& other : Purposes) {
-            if (other.number != purpose.number) {
-                EXPECT_EQ(Design.*other.color, before.*other.color);
+        EXPECT_EQ(purpose.color, SolidColor(Rgb(0x4D, 0x26, 0)));
+        EXPECT_EQ(purpose.cell, 48);
+        for (std::size_t other = 0; other < Purposes.size(); ++other) {
+            if (Purposes[other].number != purpose.number) {
+                EXPECT_EQ(Purposes[other].color, before[other]);
             }
         }
     }

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/replaced_file.h"
+#include "output/fan_out.h"
+#include "platform/draw_surface.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace quelmont {
+
+/// The pen that drawing has made and selected.
+struct DevicePen {
+    DrawSurface* surface = nullptr;
+    SurfaceHandle made = 0;
+    SurfaceHandle before = 0; ///< current until then
+};
+
+/// A file of an export that does not yet stand in its target's place.
+struct BegunFile {
+    std::string target; ///< as the caller names it
+    std::string place;  ///< where that leads to
+    std::unique_ptr<TemporaryFile> temporary;
+    std::int64_t length = 0; ///< collected bytes included
+    bool lost = false;       ///< a write has failed
+};
+
+/// The files that a draw has begun. One at most is open.
+struct ExportState {
+    std::vector<BegunFile> files;
+    std::size_t open = None; ///< of files
+    std::string collected;   ///< the end of the open file, not yet written
+    bool elementLost = false;
+    std::unordered_set<std::string> mapFiles; ///< of the design, by FileIdentity
+    static constexpr std::size_t None = static_cast<std::size_t>(-1);
+};
+
+/// What the output of points keeps between its calls.
+struct OutputState {
+    // ---- The device in use. Written by SelectDevice and SetSymbolSize, read by PrintToScreen.
+    float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
+    std::int32_t SymbolRadius = 0;                  ///< twips
+    float PrinterOffsetX = 0.0F,
+          PrinterOffsetY = 0.0F; ///< strip that the printer cannot reach, PrintUnitTwips
+    float PrinterTwipsPerPixelY = 0.0F;
+    DevicePen pen;
+
+    // ---- The file in use.
+    bool LineBreakPending = false; ///< the next point opens a chain in the file
+    FileWriters writers;
+    ExportState exports;
+};
+
+/// The state.
+extern OutputState OutputNow;
+
+/// Makes the state that of a program's start. Files that were begun are closed and removed; the pen is
+/// forgotten without touching its surface.
+void ResetOutput();
+
+} // namespace quelmont
