@@ -79,7 +79,7 @@ constexpr std::array MapCentres = std::to_array<std::array<const char*, 3>>({
 constexpr std::size_t VariantCount = MapBounds.size();
 
 void PrepareUtm(std::size_t variant) {
-    Design.UtmText[0] = variant % 2 == 0 ? "009    00    00    W" : "177    00    00    E";
+    Design.UtmText[UtmTextCentralLon] = variant % 2 == 0 ? "009    00    00    W" : "177    00    00    E";
     Design.SpheroidName = Spheroids[variant].name;
     CalcUtmZone();
     CalcUtmGrid();
@@ -87,20 +87,20 @@ void PrepareUtm(std::size_t variant) {
 
 void PrepareRectangle(std::size_t variant) {
     const Bounds& bounds = MapBounds[variant];
-    Design.GridText[0] = bounds.north;
-    Design.GridText[1] = bounds.south;
-    Design.GridText[2] = bounds.latGrid;
-    Design.GridText[3] = bounds.west;
-    Design.GridText[4] = bounds.east;
-    Design.GridText[5] = bounds.lonGrid;
+    Design.GridText[GridTextNorth] = bounds.north;
+    Design.GridText[GridTextSouth] = bounds.south;
+    Design.GridText[GridTextLatSpacing] = bounds.latGrid;
+    Design.GridText[GridTextWest] = bounds.west;
+    Design.GridText[GridTextEast] = bounds.east;
+    Design.GridText[GridTextLonSpacing] = bounds.lonGrid;
     CalcGraticule();
 }
 
 void PrepareDisc(std::size_t variant) {
     const bool wholeGlobe = Design.ProjNum >= ProjAzimuthalEquidistant && variant == 0;
-    Design.GridText[6] = MapCentres[variant][0];
-    Design.GridText[7] = MapCentres[variant][1];
-    Design.GridText[8] = wholeGlobe ? "180    00    00" : MapCentres[variant][2];
+    Design.GridText[GridTextCentralLat] = MapCentres[variant][0];
+    Design.GridText[GridTextCentralLon] = MapCentres[variant][1];
+    Design.GridText[GridTextRange] = wholeGlobe ? "180    00    00" : MapCentres[variant][2];
     CalcGraticule();
 }
 
@@ -152,7 +152,7 @@ void ChooseMap(std::span<const std::uint8_t, HeaderSize> header, const char* nam
 void PressEscape() {
     CloseFile(InputFileNumber);
     CloseFile(OutputFileNumber);
-    Design.PlotStopReason = "Escape";
+    Design.PlotStopReason = StopReason::Escape;
 }
 
 void Run(std::span<const std::uint8_t, HeaderSize> header, const char* name,
@@ -170,7 +170,7 @@ void Run(std::span<const std::uint8_t, HeaderSize> header, const char* name,
     MapPlot();
     Check(!IsFileOpen(InputFileNumber) && !IsFileOpen(OutputFileNumber));
     Check(Surface.objects == 0);
-    Check(Design.ProjTestMode == 0);
+    Check(Design.ProjTestMode == TestNone);
     Check(std::isfinite(Design.ProjX) && std::isfinite(Design.ProjY));
     for (const MapLabel& label : Design.MapLabels) {
         Check(IsUtf8(label.LabelText) && std::isfinite(label.LabelLat) && std::isfinite(label.LabelLon));

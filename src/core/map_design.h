@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/coordinates.h"
+#include "core/design_values.h"
 #include "core/map_file_entry.h"
 
 #include <array>
@@ -71,16 +72,10 @@ struct DesignBounds {
 
     // ---- Texts of the design. Written by the boundary dialogs and the design file reader, read by
     // CalcGraticule, CalcGraticuleInterrupt, CalcUtmZone, CalcUtmGrid.
-    /// 0 north, 1 south, 2 latitude spacing, 3 west, 4 east, 5 longitude spacing, 6 central
-    /// latitude, 7 central longitude, 8 range, 9 height of the view point in kilometres.
-    std::array<std::string, 10> GridText = {};
-    std::array<std::string, 2> StdParText = {}; ///< northern, southern standard parallel
-    /// 0 and 1 counts of interruptions north and south, 2 left boundary, 3 to 5 and 6 to 8 the
-    /// interruptions of each hemisphere.
-    std::array<std::string, 10> LobeText = {};
-    /// 0 central longitude, 1 latitude of origin, 2 false easting, 3 false northing, 4 scale
-    /// factor, 5 north, 6 south, 7 spacing of northings, 8 west, 9 east, 10 spacing of eastings.
-    std::array<std::string, 11> UtmText = {};
+    std::array<std::string, GridTextCount> GridText = {};     ///< by GridTextIndex
+    std::array<std::string, StdParTextCount> StdParText = {}; ///< by StdParTextIndex
+    std::array<std::string, LobeTextCount> LobeText = {};     ///< by LobeTextIndex
+    std::array<std::string, UtmTextCount> UtmText = {};       ///< by UtmTextIndex
     std::string SpheroidName;
 
     // ---- Bounds and grid. Written by CalcGraticule, CalcGraticuleInterrupt, CalcUtmGrid, read by
@@ -160,12 +155,12 @@ struct MapDesign : DesignBounds {
     bool LobeLast = false;    ///< last pass of the draw
 
     // ---- Point cell: the calling convention of ProjectSelect.
-    double ProjLat = 0.0, ProjLon = 0.0; ///< in: degrees, relative longitude; metres on UTM
-    double ProjX = 0.0, ProjY = 0.0;     ///< out: projection units
-    bool ProjOffMap = false;             ///< out: no place on the map. Also set by a validation that refused
-    std::int16_t ProjTestMode = 0;       ///< 0 project, 2 resume after a test, else test only
-    std::int16_t PointStatus = 0;        ///< 0 go on, 1 new line, 2 beyond horizon, 4 in range, 5 outside it
-    std::int16_t LineStart = 0;          ///< 3: the next point is a move, whatever PointStatus says
+    double ProjLat = 0.0, ProjLon = 0.0;  ///< in: degrees, relative longitude; metres on UTM
+    double ProjX = 0.0, ProjY = 0.0;      ///< out: projection units
+    bool ProjOffMap = false;              ///< out: no place on the map. Also set by a validation that refused
+    std::int16_t ProjTestMode = TestNone; ///< a ProjTestModeValue
+    std::int16_t PointStatus = PointContinues;     ///< a PointStatusValue
+    std::int16_t LineStart = LineContinues;        ///< a LineStartValue
     std::int32_t PointLatSec = 0, PointLonSec = 0; ///< point of a reader or circle, relative frame
     std::int32_t PointLatSecPrev = 0, PointLonSecPrev = 0;
     bool UtmPointPath = false; ///< points are seconds that become degrees before they are projected
@@ -249,9 +244,9 @@ struct MapDesign : DesignBounds {
     bool PrintCentreX = false, PrintCentreY = false;
 
     // ---- Run state of a draw. Written by the draw cycle and the handler of Escape.
-    std::string PlotStopReason;   ///< "" normally, "Escape", "GridDiskError"
-    double PlotSeconds = 0.0;     ///< at the end of a draw: how long it took
-    bool PrintAbort = false;      ///< Escape was pressed in printing
+    StopReason PlotStopReason = StopReason::None; ///< why the draw ends before its end
+    double PlotSeconds = 0.0;                     ///< at the end of a draw: how long it took
+    bool PrintAbort = false;                      ///< Escape was pressed in printing
     bool DialogCancelled = false; ///< left by a dialog's Cancel; the caller reads and clears it
     bool BoundsChanged = false;   ///< a boundary dialog changed what the map shows
     DrawStatistics Statistics;    ///< of the last draw

@@ -21,22 +21,22 @@ constexpr const char* NorthPole = "90    00    00    N";
 constexpr const char* SouthPole = "90    00    00    S";
 
 void ReadTexts() {
-    Design.LatCentralSec = LatitudeSeconds(Design.GridText[6]);
-    Design.LonCentralSec = LongitudeSeconds(Design.GridText[7]);
-    Design.RangeSec = ArcSeconds(Design.GridText[8]);
-    Design.VpDistanceKm = ValueOf(Design.GridText[9]);
-    Design.LatNorthSec = LatitudeSeconds(Design.GridText[0]);
-    Design.LatSouthSec = LatitudeSeconds(Design.GridText[1]);
-    Design.LatGridSec = ArcSeconds(Design.GridText[2]);
-    Design.LonWestSec = LongitudeSeconds(Design.GridText[3]);
-    Design.LonEastSec = LongitudeSeconds(Design.GridText[4]);
-    Design.LonGridSec = ArcSeconds(Design.GridText[5]);
+    Design.LatCentralSec = LatitudeSeconds(Design.GridText[GridTextCentralLat]);
+    Design.LonCentralSec = LongitudeSeconds(Design.GridText[GridTextCentralLon]);
+    Design.RangeSec = ArcSeconds(Design.GridText[GridTextRange]);
+    Design.VpDistanceKm = ValueOf(Design.GridText[GridTextHeight]);
+    Design.LatNorthSec = LatitudeSeconds(Design.GridText[GridTextNorth]);
+    Design.LatSouthSec = LatitudeSeconds(Design.GridText[GridTextSouth]);
+    Design.LatGridSec = ArcSeconds(Design.GridText[GridTextLatSpacing]);
+    Design.LonWestSec = LongitudeSeconds(Design.GridText[GridTextWest]);
+    Design.LonEastSec = LongitudeSeconds(Design.GridText[GridTextEast]);
+    Design.LonGridSec = ArcSeconds(Design.GridText[GridTextLonSpacing]);
 }
 
 /// The text of a boundary half a circle from the centre: whole degrees of its own, minutes and
 /// seconds of the centre.
 std::string BoundaryText(std::int32_t seconds) {
-    const std::string centre = Design.GridText[7];
+    const std::string centre = Design.GridText[GridTextCentralLon];
     const std::int32_t degrees = std::abs(seconds) / SecPerDegree;
     std::string text = FormatNumber(degrees, "000");
     text += "    " + std::string(Columns(centre, 8, 9)) + "    " + std::string(Columns(centre, 14, 15));
@@ -47,20 +47,20 @@ std::string BoundaryText(std::int32_t seconds) {
 
 /// An azimuthal map is bounded by a circle: its rectangle is the whole globe about the centre.
 void BoundWholeGlobe() {
-    Design.GridText[0] = NorthPole;
-    Design.GridText[1] = SouthPole;
-    Design.LatNorthSec = LatitudeSeconds(Design.GridText[0]);
-    Design.LatSouthSec = LatitudeSeconds(Design.GridText[1]);
+    Design.GridText[GridTextNorth] = NorthPole;
+    Design.GridText[GridTextSouth] = SouthPole;
+    Design.LatNorthSec = LatitudeSeconds(Design.GridText[GridTextNorth]);
+    Design.LatSouthSec = LatitudeSeconds(Design.GridText[GridTextSouth]);
     Design.LonEastSec = Design.LonCentralSec + SecPerHalfCircle;
     if (Design.LonEastSec > SecPerHalfCircle) {
         Design.LonEastSec -= SecPerCircle;
     }
-    Design.GridText[4] = BoundaryText(Design.LonEastSec);
+    Design.GridText[GridTextEast] = BoundaryText(Design.LonEastSec);
     Design.LonWestSec = Design.LonCentralSec - SecPerHalfCircle;
     if (Design.LonWestSec < -SecPerHalfCircle) {
         Design.LonWestSec += SecPerCircle;
     }
-    Design.GridText[3] = BoundaryText(Design.LonWestSec);
+    Design.GridText[GridTextWest] = BoundaryText(Design.LonWestSec);
 }
 
 void Refuse(const char* title, const char* text, const char* field, std::vector<std::string> restored) {
@@ -115,7 +115,7 @@ bool Refused() {
 
 void ConstantGrid() {
     Guarded("ConstantGrid", [] {
-        const std::string height = Design.GridText[9];
+        const std::string height = Design.GridText[GridTextHeight];
         Design.GridText = {NorthPole,
                            SouthPole,
                            "030    00    00",
@@ -127,7 +127,7 @@ void ConstantGrid() {
                            "180    00    00",
                            "00035840"};
         if (Design.ProjGridSet[ProjVerticalPerspective]) {
-            Design.GridText[9] = height;
+            Design.GridText[GridTextHeight] = height;
         }
     });
 }
@@ -145,7 +145,7 @@ void CalcGraticule() {
         }
         CountDivisions();
         DegreesFromSeconds();
-        CompactTexts(Design.GridText[3], Design.GridText[4]);
+        CompactTexts(Design.GridText[GridTextWest], Design.GridText[GridTextEast]);
         if (IsAzimuthal(Design.ProjNum)) {
             Design.LatCentral = static_cast<double>(Design.LatCentralSec) / SecPerDegree;
             Design.LonMiddle = static_cast<double>(Design.LonCentralSec) / SecPerDegree;

@@ -49,12 +49,12 @@ void DegreesFromSeconds() {
 }
 
 void CompactTexts(std::string_view west, std::string_view east) {
-    Design.LatNorthText = CompactLatitude(Design.GridText[0]);
-    Design.LatSouthText = CompactLatitude(Design.GridText[1]);
-    Design.LatGridText = CompactArc(Design.GridText[2]);
+    Design.LatNorthText = CompactLatitude(Design.GridText[GridTextNorth]);
+    Design.LatSouthText = CompactLatitude(Design.GridText[GridTextSouth]);
+    Design.LatGridText = CompactArc(Design.GridText[GridTextLatSpacing]);
     Design.LonWestText = CompactLongitude(west);
     Design.LonEastText = CompactLongitude(east);
-    Design.LonGridText = CompactArc(Design.GridText[5]);
+    Design.LonGridText = CompactArc(Design.GridText[GridTextLonSpacing]);
 }
 
 void CentreOfRectangle() {

@@ -36,8 +36,8 @@ bool PolarCentre() { return std::fabs(Design.LatCentral) == 90.0; }
 
 void EndLine(GridPass& pass) {
     pass.LineActive = false;
-    Design.LineStart = 4;
-    Design.PointStatus = 0;
+    Design.LineStart = LineBegins;
+    Design.PointStatus = PointContinues;
 }
 
 void BreakDisk(const GridPass& pass) {
@@ -58,7 +58,7 @@ void BreakBeforePoint() {
 /// False when Escape was pressed meanwhile.
 bool HandleEvents() {
     Machine().pump->DoEvents();
-    return Design.PlotStopReason != "Escape";
+    return Design.PlotStopReason != StopReason::Escape;
 }
 
 /// From one end to the other in even steps; the last point lands on the end.
@@ -111,10 +111,10 @@ void OneParallel(GridPass& pass) {
 /// for the antipode itself: the terms of a test are projected untested.
 void PlotStraightEnd(GridPass& pass, double lat) {
     Design.ProjLat = lat;
-    Design.ProjTestMode = -1;
+    Design.ProjTestMode = TestOnly;
     ProjectSelect(&pass.tested);
-    Design.ProjTestMode = 2;
-    Design.PointStatus = 0;
+    Design.ProjTestMode = TestResume;
+    Design.PointStatus = PointContinues;
     PlotPoint(pass);
 }
 
@@ -200,7 +200,7 @@ void PlotProjected(const GridPass& pass) {
     ++Design.Statistics.GridPointsPlotted;
     PrintToScreen();
     if (pass.DiskOut) {
-        if (Design.PointStatus == 1 && Design.PointCount > 0) {
+        if (Design.PointStatus == PointBeginsLine && Design.PointCount > 0) {
             BreakBeforePoint();
         }
         ScaleXY();
@@ -211,12 +211,12 @@ void PlotPoint(GridPass& pass) {
     ProjectSelect(&pass.tested);
     if (!IsAzimuthal(Design.ProjNum)) {
         if (Design.ProjOffMap) {
-            Design.LineStart = 4;
+            Design.LineStart = LineBegins;
             return;
         }
-        Design.PointStatus = Design.LineStart == 4 ? 1 : 0;
-        if (Design.LineStart == 4) {
-            Design.LineStart = 0;
+        Design.PointStatus = Design.LineStart == LineBegins ? PointBeginsLine : PointContinues;
+        if (Design.LineStart == LineBegins) {
+            Design.LineStart = LineContinues;
         }
         PlotProjected(pass);
         return;
@@ -224,12 +224,12 @@ void PlotPoint(GridPass& pass) {
     // The antipode is a circle on a whole-globe map and cannot be joined to its neighbours.
     if (Design.RangeSec == SecPerHalfCircle && (Design.ProjLon == 0.0 || Design.ProjLon == 360.0) &&
         IsAntipodalLatitude(Design.ProjLat)) {
-        Design.PointStatus = 2;
+        Design.PointStatus = PointBeyondHorizon;
     }
-    if (Design.PointStatus == 2) {
+    if (Design.PointStatus == PointBeyondHorizon) {
         pass.LineActive = false;
-        Design.LineStart = 2;
-        Design.PointStatus = 0;
+        Design.LineStart = LineAfterGap;
+        Design.PointStatus = PointContinues;
         return;
     }
     if (std::fabs(Design.ProjLon - Design.LonCentral) == 180.0) {
@@ -238,19 +238,19 @@ void PlotPoint(GridPass& pass) {
         // would not meet.
         Design.ProjX = 0.0;
     }
-    if (Design.PointStatus == 0 && !pass.LineActive) {
+    if (Design.PointStatus == PointContinues && !pass.LineActive) {
         pass.LineActive = true;
-        Design.PointStatus = 1;
+        Design.PointStatus = PointBeginsLine;
         PlotProjected(pass);
         // Once more, so that a line of one visible point leaves a dot.
-        Design.LineStart = 0;
-        Design.PointStatus = 0;
+        Design.LineStart = LineContinues;
+        Design.PointStatus = PointContinues;
         PlotProjected(pass);
         return;
     }
     pass.LineActive = true;
-    Design.LineStart = 0;
-    Design.PointStatus = 0;
+    Design.LineStart = LineContinues;
+    Design.PointStatus = PointContinues;
     PlotProjected(pass);
 }
 

@@ -45,12 +45,12 @@ void CalcGraticuleInterrupt(std::int16_t lobe) {
         const auto within = [northern](std::int32_t latitude) {
             return northern ? std::max(latitude, Equator) : std::min(latitude, Equator);
         };
-        Design.LatNorthSec = within(LatitudeSeconds(Design.GridText[0]));
-        Design.LatSouthSec = within(LatitudeSeconds(Design.GridText[1]));
-        Design.LatGridSec = ArcSeconds(Design.GridText[2]);
+        Design.LatNorthSec = within(LatitudeSeconds(Design.GridText[GridTextNorth]));
+        Design.LatSouthSec = within(LatitudeSeconds(Design.GridText[GridTextSouth]));
+        Design.LatGridSec = ArcSeconds(Design.GridText[GridTextLatSpacing]);
         Design.LonWestSec = LongitudeSeconds(Design.LobeLonText[index - 1]);
         Design.LonEastSec = LongitudeSeconds(Design.LobeLonText[index]);
-        Design.LonGridSec = ArcSeconds(Design.GridText[5]);
+        Design.LonGridSec = ArcSeconds(Design.GridText[GridTextLonSpacing]);
         SpanLongitudes();
         CountDivisions();
         Design.LatGridCount = std::max(Design.LatGridCount, 1);

@@ -69,7 +69,7 @@ bool BoundaryCircle(const GridPass& pass) {
     if (outerParallelServes || (!lines && Design.GridTypeCode != 4)) {
         return true;
     }
-    Design.LineStart = 3;
+    Design.LineStart = LineMoves;
     for (int angle = 0; angle <= 360; angle += 3) {
         Design.ProjX = Design.MapXMax * std::cos(angle * DegToRad);
         Design.ProjY = Design.MapXMax * std::sin(angle * DegToRad);
@@ -88,7 +88,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
     pass.steps = steps;
     pass.LonList.assign(1, 0.0);
     Design.CurrentSymbolType = mode;
-    Design.PointStatus = 0;
+    Design.PointStatus = PointContinues;
     if (mode == SymbolDot) {
         // Whatever feature was drawn before.
         Design.SymbolRadiusFile = 2;
@@ -178,14 +178,14 @@ void PlotGrid() {
         }
         Design.UtmPointPath = false;
         PrintFileHeader();
-        if (Design.PlotStopReason != "GridDiskError") {
+        if (Design.PlotStopReason != StopReason::GridDiskError) {
             SelectDevice();
             PaintBackground();
             MakeGridPen();
             RunPasses();
         }
     } catch (const RunTimeError& error) {
-        Design.PlotStopReason = "GridDiskError";
+        Design.PlotStopReason = StopReason::GridDiskError;
         ShowErrorBox(Routine, error);
         releaseSite = SiteError;
         Guarded(Routine, CloseExport);

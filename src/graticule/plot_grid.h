@@ -9,8 +9,8 @@ namespace quelmont {
 ///         BackColor, LobeFirst, the output flags.
 /// Writes  Surface, DevicePixelX, DevicePixelY, PenColor, PenWidth, CurrentSymbolType, LineStart,
 ///         PointStatus, the point cell, OutputFileName, UtmPointPath.
-/// Lets events run after each line and leaves at once when PlotStopReason is "Escape". A run-time
-/// failure shows "Error in PlotGrid" and sets PlotStopReason to "GridDiskError".
+/// Lets events run after each line and leaves at once when PlotStopReason is StopReason::Escape. A run-time
+/// failure shows "Error in PlotGrid" and sets PlotStopReason to StopReason::GridDiskError.
 void PlotGrid();
 
 /// Points that PlotGrid plots, about: without what the map's circle cuts off and what bends lines near the

@@ -69,8 +69,9 @@ void PlotGridTimed() {
 
 /// True when a stage was stopped; the draw then ends, and the reason is taken off.
 bool Stopped(bool gridFailed) {
-    if (Design.PlotStopReason == "Escape" || (gridFailed && Design.PlotStopReason == "GridDiskError")) {
-        Design.PlotStopReason.clear();
+    if (Design.PlotStopReason == StopReason::Escape ||
+        (gridFailed && Design.PlotStopReason == StopReason::GridDiskError)) {
+        Design.PlotStopReason = StopReason::None;
         return true;
     }
     return false;
@@ -139,7 +140,7 @@ void End() {
     ToggleCaption(); // the window may have another size now
     EnableMenuBar(false);
     ReleaseDevicePen(2, "MapDraw");
-    Design.PlotStopReason.clear();
+    Design.PlotStopReason = StopReason::None;
 }
 
 } // namespace
@@ -183,7 +184,7 @@ void EscapeKey() {
     DropExports();
     Guarded("Form_KeyDown", [] { CloseFile(OutputFileNumber); });
     Design.OutputFileName.clear();
-    Design.PlotStopReason = "Escape";
+    Design.PlotStopReason = StopReason::Escape;
     MainWindowNow.MapDrawing = false;
     if (Design.PrintingNow) {
         Design.PrintAbort = true;

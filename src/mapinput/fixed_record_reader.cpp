@@ -16,9 +16,6 @@ namespace quelmont {
 
 namespace {
 
-/// LineStart of the record: the next point begins a line.
-constexpr std::int16_t HeaderRead = 1;
-
 bool SkipRecords(MapPoint& point, FixedRecords& records, std::int32_t count) {
     if (count < 0) {
         throw RunTimeError(ErrorInvalidCall); // they would be read again and again
@@ -61,9 +58,9 @@ bool PlotRecord(MapPoint& point, const FixedRecordPoint& place) {
     Design.PointLatSec = place.Lat;
     Design.PointLonSec = place.Lon;
     point.TestBounds();
-    if (Design.LineStart == HeaderRead) {
+    if (Design.LineStart == LineHeaderRead) {
         point.StartNewLine();
-        Design.LineStart = 3;
+        Design.LineStart = LineMoves;
     } else if (MapInputNow.StartLine) {
         point.StartNewLine();
     }
@@ -84,7 +81,7 @@ bool ReadFixedRecords(MapPoint& point, std::int32_t FileIndex, const MapFormat& 
         if (!records.IsHeader()) {
             goOn = PlotRecord(point, records.Point());
         } else {
-            Design.LineStart = HeaderRead;
+            Design.LineStart = LineHeaderRead;
             point.PointsRead += 1;
             goOn = !lineGraph || feature.TakeHeader(point, records);
         }

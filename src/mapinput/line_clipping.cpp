@@ -174,7 +174,7 @@ void MapPoint::ClipCircle() {
     if (PointInBounds && (PrevInBounds || MapInputNow.StartLine)) {
         PlotPoint();
     } else if (PointInBounds) {
-        Design.ProjTestMode = 0; // the cut point comes first and was not tested
+        Design.ProjTestMode = TestNone; // the cut point comes first and was not tested
         AzInterpolate(EdgeLat, EdgeLon, LineAtCircle::Enters);
         DrawFromCut(prev, false);
     } else if (PrevInBounds && !MapInputNow.StartLine) {
@@ -187,16 +187,16 @@ void MapPoint::TestCircle() {
     Design.PointStatus = MapInputNow.StartLine ? 1 : 0;
     Design.ProjLat = static_cast<double>(Design.PointLatSec) / SecPerDegree;
     Design.ProjLon = static_cast<double>(Design.PointLonSec) / SecPerDegree;
-    Design.ProjTestMode = -1;
+    Design.ProjTestMode = TestOnly;
     ProjectSelect(&tested);
-    Design.ProjTestMode = 0;
-    if (Design.PointStatus == 2 || Design.PointStatus == 5) {
+    Design.ProjTestMode = TestNone;
+    if (Design.PointStatus == PointBeyondHorizon || Design.PointStatus == PointOutOfRange) {
         PointInBounds = false;
-    } else if (Design.PointStatus == 4) {
+    } else if (Design.PointStatus == PointInRange) {
         PointInBounds = true;
-        Design.ProjTestMode = 2; // the terms are kept for the call that projects the point
+        Design.ProjTestMode = TestResume; // the terms are kept for the call that projects the point
     }
-    Design.PointStatus = 0;
+    Design.PointStatus = PointContinues;
 }
 
 // ---- Cut points.

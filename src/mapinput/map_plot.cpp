@@ -100,7 +100,7 @@ private:
 void MapPlotRun::Run() {
     try {
         caption = Machine().window->Caption();
-        Design.LineStart = 0; // a draw before this one may have ended anywhere
+        Design.LineStart = LineContinues; // a draw before this one may have ended anywhere
         Design.MapLabels.clear();
         if (Design.LobeFirst) {
             MapInputNow.FilesWithoutLineStarts.clear();

@@ -75,10 +75,10 @@ void MapPoint::CompareBounds() {
 
 void MapPoint::StartNewLine() {
     MapInputNow.StartLine = true;
-    Design.PointStatus = 1;
+    Design.PointStatus = PointBeginsLine;
     if (PointInBounds && Design.PointCount > 0) {
         PrintLineBrkDisk();
-        Design.LineStart = 3;
+        Design.LineStart = LineMoves;
     }
 }
 
@@ -132,7 +132,7 @@ bool MapPoint::SkipPoints(std::int64_t count) {
 
 bool MapPoint::RunEvents() {
     Machine().pump->DoEvents();
-    return Design.PlotStopReason != "Escape";
+    return Design.PlotStopReason != StopReason::Escape;
 }
 
 void MapPoint::PlotPoint() {
@@ -165,11 +165,11 @@ void MapPoint::PlotEdge(std::int32_t lon) {
 }
 
 void MapPoint::BreakLine() {
-    Design.PointStatus = 1;
+    Design.PointStatus = PointBeginsLine;
     if (Design.PointCount > 0) {
         PrintLineBrkDisk();
     }
-    Design.LineStart = 3;
+    Design.LineStart = LineMoves;
 }
 
 } // namespace quelmont

@@ -21,7 +21,7 @@ bool Plot(MapPoint& point, const WorldPoint& place, bool begins) {
     point.TestBounds();
     if (begins) {
         point.StartNewLine();
-        Design.LineStart = 3;
+        Design.LineStart = LineMoves;
     }
     return point.PlotStep();
 }

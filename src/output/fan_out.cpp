@@ -58,7 +58,7 @@ void PrintFileHeader() {
         return;
     }
     if (!Guarded("PrintFileHeader", [&] { writer->Header(); })) {
-        Design.PlotStopReason = "GridDiskError";
+        Design.PlotStopReason = StopReason::GridDiskError;
     }
 }
 

@@ -10,7 +10,7 @@ class FileWriter {
 public:
     virtual ~FileWriter() = default;
     /// Begins the file at the first pass of a draw. A writer that shows the message box of a failure itself
-    /// sets PlotStopReason to "GridDiskError".
+    /// sets PlotStopReason to StopReason::GridDiskError.
     virtual void Header() {}
     /// Opens the file for a stretch; slot counts the names in AsciiFileName from 1. RunTimeError as
     /// ResumeExport.
@@ -55,7 +55,7 @@ void ScaleXY();
 void PrintLineBrkDisk();
 
 /// Writes the header of the armed writer at the first pass of a draw. A failure shows its message box, "Error
-/// in PrintFileHeader" when the writer has none, and sets PlotStopReason to "GridDiskError".
+/// in PrintFileHeader" when the writer has none, and sets PlotStopReason to StopReason::GridDiskError.
 void PrintFileHeader();
 
 /// Clears the flags of all writers.

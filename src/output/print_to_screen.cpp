@@ -33,8 +33,8 @@ void Draw() {
     const std::int32_t y = PageY(RoundToInt16(deviceY));
     switch (Design.CurrentSymbolType) {
     case SymbolLine:
-        if (Design.PointStatus == 1 || Design.LineStart == 3) {
-            Design.LineStart = 0;
+        if (Design.PointStatus == PointBeginsLine || Design.LineStart == LineMoves) {
+            Design.LineStart = LineContinues;
             Design.Surface->MoveToEx(x, y);
         }
         Design.Surface->LineTo(x, y);

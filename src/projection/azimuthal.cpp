@@ -73,22 +73,22 @@ double Scale(double cosC) {
 } // namespace
 
 void ForwardAzimuthal(AzimuthalTerms* tested) {
-    const bool resumes = Design.ProjTestMode == 2;
+    const bool resumes = Design.ProjTestMode == TestResume;
     const AzimuthalTerms terms = resumes && tested != nullptr ? *tested : TermsOfPoint();
     if (resumes) {
-        Design.ProjTestMode = 0;
+        Design.ProjTestMode = TestNone;
     } else {
-        const bool testOnly = Design.ProjTestMode != 0;
+        const bool testOnly = Design.ProjTestMode != TestNone;
         if (testOnly && tested != nullptr) {
             *tested = terms;
         }
         if (BeyondHorizon(terms.cosC)) {
-            Design.PointStatus = 2;
+            Design.PointStatus = PointBeyondHorizon;
             Design.ProjOffMap = true;
             return;
         }
         if (testOnly) {
-            Design.PointStatus = terms.cosC < Design.CosRange ? 5 : 4;
+            Design.PointStatus = terms.cosC < Design.CosRange ? PointOutOfRange : PointInRange;
             Design.ProjOffMap = true;
             return;
         }

@@ -212,7 +212,7 @@ void Perspective() {
     Step([&] { Design.RangeSec = RoundToInt32(a * SecPerDegree); });
     Step([&] { Design.CosRange = std::cos(a * DegToRad); });
     // The dialog and the reports show the horizon as the range.
-    DegMinSec(a, Design.GridText[8], "LON", 4);
+    DegMinSec(a, Design.GridText[GridTextRange], "LON", 4);
     Step([&] { Design.MapXMax = SquareRoot(Divide(Design.VpP - 1.0, Design.VpP + 1.0)); });
     Design.MapXMin = -Design.MapXMax;
     Design.MapYMax = Design.MapXMax;
@@ -246,7 +246,7 @@ void ParamSelect() {
         break;
     }
     Design.BoundsProjNum = Design.ProjNum;
-    Design.PlotStopReason.clear();
+    Design.PlotStopReason = StopReason::None;
 }
 
 } // namespace quelmont

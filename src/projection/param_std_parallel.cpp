@@ -42,9 +42,9 @@ void ParamStdParallel() {
         TwoParallels(Design.LatNorth, Design.LatSouth);
     }
     DegMinSec(Design.StdParNorth, Design.StdParNorthText, "LAT", 4);
-    Design.StdParText[0] = Design.StdParNorthText;
+    Design.StdParText[StdParTextNorth] = Design.StdParNorthText;
     DegMinSec(Design.StdParSouth, Design.StdParSouthText, "LAT", 4);
-    Design.StdParText[1] = Design.StdParSouthText;
+    Design.StdParText[StdParTextSouth] = Design.StdParSouthText;
 }
 
 } // namespace quelmont

@@ -15,9 +15,9 @@ namespace quelmont {
 namespace {
 
 void ReadZone() {
-    Design.LonCentralSec = LongitudeSeconds(Design.UtmText[0]);
+    Design.LonCentralSec = LongitudeSeconds(Design.UtmText[UtmTextCentralLon]);
     Design.LonCentral = static_cast<double>(Design.LonCentralSec) / SecPerDegree;
-    Design.LatCentralSec = LatitudeSeconds(Design.UtmText[1]);
+    Design.LatCentralSec = LatitudeSeconds(Design.UtmText[UtmTextOriginLat]);
     const double origin = static_cast<double>(Design.LatCentralSec) / SecPerDegree;
     DegMinSec(Design.LonCentral, Design.LonCentralText, "LON", 4);
     Design.LonMiddle = Design.LonCentral;
@@ -64,9 +64,9 @@ void CalcUtmZone() {
     Guarded("CalcUtmZone", [] {
         ReadZone();
         SelectSpheroid();
-        Design.UtmFalseEasting = ValueOf(Design.UtmText[2]);
-        Design.UtmFalseNorthing = ValueOf(Design.UtmText[3]);
-        Design.UtmK0 = ValueOf(Design.UtmText[4]);
+        Design.UtmFalseEasting = ValueOf(Design.UtmText[UtmTextFalseEasting]);
+        Design.UtmFalseNorthing = ValueOf(Design.UtmText[UtmTextFalseNorthing]);
+        Design.UtmK0 = ValueOf(Design.UtmText[UtmTextScale]);
         MeridianSeries();
     });
 }

@@ -97,7 +97,7 @@ TEST_F(DesignOptions, RangesAreWhatTheProjectionCanShow) {
 
 TEST_F(DesignOptions, PerspectiveTakesItsHeight) {
     ASSERT_TRUE(Apply({"--projection", "29", "--height-km", "6371"}));
-    EXPECT_EQ(Design.GridText[9], "00006371");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00006371");
     EXPECT_EQ(Design.VpP, 2.0);            // one earth radius above the ground
     EXPECT_EQ(Design.RangeSec, 60 * 3600); // arc cosine of one half
     EXPECT_EQ(Design.LatCentral, 40.0);
@@ -106,7 +106,7 @@ TEST_F(DesignOptions, PerspectiveTakesItsHeight) {
 TEST_F(DesignOptions, BoundsReplaceWhatIsProposed) {
     ASSERT_TRUE(Apply({"--projection", "robinson", "--north", "60N", "--south", "-20", "--lat-grid", "8",
                        "--west", "170E", "--east", "170W", "--lon-grid", "2:30"}));
-    EXPECT_EQ(Design.GridText[0], "60    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "60    00    00    N");
     EXPECT_EQ(Design.LatSouthSec, -20 * 3600);
     EXPECT_EQ(Design.LatGridCount, 10);
     EXPECT_EQ(Design.LonSpan, 20.0);
@@ -124,7 +124,7 @@ TEST_F(DesignOptions, StandardParallelsAreProposedForTheBounds) {
     ASSERT_TRUE(Apply({"--projection", "albers", "--north", "50N", "--south", "20N", "--lat-grid", "10"}));
     EXPECT_EQ(Design.StdParNorth, 45.0); // a sixth of 30 degrees from either edge
     EXPECT_EQ(Design.StdParSouth, 25.0);
-    EXPECT_EQ(Design.StdParText[0], "45    00    00    N");
+    EXPECT_EQ(Design.StdParText[StdParTextNorth], "45    00    00    N");
     EXPECT_EQ(Design.StdParSouthText, "25    00    00    N");
 }
 
@@ -142,7 +142,7 @@ TEST_F(DesignOptions, ParallelOfTrueScaleIsMirrored) {
     ASSERT_TRUE(Apply({"--projection", "cylindrical", "--std-north", "30N", "--std-south", "10S"}));
     EXPECT_EQ(Design.StdParNorth, 30.0);
     EXPECT_EQ(Design.StdParSouth, -30.0);
-    EXPECT_EQ(Design.StdParText[1], "30    00    00    S");
+    EXPECT_EQ(Design.StdParText[StdParTextSouth], "30    00    00    S");
 }
 
 TEST_F(DesignOptions, LobesAreOrderedAndPlaced) {
@@ -156,8 +156,8 @@ TEST_F(DesignOptions, LobesAreOrderedAndPlaced) {
 
 TEST_F(DesignOptions, LobesMayBeFewerOrNone) {
     ASSERT_TRUE(Apply({"--projection", "42", "--lobes-north", "none", "--lobes-south", "80W"}));
-    EXPECT_EQ(Design.LobeText[0], "0");
-    EXPECT_EQ(Design.LobeText[1], "1");
+    EXPECT_EQ(Design.LobeText[LobeTextCountNorth], "0");
+    EXPECT_EQ(Design.LobeText[LobeTextCountSouth], "1");
     EXPECT_THAT(Design.LobeLonDeg, ElementsAre(20.0, 20.0, 20.0, -80.0, 20.0, 0.0, 0.0, 0.0, 0.0, 0.0));
     EXPECT_EQ(Design.LobeCentral[1], 0.0);
 }

@@ -162,7 +162,7 @@ TEST_F(DrawInWindow, ClosingInADrawStopsItAndClosesAfterwards) {
         EXPECT_FALSE(Window().close());
         EXPECT_TRUE(Window().isVisible());
         EXPECT_FALSE(std::filesystem::exists(folder / "Qmnt.ini"));
-        EXPECT_EQ(Design.PlotStopReason, "Escape");
+        EXPECT_EQ(Design.PlotStopReason, StopReason::Escape);
     });
     DrawByKeys();
     EXPECT_EQ(pump->calls, 5);

@@ -155,11 +155,11 @@ TEST_F(Typing, TextThatIsTypedReachesTheDialog) {
         EXPECT_FALSE(dialog.isVisible()) << "and is accepted, also the group left last by Enter";
     });
     EXPECT_THAT(boxes.asked, IsEmpty());
-    EXPECT_EQ(Design.GridText[0], "70    00    00    N");
-    EXPECT_EQ(Design.GridText[1], "05    00    00    S");
-    EXPECT_EQ(Design.GridText[2], "005    00    00");
-    EXPECT_EQ(Design.GridText[3], "030    00    00    W");
-    EXPECT_EQ(Design.GridText[5], "015    00    00");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "70    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextSouth], "05    00    00    S");
+    EXPECT_EQ(Design.GridText[GridTextLatSpacing], "005    00    00");
+    EXPECT_EQ(Design.GridText[GridTextWest], "030    00    00    W");
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "015    00    00");
 }
 
 TEST_F(Typing, DigitsReplaceColumnsAfterAClick) {

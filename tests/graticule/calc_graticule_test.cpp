@@ -23,14 +23,14 @@ protected:
     Graticule() { StartDesign(ProjEquirectangular); }
 
     static void Bounds(const char* north, const char* south, const char* west, const char* east) {
-        Design.GridText[0] = north;
-        Design.GridText[1] = south;
-        Design.GridText[3] = west;
-        Design.GridText[4] = east;
+        Design.GridText[GridTextNorth] = north;
+        Design.GridText[GridTextSouth] = south;
+        Design.GridText[GridTextWest] = west;
+        Design.GridText[GridTextEast] = east;
     }
     static void Spacing(const char* latitude, const char* longitude) {
-        Design.GridText[2] = latitude;
-        Design.GridText[5] = longitude;
+        Design.GridText[GridTextLatSpacing] = latitude;
+        Design.GridText[GridTextLonSpacing] = longitude;
     }
 };
 
@@ -45,15 +45,15 @@ TEST_F(Graticule, ConstantGridIsTheWholeWorld) {
 
 TEST_F(Graticule, ConstantGridKeepsAnAcceptedHeight) {
     Design.GridText.fill("?");
-    Design.GridText[9] = "00000400";
+    Design.GridText[GridTextHeight] = "00000400";
     Design.ProjGridSet[29] = true;
     ConstantGrid();
-    EXPECT_EQ(Design.GridText[9], "00000400");
-    EXPECT_EQ(Design.GridText[8], "180    00    00");
-    EXPECT_EQ(Design.GridText[0], "90    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00000400");
+    EXPECT_EQ(Design.GridText[GridTextRange], "180    00    00");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "90    00    00    N");
     Design.ProjGridSet[29] = false;
     ConstantGrid();
-    EXPECT_EQ(Design.GridText[9], "00035840");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00035840");
 }
 
 // ---- A design that is accepted.
@@ -141,7 +141,7 @@ TEST_F(Graticule, CentralTermsAreSetForEveryProjection) {
     for (const int projNum : {1, 2, 6, 7, 8, 12, 16, 26, 31, 40, 41, 42}) {
         StartDesign(static_cast<std::int16_t>(projNum));
         Bounds("80    00    00    N", "20    00    00    N", "180    00    00    W", "180    00    00    E");
-        Design.GridText[6] = "50    00    00    N";
+        Design.GridText[GridTextCentralLat] = "50    00    00    N";
         CalcGraticule();
         EXPECT_EQ(Design.LatCentral, 50.0) << projNum;
         EXPECT_EQ(Design.LatCentralRad, 50.0 * DegToRad) << projNum;
@@ -204,15 +204,15 @@ TEST_F(Graticule, AzimuthalMapIsTheGlobeAboutItsCentre) {
     for (const std::int16_t projNum : Azimuthals) {
         StartDesign(projNum);
         Bounds("10    00    00    N", "50    00    00    N", "001    02    03    W", "004    05    06    E");
-        Design.GridText[6] = "33    15    00    S";
-        Design.GridText[7] = "030    00    00    E";
-        Design.GridText[8] = "060    00    00";
+        Design.GridText[GridTextCentralLat] = "33    15    00    S";
+        Design.GridText[GridTextCentralLon] = "030    00    00    E";
+        Design.GridText[GridTextRange] = "060    00    00";
         CalcGraticule();
         EXPECT_FALSE(Design.ProjOffMap) << "what stood in the bounds plays no part";
-        EXPECT_EQ(Design.GridText[0], "90    00    00    N");
-        EXPECT_EQ(Design.GridText[1], "90    00    00    S");
-        EXPECT_EQ(Design.GridText[3], "150    00    00    W");
-        EXPECT_EQ(Design.GridText[4], "150    00    00    W");
+        EXPECT_EQ(Design.GridText[GridTextNorth], "90    00    00    N");
+        EXPECT_EQ(Design.GridText[GridTextSouth], "90    00    00    S");
+        EXPECT_EQ(Design.GridText[GridTextWest], "150    00    00    W");
+        EXPECT_EQ(Design.GridText[GridTextEast], "150    00    00    W");
         EXPECT_EQ(Design.LatNorthSec, 324000);
         EXPECT_EQ(Design.LatSouthSec, -324000);
         EXPECT_EQ(Design.LonWestSec, -540000);
@@ -252,10 +252,10 @@ TEST_F(Graticule, BoundaryTextsTakeTheMinutesOfTheCentre) {
     // clang-format on
     for (const CentreRow& row : rows) {
         StartDesign(ProjAzimuthalEquidistant);
-        Design.GridText[7] = row.centre;
+        Design.GridText[GridTextCentralLon] = row.centre;
         CalcGraticule();
-        EXPECT_EQ(Design.GridText[3], row.west) << row.centre;
-        EXPECT_EQ(Design.GridText[4], row.east) << row.centre;
+        EXPECT_EQ(Design.GridText[GridTextWest], row.west) << row.centre;
+        EXPECT_EQ(Design.GridText[GridTextEast], row.east) << row.centre;
         EXPECT_EQ(Design.LonWestSec, row.westSec) << row.centre;
         EXPECT_EQ(Design.LonEastSec, row.eastSec) << row.centre;
         EXPECT_EQ(Design.LonSpanSec, 1296000) << row.centre;
@@ -359,17 +359,17 @@ TEST_F(GraticuleRefusal, FirstTestThatFailsWins) {
     Bounds("10    00    00    N", "40    00    00    N", "180    00    00    E", "180    00    00    W");
     Spacing("007    00    00", "007    00    00");
     ExpectRefused("Error: Latitude", Below, "LatN", {"LatN", "LatS"});
-    Design.GridText[0] = "40    00    00    N";
+    Design.GridText[GridTextNorth] = "40    00    00    N";
     ExpectRefused("Error: Latitude", Equal, "LatN", {"LatN", "LatS"});
-    Design.GridText[0] = "50    00    00    N";
+    Design.GridText[GridTextNorth] = "50    00    00    N";
     ExpectRefused("Error: Degrees of latitude", LatitudeGrid, "LatGr", {"LatGr"});
-    Design.GridText[2] = "010    00    00";
+    Design.GridText[GridTextLatSpacing] = "010    00    00";
     // The width of that map is 0, which every spacing divides.
     CalcGraticule();
     EXPECT_EQ(machine.boxes.Taken().front().title, "Error: Longitude");
-    Design.GridText[4] = "170    00    00    W";
+    Design.GridText[GridTextEast] = "170    00    00    W";
     ExpectRefused("Error: Degrees of longitude", LongitudeGrid, "LonGr", {"LonGr"});
-    Design.GridText[5] = "005    00    00";
+    Design.GridText[GridTextLonSpacing] = "005    00    00";
     Design.ProjOffMap = false;
     CalcGraticule();
     EXPECT_FALSE(Design.ProjOffMap);
@@ -419,7 +419,7 @@ TEST_F(GraticuleRefusal, ZeroSpacingShowsTheBoxAndGoesOnAsIfAccepted) {
 }
 
 TEST_F(GraticuleRefusal, NumberTooLargeIsAnOverflow) {
-    Design.GridText[3] = "9E9    00    00    W";
+    Design.GridText[GridTextWest] = "9E9    00    00    W";
     CalcGraticule();
     EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Error in CalcGraticule", "Error: Overflow"}));
     Bounds("90    00    00    N", "90    00    00    S", "5E5    00    00    W", "5E5    00    00    E");

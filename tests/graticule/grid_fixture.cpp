@@ -25,7 +25,7 @@ void LineRecorder::Point() {
         dots.push_back(point);
         return;
     }
-    if (!open || Design.PointStatus == 1) {
+    if (!open || Design.PointStatus == PointBeginsLine) {
         lines.emplace_back();
         open = true;
     }
@@ -66,15 +66,15 @@ void GridTest::Start(std::int16_t projNum, std::int16_t gridTypeCode) {
     StartDesign(projNum);
     Design.GridTypeCode = gridTypeCode;
     if (projNum == ProjMercator) {
-        Design.GridText[0] = "80    00    00    N";
-        Design.GridText[1] = "80    00    00    S";
-        Design.GridText[2] = "020    00    00";
+        Design.GridText[GridTextNorth] = "80    00    00    N";
+        Design.GridText[GridTextSouth] = "80    00    00    S";
+        Design.GridText[GridTextLatSpacing] = "020    00    00";
     } else if (projNum == ProjConformalConic) {
-        Design.GridText[1] = "60    00    00    S";
+        Design.GridText[GridTextSouth] = "60    00    00    S";
     } else if (projNum == ProjGnomonic) {
-        Design.GridText[8] = "060    00    00";
+        Design.GridText[GridTextRange] = "060    00    00";
     } else if (projNum == ProjStereographic || projNum == ProjOrthographic) {
-        Design.GridText[8] = "090    00    00";
+        Design.GridText[GridTextRange] = "090    00    00";
     }
     PrepareDesign();
 }

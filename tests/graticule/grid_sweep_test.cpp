@@ -445,10 +445,10 @@ protected:
                                         << ArcText(latGrid) << " by " << ArcText(lonGrid));
         StartDesign(projNum);
         Design.GridTypeCode = code;
-        Design.GridText[2] = ArcText(latGrid);
-        Design.GridText[5] = ArcText(lonGrid);
-        Design.GridText[6] = LatitudeText(centre);
-        Design.GridText[8] = ArcText(range);
+        Design.GridText[GridTextLatSpacing] = ArcText(latGrid);
+        Design.GridText[GridTextLonSpacing] = ArcText(lonGrid);
+        Design.GridText[GridTextCentralLat] = LatitudeText(centre);
+        Design.GridText[GridTextRange] = ArcText(range);
         PrepareDesign();
         return Check();
     }
@@ -459,10 +459,10 @@ protected:
                      << "height " << height << ", grid type " << code << ", centre " << LatitudeText(centre));
         StartDesign(ProjVerticalPerspective);
         Design.GridTypeCode = code;
-        Design.GridText[2] = ArcText(latGrid);
-        Design.GridText[5] = ArcText(lonGrid);
-        Design.GridText[6] = LatitudeText(centre);
-        Design.GridText[9] = std::to_string(height);
+        Design.GridText[GridTextLatSpacing] = ArcText(latGrid);
+        Design.GridText[GridTextLonSpacing] = ArcText(lonGrid);
+        Design.GridText[GridTextCentralLat] = LatitudeText(centre);
+        Design.GridText[GridTextHeight] = std::to_string(height);
         PrepareDesign();
         return Check();
     }
@@ -713,8 +713,8 @@ TEST_F(GridSweep, WholeWorldsWithTheirPoles) {
                 continue;
             }
             StartDesign(projNum);
-            Design.GridText[2] = ArcText(spacing.lat);
-            Design.GridText[5] = ArcText(spacing.lon);
+            Design.GridText[GridTextLatSpacing] = ArcText(spacing.lat);
+            Design.GridText[GridTextLonSpacing] = ArcText(spacing.lon);
             PrepareDesign();
             ASSERT_TRUE(Check());
         }
@@ -723,10 +723,10 @@ TEST_F(GridSweep, WholeWorldsWithTheirPoles) {
 
 TEST_F(GridSweep, LobesOfTheInterruptedMollweide) {
     StartDesign(ProjInterruptedMollweide);
-    Design.GridText[2] = "010    00    00";
-    Design.GridText[3] = "020    00    00    E";
-    Design.GridText[4] = "020    00    00    E";
-    Design.GridText[5] = "010    00    00";
+    Design.GridText[GridTextLatSpacing] = "010    00    00";
+    Design.GridText[GridTextWest] = "020    00    00    E";
+    Design.GridText[GridTextEast] = "020    00    00    E";
+    Design.GridText[GridTextLonSpacing] = "010    00    00";
     Design.LobeText = {"2", "2"};
     const std::array<int, 8> boundaries = {20, -100, 0, 20, 20, 140, -70, 20};
     for (std::size_t i = 0; i < boundaries.size(); ++i) {

@@ -24,17 +24,17 @@ class Lobes : public FreshProgramTest {
 protected:
     Lobes() {
         StartDesign(ProjInterruptedMollweide);
-        Design.GridText[2] = "010    00    00";
-        Design.GridText[3] = "020    00    00    E";
-        Design.GridText[4] = "020    00    00    E";
-        Design.GridText[5] = "010    00    00";
+        Design.GridText[GridTextLatSpacing] = "010    00    00";
+        Design.GridText[GridTextWest] = "020    00    00    E";
+        Design.GridText[GridTextEast] = "020    00    00    E";
+        Design.GridText[GridTextLonSpacing] = "010    00    00";
         SetRows({20, -100, 0, 20}, {20, 140, -70, 20});
     }
 
     /// Boundaries of each hemisphere in degrees, as the dialog leaves them.
     static void SetRows(const std::vector<int>& north, const std::vector<int>& south) {
-        Design.LobeText[0] = std::to_string(north.size() - 2);
-        Design.LobeText[1] = std::to_string(south.size() - 2);
+        Design.LobeText[LobeTextCountNorth] = std::to_string(north.size() - 2);
+        Design.LobeText[LobeTextCountSouth] = std::to_string(south.size() - 2);
         std::size_t at = 0;
         for (const std::vector<int>* row : {&north, &south}) {
             for (const int degrees : *row) {
@@ -96,16 +96,16 @@ TEST_F(Lobes, EveryLobeHasTheBoundariesAtItsNumber) {
 }
 
 TEST_F(Lobes, BoundsInOneHemisphereBoundItsLobesAndLeaveTheOthersNoHeight) {
-    Design.GridText[0] = "80    30    00    N";
-    Design.GridText[1] = "60    00    10    N";
+    Design.GridText[GridTextNorth] = "80    30    00    N";
+    Design.GridText[GridTextSouth] = "60    00    10    N";
     CalcGraticuleInterrupt(2);
     EXPECT_EQ(Design.LatNorthSec, 80 * 3600 + 1800);
     EXPECT_EQ(Design.LatSouthSec, 60 * 3600 + 10);
     CalcGraticuleInterrupt(5);
     EXPECT_EQ(Design.LatNorthSec, 0);
     EXPECT_EQ(Design.LatSouthSec, 0);
-    Design.GridText[0] = "60    00    10    S";
-    Design.GridText[1] = "80    30    00    S";
+    Design.GridText[GridTextNorth] = "60    00    10    S";
+    Design.GridText[GridTextSouth] = "80    30    00    S";
     CalcGraticuleInterrupt(2);
     EXPECT_EQ(Design.LatNorthSec, 0);
     EXPECT_EQ(Design.LatSouthSec, 0);
@@ -115,9 +115,9 @@ TEST_F(Lobes, BoundsInOneHemisphereBoundItsLobesAndLeaveTheOthersNoHeight) {
 }
 
 TEST_F(Lobes, LobeLowerThanOneSpacingCountsOne) {
-    Design.GridText[0] = "69    00    00    N";
-    Design.GridText[1] = "06    00    00    S";
-    Design.GridText[2] = "015    00    00";
+    Design.GridText[GridTextNorth] = "69    00    00    N";
+    Design.GridText[GridTextSouth] = "06    00    00    S";
+    Design.GridText[GridTextLatSpacing] = "015    00    00";
     CalcGraticuleInterrupt(1);
     EXPECT_EQ(Design.LatGridCount, 5) << "69 / 15 = 4.6";
     CalcGraticuleInterrupt(5);
@@ -153,7 +153,7 @@ TEST_F(Lobes, NumberOutsideTheListShowsTheBoxOfTheRoutine) {
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Error in CalcGraticuleInterrupt",
                                                                 "Error: Subscript out of range"}));
     }
-    Design.LobeText[0] = "4";
+    Design.LobeText[LobeTextCountNorth] = "4";
     CalcGraticuleInterrupt(1);
     EXPECT_THAT(machine.boxes.Taken(),
                 ElementsAre(AskedBox{"Error in CalcGraticuleInterrupt", "Error: Subscript out of range"}));
@@ -168,7 +168,7 @@ TEST_F(Lobes, CountsOfInterruptionsAreZeroToThree) {
     EXPECT_EQ(LobesOf(0).last, 1U);
     EXPECT_EQ(LobesOf(1).first, 3U);
     EXPECT_EQ(LobesOf(1).last, 6U);
-    Design.LobeText[1] = "-1";
+    Design.LobeText[LobeTextCountSouth] = "-1";
     EXPECT_THROW(LobeInterruptions(1), RunTimeError);
 }
 
@@ -211,8 +211,8 @@ TEST_F(LobePlaces, WholeHemispheresStandInTheMiddle) {
 }
 
 TEST_F(LobePlaces, FullListHasNineLobes) {
-    Design.GridText[3] = "180    00    00    W";
-    Design.GridText[4] = "180    00    00    E";
+    Design.GridText[GridTextWest] = "180    00    00    W";
+    Design.GridText[GridTextEast] = "180    00    00    E";
     SetRows({-180, -90, 0, 90, 180}, {-180, -100, -20, 80, 180});
     CalcGraticule();
     LonInterruptOffset();
@@ -222,8 +222,8 @@ TEST_F(LobePlaces, FullListHasNineLobes) {
 
 /// A map from 170 E to 10 E, 200 degrees wide, whose middle lies 100 degrees from the west.
 TEST_F(LobePlaces, NarrowMapHasItsOwnMiddle) {
-    Design.GridText[3] = "170    00    00    E";
-    Design.GridText[4] = "010    00    00    E";
+    Design.GridText[GridTextWest] = "170    00    00    E";
+    Design.GridText[GridTextEast] = "010    00    00    E";
     SetRows({170, -110, 10}, {170, 10});
     CalcGraticule();
     ASSERT_EQ(Design.LonCentral, 100.0);
@@ -241,7 +241,7 @@ TEST_F(LobePlaces, OffsetOfAnEarlierLobePlaysNoPart) {
 }
 
 TEST_F(LobePlaces, BadCountShowsTheBoxOfTheRoutine) {
-    Design.LobeText[1] = "7";
+    Design.LobeText[LobeTextCountSouth] = "7";
     LonInterruptOffset();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Error in LonInterruptOffset", "Error: Subscript out of range"}));

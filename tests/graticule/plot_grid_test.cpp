@@ -134,7 +134,7 @@ TEST_F(PlotGridTest, EachFailingOperationIsNamedAndPlottingGoesOn) {
         PlotGrid();
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(ApiError(row.text)));
         EXPECT_EQ(surface.Count(SurfaceOp::LineTo), lines) << row.text;
-        EXPECT_EQ(Design.PlotStopReason, "") << row.text;
+        EXPECT_EQ(Design.PlotStopReason, StopReason::None) << row.text;
     }
 }
 
@@ -272,8 +272,8 @@ TEST_F(PlotGridTest, MetresAreGriddedAsTheyStand) {
 
 TEST_F(PlotGridTest, LobeIsGriddedWithinItsBounds) {
     Start(ProjInterruptedMollweide);
-    Design.GridText[2] = "010    00    00";
-    Design.GridText[5] = "010    00    00";
+    Design.GridText[GridTextLatSpacing] = "010    00    00";
+    Design.GridText[GridTextLonSpacing] = "010    00    00";
     Design.LobeText = {"1", "0"};
     Design.LobeLonText = {"180    00    00    W", "060    00    00    W", "180    00    00    E",
                           "180    00    00    W", "180    00    00    E"};
@@ -318,9 +318,9 @@ TEST_F(PlotGridTest, LobeThatTheSpacingDoesNotDivideHasBothItsEdges) {
     }};
     for (const Row& row : rows) {
         Start(ProjInterruptedMollweide);
-        Design.GridText[0] = row.north;
-        Design.GridText[1] = row.south;
-        Design.GridText[2] = "015    00    00";
+        Design.GridText[GridTextNorth] = row.north;
+        Design.GridText[GridTextSouth] = row.south;
+        Design.GridText[GridTextLatSpacing] = "015    00    00";
         Design.LobeText = {"0", "0"};
         Design.LobeLonText = {"180    00    00    W", "180    00    00    E", "180    00    00    W",
                               "180    00    00    E"};
@@ -353,12 +353,12 @@ TEST_F(PlotGridTest, ConformalConicBreaksAtThePoleAtInfinity) {
 
 TEST_F(PlotGridTest, LinesEndOnTheBoundsWhateverTheStep) {
     Start(ProjEquirectangular);
-    Design.GridText[0] = "10    00    00    N";
-    Design.GridText[1] = "09    59    30    N";
-    Design.GridText[2] = "000    00    10";
-    Design.GridText[3] = "000    00    01    E";
-    Design.GridText[4] = "000    00    22    E";
-    Design.GridText[5] = "000    00    07";
+    Design.GridText[GridTextNorth] = "10    00    00    N";
+    Design.GridText[GridTextSouth] = "09    59    30    N";
+    Design.GridText[GridTextLatSpacing] = "000    00    10";
+    Design.GridText[GridTextWest] = "000    00    01    E";
+    Design.GridText[GridTextEast] = "000    00    22    E";
+    Design.GridText[GridTextLonSpacing] = "000    00    07";
     PrepareDesign();
     PlotRecorded();
     ASSERT_THAT(recorder.lines, SizeIs(4 + 4));
@@ -465,9 +465,9 @@ TEST_F(PlotGridTest, PolarMapNeedsNoCircleOfItsOwn) {
                                           {29, "90    00    00    N", "060    00    00", 3, true}}};
     for (const Row& row : rows) {
         Start(row.projNum, row.code);
-        Design.GridText[6] = row.centre;
-        Design.GridText[8] = row.range;
-        Design.GridText[9] = "00006371"; // whose horizon is 60 degrees away
+        Design.GridText[GridTextCentralLat] = row.centre;
+        Design.GridText[GridTextRange] = row.range;
+        Design.GridText[GridTextHeight] = "00006371"; // whose horizon is 60 degrees away
         PrepareDesign();
         PlotRecorded();
         auto points = recorder.lines.empty() ? recorder.dots : recorder.lines[0];
@@ -481,8 +481,8 @@ TEST_F(PlotGridTest, PolarMapNeedsNoCircleOfItsOwn) {
 
 TEST_F(PlotGridTest, PolarMapEndsWithItsOutermostParallel) {
     Start(ProjAzimuthalEquidistant);
-    Design.GridText[6] = "90    00    00    N";
-    Design.GridText[8] = "060    00    00";
+    Design.GridText[GridTextCentralLat] = "90    00    00    N";
+    Design.GridText[GridTextRange] = "060    00    00";
     PrepareDesign();
     PlotRecorded();
     // Parallels 30, 60, 90 (a dot at the centre), meridians every 45 degrees and 360.
@@ -496,7 +496,7 @@ TEST_F(PlotGridTest, PolarMapEndsWithItsOutermostParallel) {
 
 TEST_F(PlotGridTest, AntipodeIsNeverPlotted) {
     Start(ProjAzimuthalEquidistant);
-    Design.GridText[2] = "010    00    00"; // 40 S is a parallel
+    Design.GridText[GridTextLatSpacing] = "010    00    00"; // 40 S is a parallel
     PrepareDesign();
     ASSERT_EQ(Design.LatCentral, 40.0);
     PlotRecorded();
@@ -558,8 +558,8 @@ TEST_F(PlotGridTest, OppositeMeridianOfAWholeGlobeBreaksAtTheAntipode) {
     for (const std::int16_t projNum : {ProjAzimuthalEquidistant, ProjAzimuthalEqualArea}) {
         for (const char* centre : {"40    00    00    N", "25    00    00    S"}) {
             Start(projNum);
-            Design.GridText[6] = centre;
-            Design.GridText[2] = "005    00    00";
+            Design.GridText[GridTextCentralLat] = centre;
+            Design.GridText[GridTextLatSpacing] = "005    00    00";
             PrepareDesign();
             PlotRecorded();
             int pieces = 0;
@@ -604,9 +604,9 @@ TEST_F(PlotGridTest, ParallelOfTheAntipodeBeginsFurtherOffNearThePoles) {
                            Row{"89    00    00    S", 0.00469849}}) {
         for (const std::int16_t projNum : {ProjAzimuthalEquidistant, ProjAzimuthalEqualArea}) {
             Start(projNum);
-            Design.GridText[6] = row.centre;
-            Design.GridText[2] = "001    00    00";
-            Design.GridText[5] = "090    00    00";
+            Design.GridText[GridTextCentralLat] = row.centre;
+            Design.GridText[GridTextLatSpacing] = "001    00    00";
+            Design.GridText[GridTextLonSpacing] = "090    00    00";
             PrepareDesign();
             PlotRecorded();
             EXPECT_NEAR(StartOfAntipodalParallel(recorder), row.off, 1e-8) << row.centre;
@@ -646,7 +646,7 @@ TEST_F(PlotGridTest, OpenLineOfAnExportIsBrokenBeforeThePointBehindAGap) {
 
 TEST_F(PlotGridTest, HemisphereAboutTheEquatorDrawsItsRimOnce) {
     Start(ProjOrthographic);
-    Design.GridText[6] = "00    00    00    N";
+    Design.GridText[GridTextCentralLat] = "00    00    00    N";
     PrepareDesign();
     PlotRecorded();
     for (std::size_t i = 1; i < recorder.lines.size(); ++i) {
@@ -724,7 +724,7 @@ TEST_F(GridFiles, FileThatCannotBeOpenedStopsTheDraw) {
     Design.AsciiFileName = {folder / "missing/map.txt"};
     surface.FailAt(SurfaceOp::DeleteObject, 3);
     PlotGrid();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PlotGrid", "Error: Path not found"},
                                                  ApiError("DeleteObject(4) error in PlotGrid")));
     EXPECT_EQ(surface.Count(SurfaceOp::LineTo), 0);
@@ -736,7 +736,7 @@ TEST_F(GridFiles, NameThatIsMissingIsASubscriptOutOfRange) {
     Design.OutputAscii = true;
     Design.AsciiFileName = {folder / "one.prn"};
     PlotGrid();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Error in PlotGrid", "Error: Subscript out of range"}));
     EXPECT_EQ(surface.LiveObjects(), 0);
@@ -753,7 +753,7 @@ TEST_F(GridFiles, HeaderThatFailsDrawsNothing) {
     NoHeader writer;
     Design.OutputWmf = true;
     PlotGrid();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PrintFileHeader", "Error: Disk full"}));
     EXPECT_THAT(OpsOf(surface), IsEmpty());
 }
@@ -776,7 +776,7 @@ TEST_F(GridFiles, FailureOfTheRoutineClosesItsFile) {
     CloseExport();
     Design.LatNorth = 1e12; // more parallels than can be counted
     PlotGrid();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PlotGrid", "Error: Overflow"}));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
     EXPECT_EQ(surface.LiveObjects(), 0);
@@ -840,16 +840,16 @@ protected:
     /// Presses Escape at a call of the event pump, counted from now.
     void EscapeAt(int call) {
         machine.pump = ScriptedPump();
-        machine.pump.At(call, [] { Design.PlotStopReason = "Escape"; });
-        Design.PlotStopReason.clear();
+        machine.pump.At(call, [] { Design.PlotStopReason = StopReason::Escape; });
+        Design.PlotStopReason = StopReason::None;
     }
 };
 
 /// The first hundred chances to stop. A grid of 5 by 5 degrees has 37 parallels and 73 meridians.
 TEST_F(GridEscape, StopsAfterTheLineAtHand) {
     Start(ProjEquirectangular);
-    Design.GridText[2] = "005    00    00";
-    Design.GridText[5] = "005    00    00";
+    Design.GridText[GridTextLatSpacing] = "005    00    00";
+    Design.GridText[GridTextLonSpacing] = "005    00    00";
     PrepareDesign();
     for (int call = 1; call <= 100; ++call) {
         EscapeAt(call);
@@ -858,15 +858,15 @@ TEST_F(GridEscape, StopsAfterTheLineAtHand) {
         EXPECT_THAT(recorder.lines, SizeIs(static_cast<std::size_t>(call)));
         EXPECT_EQ(surface.Count(SurfaceOp::MoveToEx), call);
         EXPECT_EQ(surface.LiveObjects(), 0);
-        EXPECT_EQ(Design.PlotStopReason, "Escape");
+        EXPECT_EQ(Design.PlotStopReason, StopReason::Escape);
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(GridEscape, StopsADiscToo) {
     Start(ProjAzimuthalEquidistant);
-    Design.GridText[2] = "005    00    00";
-    Design.GridText[5] = "005    00    00";
+    Design.GridText[GridTextLatSpacing] = "005    00    00";
+    Design.GridText[GridTextLonSpacing] = "005    00    00";
     PrepareDesign();
     for (int call = 1; call <= 100; ++call) {
         EscapeAt(call);
@@ -902,7 +902,7 @@ TEST_F(GridEscape, LeavesTheFileToTheDrawCycle) {
     Start(ProjEquirectangular);
     Design.OutputAscii = true;
     Design.AsciiFileName = {folder / "grid.prn"};
-    machine.pump.At(3, [] { Design.PlotStopReason = "Escape"; });
+    machine.pump.At(3, [] { Design.PlotStopReason = StopReason::Escape; });
     PlotGrid();
     EXPECT_TRUE(IsFileOpen(OutputFileNumber)) << "the handler of a real Escape has closed it before";
     EXPECT_EQ(surface.LiveObjects(), 0);

@@ -68,8 +68,8 @@ TEST_F(UtmGrid, CentralLongitudeStaysTheZones) {
 }
 
 TEST_F(UtmGrid, BrokenMetresAreRoundedTiesToEven) {
-    Design.UtmText[5] = "6200000.5";
-    Design.UtmText[7] = "99999.7";
+    Design.UtmText[UtmTextNorth] = "6200000.5";
+    Design.UtmText[UtmTextNorthingSpacing] = "99999.7";
     CalcUtmGrid();
     EXPECT_EQ(Design.LatNorthSec, 6200000);
     EXPECT_EQ(Design.LatGridSec, 100000);
@@ -84,26 +84,26 @@ constexpr const char* EastSpacing =
 
 /// Everything is wrong at first; mending one fault after the other brings all eight in order.
 TEST_F(UtmGrid, RefusalsComeInOrder) {
-    Design.UtmText[5] = "05000000";
-    Design.UtmText[7] = "00000000";
-    Design.UtmText[9] = "0200000";
-    Design.UtmText[10] = "0000000";
+    Design.UtmText[UtmTextNorth] = "05000000";
+    Design.UtmText[UtmTextNorthingSpacing] = "00000000";
+    Design.UtmText[UtmTextEast] = "0200000";
+    Design.UtmText[UtmTextEastingSpacing] = "0000000";
     ExpectRefused(NoNorthSpacing, "UtmLatGrid");
-    Design.UtmText[7] = "00070000";
+    Design.UtmText[UtmTextNorthingSpacing] = "00070000";
     ExpectRefused(NoEastSpacing, "UtmLonGrid");
-    Design.UtmText[10] = "0070000";
+    Design.UtmText[UtmTextEastingSpacing] = "0070000";
     ExpectRefused(NorthSpacing, "UtmLatGrid");
-    Design.UtmText[7] = "00100000";
+    Design.UtmText[UtmTextNorthingSpacing] = "00100000";
     ExpectRefused("The NORTHERN BOUNDARY is south of the SOUTHERN BOUNDARY.", "UtmLatN");
-    Design.UtmText[5] = "05600000";
+    Design.UtmText[UtmTextNorth] = "05600000";
     ExpectRefused("The NORTHERN and SOUTHERN BOUNDARIES are equal.", "UtmLatN");
-    Design.UtmText[5] = "06200000";
+    Design.UtmText[UtmTextNorth] = "06200000";
     ExpectRefused(EastSpacing, "UtmLonGrid");
-    Design.UtmText[10] = "0100000";
+    Design.UtmText[UtmTextEastingSpacing] = "0100000";
     ExpectRefused("The EASTERN BOUNDARY is west of the WESTERN BOUNDARY.", "UtmLonW");
-    Design.UtmText[9] = "0300000";
+    Design.UtmText[UtmTextEast] = "0300000";
     ExpectRefused("The EASTERN and WESTERN BOUNDARIES are equal.", "UtmLonW");
-    Design.UtmText[9] = "0400000";
+    Design.UtmText[UtmTextEast] = "0400000";
     Design.ProjOffMap = false;
     CalcUtmGrid();
     EXPECT_FALSE(Design.ProjOffMap);
@@ -112,7 +112,7 @@ TEST_F(UtmGrid, RefusalsComeInOrder) {
 
 TEST_F(UtmGrid, RefusalLeavesTheDegreesOfTheLastGoodRun) {
     CalcUtmGrid();
-    Design.UtmText[5] = "05000000";
+    Design.UtmText[UtmTextNorth] = "05000000";
     CalcUtmGrid();
     EXPECT_EQ(Design.LatNorthSec, 5000000);
     EXPECT_EQ(Design.LatNorth, 6200000.0);
@@ -120,16 +120,16 @@ TEST_F(UtmGrid, RefusalLeavesTheDegreesOfTheLastGoodRun) {
 }
 
 TEST_F(UtmGrid, NumberTooLargeShowsTheBoxOfTheRoutine) {
-    Design.UtmText[5] = "9999999999";
+    Design.UtmText[UtmTextNorth] = "9999999999";
     CalcUtmGrid();
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CalcUtmGrid", "Error: Overflow"}));
     EXPECT_FALSE(Design.ProjOffMap);
 }
 
 TEST_F(UtmGrid, HeightThatDoesNotFitIsStillDivided) {
-    Design.UtmText[5] = "2147483647";
-    Design.UtmText[6] = "-2147483648";
-    Design.UtmText[7] = "1";
+    Design.UtmText[UtmTextNorth] = "2147483647";
+    Design.UtmText[UtmTextSouth] = "-2147483648";
+    Design.UtmText[UtmTextNorthingSpacing] = "1";
     CalcUtmGrid();
     // 4294967295 spacings do not fit their count.
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CalcUtmGrid", "Error: Overflow"}));

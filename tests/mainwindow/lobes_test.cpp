@@ -52,8 +52,8 @@ TEST_F(LobePasses, EachLobeBeeps) {
 }
 
 TEST_F(LobePasses, HemisphereWithoutInterruptionsIsOneLobe) {
-    Design.LobeText[0] = "0";
-    Design.LobeText[1] = "1";
+    Design.LobeText[LobeTextCountNorth] = "0";
+    Design.LobeText[LobeTextCountSouth] = "1";
     // One lobe in the north; in the south number 0 + 3 and the one behind it.
     MapDraw();
     EXPECT_EQ(machine.clock.beeps, 3);
@@ -65,14 +65,14 @@ TEST_F(LobePasses, BackgroundIsPaintedOnce) {
 }
 
 TEST_F(LobePasses, LobeWithoutHeightIsPassedOver) {
-    Design.GridText[1] = "00    00    00    S";
+    Design.GridText[GridTextSouth] = "00    00    00    S";
     MapDraw();
     EXPECT_EQ(machine.clock.beeps, 3);
     EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
 }
 
 TEST_F(LobePasses, MapOfTheSouthHasABackgroundToo) {
-    Design.GridText[0] = "00    00    00    N";
+    Design.GridText[GridTextNorth] = "00    00    00    N";
     MapDraw();
     EXPECT_EQ(machine.clock.beeps, 3);
     EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
@@ -85,8 +85,8 @@ TEST_F(LobePasses, MapOfOneHemisphereIsItsLobesAndNothingElseWholeInTheWindow) {
          {"30    00    00    S", "60    00    00    S"},
          {"10    00    00    S", "90    00    00    S"}}};
     for (const auto& [north, south] : bounds) {
-        Design.GridText[0] = north;
-        Design.GridText[1] = south;
+        Design.GridText[GridTextNorth] = north;
+        Design.GridText[GridTextSouth] = south;
         CalcGraticule();
         LonInterruptOffset();
         ParamSelect();
@@ -113,9 +113,9 @@ TEST_F(LobePasses, MapOfOneHemisphereIsItsLobesAndNothingElseWholeInTheWindow) {
 }
 
 TEST_F(LobePasses, LobeLowerThanTheSpacingIsDrawn) {
-    Design.GridText[0] = "69    00    00    N";
-    Design.GridText[1] = "06    00    00    S";
-    Design.GridText[2] = "015    00    00";
+    Design.GridText[GridTextNorth] = "69    00    00    N";
+    Design.GridText[GridTextSouth] = "06    00    00    S";
+    Design.GridText[GridTextLatSpacing] = "015    00    00";
     CalcGraticule();
     ParamSelect();
     MapDraw();
@@ -143,7 +143,7 @@ TEST_F(LobePasses, OnlyTheFirstIsFirstAndOnlyTheLastIsLast) {
 }
 
 TEST_F(LobePasses, CountThatIsNoneIsTold) {
-    Design.LobeText[0] = "7";
+    Design.LobeText[LobeTextCountNorth] = "7";
     MapDraw();
     EXPECT_THAT(Told(machine.boxes.asked), ElementsAre("Error in MapDraw: Error: Subscript out of range"));
     EXPECT_EQ(machine.clock.beeps, 0);

@@ -94,7 +94,7 @@ TEST_F(ProjectionMenu, CancelledDialogKeepsTheOldBounds) {
     mnuProj_Click(0);
     EXPECT_EQ(Design.LatNorth, north);
     EXPECT_FALSE(Design.ProjGridSet[ProjMercator]);
-    EXPECT_EQ(Design.GridText[0], "90    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "90    00    00    N");
 }
 
 TEST_F(ProjectionMenu, PixelSizeStaysBeforeTheNewCaption) {

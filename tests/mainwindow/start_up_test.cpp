@@ -120,9 +120,9 @@ TEST_F(StartingUp, FineScreenMakesFinerTwips) {
 }
 
 TEST_F(StartingUp, MapAcrossThe180thMeridianIsOrdinary) {
-    Design.GridText[3] = "170    00    00    E";
-    Design.GridText[4] = "170    00    00    W";
-    Design.GridText[5] = "010    00    00";
+    Design.GridText[GridTextWest] = "170    00    00    E";
+    Design.GridText[GridTextEast] = "170    00    00    W";
+    Design.GridText[GridTextLonSpacing] = "010    00    00";
     CalcGraticule();
     EXPECT_EQ(Design.LonSpanSec, 72000);
     EXPECT_EQ(Design.LonSpan, 20.0);
@@ -130,15 +130,15 @@ TEST_F(StartingUp, MapAcrossThe180thMeridianIsOrdinary) {
 }
 
 TEST_F(StartingUp, AcceptedHeightOutlivesTheReturnToDefaults) {
-    Design.GridText[9] = "00000800";
-    Design.GridText[0] = "10    00    00    N";
+    Design.GridText[GridTextHeight] = "00000800";
+    Design.GridText[GridTextNorth] = "10    00    00    N";
     Design.ProjGridSet[ProjVerticalPerspective] = true;
     ConstantGrid();
-    EXPECT_EQ(Design.GridText[9], "00000800");
-    EXPECT_EQ(Design.GridText[0], "90    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00000800");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "90    00    00    N");
     Design.ProjGridSet[ProjVerticalPerspective] = false;
     ConstantGrid();
-    EXPECT_EQ(Design.GridText[9], "00035840");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00035840");
 }
 
 } // namespace

@@ -38,10 +38,10 @@ std::string LongitudeText(int degrees) {
 void AcceptLobes() {
     const std::array<int, 8> boundaries = {20, 100, -100, 20, 20, 140, -70, 20};
     Design.LobeText = {"2", "2", LongitudeText(20)};
-    Design.LobeText[3] = LongitudeText(100);
-    Design.LobeText[4] = LongitudeText(-100);
-    Design.LobeText[6] = LongitudeText(140);
-    Design.LobeText[7] = LongitudeText(-70);
+    Design.LobeText[LobeTextNorth] = LongitudeText(100);
+    Design.LobeText[LobeTextNorth + 1] = LongitudeText(-100);
+    Design.LobeText[LobeTextSouth] = LongitudeText(140);
+    Design.LobeText[LobeTextSouth + 1] = LongitudeText(-70);
     for (std::size_t i = 0; i < boundaries.size(); ++i) {
         Design.LobeLonText[i] = LongitudeText(boundaries[i]);
         Design.LobeLonDeg[i] = boundaries[i];
@@ -54,25 +54,25 @@ void ProposeBounds(std::int16_t projNum) {
     ConstantGrid();
     switch (projNum) {
     case ProjMercator:
-        Design.GridText[0] = "80    00    00    N";
-        Design.GridText[1] = "80    00    00    S";
-        Design.GridText[2] = "020    00    00";
+        Design.GridText[GridTextNorth] = "80    00    00    N";
+        Design.GridText[GridTextSouth] = "80    00    00    S";
+        Design.GridText[GridTextLatSpacing] = "020    00    00";
         break;
     case ProjConformalConic:
-        Design.GridText[1] = "60    00    00    S";
+        Design.GridText[GridTextSouth] = "60    00    00    S";
         break;
     case ProjGnomonic:
-        Design.GridText[8] = "060    00    00";
+        Design.GridText[GridTextRange] = "060    00    00";
         break;
     case ProjStereographic:
     case ProjOrthographic:
-        Design.GridText[8] = "090    00    00";
+        Design.GridText[GridTextRange] = "090    00    00";
         break;
     case ProjInterruptedMollweide:
-        Design.GridText[2] = "010    00    00";
-        Design.GridText[3] = "020    00    00    E";
-        Design.GridText[4] = "020    00    00    E";
-        Design.GridText[5] = "010    00    00";
+        Design.GridText[GridTextLatSpacing] = "010    00    00";
+        Design.GridText[GridTextWest] = "020    00    00    E";
+        Design.GridText[GridTextEast] = "020    00    00    E";
+        Design.GridText[GridTextLonSpacing] = "010    00    00";
         break;
     default:
         break;
@@ -106,7 +106,7 @@ void StartedProgram::ExpectIdle(const std::string& caption) {
     EXPECT_EQ(window.pointer, MousePointer::Normal);
     EXPECT_FALSE(window.autoRedraw);
     EXPECT_FALSE(MainWindowNow.MapDrawing);
-    EXPECT_EQ(Design.PlotStopReason, "");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::None);
     EXPECT_EQ(Design.LobeOffsetX, 0.0);
     EXPECT_EQ(Design.PenWidth, 1);
     EXPECT_FALSE(Design.OutputAscii || Design.OutputCgm || Design.OutputDxf || Design.OutputWmf);

@@ -105,7 +105,7 @@ TEST_F(Stopping, KeyInIdleOnlyDisarmsTheExports) {
     EXPECT_FALSE(Design.OutputAscii || Design.OutputCgm || Design.OutputDxf || Design.OutputWmf ||
                  Design.OutputGc || Design.OutputSc);
     EXPECT_EQ(Design.OutputFileName, "kept");
-    EXPECT_EQ(Design.PlotStopReason, "");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::None);
     EXPECT_TRUE(IsFileOpen(InputFileNumber));
     EXPECT_THAT(surface.Calls(), IsEmpty());
 }
@@ -117,14 +117,14 @@ TEST_F(Stopping, KeyWhileAPageEndsOnlyAbortsThePrint) {
     EscapeKey();
     EXPECT_TRUE(Design.PrintAbort);
     EXPECT_TRUE(Design.OutputCgm);
-    EXPECT_EQ(Design.PlotStopReason, "");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::None);
 }
 
 TEST_F(Stopping, KeyWhilePrintingAbortsThePrint) {
     Design.PrintingNow = true;
     EscapeKey();
     EXPECT_TRUE(Design.PrintAbort);
-    EXPECT_EQ(Design.PlotStopReason, "Escape");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::Escape);
 }
 
 /// Writes a file as an export does: its header at the first pass.

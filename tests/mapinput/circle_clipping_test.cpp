@@ -133,13 +133,13 @@ TEST_F(CircleClipping, EachPointIsProjectedAsIfItHadNotBeenTested) {
     EXPECT_NEAR(recorder.points[1].x, k * std::cos(phi) * std::sin(lam), 1e-12);
     EXPECT_NEAR(recorder.points[1].y,
                 k * (std::cos(phi1) * std::sin(phi) - std::sin(phi1) * std::cos(phi) * std::cos(lam)), 1e-12);
-    EXPECT_EQ(Design.ProjTestMode, 0);
+    EXPECT_EQ(Design.ProjTestMode, TestNone);
 }
 
 TEST_F(CircleClipping, TestModeIsClearedAfterAnEntry) {
     Circle(ProjStereographic, 0, 0, 60);
     Draw({Degrees(0, 70), Degrees(0, 50)});
-    EXPECT_EQ(Design.ProjTestMode, 0);
+    EXPECT_EQ(Design.ProjTestMode, TestNone);
     // 50 degrees from the centre: 2 tan 25.
     ASSERT_EQ(recorder.points.size(), 2U);
     EXPECT_NEAR(recorder.points[1].x, 2.0 * std::tan(25.0 * M_PI / 180.0), 1e-12);

@@ -395,7 +395,7 @@ TEST_P(EveryReader, EscapeAtAnyTurnEndsSoundly) {
     const std::string contents = LongFile(4000);
     for (int turn = 1; turn <= 5; ++turn) {
         machine.pump = {};
-        Design.PlotStopReason.clear();
+        Design.PlotStopReason = StopReason::None;
         machine.pump.At(turn, [] { PressEscape(); });
         Plot(contents);
         EXPECT_EQ(machine.pump.calls, turn);

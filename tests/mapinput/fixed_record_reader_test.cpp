@@ -81,13 +81,13 @@ TEST_F(DataBankReader, FirstPointWithoutAHeaderBeginsALineBehindAPointOfTheMap) 
 TEST_F(DataBankReader, HeaderAtTheEndOfADrawIsForgotten) {
     Plot(Break + Point(5, 5) + Break);
     Plot("");
-    EXPECT_EQ(Design.LineStart, 0);
+    EXPECT_EQ(Design.LineStart, LineContinues);
 }
 
 TEST_F(DataBankReader, LineThatBeginsOutsideLeavesItsMoveToTheNextPoint) {
     Rectangle(ProjEquirectangular, 10, -10, -10, 10);
     Plot(Break + Point(20, 0));
-    EXPECT_EQ(Design.LineStart, 3) << "and not still at the header";
+    EXPECT_EQ(Design.LineStart, LineMoves) << "and not still at the header";
 }
 
 TEST_F(DataBankReader, WholeFileHasThePenOfItsOneRow) {

@@ -47,8 +47,8 @@ void LineRecorder::OpenStretch(std::size_t /*slot*/) {
 }
 
 void LineRecorder::Point() {
-    points.push_back({Design.PointStatus == 1 || Design.LineStart == 3, Design.ProjLat, Design.ProjLon,
-                      Design.ProjX, Design.ProjY});
+    points.push_back({Design.PointStatus == PointBeginsLine || Design.LineStart == LineMoves, Design.ProjLat,
+                      Design.ProjLon, Design.ProjX, Design.ProjY});
     ++Design.PointCount;
 }
 
@@ -112,12 +112,13 @@ void MapTest::StartRecording() {
 
 void MapTest::Rectangle(std::int16_t projNum, double north, double south, double west, double east) {
     Design.ProjNum = projNum;
-    Design.GridText[0] = Angle(north, "LAT");
-    Design.GridText[1] = Angle(south, "LAT");
-    Design.GridText[2] = Angle((north - south) / 3.0, "ARC");
-    Design.GridText[3] = Angle(west, "LON");
-    Design.GridText[4] = Angle(east, "LON");
-    Design.GridText[5] = Angle((east > west ? east - west : east - west + 360.0) / 3.0, "ARC");
+    Design.GridText[GridTextNorth] = Angle(north, "LAT");
+    Design.GridText[GridTextSouth] = Angle(south, "LAT");
+    Design.GridText[GridTextLatSpacing] = Angle((north - south) / 3.0, "ARC");
+    Design.GridText[GridTextWest] = Angle(west, "LON");
+    Design.GridText[GridTextEast] = Angle(east, "LON");
+    Design.GridText[GridTextLonSpacing] =
+        Angle((east > west ? east - west : east - west + 360.0) / 3.0, "ARC");
     CalcGraticule();
     Finish(projNum);
 }
@@ -125,21 +126,21 @@ void MapTest::Rectangle(std::int16_t projNum, double north, double south, double
 void MapTest::Circle(std::int16_t projNum, double centreLat, double centreLon, double range) {
     Design.ProjNum = projNum;
     ConstantGrid();
-    Design.GridText[6] = Angle(centreLat, "LAT");
-    Design.GridText[7] = Angle(centreLon, "LON");
-    Design.GridText[8] = Angle(range, "ARC");
+    Design.GridText[GridTextCentralLat] = Angle(centreLat, "LAT");
+    Design.GridText[GridTextCentralLon] = Angle(centreLon, "LON");
+    Design.GridText[GridTextRange] = Angle(range, "ARC");
     CalcGraticule();
     Finish(projNum);
 }
 
 void MapTest::Zone(std::int32_t north, std::int32_t south, std::int32_t west, std::int32_t east) {
     Design.ProjNum = ProjUtm;
-    Design.UtmText[5] = std::to_string(north);
-    Design.UtmText[6] = std::to_string(south);
-    Design.UtmText[7] = std::to_string(north - south);
-    Design.UtmText[8] = std::to_string(west);
-    Design.UtmText[9] = std::to_string(east);
-    Design.UtmText[10] = std::to_string(east - west);
+    Design.UtmText[UtmTextNorth] = std::to_string(north);
+    Design.UtmText[UtmTextSouth] = std::to_string(south);
+    Design.UtmText[UtmTextNorthingSpacing] = std::to_string(north - south);
+    Design.UtmText[UtmTextWest] = std::to_string(west);
+    Design.UtmText[UtmTextEast] = std::to_string(east);
+    Design.UtmText[UtmTextEastingSpacing] = std::to_string(east - west);
     CalcUtmZone();
     CalcUtmGrid();
     Finish(ProjUtm);
@@ -147,8 +148,8 @@ void MapTest::Zone(std::int32_t north, std::int32_t south, std::int32_t west, st
 
 void MapTest::Lobe(double west, double east) {
     WholeWorld(ProjInterruptedMollweide);
-    Design.LobeText[0] = "0";
-    Design.LobeText[1] = "0";
+    Design.LobeText[LobeTextCountNorth] = "0";
+    Design.LobeText[LobeTextCountSouth] = "0";
     Design.LobeLonText[0] = Angle(west, "LON");
     Design.LobeLonText[1] = Angle(east, "LON");
     CalcGraticuleInterrupt(1);
@@ -186,7 +187,7 @@ void MapTest::PressEscape() {
     CloseFile(OutputFileNumber);
     Design.OutputWmf = false;
     Design.OutputFileName.clear();
-    Design.PlotStopReason = "Escape";
+    Design.PlotStopReason = StopReason::Escape;
 }
 
 void ReaderTest::Plot(const std::string& name, const std::string& contents) {

@@ -267,7 +267,7 @@ TEST_F(MapPlotTest, EscapeAtAnyTurnLeavesNothingOpen) {
     for (int turn = 1; turn <= 11; ++turn) {
         machine.pump.calls = 0;
         recorder.points.clear();
-        Design.PlotStopReason.clear();
+        Design.PlotStopReason = StopReason::None;
         StartRecording();
         machine.pump.At(turn, [] { PressEscape(); });
         MapPlot();
@@ -275,7 +275,7 @@ TEST_F(MapPlotTest, EscapeAtAnyTurnLeavesNothingOpen) {
         // The point whose count was full is not plotted any more.
         const int plotted = turn <= 5 ? 0 : turn <= 10 ? (turn - 5) * 800 - 1 : 4000 + 799;
         EXPECT_EQ(static_cast<int>(recorder.points.size()), plotted) << turn;
-        EXPECT_EQ(Design.PlotStopReason, "Escape") << "for the draw cycle";
+        EXPECT_EQ(Design.PlotStopReason, StopReason::Escape) << "for the draw cycle";
         EXPECT_THAT(machine.boxes.asked, IsEmpty());
         ExpectClosed();
         machine.pump = {};
@@ -284,7 +284,7 @@ TEST_F(MapPlotTest, EscapeAtAnyTurnLeavesNothingOpen) {
 
 TEST_F(MapPlotTest, OtherReasonsDoNotStopTheMap) {
     AddFile("a.map", Points(900));
-    machine.pump.At(1, [] { Design.PlotStopReason = "GridDiskError"; });
+    machine.pump.At(1, [] { Design.PlotStopReason = StopReason::GridDiskError; });
     MapPlot();
     EXPECT_EQ(recorder.points.size(), 900U);
 }

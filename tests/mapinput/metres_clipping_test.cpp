@@ -56,7 +56,7 @@ TEST_F(MetresClipping, CentralMeridianIsCutAtTheNorthingOfTheEdge) {
     ExpectPoint(0, true, 5'600'000, 500'000);
     EXPECT_FALSE(recorder.points[1].move);
     ExpectPoint(2, false, 6'200'000, 500'000);
-    EXPECT_EQ(Design.LineStart, 3);
+    EXPECT_EQ(Design.LineStart, LineMoves);
 }
 
 TEST_F(MetresClipping, LineIsCutAtAnEasting) {
@@ -127,7 +127,7 @@ TEST_F(MetresClipping, BothEndsOutsideDrawNothing) {
 }
 
 TEST_F(MetresClipping, DateLineIsNoEdgeOfAZone) {
-    Design.UtmText[0] = "177    00    00    W";
+    Design.UtmText[UtmTextCentralLon] = "177    00    00    W";
     Zone(6'200'000, 5'600'000, 0, 1'000'000);
     // Three degrees on either side of the meridian of 177 W; 179 E is a difference of 356.
     Draw({Degrees(53, 179), Degrees(53, -180), Degrees(53, -176)});

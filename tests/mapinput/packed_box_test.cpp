@@ -235,7 +235,7 @@ TEST_F(BoxesOfRandomSegments, UtmZones) {
           Case{"177    00    00    E", 600'000, -600'000, 200'000, 900'000, Degrees(0, 180)},
           Case{"177    00    00    W", 600'000, -600'000, 100'000, 800'000, Degrees(5, -180)},
           Case{"009    00    00    W", 5'000'000, 1'000'000, -2'000'000, 3'000'000, Degrees(20, 15)}}) {
-        Design.UtmText[0] = zone.centre;
+        Design.UtmText[UtmTextCentralLon] = zone.centre;
         Zone(zone.north, zone.south, zone.west, zone.east);
         Compare(zone.near, zone.centre);
     }

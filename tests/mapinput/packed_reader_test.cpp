@@ -282,7 +282,7 @@ TEST_F(PackedReader, EscapeIsHonouredAtTheNextSegmentThatIsSteppedOver) {
     PlotList();
     EXPECT_THAT(recorder.points, IsEmpty());
     EXPECT_EQ(Counted().PointsRead, 4);
-    EXPECT_EQ(Design.PlotStopReason, "Escape");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::Escape);
     ExpectCleanEnd();
 }
 

@@ -322,7 +322,7 @@ double VisibleMetres(Metres from, Metres to) {
 TEST_F(RandomLinesTest, ZonesShowWhatLiesInsideTheirMetres) {
     for (const char* central : {"009    00    00    W", "177    00    00    E", "177    00    00    W"}) {
         SCOPED_TRACE(central);
-        Design.UtmText[0] = central;
+        Design.UtmText[UtmTextCentralLon] = central;
         Zone(6'200'000, -1'000'000, 0, 1'000'000);
         std::mt19937 random(99);
         for (int i = 0; i < LinesPerMap; ++i) {

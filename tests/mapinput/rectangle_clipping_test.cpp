@@ -76,7 +76,7 @@ TEST_F(RectangleClipping, LineLeavesOverTheNorthernEdge) {
     AcrossTheDateLine();
     Draw({Degrees(55, 172), Degrees(65, 176), Degrees(65, 178)});
     ExpectPlotted({{Move, 55, 2}, {Go, 60, 4}});
-    EXPECT_EQ(Design.LineStart, 3);
+    EXPECT_EQ(Design.LineStart, LineMoves);
 }
 
 TEST_F(RectangleClipping, LineLeavesOverTheSouthernEdgeAndComesBack) {

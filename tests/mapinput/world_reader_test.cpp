@@ -102,7 +102,7 @@ TEST_F(WorldTextReader, NumberWithoutAPlaceIsAnError) {
 TEST_F(WorldTextReader, FirstPointOutsideLeavesItsMoveToTheNextOne) {
     Rectangle(ProjEquirectangular, 10, -10, -10, 10);
     Plot("20 0\n");
-    EXPECT_EQ(Design.LineStart, 3);
+    EXPECT_EQ(Design.LineStart, LineMoves);
     Plot("20 0\n5 0\n");
     ASSERT_THAT(recorder.points, SizeIs(2));
     EXPECT_TRUE(recorder.points[0].move);

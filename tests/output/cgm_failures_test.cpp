@@ -31,14 +31,14 @@ protected:
 TEST_F(CgmFailures, HeaderStopsTheDraw) {
     Design.CgmFileName = folder / "none/map";
     Begin();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     ExpectLost({"Error in CgmHeader", "Error: Path not found"});
 }
 
 TEST_F(CgmFailures, ExtentBeyondSixteenBitsStopsTheDraw) {
     Design.LogicalWidth = 32500; // 32820 with the margin
     Begin();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     ExpectLost({"Error in CgmHeader", "Error: Overflow"});
 }
 
@@ -46,7 +46,7 @@ TEST_F(CgmFailures, FullDiskInTheHeaderStopsTheDraw) {
     FailingFiles disk;
     disk.FailWritingAfter(100, ErrorDiskFull);
     Begin();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     ExpectLost({"Error in CgmHeader", "Error: Disk full"});
 }
 

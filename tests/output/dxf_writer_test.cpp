@@ -357,7 +357,7 @@ TEST_F(Dxf, HeaderThatFailsStopsTheDraw) {
     Begin();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Error in DxfHeader", "Error: Path/File access error"}));
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
 }
 
 /// What fails at the end of a line or of the file costs the file, and never the one before.

@@ -108,7 +108,7 @@ TEST_F(FanOut, HeaderThatFailsStopsTheDraw) {
     Design.OutputDxf = true;
     dxf.error = ErrorDiskFull;
     PrintFileHeader();
-    EXPECT_EQ(Design.PlotStopReason, "GridDiskError");
+    EXPECT_EQ(Design.PlotStopReason, StopReason::GridDiskError);
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in PrintFileHeader", "Error: Disk full"}));
 }
 

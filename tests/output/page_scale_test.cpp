@@ -65,7 +65,7 @@ TEST_F(Page, MapLiesAtItsMarginsLessWhatThePrinterCannotReach) {
 
 TEST_F(Page, PointsArePrintedThere) {
     At(10, 20);
-    Design.PointStatus = 1;
+    Design.PointStatus = PointBeginsLine;
     PrintToScreen();
     EXPECT_EQ(Drawn(), "MoveToEx(586, 884)\nLineTo(586, 884)\n");
 }

@@ -30,7 +30,7 @@ TEST_F(PrintToScreenTest, FitTurnsProjectionUnitsIntoPixels) {
     Design.ScreenOriginY = 9000.0;
     Design.ProjX = 0.5;
     Design.ProjY = 1.0;
-    Design.PointStatus = 1;
+    Design.PointStatus = PointBeginsLine;
     PrintToScreen();
     // (2.5 * 3000 + 150) / 15 and (9000 - 2 * 1500) / 15: y grows downward.
     EXPECT_EQ(Drawn(), "MoveToEx(510, 400)\nLineTo(510, 400)\n");
@@ -48,18 +48,18 @@ TEST_F(PrintToScreenTest, FirstPointOfALineIsAMoveToo) {
 }
 
 TEST_F(PrintToScreenTest, LineStart3IsAMoveOnce) {
-    Design.LineStart = 3;
+    Design.LineStart = LineMoves;
     Print(10, 20);
     Print(11, 20);
     EXPECT_EQ(Drawn(), "MoveToEx(10, 20)\nLineTo(10, 20)\nLineTo(11, 20)\n");
-    EXPECT_EQ(Design.LineStart, 0);
+    EXPECT_EQ(Design.LineStart, LineContinues);
 }
 
 TEST_F(PrintToScreenTest, OtherStatesOfALineGoOn) {
-    Design.LineStart = 4;
+    Design.LineStart = LineBegins;
     Print(10, 20, 4);
     EXPECT_EQ(Drawn(), "LineTo(10, 20)\n");
-    EXPECT_EQ(Design.LineStart, 4) << "only a move empties it";
+    EXPECT_EQ(Design.LineStart, LineBegins) << "only a move empties it";
 }
 
 TEST_F(PrintToScreenTest, TiesGoToTheEvenPixel) {
@@ -78,11 +78,11 @@ TEST_F(PrintToScreenTest, DotIsOnePixelWhateverTheRadius) {
 TEST_F(PrintToScreenTest, SymbolLeavesTheLineStateAlone) {
     Design.CurrentSymbolType = SymbolOpenSquare;
     OutputNow.SymbolRadius = 15;
-    Design.LineStart = 3;
+    Design.LineStart = LineMoves;
     Print(10, 20);
     EXPECT_EQ(surface.Count(SurfaceOp::Rectangle), 1);
     EXPECT_EQ(surface.Count(SurfaceOp::MoveToEx), 0);
-    EXPECT_EQ(Design.LineStart, 3);
+    EXPECT_EQ(Design.LineStart, LineMoves);
 }
 
 TEST_F(PrintToScreenTest, LastPixelsOfSixteenBitsAreDrawn) {

@@ -72,7 +72,7 @@ TEST_F(SymbolSamples, KnowNothingOfTheDesignAndLeaveTheSurfaceAsItWas) {
     Design.PenColor = 5;
     Design.ScreenScaleX = 3.0;
     Design.ProjX = 7.0;
-    Design.LineStart = 3;
+    Design.LineStart = LineMoves;
     const int objects = surface.LiveObjects();
     const SurfaceHandle pen = surface.CurrentPenHandle();
     for (std::int16_t type = SymbolLine; type <= SymbolTypes; ++type) {
@@ -85,7 +85,7 @@ TEST_F(SymbolSamples, KnowNothingOfTheDesignAndLeaveTheSurfaceAsItWas) {
     EXPECT_EQ(Design.ScreenScaleX, 3.0);
     EXPECT_EQ(OutputNow.DevicePixelX, 15.0F);
     EXPECT_EQ(Design.ProjX, 7.0);
-    EXPECT_EQ(Design.LineStart, 3);
+    EXPECT_EQ(Design.LineStart, LineMoves);
     EXPECT_EQ(surface.LiveObjects(), objects);
     EXPECT_EQ(surface.CurrentPenHandle(), pen);
     EXPECT_TRUE(other.Calls().empty());

@@ -66,7 +66,7 @@ TEST_F(Azimuthal, AntipodeHasNoPlaceForAnyWholeDegree) {
             for (const double lon : {0.0, 360.0}) {
                 ProjectAt(-lat, lon);
                 EXPECT_TRUE(Design.ProjOffMap) << projNum << " centred on " << lat;
-                EXPECT_EQ(Design.PointStatus, 2);
+                EXPECT_EQ(Design.PointStatus, PointBeyondHorizon);
             }
         }
     }
@@ -102,15 +102,15 @@ TEST_F(Azimuthal, VisibleMeansStrictlyGreater) {
         const double cosC = std::sin(50.0 * DegToRad);
         const auto index = static_cast<std::size_t>(projNum - ProjGnomonic);
         Design.HorizonCos[index] = cosC;
-        Design.PointStatus = 0;
+        Design.PointStatus = PointContinues;
         ProjectAt(50.0, 180.0);
         EXPECT_TRUE(Design.ProjOffMap) << projNum << ": equal is not visible";
-        EXPECT_EQ(Design.PointStatus, 2);
+        EXPECT_EQ(Design.PointStatus, PointBeyondHorizon);
         Design.HorizonCos[index] = std::nextafter(cosC, 0.0);
-        Design.PointStatus = 0;
+        Design.PointStatus = PointContinues;
         ProjectAt(50.0, 180.0);
         EXPECT_FALSE(Design.ProjOffMap) << projNum;
-        EXPECT_EQ(Design.PointStatus, 0);
+        EXPECT_EQ(Design.PointStatus, PointContinues);
     }
 }
 
@@ -132,7 +132,7 @@ TEST_F(Azimuthal, GnomonicStopsAtTheHorizonItself) {
     Design.CosLatCentral = 0.0;
     ProjectAt(0.0, 100.0);
     EXPECT_TRUE(Design.ProjOffMap);
-    EXPECT_EQ(Design.PointStatus, 2);
+    EXPECT_EQ(Design.PointStatus, PointBeyondHorizon);
     ProjectAt(1e-9, 100.0);
     EXPECT_FALSE(Design.ProjOffMap);
 }
@@ -193,7 +193,7 @@ class TestMode : public Azimuthal {
 protected:
     void Test(double lat, double lon, std::int16_t mode = -1) {
         Design.ProjTestMode = mode;
-        Design.PointStatus = 0;
+        Design.PointStatus = PointContinues;
         Design.ProjOffMap = false;
         Design.ProjLat = lat;
         Design.ProjLon = lon;
@@ -201,7 +201,7 @@ protected:
     }
 
     void Resume() {
-        Design.ProjTestMode = 2;
+        Design.ProjTestMode = TestResume;
         ProjectSelect(&tested);
     }
 
@@ -216,10 +216,10 @@ TEST_F(TestMode, ClassifiesAndNeverProjects) {
             Design.ProjX = 4.0;
             Design.ProjY = 5.0;
             Test(0.0, 239.0, mode);
-            EXPECT_EQ(Design.PointStatus, 4) << projNum << ": inside the range";
+            EXPECT_EQ(Design.PointStatus, PointInRange) << projNum << ": inside the range";
             EXPECT_TRUE(Design.ProjOffMap);
             Test(0.0, 241.0, mode);
-            EXPECT_EQ(Design.PointStatus, 5) << projNum << ": outside the range";
+            EXPECT_EQ(Design.PointStatus, PointOutOfRange) << projNum << ": outside the range";
             EXPECT_TRUE(Design.ProjOffMap);
             EXPECT_EQ(Design.ProjTestMode, mode);
             EXPECT_EQ(Design.ProjX, 4.0);
@@ -234,26 +234,26 @@ TEST_F(TestMode, ThePointOnTheCircleIsInside) {
     Design.SinLatCentral = 1.0;
     Design.CosRange = std::sin(50.0 * DegToRad);
     Test(50.0, 10.0);
-    EXPECT_EQ(Design.PointStatus, 4);
+    EXPECT_EQ(Design.PointStatus, PointInRange);
     Design.CosRange = std::nextafter(Design.CosRange, 1.0);
     Test(50.0, 10.0);
-    EXPECT_EQ(Design.PointStatus, 5);
+    EXPECT_EQ(Design.PointStatus, PointOutOfRange);
 }
 
 TEST_F(TestMode, HorizonComesBeforeTheRange) {
     Disc(ProjOrthographic, 0.0, 60.0);
     Test(0.0, 300.0);
-    EXPECT_EQ(Design.PointStatus, 2);
+    EXPECT_EQ(Design.PointStatus, PointBeyondHorizon);
     EXPECT_TRUE(Design.ProjOffMap);
-    EXPECT_EQ(Design.ProjTestMode, -1);
+    EXPECT_EQ(Design.ProjTestMode, TestOnly);
 }
 
 TEST_F(TestMode, NormalCallMindsTheHorizonAlone) {
     Disc(ProjStereographic, 0.0, 10.0);
-    Design.PointStatus = 0;
+    Design.PointStatus = PointContinues;
     ProjectAt(0.0, 240.0);
     EXPECT_FALSE(Design.ProjOffMap);
-    EXPECT_EQ(Design.PointStatus, 0);
+    EXPECT_EQ(Design.PointStatus, PointContinues);
 }
 
 TEST_F(TestMode, ResumeProjectsTheTestedPointWithoutReadingItAgain) {
@@ -263,7 +263,7 @@ TEST_F(TestMode, ResumeProjectsTheTestedPointWithoutReadingItAgain) {
         const double x = Design.ProjX;
         const double y = Design.ProjY;
         Test(35.0, 200.0);
-        ASSERT_EQ(Design.PointStatus, 4);
+        ASSERT_EQ(Design.PointStatus, PointInRange);
         // Neither the point nor the test's own limits may be read by the call that resumes.
         Design.ProjLat = std::numeric_limits<double>::quiet_NaN();
         Design.ProjLon = std::numeric_limits<double>::quiet_NaN();
@@ -273,7 +273,7 @@ TEST_F(TestMode, ResumeProjectsTheTestedPointWithoutReadingItAgain) {
         Design.PointStatus = 7;
         Resume();
         EXPECT_FALSE(Design.ProjOffMap);
-        EXPECT_EQ(Design.ProjTestMode, 0);
+        EXPECT_EQ(Design.ProjTestMode, TestNone);
         EXPECT_EQ(Design.PointStatus, 7);
         EXPECT_EQ(Design.ProjX, x);
         EXPECT_EQ(Design.ProjY, y);
@@ -286,20 +286,20 @@ TEST_F(TestMode, ResumeProjectsAPointThatTheTestFoundBeyondTheHorizon) {
     Disc(ProjStereographic, 0.0, 60.0);
     Design.HorizonCos.fill(1.0);
     Test(0.0, 270.0);
-    ASSERT_EQ(Design.PointStatus, 2);
+    ASSERT_EQ(Design.PointStatus, PointBeyondHorizon);
     Resume();
     EXPECT_NEAR(Design.ProjX, 2.0, 1e-14) << "2 tan(90 / 2)";
-    EXPECT_EQ(Design.ProjTestMode, 0);
+    EXPECT_EQ(Design.ProjTestMode, TestNone);
 }
 
 TEST_F(TestMode, PointsBetweenATestAndItsResumptionDoNotDisturbIt) {
     Disc(ProjStereographic, 0.0, 120.0);
     Test(0.0, 270.0);
     AzimuthalTerms other;
-    Design.ProjTestMode = -1;
+    Design.ProjTestMode = TestOnly;
     Design.ProjLon = 190.0;
     ProjectSelect(&other);
-    Design.ProjTestMode = 0;
+    Design.ProjTestMode = TestNone;
     ProjectAt(10.0, 200.0);
     Resume();
     EXPECT_NEAR(Design.ProjX, 2.0, 1e-14);
@@ -309,19 +309,19 @@ TEST_F(TestMode, PointsBetweenATestAndItsResumptionDoNotDisturbIt) {
 TEST_F(TestMode, ResumeWithoutTheTermsOfATestReadsThePoint) {
     Disc(ProjStereographic, 0.0, 60.0);
     Design.HorizonCos.fill(1.0);
-    Design.ProjTestMode = 2;
+    Design.ProjTestMode = TestResume;
     ProjectAt(0.0, 270.0);
     EXPECT_NEAR(Design.ProjX, 2.0, 1e-14);
-    EXPECT_EQ(Design.ProjTestMode, 0);
+    EXPECT_EQ(Design.ProjTestMode, TestNone);
 }
 
 TEST_F(TestMode, OtherFamiliesKnowNoTest) {
     SetRectangle(ProjMollweide, 90.0, -90.0, 360.0);
-    Design.ProjTestMode = -1;
+    Design.ProjTestMode = TestOnly;
     ProjectAt(0.0, 360.0);
     EXPECT_FALSE(Design.ProjOffMap);
     EXPECT_NEAR(Design.ProjX, 2.0 * std::sqrt(2.0), 1e-15);
-    EXPECT_EQ(Design.ProjTestMode, -1);
+    EXPECT_EQ(Design.ProjTestMode, TestOnly);
 }
 
 } // namespace

@@ -254,19 +254,19 @@ TEST_F(Extent, PerspectiveSeesToItsHorizon) {
     EXPECT_LT(Design.HorizonCos[3], 0.5);
     EXPECT_EQ(Design.RangeSec, 60 * 3600);
     EXPECT_NEAR(Design.CosRange, 0.5, 1e-15);
-    EXPECT_EQ(Design.GridText[8], "060    00    00    E");
+    EXPECT_EQ(Design.GridText[GridTextRange], "060    00    00    E");
     const double half = std::sqrt(1.0 / 3.0);
     ExpectExtent(-half, half, -half, half);
 }
 
 TEST_F(Extent, HeightChangesTheRangeWithoutTheUser) {
     SetDisc(ProjVerticalPerspective, 40.0, 60.0);
-    Design.GridText[8] = "123    00    00";
+    Design.GridText[GridTextRange] = "123    00    00";
     Design.VpDistanceKm = 35840.0;
     ParamSelect();
     // acos(6371 / 42211) is 81.319046 degrees, 81 19 08.6.
     EXPECT_EQ(Design.RangeSec, 81 * 3600 + 19 * 60 + 9);
-    EXPECT_EQ(Design.GridText[8], "081    19    09    E");
+    EXPECT_EQ(Design.GridText[GridTextRange], "081    19    09    E");
 }
 
 // ---- What always holds.
@@ -277,9 +277,9 @@ TEST_F(Extent, StopReasonIsEmptyAfterwards) {
         Design.StdParNorth = 60.0;
         Design.StdParSouth = 20.0;
         Design.VpDistanceKm = 400.0;
-        Design.PlotStopReason = "Escape";
+        Design.PlotStopReason = StopReason::Escape;
         ParamSelect();
-        EXPECT_EQ(Design.PlotStopReason, "") << projNum;
+        EXPECT_EQ(Design.PlotStopReason, StopReason::None) << projNum;
     }
 }
 
@@ -400,14 +400,14 @@ TEST_F(BruteForce, DiscsHoldWhatLiesInTheirRange) {
             double furthest = 0.0;
             for (double lat = -90.0; lat <= 90.0; lat += 0.5) {
                 for (double lon = 0.0; lon <= 360.0; lon += 0.5) {
-                    Design.ProjTestMode = -1;
+                    Design.ProjTestMode = TestOnly;
                     ProjectAt(lat, lon);
-                    if (Design.PointStatus == 4) {
-                        Design.ProjTestMode = 2;
+                    if (Design.PointStatus == PointInRange) {
+                        Design.ProjTestMode = TestResume;
                         ProjectAt(lat, lon);
                         furthest = std::max(furthest, std::hypot(Design.ProjX, Design.ProjY));
                     }
-                    Design.ProjTestMode = 0;
+                    Design.ProjTestMode = TestNone;
                 }
             }
             EXPECT_LE(furthest, Design.MapXMax * (1.0 + 1e-12)) << projNum << ", " << centre;

@@ -69,8 +69,8 @@ TEST_F(Utm, DefaultZoneIsNineWestOnClarke1866) {
 }
 
 TEST_F(Utm, OriginSouthOfTheEquatorIsNegative) {
-    Design.UtmText[0] = "147    30    36    E";
-    Design.UtmText[1] = "36    15    18    S";
+    Design.UtmText[UtmTextCentralLon] = "147    30    36    E";
+    Design.UtmText[UtmTextOriginLat] = "36    15    18    S";
     CalcUtmZone();
     EXPECT_EQ(Design.LonCentralSec, 147 * 3600 + 30 * 60 + 36);
     EXPECT_EQ(Design.LonCentral, 531036.0 / 3600.0);
@@ -81,8 +81,8 @@ TEST_F(Utm, OriginSouthOfTheEquatorIsNegative) {
 }
 
 TEST_F(Utm, LettersAreComparedAsTheyStand) {
-    Design.UtmText[0] = "009    00    00    w";
-    Design.UtmText[1] = "10    00    00    s";
+    Design.UtmText[UtmTextCentralLon] = "009    00    00    w";
+    Design.UtmText[UtmTextOriginLat] = "10    00    00    s";
     CalcUtmZone();
     EXPECT_EQ(Design.LonCentral, 9.0);
     EXPECT_EQ(Design.LatCentral, 10.0);
@@ -122,7 +122,7 @@ TEST_F(Utm, UnknownSpheroidKeepsTheOldOneAndComputesTheSeries) {
     Design.SpheroidName = "Bessel 1841";
     CalcUtmZone();
     Design.SpheroidName = "bessel 1841";
-    Design.UtmText[1] = "50    00    00    N";
+    Design.UtmText[UtmTextOriginLat] = "50    00    00    N";
     CalcUtmZone();
     EXPECT_EQ(Design.SpheroidA, 6377397.155);
     EXPECT_EQ(Design.SpheroidF, 1.0 / 299.1528128);
@@ -132,7 +132,7 @@ TEST_F(Utm, UnknownSpheroidKeepsTheOldOneAndComputesTheSeries) {
 }
 
 TEST_F(Utm, NumberTooLargeShowsTheBoxOfTheRoutine) {
-    Design.UtmText[0] = "9E9    00    00    W";
+    Design.UtmText[UtmTextCentralLon] = "9E9    00    00    W";
     CalcUtmZone();
     EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{"Error in CalcUtmZone", "Error: Overflow"}));
 }
@@ -141,7 +141,7 @@ TEST_F(Utm, NumberTooLargeShowsTheBoxOfTheRoutine) {
 
 TEST_F(Utm, OriginIsAtTheFalseEasting) {
     for (const char* origin : {"00    00    00    N", "36    15    18    S", "80    00    00    N"}) {
-        Design.UtmText[1] = origin;
+        Design.UtmText[UtmTextOriginLat] = origin;
         CalcUtmZone();
         Forward(Design.LatCentral, -9.0);
         EXPECT_EQ(Design.ProjLon, 500000.0) << origin;
@@ -154,8 +154,8 @@ TEST_F(Utm, FalseCoordinatesAreAddedAsTheyStand) {
     Forward(52.5, -7.25);
     const double easting = Design.ProjLon;
     const double northing = Design.ProjLat;
-    Design.UtmText[2] = "0200000";
-    Design.UtmText[3] = "10000000";
+    Design.UtmText[UtmTextFalseEasting] = "0200000";
+    Design.UtmText[UtmTextFalseNorthing] = "10000000";
     CalcUtmZone();
     Forward(52.5, -7.25);
     EXPECT_NEAR(Design.ProjLon, easting - 300000.0, 1e-9);
@@ -163,7 +163,7 @@ TEST_F(Utm, FalseCoordinatesAreAddedAsTheyStand) {
 }
 
 TEST_F(Utm, LongitudesCountTheShortWayRound) {
-    Design.UtmText[0] = "177    00    00    W";
+    Design.UtmText[UtmTextCentralLon] = "177    00    00    W";
     CalcUtmZone();
     Forward(10.0, 179.0);
     const double across = Design.ProjLon;
@@ -171,7 +171,7 @@ TEST_F(Utm, LongitudesCountTheShortWayRound) {
     EXPECT_EQ(across, Design.ProjLon) << "dl = 356 is -4";
     EXPECT_LT(across, 500000.0);
 
-    Design.UtmText[0] = "177    00    00    E";
+    Design.UtmText[UtmTextCentralLon] = "177    00    00    E";
     CalcUtmZone();
     Forward(10.0, -179.0);
     EXPECT_GT(Design.ProjLon, 500000.0) << "dl = -356 is 4";
@@ -224,9 +224,9 @@ class UtmAgainstProj : public testing::TestWithParam<std::size_t> {
 protected:
     void Zone(const char* lonCentral, const char* latOrigin) const {
         Design.UtmText = DefaultTexts;
-        Design.UtmText[0] = lonCentral;
-        Design.UtmText[1] = latOrigin;
-        Design.UtmText[3] = "10000000";
+        Design.UtmText[UtmTextCentralLon] = lonCentral;
+        Design.UtmText[UtmTextOriginLat] = latOrigin;
+        Design.UtmText[UtmTextFalseNorthing] = "10000000";
         Design.SpheroidName = Row().name;
         CalcUtmZone();
     }
@@ -307,7 +307,7 @@ TEST_F(Utm, EnclosureHoldsEveryPlaceOfItsBox) {
         return std::uniform_real_distribution<double>(low, high)(random);
     };
     for (const char* centre : {"009    00    00    W", "177    00    00    E", "180    00    00    W"}) {
-        Design.UtmText[0] = centre;
+        Design.UtmText[UtmTextCentralLon] = centre;
         CalcUtmZone();
         int told = 0;
         for (int box = 0; box < 2000; ++box) {

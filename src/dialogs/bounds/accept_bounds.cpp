@@ -38,7 +38,8 @@ bool AcceptRectangle() {
     return FieldsPass("LatLonBounds",
                       {{"LatN", 0}, {"LatS", 1}, {"LatGr", 2}, {"LonW", 3}, {"LonE", 4}, {"LonGr", 5}},
                       Design.GridText) &&
-           !IsRefused(AcceptLatLonBounds(Design.GridText[0], Design.GridText[1])) && CalculateBounds();
+           !IsRefused(AcceptLatLonBounds(Design.GridText[GridTextNorth], Design.GridText[GridTextSouth])) &&
+           CalculateBounds();
 }
 
 bool AcceptCircle() {
@@ -50,7 +51,7 @@ bool AcceptCircle() {
                                     {"LonGr", 5},
                                     perspective ? FieldText{"VpDistanceKM", 9} : FieldText{"AzRangeDist", 8}},
                                    Design.GridText) &&
-                        (perspective || !IsRefused(AcceptLatLonBoundsAz(Design.GridText[8]))) &&
+                        (perspective || !IsRefused(AcceptLatLonBoundsAz(Design.GridText[GridTextRange]))) &&
                         CalculateBounds();
     if (passed) {
         ForgetStandardParallels();
@@ -70,7 +71,8 @@ bool AcceptUtm() {
 bool AcceptFollowUp() {
     if (HasStandardParallels()) {
         ProposeStandardParallels();
-        return AcceptStandardParallels(Design.StdParText[0], Design.StdParText[1]);
+        return AcceptStandardParallels(Design.StdParText[StdParTextNorth],
+                                       Design.StdParText[StdParTextSouth]);
     }
     if (Design.ProjNum == ProjInterruptedMollweide) {
         ProposeLobes();
@@ -123,7 +125,7 @@ bool AcceptLobes() {
     constexpr std::size_t leftBoundary = 2;
     constexpr std::size_t firstInterruption = 3;
     constexpr std::size_t perHemisphere = 3;
-    Design.LobeText[leftBoundary] = Design.GridText[3];
+    Design.LobeText[leftBoundary] = Design.GridText[GridTextWest];
     for (const std::size_t hemisphere : {0U, 1U}) {
         for (std::int16_t k = 0; k < LobeInterruptions(hemisphere); ++k) {
             const std::size_t field = hemisphere * perHemisphere + static_cast<std::size_t>(k);

@@ -18,12 +18,14 @@ namespace {
 
 bool WasAccepted() { return Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)]; }
 
-bool AcceptStoredParallels() { return AcceptStandardParallels(Design.StdParText[0], Design.StdParText[1]); }
+bool AcceptStoredParallels() {
+    return AcceptStandardParallels(Design.StdParText[StdParTextNorth], Design.StdParText[StdParTextSouth]);
+}
 
 /// Where one parallel stands for two, they are each other's mirror image: those of a cone are not.
 bool ParallelsAreOfThisKind() {
-    return !HasOneStandardParallel() ||
-           LatitudeSeconds(Design.StdParText[0]) == -LatitudeSeconds(Design.StdParText[1]);
+    return !HasOneStandardParallel() || LatitudeSeconds(Design.StdParText[StdParTextNorth]) ==
+                                            -LatitudeSeconds(Design.StdParText[StdParTextSouth]);
 }
 
 } // namespace
@@ -35,25 +37,25 @@ void ProposeBounds() {
     ConstantGrid();
     switch (Design.ProjNum) {
     case ProjMercator:
-        Design.GridText[0] = "80    00    00    N";
-        Design.GridText[1] = "80    00    00    S";
-        Design.GridText[2] = "020    00    00"; // 30 degrees do not divide the 160
+        Design.GridText[GridTextNorth] = "80    00    00    N";
+        Design.GridText[GridTextSouth] = "80    00    00    S";
+        Design.GridText[GridTextLatSpacing] = "020    00    00"; // 30 degrees do not divide the 160
         break;
     case ProjConformalConic:
-        Design.GridText[1] = "60    00    00    S";
+        Design.GridText[GridTextSouth] = "60    00    00    S";
         break;
     case ProjInterruptedMollweide:
-        Design.GridText[2] = "010    00    00";
-        Design.GridText[3] = "020    00    00    E";
-        Design.GridText[4] = "020    00    00    E";
-        Design.GridText[5] = "010    00    00"; // 45 degrees do not divide the lobes
+        Design.GridText[GridTextLatSpacing] = "010    00    00";
+        Design.GridText[GridTextWest] = "020    00    00    E";
+        Design.GridText[GridTextEast] = "020    00    00    E";
+        Design.GridText[GridTextLonSpacing] = "010    00    00"; // 45 degrees do not divide the lobes
         break;
     case ProjGnomonic:
-        Design.GridText[8] = "060    00    00";
+        Design.GridText[GridTextRange] = "060    00    00";
         break;
     case ProjStereographic:
     case ProjOrthographic:
-        Design.GridText[8] = "090    00    00";
+        Design.GridText[GridTextRange] = "090    00    00";
         break;
     default:
         break;
@@ -72,7 +74,7 @@ void ProposeLobes() {
     }
     Design.LobeText = {"2",
                        "2",
-                       Design.GridText[3],
+                       Design.GridText[GridTextWest],
                        "100    00    00    E",
                        "100    00    00    W",
                        "000    00    00    W",
@@ -89,11 +91,11 @@ void OrderLobes() {
     std::size_t boundary = 0;
     for (const std::size_t hemisphere : {0U, 1U}) {
         const std::size_t first = firstInterruption + hemisphere * perHemisphere;
-        Design.LobeLonText[boundary++] = Design.GridText[3];
+        Design.LobeLonText[boundary++] = Design.GridText[GridTextWest];
         for (std::int16_t k = 0; k < LobeInterruptions(hemisphere); ++k) {
             Design.LobeLonText[boundary++] = Design.LobeText[first + static_cast<std::size_t>(k)];
         }
-        Design.LobeLonText[boundary++] = Design.GridText[4];
+        Design.LobeLonText[boundary++] = Design.GridText[GridTextEast];
     }
     std::transform(Design.LobeLonText.begin(), Design.LobeLonText.end(), DialogsNow.LobeLonSec.begin(),
                    [](const std::string& text) { return LongitudeSeconds(text); });

@@ -10,12 +10,14 @@ namespace quelmont {
 
 LatLonBounds::LatLonBounds() : DesignFields("LatLonBounds", "Non-azimuthal Projection Boundaries") {
     Form_Load();
-    AddField("LatN", "&Northernmost latitude of map", LatitudeMask, Design.GridText[0]);
-    AddField("LatS", "&Southernmost latitude of map", LatitudeMask, Design.GridText[1]);
-    AddField("LatGr", "Degrees of &latitude between grid marks", ArcMask, Design.GridText[2]);
-    AddField("LonW", "&Westernmost longitude of map", LongitudeMask, Design.GridText[3]);
-    AddField("LonE", "&Easternmost longitude of map", LongitudeMask, Design.GridText[4]);
-    AddField("LonGr", "Degrees of lon&gitude between grid marks", ArcMask, Design.GridText[5]);
+    AddField("LatN", "&Northernmost latitude of map", LatitudeMask, Design.GridText[GridTextNorth]);
+    AddField("LatS", "&Southernmost latitude of map", LatitudeMask, Design.GridText[GridTextSouth]);
+    AddField("LatGr", "Degrees of &latitude between grid marks", ArcMask,
+             Design.GridText[GridTextLatSpacing]);
+    AddField("LonW", "&Westernmost longitude of map", LongitudeMask, Design.GridText[GridTextWest]);
+    AddField("LonE", "&Easternmost longitude of map", LongitudeMask, Design.GridText[GridTextEast]);
+    AddField("LonGr", "Degrees of lon&gitude between grid marks", ArcMask,
+             Design.GridText[GridTextLonSpacing]);
     for (const char* const field : {"LatN", "LatS", "LatGr", "LonW", "LonE", "LonGr"}) {
         CheckWhenLeft(field);
     }

@@ -25,10 +25,12 @@ AzimuthalBounds::AzimuthalBounds(std::string_view className)
 }
 
 void AzimuthalBounds::AddCentreAndGrid() {
-    AddField("LatCentral", "Central l&atitude of map", LatitudeMask, Design.GridText[6]);
-    AddField("LonCentral", "Central lo&ngitude of map", LongitudeMask, Design.GridText[7]);
-    AddField("LatGr", "Degrees of &latitude between grid marks", ArcMask, Design.GridText[2]);
-    AddField("LonGr", "Degrees of lon&gitude between grid marks", ArcMask, Design.GridText[5]);
+    AddField("LatCentral", "Central l&atitude of map", LatitudeMask, Design.GridText[GridTextCentralLat]);
+    AddField("LonCentral", "Central lo&ngitude of map", LongitudeMask, Design.GridText[GridTextCentralLon]);
+    AddField("LatGr", "Degrees of &latitude between grid marks", ArcMask,
+             Design.GridText[GridTextLatSpacing]);
+    AddField("LonGr", "Degrees of lon&gitude between grid marks", ArcMask,
+             Design.GridText[GridTextLonSpacing]);
     for (const char* const field : {"LatCentral", "LonCentral", "LatGr", "LonGr"}) {
         CheckWhenLeft(field);
     }
@@ -47,7 +49,7 @@ void AzimuthalBounds::Accept() {
 
 LatLonBoundsAz::LatLonBoundsAz() : AzimuthalBounds("LatLonBoundsAz") {
     AddCentreAndGrid();
-    AddField("AzRangeDist", "&Range of map in degrees", ArcMask, Design.GridText[8]);
+    AddField("AzRangeDist", "&Range of map in degrees", ArcMask, Design.GridText[GridTextRange]);
     CheckWhenLeft("AzRangeDist");
     AddOkAndCancel([this] { OK_Click(); });
     SetHelpPage(HelpPageOfBoundaries);
@@ -61,8 +63,8 @@ void LatLonBoundsAz::OK_Click() {
 
 LatLonBoundsVp::LatLonBoundsVp() : AzimuthalBounds("LatLonBoundsVp") {
     AddCentreAndGrid();
-    AddField("VpDistanceKM", "&Distance above surface in kilometers", HeightMask, Design.GridText[9],
-             Stores::BareDigits);
+    AddField("VpDistanceKM", "&Distance above surface in kilometers", HeightMask,
+             Design.GridText[GridTextHeight], Stores::BareDigits);
     CheckWhenLeft("VpDistanceKM");
     On("VpDistanceKM", ControlEvent::Change, [this] { VpDistanceKM_Change(); });
     Add({.name = "VpDistanceSM", .kind = ControlKind::Label, .text = "", .caption = "In statute miles"});

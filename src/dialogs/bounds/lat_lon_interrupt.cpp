@@ -65,15 +65,15 @@ void LatLonInterrupt::AddHemisphere(std::size_t hemisphere) {
          .maximum = MaxInterruptions});
     On(Indexed("NumInterrupt", hemisphere), ControlEvent::Change,
        [this, hemisphere] { NumInterrupt_Change(hemisphere); });
-    shown("LonW" + number, "Left boundary", Design.GridText[3]);
+    shown("LonW" + number, "Left boundary", Design.GridText[GridTextWest]);
     for (std::size_t k = 0; k < PerHemisphere; ++k) {
         const std::size_t index = hemisphere * PerHemisphere + k;
         AddField(InterruptionControl(index), InterruptionCaptions[index], LongitudeMask,
                  Design.LobeText[FirstInterruption + index]);
         On(InterruptionControl(index), ControlEvent::LostFocus, [this, index] { LonInt_LostFocus(index); });
     }
-    shown("LonE" + number, "Right boundary", Design.GridText[4]);
-    shown("LonGrid" + number, "Grid Spacing", Design.GridText[5]);
+    shown("LonE" + number, "Right boundary", Design.GridText[GridTextEast]);
+    shown("LonGrid" + number, "Grid Spacing", Design.GridText[GridTextLonSpacing]);
 }
 
 void LatLonInterrupt::NumInterrupt_Change(std::size_t hemisphere) {
@@ -93,7 +93,7 @@ std::array<std::string, 10> LatLonInterrupt::Texts() const {
     for (const std::size_t hemisphere : {0U, 1U}) {
         texts[hemisphere] = std::to_string(At(Indexed("NumInterrupt", hemisphere)).value);
     }
-    texts[LeftBoundary] = Design.GridText[3];
+    texts[LeftBoundary] = Design.GridText[GridTextWest];
     for (std::size_t index = 0; index < 2 * PerHemisphere; ++index) {
         texts[FirstInterruption + index] = TextOf(InterruptionControl(index));
     }

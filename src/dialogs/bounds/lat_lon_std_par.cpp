@@ -16,8 +16,10 @@ constexpr std::size_t LetterColumn = 18;
 LatLonStdPar::LatLonStdPar() : DesignFields("LatLonStdPar", "Latitudes of Standard Parallels") {
     Design.DialogCancelled = true;
     ProposeStandardParallels();
-    AddField("LatNorthStdPar", "&Northernmost standard parallel", LatitudeMask, Design.StdParText[0]);
-    AddField("LatSouthStdPar", "&Southernmost standard parallel", LatitudeMask, Design.StdParText[1]);
+    AddField("LatNorthStdPar", "&Northernmost standard parallel", LatitudeMask,
+             Design.StdParText[StdParTextNorth]);
+    AddField("LatSouthStdPar", "&Southernmost standard parallel", LatitudeMask,
+             Design.StdParText[StdParTextSouth]);
     CheckWhenLeft("LatNorthStdPar");
     if (HasOneStandardParallel()) {
         Edit("LatSouthStdPar").enabled = false;
@@ -28,11 +30,11 @@ LatLonStdPar::LatLonStdPar() : DesignFields("LatLonStdPar", "Latitudes of Standa
     }
     Add({.name = "LatNorth",
          .kind = ControlKind::Label,
-         .text = Design.GridText[0],
+         .text = Design.GridText[GridTextNorth],
          .caption = "Northernmost latitude of map"});
     Add({.name = "LatSouth",
          .kind = ControlKind::Label,
-         .text = Design.GridText[1],
+         .text = Design.GridText[GridTextSouth],
          .caption = "Southernmost latitude of map"});
     AddOkAndCancel([this] { OK_Click(); });
     SetHelpPage(HelpPageOfBoundaries);

@@ -52,11 +52,14 @@ void UtmSpheroid::OK_Click() {
 
 UtmParameters::UtmParameters() : DesignFields("UtmParameters", "Select UTM Parameters") {
     Design.DialogCancelled = true;
-    AddField("UtmLonCentral", "Central &longitude of UTM zone", LongitudeMask, Design.UtmText[0]);
-    AddField("UtmLatOrigin", "L&atitude of map origin", LatitudeMask, Design.UtmText[1]);
-    AddField("UtmEasting", "False &easting (meters)", SevenDigits, Design.UtmText[2], Stores::BareDigits);
-    AddField("UtmNorthing", "False &northing (meters)", EightDigits, Design.UtmText[3], Stores::BareDigits);
-    AddField("UtmScale", "&Scale factor of central longitude", ScaleMask, Design.UtmText[4]);
+    AddField("UtmLonCentral", "Central &longitude of UTM zone", LongitudeMask,
+             Design.UtmText[UtmTextCentralLon]);
+    AddField("UtmLatOrigin", "L&atitude of map origin", LatitudeMask, Design.UtmText[UtmTextOriginLat]);
+    AddField("UtmEasting", "False &easting (meters)", SevenDigits, Design.UtmText[UtmTextFalseEasting],
+             Stores::BareDigits);
+    AddField("UtmNorthing", "False &northing (meters)", EightDigits, Design.UtmText[UtmTextFalseNorthing],
+             Stores::BareDigits);
+    AddField("UtmScale", "&Scale factor of central longitude", ScaleMask, Design.UtmText[UtmTextScale]);
     CheckWhenLeft("UtmLonCentral");
     CheckWhenLeft("UtmLatOrigin");
     AddOkAndCancel([this] { OK_Click(); });

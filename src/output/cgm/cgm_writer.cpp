@@ -84,7 +84,7 @@ CgmWords ColourElement(std::uint16_t header, ColorValue color) { return CgmWords
 
 void CgmWriter::Header() {
     if (!Guarded("CgmHeader", [this] { CgmHeader(); })) {
-        Design.PlotStopReason = "GridDiskError";
+        Design.PlotStopReason = StopReason::GridDiskError;
     }
 }
 

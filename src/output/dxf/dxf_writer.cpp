@@ -134,7 +134,7 @@ void Limits(const char* least, const char* most) {
 
 void DxfWriter::Header() {
     if (!Guarded("DxfHeader", DxfHeader)) {
-        Design.PlotStopReason = "GridDiskError";
+        Design.PlotStopReason = StopReason::GridDiskError;
     }
 }
 

@@ -101,18 +101,18 @@ TEST_F(BoundaryDialogs, AcceptedBoundsAreShownAgain) {
     Choose(ProjRobinson);
     ConstantGrid();
     IsSet() = true;
-    Design.GridText[0] = "70    00    00    N";
-    Design.GridText[2] = "010    00    00";
+    Design.GridText[GridTextNorth] = "70    00    00    N";
+    Design.GridText[GridTextLatSpacing] = "010    00    00";
     EXPECT_EQ(LatLonBounds().At("LatN").text, "70    00    00    N");
 }
 
 TEST_F(BoundaryDialogs, ProposalsForANewProjectionLastUntilTheyAreCancelled) {
     Choose(ProjMercator);
-    Design.GridText[0] = "70    00    00    N";
+    Design.GridText[GridTextNorth] = "70    00    00    N";
     LatLonBounds form;
-    EXPECT_EQ(Design.GridText[0], "80    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "80    00    00    N");
     form.PressCancel();
-    EXPECT_EQ(Design.GridText[0], "70    00    00    N");
+    EXPECT_EQ(Design.GridText[GridTextNorth], "70    00    00    N");
     EXPECT_FALSE(IsSet());
 }
 
@@ -135,7 +135,7 @@ TEST_F(BoundaryDialogs, BoundsWithoutAFollowUpAreAcceptedAtOnce) {
         EXPECT_FALSE(Design.DialogCancelled);
         EXPECT_EQ(Design.LatNorthSec, 60 * 3600);
         EXPECT_EQ(Design.LonSpanSec, 30 * 3600);
-        EXPECT_EQ(Design.GridText[5], "005    00    00");
+        EXPECT_EQ(Design.GridText[GridTextLonSpacing], "005    00    00");
         EXPECT_GT(Design.MapYMax, Design.MapYMin) << "the extent is that of the new bounds";
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
@@ -168,7 +168,7 @@ TEST_F(BoundaryDialogs, ConformalConicRefusesBothPoles) {
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(OkBox("Error: Conformal Conic Projection",
                                   "The Lambert Conformal Conic map projection cannot display both poles.")));
-    EXPECT_EQ(Design.GridText[1], "60    00    00    S") << "nothing was stored";
+    EXPECT_EQ(Design.GridText[GridTextSouth], "60    00    00    S") << "nothing was stored";
 }
 
 /// What CalcGraticule refuses, through the dialog.
@@ -285,9 +285,9 @@ TEST_F(BoundaryDialogs, ParallelsOfAConeThatLieOnTheEdgeAreProposedAnew) {
     Choose(ProjAlbers);
     ProposeBounds();
     IsSet() = true;
-    Design.GridText[0] = "45    00    00    N";
-    Design.GridText[1] = "15    00    00    N";
-    Design.GridText[2] = "005    00    00";
+    Design.GridText[GridTextNorth] = "45    00    00    N";
+    Design.GridText[GridTextSouth] = "15    00    00    N";
+    Design.GridText[GridTextLatSpacing] = "005    00    00";
     CalcGraticule();
     StoreStandardParallels("45    00    00    N", "20    00    00    N");
     // A sixth of 30 degrees inside either edge.
@@ -300,9 +300,9 @@ TEST_F(BoundaryDialogs, StoredParallelOfACylinderMayLieOutsideTheMap) {
     Choose(ProjEquirectangular);
     ProposeBounds();
     IsSet() = true;
-    Design.GridText[0] = "45    00    00    N";
-    Design.GridText[1] = "15    00    00    N";
-    Design.GridText[2] = "005    00    00";
+    Design.GridText[GridTextNorth] = "45    00    00    N";
+    Design.GridText[GridTextSouth] = "15    00    00    N";
+    Design.GridText[GridTextLatSpacing] = "005    00    00";
     CalcGraticule();
     StoreStandardParallels("60    00    00    N", "60    00    00    S");
     EXPECT_THAT(Texts(LatLonStdPar()), ElementsAre("60    00    00    N", "60    00    00    S"));
@@ -358,12 +358,12 @@ TEST_P(RefusedParallels, ShowABoxAndTheDialogStays) {
     const RefusedPair& pair = GetParam();
     Choose(pair.projNum);
     ProposeBounds();
-    Design.GridText[0] = pair.latNorth;
-    Design.GridText[1] = pair.latSouth;
-    Design.GridText[2] = "010    00    00";
+    Design.GridText[GridTextNorth] = pair.latNorth;
+    Design.GridText[GridTextSouth] = pair.latSouth;
+    Design.GridText[GridTextLatSpacing] = "010    00    00";
     CalcGraticule();
     LatLonStdPar form;
-    const std::string before = Design.StdParText[0];
+    const std::string before = Design.StdParText[StdParTextNorth];
     form.MoveFocus("OK"); // past the checks of the fields
     form.Type("LatNorthStdPar", pair.north);
     form.Type("LatSouthStdPar", pair.south);
@@ -372,7 +372,7 @@ TEST_P(RefusedParallels, ShowABoxAndTheDialogStays) {
     EXPECT_EQ(form.Focus(), pair.field);
     EXPECT_FALSE(form.Closed());
     EXPECT_EQ(form.At("LatNorthStdPar").text, pair.north);
-    EXPECT_EQ(Design.StdParText[0], before);
+    EXPECT_EQ(Design.StdParText[StdParTextNorth], before);
 }
 
 constexpr const char* NotSymmetric =
@@ -444,8 +444,8 @@ TEST_F(BoundaryDialogs, AzimuthalBoundsAreAcceptedAtOnce) {
         EXPECT_FALSE(Design.DialogCancelled);
         EXPECT_EQ(Design.RangeSec, 55 * 3600);
         EXPECT_EQ(Design.LatCentral, -50.0);
-        EXPECT_EQ(Design.GridText[6], "50    00    00    S");
-        EXPECT_EQ(Design.GridText[8], "055    00    00");
+        EXPECT_EQ(Design.GridText[GridTextCentralLat], "50    00    00    S");
+        EXPECT_EQ(Design.GridText[GridTextRange], "055    00    00");
         EXPECT_EQ(Design.StdParNorthText, "00    00    00    N");
         EXPECT_EQ(Design.StdParSouthText, "00    00    00    S");
     }
@@ -461,7 +461,7 @@ TEST_F(BoundaryDialogs, RangeThatSlippedInIsRefusedByOk) {
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(OkBox("Error: Range of map", "RANGE OF MAP IN DEGREES must be < 90°.")));
     EXPECT_EQ(form.Focus(), "AzRangeDist");
-    EXPECT_EQ(Design.GridText[8], "060    00    00");
+    EXPECT_EQ(Design.GridText[GridTextRange], "060    00    00");
 }
 
 TEST_F(BoundaryDialogs, AzimuthalGridThatDoesNotDivideIsRefusedInItsDialog) {
@@ -493,7 +493,7 @@ TEST_F(BoundaryDialogs, RangeFieldShowsTheAngleAlone) {
     Choose(ProjAzimuthalEquidistant);
     ConstantGrid();
     IsSet() = true;
-    Design.GridText[8] = "081    15    30    E"; // as the vertical perspective leaves its horizon
+    Design.GridText[GridTextRange] = "081    15    30    E"; // as the vertical perspective leaves its horizon
     EXPECT_EQ(LatLonBoundsAz().At("AzRangeDist").text, "081    15    30");
 }
 
@@ -516,7 +516,7 @@ TEST_F(BoundaryDialogs, HeightIsStoredAsBareDigits) {
     form.Type("VpDistanceKM", "00,001,000");
     form.PressDefault();
     EXPECT_TRUE(form.Closed());
-    EXPECT_EQ(Design.GridText[9], "00001000");
+    EXPECT_EQ(Design.GridText[GridTextHeight], "00001000");
     EXPECT_EQ(Design.VpDistanceKm, 1000.0);
     EXPECT_TRUE(IsSet());
     EXPECT_TRUE(Design.BoundsChanged);
@@ -535,7 +535,7 @@ protected:
 };
 
 TEST_F(InterruptionsDialog, ProposesTwoOceansInEachHemisphere) {
-    Design.LobeText[0] = "3";
+    Design.LobeText[LobeTextCountNorth] = "3";
     const LatLonInterrupt form;
     EXPECT_EQ(form.Caption(), "Longitudes of Projection Interruptions");
     EXPECT_THAT(Texts(form),
@@ -554,8 +554,8 @@ TEST_F(InterruptionsDialog, ProposesTwoOceansInEachHemisphere) {
 
 TEST_F(InterruptionsDialog, KeepsWhatWasAccepted) {
     IsSet() = true;
-    Design.LobeText[0] = "1";
-    Design.LobeText[3] = "050    00    00    W";
+    Design.LobeText[LobeTextCountNorth] = "1";
+    Design.LobeText[LobeTextNorth] = "050    00    00    W";
     const LatLonInterrupt form;
     EXPECT_EQ(form.At("NumInterrupt(0)").value, 1);
     EXPECT_EQ(form.At("LonInt(0)").text, "050    00    00    W");
@@ -582,9 +582,9 @@ TEST_F(InterruptionsDialog, IsStoredWithTheOrderOfItsLobes) {
     EXPECT_TRUE(IsSet());
     EXPECT_TRUE(Design.BoundsChanged);
     EXPECT_FALSE(Design.DialogCancelled);
-    EXPECT_EQ(Design.LobeText[0], "2");
-    EXPECT_EQ(Design.LobeText[1], "1");
-    EXPECT_EQ(Design.LobeText[6], "150    00    00    W");
+    EXPECT_EQ(Design.LobeText[LobeTextCountNorth], "2");
+    EXPECT_EQ(Design.LobeText[LobeTextCountSouth], "1");
+    EXPECT_EQ(Design.LobeText[LobeTextSouth], "150    00    00    W");
     EXPECT_THAT(std::vector<std::string>(Design.LobeLonText.begin(), Design.LobeLonText.begin() + 7),
                 ElementsAre("020    00    00    E", "100    00    00    E", "100    00    00    W",
                             "020    00    00    E", "020    00    00    E", "150    00    00    W",
@@ -629,12 +629,12 @@ protected:
         Choose(ProjInterruptedMollweide);
         ProposeBounds();
         IsSet() = true;
-        Design.GridText[3] = west;
-        Design.GridText[4] = east;
+        Design.GridText[GridTextWest] = west;
+        Design.GridText[GridTextEast] = east;
         CalcGraticule();
         ProposeLobes();
-        Design.LobeText[0] = "0";
-        Design.LobeText[1] = "0";
+        Design.LobeText[LobeTextCountNorth] = "0";
+        Design.LobeText[LobeTextCountSouth] = "0";
         LatLonInterrupt form;
         form.Spin("NumInterrupt(" + std::to_string(hemisphere) + ")",
                   static_cast<int>(GetParam().longitudes.size()));

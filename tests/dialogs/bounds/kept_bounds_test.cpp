@@ -138,12 +138,12 @@ INSTANTIATE_TEST_SUITE_P(Of, AfterADraw, testing::ValuesIn(Projections),
                          [](const auto& entry) { return "ProjNum" + std::to_string(entry.param.ProjNum); });
 
 TEST_F(KeptBounds, RefusedBoundsLeaveNoMark) {
-    Design.GridText[2] = "007    00    00";
+    Design.GridText[GridTextLatSpacing] = "007    00    00";
     EXPECT_FALSE(CalculateBounds());
     EXPECT_FALSE(Design.ProjOffMap);
     EXPECT_EQ(Design.LastRefusal.Field, "LatGr");
     Choose(ProjUtm);
-    Design.UtmText[7] = "00000000";
+    Design.UtmText[UtmTextNorthingSpacing] = "00000000";
     EXPECT_FALSE(CalculateBounds());
     EXPECT_FALSE(Design.ProjOffMap);
     EXPECT_EQ(Design.LastRefusal.Field, "UtmLatGrid");
@@ -192,7 +192,7 @@ TEST_F(KeptBounds, BoundsThatWereRefusedAreGivenBackByCancel) {
             form.Type("LonGr", "007    00    00");
             form.PressDefault(); // refused: the box is closed
             EXPECT_FALSE(form.Closed());
-            EXPECT_EQ(Design.GridText[5], "007    00    00");
+            EXPECT_EQ(Design.GridText[GridTextLonSpacing], "007    00    00");
             form.PressCancel();
         });
         ShowBoundaryDialog();
@@ -318,15 +318,15 @@ TEST_F(KeptBounds, BoundsThatNoInterruptionsFitGiveWayToTheDefaults) {
     AcceptDefaults(ProjInterruptedMollweide);
     AcceptDefaults(ProjRobinson); // 180 W with a grid of 45 degrees
     AcceptDefaults(ProjInterruptedMollweide);
-    EXPECT_EQ(Design.GridText[3], "020    00    00    E");
-    EXPECT_EQ(Design.GridText[5], "010    00    00");
+    EXPECT_EQ(Design.GridText[GridTextWest], "020    00    00    E");
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "010    00    00");
 }
 
 TEST_F(KeptBounds, LobesThatNewBoundsRefuseAreProposedAnew) {
     AcceptDefaults(ProjInterruptedMollweide);
-    Design.LobeText[3] = "090    00    00    E";
+    Design.LobeText[LobeTextNorth] = "090    00    00    E";
     EXPECT_EQ(LatLonInterrupt().At("LonInt(0)").text, "090    00    00    E");
-    Design.LobeText[3] = "095    00    00    E"; // 75 degrees from the west, the grid has 10
+    Design.LobeText[LobeTextNorth] = "095    00    00    E"; // 75 degrees from the west, the grid has 10
     EXPECT_EQ(LatLonInterrupt().At("LonInt(0)").text, "100    00    00    E");
     EXPECT_THAT(machine.boxes.asked, IsEmpty()) << "nobody is told";
 }

@@ -24,8 +24,8 @@ protected:
     void Map(int west, int east, int spacing, const Degrees& north, const Degrees& south) {
         Design.LonSpanSec = (east > west ? east - west : east - west + 360) * SecPerDegree;
         Design.LonGridSec = spacing * SecPerDegree;
-        Design.LobeText[0] = std::to_string(north.size());
-        Design.LobeText[1] = std::to_string(south.size());
+        Design.LobeText[LobeTextCountNorth] = std::to_string(north.size());
+        Design.LobeText[LobeTextCountSouth] = std::to_string(south.size());
         std::size_t next = 0;
         for (const Degrees* row : {&north, &south}) {
             DialogsNow.LobeLonSec[next++] = west * SecPerDegree;
