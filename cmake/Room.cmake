@@ -79,7 +79,8 @@ if(QUELMONT_SANITIZE)
   target_compile_options(sanitizer_status PRIVATE ${QUELMONT_FLAGS})
 endif()
 
-set(QUELMONT_TEST_FLAGS -O1)
+# Qt asks for -fPIC, and a precompiled header serves only what is compiled alike.
+set(QUELMONT_TEST_FLAGS -O1 -fPIC)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # From a precompiled header g++ 12 no longer knows std::string for a system header's, and reports its
   # bug 105329 there.

@@ -66,7 +66,7 @@ private:
 QIcon Swatch(std::uint32_t color, QSize size) {
     QPixmap square(size);
     square.fill(Qt::black);
-    QPainter(&square).fillRect(QRect(QPoint(1, 1), size - QSize(2, 2)), ColorOf(color));
+    QPainter(&square).fillRect(QRect(QPoint(1, 1), size - QSize(2, 2)), QColorOf(color));
     return square;
 }
 

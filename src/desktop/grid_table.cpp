@@ -177,8 +177,8 @@ void GridTable::ShowCell(int number, const GridCell& cell) {
     const QString text = QString::fromStdString(cell.text);
     place->setText(text);
     place->setTextAlignment(column == columnCount() - 1 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-    place->setForeground(cell.textColor == 0 ? QBrush() : QBrush(ColorOf(cell.textColor)));
-    place->setData(FillRole, cell.color ? QVariant(ColorOf(*cell.color)) : QVariant());
+    place->setForeground(cell.textColor == 0 ? QBrush() : QBrush(QColorOf(cell.textColor)));
+    place->setData(FillRole, cell.color ? QVariant(QColorOf(*cell.color)) : QVariant());
     place->setData(PictureRole, cell.picture);
     // The form turns it, not the table.
     place->setFlags(place->flags() & ~Qt::ItemIsUserCheckable);

@@ -12,7 +12,7 @@
 namespace quelmont {
 
 /// A colour 0x00BBGGRR.
-QColor ColorOf(std::uint32_t value);
+QColor QColorOf(std::uint32_t value);
 
 /// Cells of colours in rows. The one in use has a mark, the one under the mouse or the arrow keys a
 /// frame; a release of the mouse or Enter chooses. A screen reader reads the cell's colour.

@@ -1,5 +1,6 @@
 #include "qtsurface/image_surface.h"
 #include "qtsurface/pixel_grid.h"
+#include "qtsurface/thin_line.h"
 
 #include <gtest/gtest.h>
 

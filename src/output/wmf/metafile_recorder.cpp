@@ -201,11 +201,12 @@ void MetafileRecorder::SetPixel(std::int32_t x, std::int32_t y, std::uint32_t co
 }
 
 std::uint16_t MetafileRecorder::TakeSlot() {
-    const auto slot = static_cast<std::size_t>(std::find(slots.begin(), slots.end(), false) - slots.begin());
-    if (slot == slots.size()) {
-        slots.push_back(true);
+    const auto slot =
+        static_cast<std::size_t>(std::find(takenSlots.begin(), takenSlots.end(), false) - takenSlots.begin());
+    if (slot == takenSlots.size()) {
+        takenSlots.push_back(true);
     } else {
-        slots[slot] = true;
+        takenSlots[slot] = true;
     }
     return static_cast<std::uint16_t>(slot);
 }
@@ -282,7 +283,7 @@ bool MetafileRecorder::DeleteObject(SurfaceHandle object) {
         return false;
     }
     RecordWords(FunctionDeleteObject, {found->second.slot});
-    slots[found->second.slot] = false;
+    takenSlots[found->second.slot] = false;
     objects.erase(found);
     return true;
 }
@@ -325,7 +326,7 @@ std::string MetafileRecorder::Header() const {
     AppendWord(header, static_cast<std::uint16_t>(HeaderWords));
     AppendWord(header, version);
     AppendLong(header, words);
-    AppendWord(header, static_cast<std::uint16_t>(slots.size()));
+    AppendWord(header, static_cast<std::uint16_t>(takenSlots.size()));
     AppendLong(header, largestRecord);
     AppendWord(header, 0);
     return header;

@@ -102,7 +102,7 @@ private:
     std::uint32_t recordedWords = 0; ///< of all records
     std::map<SurfaceHandle, Object> objects;
     std::map<SurfaceHandle, std::uint16_t> stockSlots;
-    std::vector<bool> slots;         ///< taken
+    std::vector<bool> takenSlots;
     std::uint32_t largestRecord = 0; ///< words
     SurfaceHandle nextHandle = 1;
     std::map<Kind, SurfaceHandle> selected; ///< of each kind
