@@ -11,7 +11,7 @@
 #include "mapfiles/feature_rows.h"
 #include "mapinput/map_plot.h"
 #include "memory_file.h"
-#include "output/device_pen.h"
+#include "output/output_state.h"
 #include "output/scale_screen.h"
 #include "projection/param_select.h"
 #include "projection/param_std_parallel.h"
@@ -175,7 +175,7 @@ void Run(std::span<const std::uint8_t, HeaderSize> header, const char* name,
     for (const MapLabel& label : Design.MapLabels) {
         Check(IsUtf8(label.LabelText) && std::isfinite(label.LabelLat) && std::isfinite(label.LabelLon));
     }
-    ResetDevicePen();
+    ResetOutput();
 }
 
 } // namespace
