@@ -79,16 +79,25 @@ void OutputDefaults() {
     Design.LogicalMarginX = 320;
     Design.LogicalMarginY = 320;
     Design.MaxChainPoints = 1999;
-    Design.TextStep = 10.0F * Design.TwipsPerPixelY;
-    Design.FontNames.fill("Arial");
-    Design.FontSizes = {8,  9,  10, 11, 12, 14, 16, 18,  20,  22,  24, 26,
-                        28, 36, 48, 60, 72, 84, 96, 108, 120, 132, 144};
     Design.PrintUnitTwips = 1440;
     Design.PrintLeft = 1.0F;
     Design.PrintTop = 1.0F;
     Design.PrintWidth = 6.5F;
-    Design.PrintCentreX = true;
-    Design.PrintCentreY = true;
+    Design.CenterHorizontal = true;
+    Design.CenterVertical = true;
+    Design.ReportLeft = 1.0F;
+    Design.ReportRight = 1.0F;
+    Design.ReportTop = 1.0F;
+    Design.ReportBottom = 1.0F;
+    Design.PrinterOrientation = 1;
+}
+
+void TextDefaults() {
+    Design.TextStep = 10.0F * Design.TwipsPerPixelY;
+    Design.FontSizeList = {8,  9,  10, 11, 12, 14, 16, 18,  20,  22,  24, 26,
+                           28, 36, 48, 60, 72, 84, 96, 108, 120, 132, 144};
+    Design.FontSlot = TextFontSlot;
+    Design.Fonts.fill({.FontName = "Arial", .FontSize = 10, .FontColour = SolidColor(StandardColors[0])});
 }
 
 } // namespace
@@ -99,6 +108,7 @@ void ConstantDefs() {
     GridDefaults();
     CircleDefaults();
     OutputDefaults();
+    TextDefaults();
     Design.MapFeatureMax = MaxFeatureRows;
     Design.MapFileCount = 1;
     Design.VersionText = Machine().places->Version();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/circle_tables.h"
 #include "core/coordinates.h"
 #include "core/design_values.h"
 #include "core/map_file_entry.h"
@@ -60,7 +61,20 @@ struct TextItem {
     std::int32_t TextX = 0, TextY = 0; ///< anchor on the baseline, twips from the upper left corner
     std::int16_t TextWidth = 0;        ///< average width of a character, twips
     std::int16_t TextHeight = 0, TextDescent = 0, TextCellHeight = 0; ///< of the font, twips
+    bool TextFromLabel = false; ///< made of a label of a map file; no design file tells it
 };
+
+/// How a text looks: the choice of a font slot, and what the main window writes with.
+struct TextLook {
+    std::string FontName;
+    std::int32_t FontSize = 0; ///< points
+    ColorValue FontColour = 0;
+    bool FontBold = false, FontItalic = false, FontUnderline = false, FontStrikeout = false;
+    bool operator==(const TextLook&) const = default;
+};
+
+/// The font slots, by what is written in their fonts.
+enum FontSlotIndex : std::int16_t { ReportFontSlot, CgmFontSlot, LabelFontSlot, TextFontSlot, FontSlotCount };
 
 /// What the map shows, as texts and as the numbers made of them: all that the dialogs of the
 /// boundaries change. A copy keeps it while they are open, so that a cancelled dialog leaves no
@@ -212,21 +226,39 @@ struct MapDesign : DesignBounds {
     std::int16_t GridTypeCode = 0; ///< 1 to 5
     std::string GridTypeText;
 
-    // ---- Circles. Written by their dialogs, read by MapPlot.
+    // ---- Circles. Texts and angles are written by their dialogs and the design file reader, the tables by
+    // GcCalc and ScCalc; read by MapPlot, GcSave, ScSave and the reports. Widths in twips.
     std::int16_t GcColorIndex = 0, ScColorIndex = 0;
     ColorValue GcColor = 0, ScColor = 0;
-    float GcLineWidth = 0.0F, ScLineWidth = 0.0F; ///< twips
-    std::array<std::string, 4> GcText = {};       ///< latitude and longitude of start, then of end
+    float GcLineWidth = 0.0F, ScLineWidth = 0.0F;
+    std::array<std::string, 4> GcText = {}; ///< latitude and longitude of start, then of end
     double GcStartLat = 0.0, GcStartLon = 0.0, GcEndLat = 0.0, GcEndLon = 0.0; ///< degrees
-    std::array<std::string, 3> ScText = {}; ///< centre's latitude, longitude, radius
-    double ScRadiusDeg = 0.0;
-    std::int16_t ScSymbolCount = 0;
+    bool GcDefined = false;                                                    ///< accepted and shown
+    GreatCircleTable GcTable;
+    std::array<std::string, 3> ScText = {};      ///< centre's latitude, longitude, radius
+    double ScCenterLat = 0.0, ScCenterLon = 0.0; ///< degrees
+    double ScRadiusDeg = 0.0;                    ///< of the outer circle
+    std::int16_t ScSymbolCount = 0;              ///< number of concentric circles
+    bool ScDefined = false;                      ///< accepted and shown
+    SmallCircleTable ScTable;
 
-    // ---- Text. Written by the text dialogs.
-    std::vector<TextItem> TextItems;           ///< in the order in which they are drawn
-    std::array<std::string, 4> FontNames = {}; ///< by font slot
-    float TextStep = 0.0F;                     ///< step of an arrow key, twips
-    std::array<std::int16_t, 23> FontSizes = {};
+    // ---- Text. Written by the text dialogs and the design file reader. TextCount is the number of
+    // TextItems.
+    std::vector<TextItem> TextItems;                ///< in the order in which they are drawn
+    float TextStep = 0.0F;                          ///< step of an arrow key, twips
+    std::array<std::int32_t, 23> FontSizeList = {}; ///< sizes offered, points
+    std::int16_t FontSlot = TextFontSlot;           ///< the slot that the font dialog changes
+    std::array<TextLook, FontSlotCount> Fonts = {}; ///< by FontSlotIndex
+
+    // ---- Text in hand: what PrintRotatedText writes, and where. Written by whoever prints or places a text.
+    std::string CurrentText;                 ///< UTF-8; empty when there is none
+    std::string CurrentTextAngle;            ///< digits, whole degrees counter-clockwise
+    TextLook CurrentLook;                    ///< font and colour of the main window
+    std::int32_t CurrentX = 0, CurrentY = 0; ///< anchor on the baseline, twips from the upper left corner
+    std::int32_t TextEditIndex = 0;          ///< the text item being edited, counted from 1
+    bool TextIsEdit = false;                 ///< the text in hand replaces that item
+    bool TextPending = false;    ///< the text in hand follows the mouse, or lies dropped and not yet fixed
+    bool TextToMetafile = false; ///< PrintRotatedText draws on the metafile
 
     // ---- Digital map files. Written by their dialogs, read by MapPlot. Entry 0 is the first file.
     std::vector<InputFileEntry> InputFiles;
@@ -241,7 +273,10 @@ struct MapDesign : DesignBounds {
     // ---- Page of a printed map. In units of PrintUnitTwips.
     std::int32_t PrintUnitTwips = 0;
     float PrintLeft = 0.0F, PrintTop = 0.0F, PrintWidth = 0.0F, PrintHeight = 0.0F;
-    bool PrintCentreX = false, PrintCentreY = false;
+    bool CenterHorizontal = false, CenterVertical = false;
+    float ReportLeft = 0.0F, ReportRight = 0.0F, ReportTop = 0.0F,
+          ReportBottom = 0.0F;           ///< margins of a report
+    std::int16_t PrinterOrientation = 1; ///< 1 portrait, 2 landscape
 
     // ---- Run state of a draw. Written by the draw cycle and the handler of Escape.
     StopReason PlotStopReason = StopReason::None; ///< why the draw ends before its end

@@ -3,6 +3,7 @@
 #include "platform/boxes.h"
 #include "platform/draw_surface.h"
 #include "platform/file_dialogs.h"
+#include "platform/fonts.h"
 #include "platform/form.h"
 #include "platform/main_window.h"
 #include "platform/system.h"
@@ -22,6 +23,7 @@ struct MachineInterfaces {
     Printers* printers = nullptr;
     Help* help = nullptr;
     FileDialogs* fileDialogs = nullptr;
+    Fonts* fonts = nullptr;
 };
 
 /// The process-wide machine.

@@ -106,8 +106,8 @@ TEST_F(Defaults, OutputHasItsLimits) {
     EXPECT_EQ(Design.MaxChainPoints, 1999);
     EXPECT_EQ(Design.MapFeatureMax, 72);
     EXPECT_EQ(Design.MapFileCount, 1);
-    EXPECT_THAT(Design.FontSizes, ElementsAre(8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 60,
-                                              72, 84, 96, 108, 120, 132, 144));
+    EXPECT_THAT(Design.FontSizeList, ElementsAre(8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 60,
+                                                 72, 84, 96, 108, 120, 132, 144));
 }
 
 TEST_F(Defaults, PageIsMeasuredInInches) {
@@ -115,8 +115,30 @@ TEST_F(Defaults, PageIsMeasuredInInches) {
     EXPECT_EQ(Design.PrintLeft, 1.0);
     EXPECT_EQ(Design.PrintTop, 1.0);
     EXPECT_EQ(Design.PrintWidth, 6.5);
-    EXPECT_TRUE(Design.PrintCentreX);
-    EXPECT_TRUE(Design.PrintCentreY);
+    EXPECT_TRUE(Design.CenterHorizontal);
+    EXPECT_TRUE(Design.CenterVertical);
+    EXPECT_EQ(Design.ReportLeft, 1.0);
+    EXPECT_EQ(Design.ReportRight, 1.0);
+    EXPECT_EQ(Design.ReportTop, 1.0);
+    EXPECT_EQ(Design.ReportBottom, 1.0);
+    EXPECT_EQ(Design.PrinterOrientation, 1) << "portrait";
+}
+
+TEST_F(Defaults, EachFontSlotIsArialOfTenPointsInBlack) {
+    EXPECT_EQ(Design.FontSlot, 3) << "the slot of texts";
+    EXPECT_EQ(Design.Fonts.size(), 4U);
+    for (const TextLook& look : Design.Fonts) {
+        EXPECT_EQ(look.FontName, "Arial");
+        EXPECT_EQ(look.FontSize, 10);
+        EXPECT_EQ(look.FontColour, 33554432U) << "black, with the flag of a stored colour";
+        EXPECT_FALSE(look.FontBold || look.FontItalic || look.FontUnderline || look.FontStrikeout);
+    }
+}
+
+TEST_F(Defaults, NoTextIsInHand) {
+    EXPECT_EQ(Design.CurrentText, "");
+    EXPECT_FALSE(Design.TextPending || Design.TextIsEdit || Design.TextToMetafile);
+    EXPECT_FALSE(Design.GcDefined || Design.ScDefined);
 }
 
 TEST(AngleConstants, AreThoseOfFifteenDigits) {

@@ -62,7 +62,8 @@ TEST_F(Cgm, HeaderTellsTheProgramAndTheExtent) {
 
 TEST_F(Cgm, HeaderByItsBytes) {
     Design.VersionText = "1";
-    Design.FontNames = {"0", "One", "2", "3"};
+    Design.Fonts[ReportFontSlot].FontName = "0";
+    Design.Fonts[CgmFontSlot].FontName = "One";
     Design.BackColor = 0x02123456; // the palette flag, then blue, green, red
     Begin();
     const std::string expected =
@@ -455,7 +456,7 @@ TEST_F(CgmTexts, LongerTextCostsTheFile) {
 }
 
 TEST_F(Cgm, LongestStringElsewhereIs254Characters) {
-    Design.FontNames[1] = std::string(254, 'f');
+    Design.Fonts[CgmFontSlot].FontName = std::string(254, 'f');
     Begin();
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
     EXPECT_EQ(ReadCgm(End()).at(10).text, std::string(254, 'f'));

@@ -36,7 +36,7 @@ protected:
         Design.MaxChainPoints = 1999;
         Design.TextScalePercent = 100;
         Design.VersionText = "3.00";
-        Design.FontNames.fill("Arial");
+        Design.Fonts.fill({.FontName = "Arial"});
         Design.BackColor = 0xFFFFFF;
         Design.GridColor = 0x000080;
         Design.AsciiScale = 1.0 / 32000.0;

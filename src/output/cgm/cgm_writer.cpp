@@ -110,7 +110,7 @@ void CgmWriter::WriteHeaderElements() {
     element(ColourPrecision, {16});
     element(ColourValueExtent, {0, 0, 0, 255, 255, 255});
     element(MetafileElementList, {1, -1, 1});
-    CgmString(FontList, Design.FontNames[1]);
+    CgmString(FontList, Design.Fonts[CgmFontSlot].FontName);
     CgmString(BeginPicture, "PICTURE 1 OF 1");
     element(ScalingMode, {0, 0, 0});
     element(ColourSelectionMode, {1});

@@ -1,6 +1,7 @@
 #include "output/wmf/metafile_recorder.h"
 
 #include "core/standard_colors.h"
+#include "core/text_encoding.h"
 #include "output/little_endian.h"
 
 #include <algorithm>
@@ -73,7 +74,7 @@ std::vector<std::uint16_t> WordsOf(std::string_view bytes) {
     return words;
 }
 
-std::vector<std::uint16_t> FontWords(const MetafileFont& font) {
+std::vector<std::uint16_t> FontWords(const SurfaceFont& font) {
     const auto flag = [](bool set) { return set ? '\1' : '\0'; };
     std::string bytes = {flag(font.italic),
                          flag(font.underline),
@@ -83,7 +84,7 @@ std::vector<std::uint16_t> FontWords(const MetafileFont& font) {
                          static_cast<char>(font.clipPrecision),
                          static_cast<char>(font.quality),
                          static_cast<char>(font.pitchAndFamily)};
-    std::string face(font.faceName.substr(0, FaceNameBytes - 1));
+    std::string face = ToWindows1252(font.faceName).substr(0, FaceNameBytes - 1);
     face.resize(FaceNameBytes);
     bytes += face;
     std::vector<std::uint16_t> words = {Word(font.height), Word(font.width), Word(font.escapement),
@@ -234,7 +235,7 @@ SurfaceHandle MetafileRecorder::CreateSolidBrush(std::uint32_t color) {
     return CreateObject(FunctionCreateBrush, {StyleSolid, Low(bits), High(bits), 0}, Kind::Brush);
 }
 
-SurfaceHandle MetafileRecorder::CreateFontIndirectA(const MetafileFont& font) {
+SurfaceHandle MetafileRecorder::CreateFontIndirectA(const SurfaceFont& font) {
     if (!Fits(font.height) || !Fits(font.width) || !Fits(font.escapement) || !Fits(font.orientation)) {
         return 0;
     }
@@ -304,8 +305,9 @@ std::uint32_t MetafileRecorder::SetTextColor(std::uint32_t color) {
     return std::exchange(textColor, bits);
 }
 
-bool MetafileRecorder::TextOutA(std::int32_t x, std::int32_t y, std::string_view text) {
+bool MetafileRecorder::TextOutA(std::int32_t x, std::int32_t y, std::string_view utf8) {
     constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+    const std::string text = ToWindows1252(utf8);
     if (!Fits(x) || !Fits(y) || text.size() > most) {
         return false;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/draw_surface.h"
+#include "platform/fonts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,18 +13,6 @@
 #include <vector>
 
 namespace quelmont {
-
-/// What CreateFontIndirectA makes a font of. Heights are those of characters when negative, of cells
-/// otherwise; angles are tenths of a degree, counter-clockwise where y grows downward.
-struct MetafileFont {
-    std::int32_t height = 0; ///< logical units
-    std::int32_t width = 0;  ///< logical units, 0: as the face has it
-    std::int32_t escapement = 0, orientation = 0;
-    std::int32_t weight = 400; ///< 700 is bold
-    bool italic = false, underline = false, strikeout = false;
-    std::uint8_t charSet = 1, outPrecision = 0, clipPrecision = 0, quality = 0, pitchAndFamily = 0;
-    std::string_view faceName; ///< Windows-1252; what is longer than 31 characters is cut
-};
 
 /// A surface that makes the records of a Windows metafile (format of Windows 3.0), for its owner to take.
 /// Numbers are little-endian words of 16 bits; a record is its length in words, its function and
@@ -62,12 +51,12 @@ public:
     int SetPolyFillMode(int mode) override;
 
     /// Returns 0 when a number does not fit a word.
-    SurfaceHandle CreateFontIndirectA(const MetafileFont& font);
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font);
     bool SetTextAlign(int flags);
     /// Returns the colour before.
     std::uint32_t SetTextColor(std::uint32_t color);
-    /// Windows-1252, at most 32767 characters.
-    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text);
+    /// A text in UTF-8 of at most 32767 characters; it is recorded in Windows-1252.
+    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view utf8);
 
     /// Bytes of the metafile's header.
     static constexpr std::size_t HeaderBytes = 18;

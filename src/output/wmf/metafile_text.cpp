@@ -3,10 +3,7 @@
 #include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "core/text_encoding.h"
 #include "output/export_file.h"
-
-#include <string>
 
 namespace quelmont {
 
@@ -26,7 +23,6 @@ void PrintRotatedText(MetafileRecorder& surface, const TextItem& item) {
     const std::int32_t y =
         RoundToInt32(Design.LogicalHeight - (Divide(item.TextY, Design.ClientHeight) * Design.LogicalHeight));
     const std::int32_t angle = -RoundToInt32(item.TextAngle * 10.0);
-    const std::string faceName = ToWindows1252(item.TextFont);
     const SurfaceHandle font = surface.CreateFontIndirectA(
         {.height =
              RoundToInt32(Divide(item.TextSize * TwipsPerPoint, Design.ClientHeight) * Design.LogicalHeight),
@@ -38,13 +34,12 @@ void PrintRotatedText(MetafileRecorder& surface, const TextItem& item) {
          .strikeout = item.TextStrikeout,
          .charSet = DefaultCharSet,
          .clipPrecision = ClipAngles,
-         .faceName = faceName});
+         .faceName = item.TextFont});
     ReportLossUnless(font != 0, "CreateFontIndirect error(1) in PrintRotatedText");
     const SurfaceHandle fontBefore = font == 0 ? 0 : surface.SelectObject(font);
     surface.SetTextAlign(MetafileRecorder::AlignBaseline);
     const std::uint32_t colorBefore = surface.SetTextColor(item.TextColour);
-    ReportLossUnless(surface.TextOutA(x, y, ToWindows1252(item.TextString)),
-                     "TextOut error(1) in PrintRotatedText");
+    ReportLossUnless(surface.TextOutA(x, y, item.TextString), "TextOut error(1) in PrintRotatedText");
     surface.SetTextColor(colorBefore);
     if (font != 0) {
         surface.SelectObject(fontBefore);
