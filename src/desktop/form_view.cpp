@@ -6,6 +6,7 @@
 #include "desktop/palette_grid.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -171,6 +172,20 @@ QRadioButton* FormView::AddOption(std::string_view name) {
         }
     });
     return option;
+}
+
+QCheckBox* FormView::AddCheck(std::string_view name) {
+    auto* check = new QCheckBox(this);
+    Bind(name, check, [check](const Control& control) {
+        const QSignalBlocker quiet(check);
+        check->setText(Text(control.text));
+        check->setAccessibleName(Spoken(Text(control.text)));
+        check->setEnabled(control.enabled);
+        check->setChecked(control.value != 0);
+    });
+    connect(check, &QCheckBox::toggled, this,
+            [this, own = std::string(name)](bool on) { form.Choose(own, on ? 1 : 0); });
+    return check;
 }
 
 QListWidget* FormView::AddList(std::string_view name) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 class QAbstractSpinBox;
+class QCheckBox;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
@@ -58,6 +59,7 @@ public:
     QLabel* AddExplanation(std::string_view name);
     QPushButton* AddButton(std::string_view name);
     QRadioButton* AddOption(std::string_view name);
+    QCheckBox* AddCheck(std::string_view name);
     QWidget* AddEdit(std::string_view name);
     QSpinBox* AddSpin(std::string_view name);
     QListWidget* AddList(std::string_view name);

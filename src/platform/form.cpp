@@ -161,6 +161,8 @@ void Form::Choose(std::string_view name, int index) {
             }
         }
         control.value = 1;
+    } else if (control.kind == ControlKind::Check) {
+        control.value = index != 0 ? 1 : 0;
     } else {
         if (!HasChoice(control, index)) {
             return;

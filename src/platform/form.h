@@ -19,6 +19,7 @@ enum class ControlKind {
     Edit,    ///< a text of fixed columns, typed over (masked_text.h)
     Spin,    ///< a number within limits
     Option,  ///< one of those in its frame is chosen
+    Check,   ///< a box that is on or off, beside its text
     List,    ///< lines, of which one is selected
     Palette, ///< cells of colours in rows
     Grid,    ///< a table of cells under headings, of which one is current
@@ -26,7 +27,8 @@ enum class ControlKind {
 };
 
 enum class ControlEvent {
-    Click,       ///< a button, an option or a grid's cell was pressed, a line of a list or a colour chosen
+    Click,       ///< a button, an option, a check or a grid's cell was pressed, a line of a list or a colour
+                 ///< chosen
     DoubleClick, ///< a line of a list was double-clicked
     Change,      ///< a text or a number became another, another cell of a grid the current one
     MouseMove,   ///< another cell of a palette is under the mouse, or none
@@ -52,11 +54,12 @@ struct GridCell {
 struct Control {
     std::string name;
     ControlKind kind = ControlKind::Label;
-    std::string text = {};    ///< what a label, a button, an option, an edit says; "&" before a mnemonic.
-                              ///< Of a palette: the cell under the mouse, in words
+    std::string text = {};    ///< what a label, a button, an option, a check, an edit says; "&" before a
+                              ///< mnemonic. Of a palette: the cell under the mouse, in words
     std::string caption = {}; ///< of the label beside a field; "&" before the mnemonic
     int value = 0;            ///< a spin's number, a list's line, a palette's or a grid's cell (from 0,
-                              ///< row by row, -1 none); 1 for the option chosen
+                              ///< row by row, -1 none); 1 for the option chosen and
+                              ///< for a check that is on
     int minimum = 0;          ///< of a spin
     int maximum = 0;
     bool enabled = true;
@@ -107,8 +110,8 @@ public:
     void Spin(std::string_view name, int value);
     /// Leaves a text in an edit, in its mask's columns, and runs its Change.
     void Type(std::string_view name, std::string_view text);
-    /// Chooses a line of a list, an option, a cell of a palette or of a grid, and runs its Click. A
-    /// line or cell that is not there is ignored.
+    /// Chooses a line of a list, an option, a cell of a palette or of a grid, turns a check on (0: off), and
+    /// runs its Click. A line or cell that is not there is ignored.
     void Choose(std::string_view name, int index = 1);
     /// Runs the DoubleClick of a list, or presses the default button when it has none.
     void DoubleClick(std::string_view name);

@@ -235,9 +235,10 @@ public:
         Add({.name = "A", .kind = ControlKind::Option, .value = 1, .frame = "Frame"});
         Add({.name = "B", .kind = ControlKind::Option, .frame = "Frame"});
         Add({.name = "Other", .kind = ControlKind::Option, .value = 1, .frame = "Another"});
+        Add({.name = "Check", .kind = ControlKind::Check, .value = 1});
         Add({.name = "List", .kind = ControlKind::List, .items = {"one", "two"}});
         Add({.name = "Cells", .kind = ControlKind::Palette, .value = -1, .colors = {0, 255}, .columns = 1});
-        for (const char* const name : {"Edit", "A", "B", "List", "Cells"}) {
+        for (const char* const name : {"Edit", "A", "B", "Check", "List", "Cells"}) {
             for (const ControlEvent event :
                  {ControlEvent::Click, ControlEvent::Change, ControlEvent::MouseMove}) {
                 On(name, event, [this, name] { ran.emplace_back(name); });
@@ -298,6 +299,36 @@ TEST(FormOption, ChoosingOneReleasesTheOthersOfItsFrame) {
     EXPECT_EQ(form.At("B").value, 1);
     EXPECT_EQ(form.At("Other").value, 1);
     EXPECT_THAT(form.ran, ElementsAre("B"));
+}
+
+TEST(FormCheck, IsTurnedOffAndOn) {
+    Kinds form;
+    EXPECT_EQ(form.At("Check").value, 1);
+    form.Choose("Check", 0);
+    EXPECT_EQ(form.At("Check").value, 0);
+    EXPECT_EQ(form.At("A").value, 1) << "the options stay";
+    form.Choose("Check");
+    EXPECT_EQ(form.At("Check").value, 1);
+    EXPECT_THAT(form.ran, ElementsAre("Check", "Check"));
+}
+
+TEST(FormCheck, DisabledOneStandsStill) {
+    Kinds form;
+    form.Disable("Check");
+    form.Choose("Check", 0);
+    EXPECT_EQ(form.At("Check").value, 1);
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormCheck, TakesTheFocusWhenItIsTheFirst) {
+    class Checked : public Form {
+    public:
+        Checked() : Form("Checked", "Checked") {
+            Add({.name = "Heading", .kind = ControlKind::Label});
+            Add({.name = "Check", .kind = ControlKind::Check});
+        }
+    };
+    EXPECT_EQ(Checked().Focus(), "Check");
 }
 
 TEST(FormList, TakesALineThatIsThere) {
