@@ -61,7 +61,9 @@ struct TextItem {
     std::int32_t TextX = 0, TextY = 0; ///< anchor on the baseline, twips from the upper left corner
     std::int16_t TextWidth = 0;        ///< average width of a character, twips
     std::int16_t TextHeight = 0, TextDescent = 0, TextCellHeight = 0; ///< of the font, twips
-    bool TextFromLabel = false; ///< made of a label of a map file; no design file tells it
+    // Where it comes from. A design file does not tell: its items have neither mark.
+    bool TextFromLabel = false; ///< made of a label of a map file
+    bool TextPlaced = false;    ///< placed by hand
 };
 
 /// How a text looks: the choice of a font slot, and what the main window writes with.
@@ -265,8 +267,8 @@ struct MapDesign : DesignBounds {
     std::int16_t MapFileCount = 0;
     std::int16_t MapFeatureMax = 0;
 
-    // ---- Labels of the map files. Text, point and style are collected anew by each MapPlot; place and
-    // measures are for the routine that prints them. LabelsVisible is written by its dialog.
+    // ---- Labels of the map files. Text, point and style are collected anew by each draw, over all its
+    // passes; place and measures are those of LabelPrint. LabelsVisible is written by its dialog.
     std::vector<MapLabel> MapLabels;
     bool LabelsVisible = true; ///< labels are drawn
 

@@ -47,6 +47,10 @@ constexpr bool HasBorder(std::int16_t symbolType) {
     return symbolType == SymbolPlus || symbolType == SymbolCross || IsOpenShape(symbolType);
 }
 
+/// The font of labels for which none was chosen; its colour is black.
+constexpr const char* DefaultLabelFont = "Arial";
+constexpr std::int16_t DefaultLabelSize = 10; ///< points
+
 /// How one feature of a map file is drawn. Sizes in twips.
 struct FeatureStyle {
     bool Shown = false;
@@ -61,9 +65,9 @@ struct InputFileEntry {
     std::string MapFileName;                                    ///< full path
     std::int16_t MapFileType = SymbolLine;                      ///< SymbolType of the whole file
     std::array<FeatureStyle, MaxFeatureRows + 1> Features = {}; ///< row 0 is never shown
-    // Of the labels that an ASCII map file may have; other files leave them as they are.
-    std::string LabelFontName = "Arial";
-    std::int16_t LabelFontSize = 10; ///< points
+    // Of the labels that an ASCII map file may have; empty and 0 until a font is chosen.
+    std::string LabelFontName;
+    std::int16_t LabelFontSize = 0; ///< points
     ColorValue LabelColor = 0;
     bool LabelBold = false, LabelItalic = false, LabelUnderline = false, LabelStrikeout = false;
 };

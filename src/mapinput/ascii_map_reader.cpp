@@ -41,9 +41,10 @@ void AddLabel(std::string text, const InputFileEntry& file, std::int32_t FileInd
     label.LabelText = std::move(text);
     label.LabelLat = Design.ProjLat;
     label.LabelLon = Design.ProjLon;
-    label.LabelFont = file.LabelFontName;
-    label.LabelSize = file.LabelFontSize;
-    label.LabelColour = file.LabelColor;
+    const bool chosen = !file.LabelFontName.empty() && file.LabelFontSize > 0;
+    label.LabelFont = chosen ? file.LabelFontName : DefaultLabelFont;
+    label.LabelSize = chosen ? file.LabelFontSize : DefaultLabelSize;
+    label.LabelColour = chosen ? file.LabelColor : SolidColor(StandardColors[0]);
     label.LabelBold = file.LabelBold;
     label.LabelItalic = file.LabelItalic;
     label.LabelUnderline = file.LabelUnderline;

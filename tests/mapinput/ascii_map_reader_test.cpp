@@ -247,9 +247,6 @@ TEST_F(AsciiMapReader, LabelStandsWhereItsPointWasProjected) {
 
 TEST_F(AsciiMapReader, LabelHasTheFontOfItsFile) {
     InputFileEntry& entry = AddFile("a.prn", "1,1,1,\"x\"\n");
-    EXPECT_EQ(entry.LabelFontName, "Arial");
-    EXPECT_EQ(entry.LabelFontSize, 10);
-    EXPECT_EQ(entry.LabelColor, 0U);
     entry.LabelFontName = "Times";
     entry.LabelFontSize = 14;
     entry.LabelColor = Rgb(1, 2, 3);
@@ -269,6 +266,17 @@ TEST_F(AsciiMapReader, LabelHasTheFontOfItsFile) {
     PlotList();
     EXPECT_TRUE(Design.MapLabels.at(0).LabelItalic);
     EXPECT_TRUE(Design.MapLabels.at(0).LabelStrikeout);
+}
+
+TEST_F(AsciiMapReader, LabelWithoutAChosenFontIsArialOfTenPointsInBlack) {
+    InputFileEntry& entry = AddFile("a.prn", "1,1,1,\"x\"\n");
+    EXPECT_EQ(entry.LabelFontName, "");
+    EXPECT_EQ(entry.LabelFontSize, 0);
+    EXPECT_EQ(entry.LabelColor, 0U);
+    PlotList();
+    EXPECT_EQ(Design.MapLabels.at(0).LabelFont, "Arial");
+    EXPECT_EQ(Design.MapLabels.at(0).LabelSize, 10);
+    EXPECT_EQ(Design.MapLabels.at(0).LabelColour, 33554432U) << "black, with the flag of a stored colour";
 }
 
 TEST_F(AsciiMapReader, LabelOutsideTheMapIsDropped) {

@@ -484,9 +484,8 @@ TEST_F(FileParameters, NoFontIsAnnouncedAsLongAsNoneCanBeChosen) {
         EXPECT_TRUE(form->Closed());
         EXPECT_FALSE(Design.DialogCancelled);
         EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
-        EXPECT_EQ(entry.LabelFontName, "Arial");
-        EXPECT_EQ(entry.LabelFontSize, 10);
-        EXPECT_EQ(entry.LabelColor, Black);
+        EXPECT_EQ(entry.LabelFontName, "");
+        EXPECT_EQ(entry.LabelFontSize, 0);
         EXPECT_FALSE(entry.LabelBold || entry.LabelItalic || entry.LabelUnderline || entry.LabelStrikeout);
     }
 }
