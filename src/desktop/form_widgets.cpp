@@ -1,14 +1,18 @@
 #include "desktop/form_widgets.h"
 
 #include "core/column_heads.h"
+#include "desktop/combo_field.h"
 #include "desktop/fitting_area.h"
 #include "desktop/heads_line.h"
+#include "desktop/letter_sample.h"
 #include "desktop/masked_edit.h"
 #include "desktop/palette_grid.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
@@ -242,6 +246,43 @@ GridTable* FormWidgets::AddGrid(std::string_view name, GridTable::Painter painte
     return grid;
 }
 
+ComboField* FormWidgets::AddCombo(std::string_view name) {
+    const std::string own(name);
+    auto* combo = new ComboField([this, own](const std::string& text) { form.Type(own, text); },
+                                 [this, own](int line) { form.Choose(own, line); }, this);
+    combo->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    Bind(name, combo, [combo](const Control& control) { combo->Show(control); });
+    return combo;
+}
+
+LetterSample* FormWidgets::AddSample(std::string_view name) {
+    auto* sample = new LetterSample(this);
+    Bind(name, sample, [sample](const Control& control) {
+        sample->setAccessibleName(Text(control.caption));
+        sample->Show(control);
+    });
+    return sample;
+}
+
+void FormWidgets::AddMenu(std::string_view name) {
+    const Control& control = form.At(name);
+    auto* bar = qobject_cast<QMenuBar*>(outer->menuBar());
+    if (bar == nullptr) {
+        bar = new QMenuBar(this);
+        bar->setNativeMenuBar(false);
+        outer->setMenuBar(bar);
+    }
+    QMenu* menu = bar->addMenu(Text(control.text));
+    menu->setObjectName(Name(name));
+    for (std::size_t item = 0; item < control.items.size(); ++item) {
+        connect(menu->addAction(Text(control.items[item])), &QAction::triggered, this,
+                [this, own = std::string(name), index = static_cast<int>(item)] {
+                    form.Choose(own, index);
+                    FollowFocus();
+                });
+    }
+}
+
 QPushButton* FormWidgets::AddButton(std::string_view name) {
     auto* button = new QPushButton(this);
     button->setFocusPolicy(Qt::TabFocus);
@@ -264,6 +305,8 @@ QWidget* FormWidgets::AddField(std::string_view name) {
         return AddSpin(name);
     case ControlKind::Edit:
         return AddEdit(name);
+    case ControlKind::Combo:
+        return AddCombo(name);
     default: {
         QLabel* label = AddLabel(name);
         label->setAccessibleName(Spoken(Text(form.At(name).caption)));

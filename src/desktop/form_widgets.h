@@ -21,7 +21,9 @@ class QVBoxLayout;
 
 namespace quelmont {
 
+class ComboField;
 class FittingArea;
+class LetterSample;
 class MaskedEdit;
 
 /// The widgets that show the controls of a form, one function for each kind of control. A widget and its
@@ -51,6 +53,10 @@ public:
     QListWidget* AddList(std::string_view name);
     QWidget* AddPalette(std::string_view name);
     GridTable* AddGrid(std::string_view name, GridTable::Painter painter);
+    ComboField* AddCombo(std::string_view name);
+    LetterSample* AddSample(std::string_view name);
+    /// A title and its items on the dialog's menu bar.
+    void AddMenu(std::string_view name);
     /// The widget of a field, by its kind.
     QWidget* AddField(std::string_view name);
     /// The label with a field's caption; its mnemonic leads to the field, which is called by it.

@@ -20,6 +20,8 @@ std::string Masked(std::string_view mask, std::string_view text) {
 std::size_t Choices(const Control& control) {
     switch (control.kind) {
     case ControlKind::List:
+    case ControlKind::Combo:
+    case ControlKind::Menu:
         return control.items.size();
     case ControlKind::Grid:
         return control.cells.size();
@@ -49,9 +51,8 @@ const Control& Form::At(std::string_view name) const {
 Control& Form::Edit(std::string_view name) { return const_cast<Control&>(std::as_const(*this).At(name)); }
 
 Control& Form::Add(Control control) {
-    const bool text = control.kind == ControlKind::Label || control.kind == ControlKind::Frame;
     const bool otherOption = control.kind == ControlKind::Option && control.value == 0;
-    if (focus.empty() && control.enabled && !text && !otherOption) {
+    if (focus.empty() && control.enabled && CanHaveFocus(control.kind) && !otherOption) {
         focus = control.name;
     }
     if (control.kind == ControlKind::Edit) {
@@ -138,7 +139,7 @@ void Form::Spin(std::string_view name, int value) {
 
 void Form::SetText(std::string_view name, std::string_view text) {
     Control& control = Edit(name);
-    control.text = Masked(control.mask, text);
+    control.text = control.kind == ControlKind::Edit ? Masked(control.mask, text) : std::string(text);
 }
 
 void Form::Type(std::string_view name, std::string_view text) {
@@ -168,6 +169,9 @@ void Form::Choose(std::string_view name, int index) {
             return;
         }
         control.value = index;
+        if (control.kind == ControlKind::Combo) {
+            control.text = control.items[static_cast<std::size_t>(index)];
+        }
     }
     Run(name, ControlEvent::Click);
     GiveWantedFocus();

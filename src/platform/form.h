@@ -23,12 +23,21 @@ enum class ControlKind {
     List,    ///< lines, of which one is selected
     Palette, ///< cells of colours in rows
     Grid,    ///< a table of cells under headings, of which one is current
+    Combo,   ///< a text typed freely, or taken from a list of lines
+    Sample,  ///< a text in a font, a size and a style of its own
+    Menu,    ///< a title on the dialog's menu bar, with items below it
     Button,
 };
 
+/// Whether a control of that kind can have the focus.
+constexpr bool CanHaveFocus(ControlKind kind) {
+    return kind != ControlKind::Label && kind != ControlKind::Frame && kind != ControlKind::Sample &&
+           kind != ControlKind::Menu;
+}
+
 enum class ControlEvent {
-    Click,       ///< a button, an option, a check or a grid's cell was pressed, a line of a list or a colour
-                 ///< chosen
+    Click,       ///< a button, an option, a check or a grid's cell was pressed; a line of a list or a combo,
+                 ///< a colour or an item of a menu chosen
     DoubleClick, ///< a line of a list was double-clicked
     Change,      ///< a text or a number became another, another cell of a grid the current one
     MouseMove,   ///< another cell of a palette is under the mouse, or none
@@ -50,28 +59,40 @@ struct GridCell {
     bool operator==(const GridCell&) const = default;
 };
 
+/// What the letters of a sample look like.
+struct SampleLetters {
+    std::string fontName;
+    int points = 0;
+    bool bold = false, italic = false, underline = false, strikeout = false;
+    std::uint32_t color = 0, background = 0; ///< 0x00BBGGRR
+    bool operator==(const SampleLetters&) const = default;
+};
+
 /// One control of a dialog as plain values; which of them mean something depends on the kind.
 struct Control {
     std::string name;
     ControlKind kind = ControlKind::Label;
-    std::string text = {};    ///< what a label, a button, an option, a check, an edit says; "&" before a
-                              ///< mnemonic. Of a palette: the cell under the mouse, in words
+    std::string text = {};    ///< what a label, a button, an option, a check, an edit, a combo, a sample or a
+                              ///< menu's title says; "&" before a mnemonic. Of a palette: the cell under the
+                              ///< mouse, in words
     std::string caption = {}; ///< of the label beside a field; "&" before the mnemonic
-    int value = 0;            ///< a spin's number, a list's line, a palette's or a grid's cell (from 0,
-                              ///< row by row, -1 none); 1 for the option chosen and
-                              ///< for a check that is on
+    int value = 0;            ///< a spin's number, a palette's or a grid's cell (from 0, row by row, -1
+                              ///< none); the line of a list or a combo or the item of a menu that was chosen
+                              ///< last, -1 none; 1 for the option chosen and for a check that is on
     int minimum = 0;          ///< of a spin
     int maximum = 0;
     bool enabled = true;
-    std::string mask = {};                  ///< of an edit
-    std::string frame = {};                 ///< of an option: the frame it stands in
-    std::vector<std::string> items = {};    ///< a list's lines, a grid's headings
+    std::string mask = {};               ///< of an edit
+    std::string frame = {};              ///< of an option: the frame it stands in
+    std::vector<std::string> items = {}; ///< lines of a list or a combo, items of a menu, a grid's headings
     std::vector<std::uint32_t> colors = {}; ///< a palette's cells, 0x00BBGGRR; a button's swatch
     int columns = 0;                        ///< of a palette or a grid
     int marked = -1;                        ///< the palette's cell in use, -1 none
     std::vector<GridCell> cells = {};       ///< a grid's, row by row
     std::vector<std::string> dropped = {};  ///< the files dropped on a list last, full names
     int dragged = -1;                       ///< the line dragged last; it was let go before the line of value
+    bool completes = false;                 ///< what is typed into a combo is completed to one of its lines
+    SampleLetters letters = {};             ///< of a sample
 };
 
 /// A modal dialog without a picture: its controls, the handlers of their events, and the focus.
@@ -108,10 +129,11 @@ public:
     void PressCancel();
     /// Turns a spin to a number, limited to its range, and runs its Change.
     void Spin(std::string_view name, int value);
-    /// Leaves a text in an edit, in its mask's columns, and runs its Change.
+    /// Leaves a text in an edit, in its mask's columns, or in a combo, and runs its Change. The line of the
+    /// combo that was chosen last stays so.
     void Type(std::string_view name, std::string_view text);
-    /// Chooses a line of a list, an option, a cell of a palette or of a grid, turns a check on (0: off), and
-    /// runs its Click. A line or cell that is not there is ignored.
+    /// Chooses a line of a list or of a combo, whose text it becomes, an option, a cell of a palette or of a
+    /// grid, an item of a menu, turns a check on (0: off), and runs its Click. What is not there is ignored.
     void Choose(std::string_view name, int index = 1);
     /// Runs the DoubleClick of a list, or presses the default button when it has none.
     void DoubleClick(std::string_view name);

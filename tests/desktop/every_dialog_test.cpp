@@ -13,11 +13,13 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTableWidget>
 #include <QTest>
@@ -47,8 +49,10 @@ bool IsField(const QWidget* widget) {
     return qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
            qobject_cast<const QListWidget*>(widget) != nullptr ||
            qobject_cast<const QTableWidget*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr ||
            (qobject_cast<const QLineEdit*>(widget) != nullptr &&
-            qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) == nullptr) ||
+            qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) == nullptr &&
+            qobject_cast<const QComboBox*>(widget->parentWidget()) == nullptr) ||
            widget->objectName() == QLatin1String("ColorSquare");
 }
 
@@ -91,6 +95,7 @@ protected:
         for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
             if (!widget->isVisible() ||
                 qobject_cast<const QAbstractScrollArea*>(widget->parentWidget()) != nullptr ||
+                qobject_cast<const QComboBox*>(widget->parentWidget()) != nullptr ||
                 qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) != nullptr) {
                 continue;
             }
@@ -208,6 +213,11 @@ TEST_F(EveryDialog, HasAMnemonicOnEachFieldAndButtonAndNoneTwice) {
                 take(button->text());
             }
         }
+        for (const auto* bar : dialog.findChildren<QMenuBar*>()) {
+            for (const QAction* title : bar->actions()) {
+                take(title->text());
+            }
+        }
     });
 }
 
@@ -234,8 +244,7 @@ TEST_F(EveryDialog, TabGoesThroughTheControlsInTheirOrder) {
         for (const Control& control : form->Controls()) {
             // Of options, Tab reaches the one that is chosen.
             const bool option = control.kind == ControlKind::Option;
-            if (control.kind != ControlKind::Label && control.kind != ControlKind::Frame && control.enabled &&
-                (!option || control.value != 0)) {
+            if (CanHaveFocus(control.kind) && control.enabled && (!option || control.value != 0)) {
                 wanted.push_back(control.name);
             }
         }

@@ -238,7 +238,9 @@ public:
         Add({.name = "Check", .kind = ControlKind::Check, .value = 1});
         Add({.name = "List", .kind = ControlKind::List, .items = {"one", "two"}});
         Add({.name = "Cells", .kind = ControlKind::Palette, .value = -1, .colors = {0, 255}, .columns = 1});
-        for (const char* const name : {"Edit", "A", "B", "Check", "List", "Cells"}) {
+        Add({.name = "Combo", .kind = ControlKind::Combo, .text = "typed", .value = -1, .items = {"x", "y"}});
+        Add({.name = "Menu", .kind = ControlKind::Menu, .text = "Title", .value = -1, .items = {"p", "q"}});
+        for (const char* const name : {"Edit", "A", "B", "Check", "List", "Cells", "Combo", "Menu"}) {
             for (const ControlEvent event :
                  {ControlEvent::Click, ControlEvent::Change, ControlEvent::MouseMove}) {
                 On(name, event, [this, name] { ran.emplace_back(name); });
@@ -329,6 +331,59 @@ TEST(FormCheck, TakesTheFocusWhenItIsTheFirst) {
         }
     };
     EXPECT_EQ(Checked().Focus(), "Check");
+}
+
+TEST(FormCombo, KeepsATextAsItWasTyped) {
+    Kinds form;
+    form.Type("Combo", "anything, 12");
+    EXPECT_EQ(form.At("Combo").text, "anything, 12");
+    EXPECT_THAT(form.ran, ElementsAre("Combo"));
+    form.Type("Combo", "anything, 12");
+    EXPECT_THAT(form.ran, ElementsAre("Combo")) << "no other text";
+}
+
+TEST(FormCombo, TakesTheTextOfALineThatIsThereAndRemembersTheLine) {
+    Kinds form;
+    form.Choose("Combo", 1);
+    EXPECT_EQ(form.At("Combo").text, "y");
+    EXPECT_EQ(form.At("Combo").value, 1);
+    form.Type("Combo", "yes");
+    EXPECT_EQ(form.At("Combo").value, 1) << "it is the text of that line that was changed";
+    form.Choose("Combo", 2);
+    EXPECT_EQ(form.At("Combo").text, "yes");
+    EXPECT_THAT(form.ran, ElementsAre("Combo", "Combo"));
+}
+
+TEST(FormCombo, DisabledOneStandsStill) {
+    Kinds form;
+    form.Disable("Combo");
+    form.Type("Combo", "x");
+    form.Choose("Combo", 0);
+    EXPECT_EQ(form.At("Combo").text, "typed");
+    EXPECT_THAT(form.ran, IsEmpty());
+}
+
+TEST(FormMenu, RunsTheItemThatIsThereAndLeavesTheFocus) {
+    Kinds form;
+    form.Choose("Menu", 1);
+    EXPECT_EQ(form.At("Menu").value, 1);
+    EXPECT_EQ(form.At("Menu").text, "Title");
+    form.Choose("Menu", 2);
+    EXPECT_EQ(form.At("Menu").value, 1);
+    EXPECT_EQ(form.Focus(), "Edit");
+    EXPECT_THAT(form.ran, ElementsAre("Menu"));
+}
+
+TEST(FormFocus, PassesOverMenusAndSamples) {
+    class Sampled : public Form {
+    public:
+        Sampled() : Form("Sampled", "Sampled") {
+            Add({.name = "Menu", .kind = ControlKind::Menu, .items = {"p"}});
+            Add({.name = "Sample", .kind = ControlKind::Sample, .text = "x"});
+            Add({.name = "Combo", .kind = ControlKind::Combo});
+        }
+    };
+    EXPECT_EQ(Sampled().Focus(), "Combo");
 }
 
 TEST(FormList, TakesALineThatIsThere) {

@@ -1,0 +1,75 @@
+#include "desktop/combo_field.h"
+
+#include <QLineEdit>
+#include <QListView>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace quelmont {
+
+namespace {
+
+/// Characters that are seen at least and at most.
+constexpr int FewestCharacters = 4;
+constexpr int MostCharacters = 28;
+constexpr int SeenLines = 12;
+
+QString Text(const std::string& text) { return QString::fromStdString(text); }
+
+} // namespace
+
+ComboField::ComboField(std::function<void(const std::string&)> typed, std::function<void(int)> chosen,
+                       QWidget* parent)
+    : QComboBox(parent) {
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setMaxVisibleItems(SeenLines);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    // Every line is of the same height: a hundred thousand of them open as fast as ten.
+    auto* popup = new QListView(this);
+    popup->setUniformItemSizes(true);
+    popup->setTextElideMode(Qt::ElideRight);
+    setView(popup);
+    // Also what the completion adds.
+    connect(lineEdit(), &QLineEdit::textChanged, this,
+            [typed = std::move(typed)](const QString& text) { typed(text.toStdString()); });
+    connect(this, &QComboBox::activated, this, [chosen = std::move(chosen)](int line) { chosen(line); });
+}
+
+void ComboField::ShowLines(const std::vector<std::string>& now) {
+    if (now == lines) {
+        return;
+    }
+    lines = now;
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(lines.size()));
+    int longest = FewestCharacters;
+    for (const std::string& line : lines) {
+        texts.push_back(Text(line));
+        longest =
+            std::max(longest, static_cast<int>(std::min<qsizetype>(texts.back().size(), MostCharacters)));
+    }
+    clear();
+    addItems(texts);
+    setMinimumContentsLength(longest);
+}
+
+void ComboField::Show(const Control& control) {
+    const QSignalBlocker quiet(this);
+    const QSignalBlocker quietLine(lineEdit());
+    if (completes != control.completes) {
+        completes = control.completes;
+        setCompleter(nullptr);
+    }
+    ShowLines(control.items);
+    if (currentIndex() != control.value) {
+        setCurrentIndex(control.value);
+    }
+    if (const QString text = Text(control.text); lineEdit()->text() != text) {
+        setEditText(text);
+    }
+    setEnabled(control.enabled);
+}
+
+} // namespace quelmont
