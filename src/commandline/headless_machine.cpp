@@ -39,7 +39,8 @@ float HeadlessScreen::TwipsPerPixelY() const { return static_cast<float>(TwipsPe
 
 HeadlessMachine::HeadlessMachine(SurfacePoint windowSize, SurfacePoint fullScreen, std::ostream& stream)
     : boxes(stream), window(windowSize), screen(fullScreen), before(Machine()) {
-    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help, &fileDialogs};
+    Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
+                 &clock, &printers, &help,   &fileDialogs, &fonts};
 }
 
 HeadlessMachine::~HeadlessMachine() { Machine() = before; }

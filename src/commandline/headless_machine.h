@@ -2,6 +2,7 @@
 
 #include "platform/machine.h"
 #include "qtsurface/image_surface.h"
+#include "qtsurface/qt_fonts.h"
 #include "qtsurface/system_places.h"
 
 #include <iosfwd>
@@ -122,6 +123,7 @@ public:
     HeadlessPrinters printers;
     HeadlessHelp help;
     HeadlessFileDialogs fileDialogs;
+    QtFonts fonts;
 
 private:
     MachineInterfaces before;

@@ -42,7 +42,8 @@ int Print(const std::string& text) {
 
 Desktop::Desktop() : boxes(window), forms(window), screen(window), fileDialogs(window) {
     InitialiseResources();
-    Machine() = {&boxes, &forms, &window, &pump, &screen, &places, &clock, &printers, &help, &fileDialogs};
+    Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
+                 &clock, &printers, &help,   &fileDialogs, &fonts};
 }
 
 Desktop::~Desktop() { Machine() = {}; }

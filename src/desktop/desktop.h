@@ -4,6 +4,7 @@
 #include "desktop/desktop_window.h"
 #include "desktop/dialogs.h"
 #include "desktop/file_dialogs.h"
+#include "qtsurface/qt_fonts.h"
 
 namespace quelmont {
 
@@ -32,6 +33,7 @@ private:
     DesktopPrinters printers;
     DesktopHelp help;
     DesktopFileDialogs fileDialogs;
+    QtFonts fonts;
 };
 
 /// The whole program, from its command line to its exit code. Without a display: one line on

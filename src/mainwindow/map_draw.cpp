@@ -13,8 +13,10 @@
 #include "mainwindow/main_window_state.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
+#include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/print_text.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
 #include "projection/lobe_row.h"
@@ -108,7 +110,8 @@ std::vector<std::int16_t> LobesToDraw() {
     return lobes;
 }
 
-void LobePasses() {
+/// False when the draw was stopped.
+bool LobePasses() {
     const std::vector<std::int16_t> lobes = LobesToDraw();
     for (const std::int16_t lobe : lobes) {
         Design.LobeFirst = lobe == lobes.front();
@@ -116,9 +119,16 @@ void LobePasses() {
         CalcGraticuleInterrupt(lobe);
         Design.LobeOffsetX = Design.LobeCentral[static_cast<std::size_t>(lobe)];
         if (!Pass()) {
-            return;
+            return false;
         }
     }
+    return true;
+}
+
+/// The texts of the design, over everything.
+void PrintTextOnWindow() {
+    SelectDevice();
+    PrintText();
 }
 
 void End() {
@@ -154,10 +164,8 @@ void MapDraw() {
     if (Guarded("MapDraw", Fit)) {
         Guarded("MapDraw", [] {
             Begin();
-            if (Design.ProjNum == ProjInterruptedMollweide) {
-                LobePasses();
-            } else {
-                Pass();
+            if (Design.ProjNum == ProjInterruptedMollweide ? LobePasses() : Pass()) {
+                PrintTextOnWindow();
             }
         });
         End();

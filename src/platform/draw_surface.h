@@ -1,7 +1,11 @@
 #pragma once
 
+#include "platform/fonts.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace quelmont {
 
@@ -26,12 +30,20 @@ constexpr int StockNullBrush = 5;
 constexpr int FillAlternate = 1;
 constexpr int FillWinding = 2;
 
+/// SetTextAlign's modes: the anchor of a text is the upper left corner of its cell, or where its baseline
+/// begins.
+constexpr int AlignTop = 0;
+constexpr int AlignBaseline = 24;
+
+/// The longest text of TextOutA.
+constexpr std::size_t MostTextCharacters = 32767;
+
 /// The one way to paint: the window's back image, a picture file, a printer page, a metafile.
 ///
-/// A surface has a current pen, a current brush, a current position and a fill mode. Coordinates
-/// are device pixels, y downward, and may lie far outside the surface. Colours are 0x00BBGGRR;
-/// the bits above the lowest 24 are ignored. An operation that answers bool answers false when it
-/// failed and then has drawn nothing.
+/// A surface has a current pen, brush and font, a current position, a fill mode, a text colour (black
+/// at first) and a text alignment (AlignTop at first). Coordinates are device pixels, y downward, and
+/// may lie far outside the surface. Colours are 0x00BBGGRR; the bits above the lowest 24 are ignored.
+/// An operation that answers bool answers false when it failed and then has drawn nothing.
 class DrawSurface {
 public:
     virtual ~DrawSurface() = default;
@@ -55,12 +67,22 @@ public:
     virtual SurfaceHandle CreatePen(int style, std::int32_t width, std::uint32_t color) = 0;
     virtual SurfaceHandle CreateSolidBrush(std::uint32_t color) = 0;
     virtual SurfaceHandle GetStockObject(int number) = 0;
-    /// Makes the pen or brush current and returns the one before it, 0 if the handle is unknown.
+    /// Makes the pen, brush or font current and returns the one before it, 0 if the handle is unknown.
     virtual SurfaceHandle SelectObject(SurfaceHandle object) = 0;
     /// Frees an object. False for an unknown handle and for one that is current.
     virtual bool DeleteObject(SurfaceHandle object) = 0;
     /// Sets the rule by which crossing outlines are filled; returns the mode before, 0 on failure.
     virtual int SetPolyFillMode(int mode) = 0;
+
+    /// Makes a font. Returns 0 when a number is out of the surface's range, and on any other failure.
+    virtual SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) = 0;
+    /// Says what the anchor of a text is: AlignTop or AlignBaseline. False for anything else.
+    virtual bool SetTextAlign(int mode) = 0;
+    /// Sets the colour of text and returns the one before.
+    virtual std::uint32_t SetTextColor(std::uint32_t color) = 0;
+    /// Draws a text in UTF-8 in the current font, turned about its anchor (x, y) by the font's escapement.
+    /// What lies behind it stays. A text of more than MostTextCharacters fails.
+    virtual bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text) = 0;
 };
 
 } // namespace quelmont

@@ -17,7 +17,7 @@ struct SurfaceFont {
     std::int32_t weight = 400; ///< 700 is bold
     bool italic = false, underline = false, strikeout = false;
     std::uint8_t charSet = 1, outPrecision = 0, clipPrecision = 0, quality = 0, pitchAndFamily = 0;
-    std::string_view faceName; ///< UTF-8; what is longer than 31 characters is cut
+    std::string_view faceName = {}; ///< UTF-8
 };
 
 /// Measures of a font in device pixels of the main window.

@@ -1,6 +1,8 @@
 #include "qtsurface/image_surface.h"
 
 #include "core/run_time_error.h"
+#include "core/text_encoding.h"
+#include "qtsurface/text_painter.h"
 #include "qtsurface/thin_line.h"
 
 #include <algorithm>
@@ -18,7 +20,10 @@ constexpr std::int32_t LargestSize = 32767;
 constexpr SurfaceHandle BlackPen = 1;
 constexpr SurfaceHandle WhiteBrush = 2;
 constexpr SurfaceHandle NullBrush = 3;
-constexpr SurfaceHandle LastStockObject = NullBrush;
+constexpr SurfaceHandle SystemFont = 4;
+constexpr SurfaceHandle LastStockObject = SystemFont;
+
+constexpr std::int32_t SystemFontHeight = 16;
 
 /// 0x00BBGGRR as a pixel.
 std::uint32_t PixelOf(std::uint32_t color) {
@@ -32,8 +37,10 @@ ImageSurface::ImageSurface(std::int32_t width, std::int32_t height) {
     Keep(Pen{true, 1, PixelOf(0), std::nullopt});
     Keep(Brush{true, PixelOf(0xFFFFFF)});
     Keep(Brush{false, 0});
+    Keep(Font{{.height = SystemFontHeight}, "Arial"});
     SelectObject(BlackPen);
     SelectObject(WhiteBrush);
+    SelectObject(SystemFont);
 }
 
 void ImageSurface::Resize(std::int32_t width, std::int32_t height, std::uint32_t color) {
@@ -181,7 +188,7 @@ void ImageSurface::SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color)
     FillSpan(grid, y, x, x, PixelOf(color));
 }
 
-SurfaceHandle ImageSurface::Keep(std::variant<Pen, Brush> object) {
+SurfaceHandle ImageSurface::Keep(Object object) {
     do {
         ++lastHandle;
     } while (lastHandle == 0 || objects.contains(lastHandle));
@@ -215,12 +222,16 @@ SurfaceHandle ImageSurface::SelectObject(SurfaceHandle object) {
         pen = selected;
         return std::exchange(currentPen, object);
     }
+    if (const Font* selected = std::get_if<Font>(&found->second)) {
+        font = selected;
+        return std::exchange(currentFont, object);
+    }
     brush = &std::get<Brush>(found->second);
     return std::exchange(currentBrush, object);
 }
 
 bool ImageSurface::DeleteObject(SurfaceHandle object) {
-    if (object == currentPen || object == currentBrush) {
+    if (object == currentPen || object == currentBrush || object == currentFont) {
         return false;
     }
     if (object >= BlackPen && object <= LastStockObject) {
@@ -234,6 +245,39 @@ int ImageSurface::SetPolyFillMode(int mode) {
         return 0;
     }
     return std::exchange(fillMode, mode);
+}
+
+SurfaceHandle ImageSurface::CreateFontIndirectA(const SurfaceFont& made) {
+    if (!CanBeFont(made)) {
+        return 0;
+    }
+    Font kept{made, std::string(made.faceName)};
+    kept.made.faceName = {};
+    return Keep(std::move(kept));
+}
+
+bool ImageSurface::SetTextAlign(int mode) {
+    if (mode != AlignTop && mode != AlignBaseline) {
+        return false;
+    }
+    textAlign = mode;
+    return true;
+}
+
+std::uint32_t ImageSurface::SetTextColor(std::uint32_t color) { return std::exchange(textColor, color); }
+
+bool ImageSurface::TextOutA(std::int32_t x, std::int32_t y, std::string_view text) {
+    if (Characters(text).size() > MostTextCharacters) {
+        return false;
+    }
+    SurfaceFont made = font->made;
+    made.faceName = font->face;
+    QImage picture(reinterpret_cast<uchar*>(pixels.data()), grid.width, grid.height,
+                   static_cast<qsizetype>(grid.width) * 4, QImage::Format_RGB32);
+    if (PaintText(picture, made, {{x, y}, textAlign, PixelOf(textColor)}, text)) {
+        painted.Forget();
+    }
+    return true;
 }
 
 } // namespace quelmont

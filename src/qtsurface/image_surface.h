@@ -17,10 +17,10 @@
 namespace quelmont {
 
 /// A surface whose picture lies in memory: the window's back image and the picture of a file.
-/// Lines are not antialiased.
+/// Lines are not antialiased; text is, in shades between its colour and what lies behind.
 ///
-/// It begins with a black pen of one pixel and a white brush, as GetStockObject's objects are: they
-/// can be selected for ever and are never freed. A pen is solid or null, one pixel wide or round;
+/// It begins with a black pen of one pixel, a white brush and a font, as GetStockObject's objects are:
+/// they can be selected for ever and are never freed. A pen is solid or null, one pixel wide or round;
 /// its width is 32767 at most. The outline of a rectangle or an ellipse runs through the centres of
 /// the outermost pixels of its box, whatever the pen's width.
 class ImageSurface final : public DrawSurface {
@@ -63,6 +63,10 @@ public:
     SurfaceHandle SelectObject(SurfaceHandle object) override;
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) override;
+    bool SetTextAlign(int mode) override;
+    std::uint32_t SetTextColor(std::uint32_t color) override;
+    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text) override;
 
 private:
     struct Pen {
@@ -76,7 +80,13 @@ private:
         std::uint32_t pixel = 0;
     };
 
-    SurfaceHandle Keep(std::variant<Pen, Brush> object);
+    struct Font {
+        SurfaceFont made; ///< without its face name
+        std::string face;
+    };
+    using Object = std::variant<Pen, Brush, Font>;
+
+    SurfaceHandle Keep(Object object);
     void Segment(SurfacePoint from, SurfacePoint to) const;
 
     /// Whether a shape in a box, its outline included, changes no pixel: outside of the picture, or in the
@@ -86,12 +96,16 @@ private:
     std::vector<std::uint32_t> pixels;
     PaintedSpans painted;
     PixelGrid grid;
-    std::map<SurfaceHandle, std::variant<Pen, Brush>> objects;
+    std::map<SurfaceHandle, Object> objects;
     SurfaceHandle lastHandle = 0;
     SurfaceHandle currentPen = 0;
     SurfaceHandle currentBrush = 0;
+    SurfaceHandle currentFont = 0;
     const Pen* pen = nullptr; ///< the current ones; the map never moves them
     const Brush* brush = nullptr;
+    const Font* font = nullptr;
+    std::uint32_t textColor = 0;
+    int textAlign = AlignTop;
     SurfacePoint position;
     int fillMode = FillAlternate;
 };

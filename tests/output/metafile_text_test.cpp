@@ -1,4 +1,4 @@
-#include "output/wmf/metafile_text.h"
+#include "output/print_text.h"
 
 #include "core/error_box.h"
 #include "export_fixture.h"

@@ -107,5 +107,33 @@ TEST(Picture, CopyDoesNotChangeAnyMore) {
     EXPECT_EQ(sheet.Rows()[0], "oo");
 }
 
+TEST(Handles, FontIsSelectedAndFreedAsAPenIs) {
+    ImageSurface surface(1, 1);
+    const SurfaceHandle font = surface.CreateFontIndirectA({.height = -13, .faceName = "Arial"});
+    ASSERT_NE(font, 0U);
+    const SurfaceHandle before = surface.SelectObject(font);
+    ASSERT_NE(before, 0U);
+    EXPECT_FALSE(surface.DeleteObject(font));
+    EXPECT_EQ(surface.SelectObject(before), font);
+    EXPECT_TRUE(surface.DeleteObject(font));
+    EXPECT_EQ(surface.SelectObject(font), 0U);
+    EXPECT_NE(surface.SelectObject(before), 0U);
+}
+
+TEST(Handles, FontOfAnImpossibleHeightIsNone) {
+    ImageSurface surface(1, 1);
+    EXPECT_EQ(surface.CreateFontIndirectA({.height = -32768}), 0U);
+    EXPECT_NE(surface.CreateFontIndirectA({.height = -32767}), 0U);
+}
+
+TEST(Handles, ColourAndAlignmentOfTextAnswerTheOnesBefore) {
+    ImageSurface surface(1, 1);
+    EXPECT_EQ(surface.SetTextColor(Red), 0U);
+    EXPECT_EQ(surface.SetTextColor(Blue), Red);
+    EXPECT_TRUE(surface.SetTextAlign(AlignBaseline));
+    EXPECT_TRUE(surface.SetTextAlign(AlignTop));
+    EXPECT_FALSE(surface.SetTextAlign(6));
+}
+
 } // namespace
 } // namespace quelmont

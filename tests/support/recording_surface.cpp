@@ -12,6 +12,8 @@ namespace {
 constexpr SurfaceHandle FirstPen = 1;
 constexpr SurfaceHandle FirstBrush = 2;
 constexpr SurfaceHandle NullBrush = 3;
+/// Above all that are made.
+constexpr SurfaceHandle FirstFont = 1'000'000'000;
 
 std::vector<std::int64_t> Numbers(std::span<const SurfacePoint> points) {
     std::vector<std::int64_t> numbers;
@@ -53,6 +55,14 @@ std::string Name(SurfaceOp op) {
         return "DeleteObject";
     case SurfaceOp::SetPolyFillMode:
         return "SetPolyFillMode";
+    case SurfaceOp::CreateFontIndirectA:
+        return "CreateFontIndirectA";
+    case SurfaceOp::SetTextAlign:
+        return "SetTextAlign";
+    case SurfaceOp::SetTextColor:
+        return "SetTextColor";
+    case SurfaceOp::TextOutA:
+        return "TextOutA";
     case SurfaceOp::Cls:
         return "Cls";
     case SurfaceOp::Refresh:
@@ -65,6 +75,9 @@ std::ostream& operator<<(std::ostream& stream, const SurfaceCall& call) {
     stream << Name(call.op) << '(';
     for (std::size_t i = 0; i < call.numbers.size(); ++i) {
         stream << (i == 0 ? "" : ", ") << call.numbers[i];
+    }
+    if (call.op == SurfaceOp::TextOutA || call.op == SurfaceOp::CreateFontIndirectA) {
+        stream << ", '" << call.text << '\'';
     }
     return stream << ')' << (call.failed ? " failed" : "");
 }
@@ -80,7 +93,7 @@ std::ostream& operator<<(std::ostream& stream, const RecordedSegment& segment) {
 }
 
 RecordingSurface::RecordingSurface()
-    : lastHandle(NullBrush), currentPen(FirstPen), currentBrush(FirstBrush) {}
+    : lastHandle(NullBrush), currentPen(FirstPen), currentBrush(FirstBrush), currentFont(FirstFont) {}
 
 void RecordingSurface::FailAt(SurfaceOp op, int nth) { failures.emplace(op, nth); }
 
@@ -101,9 +114,9 @@ bool RecordingSurface::Fails(SurfaceOp op) {
     return fails;
 }
 
-bool RecordingSurface::Record(SurfaceOp op, std::vector<std::int64_t> numbers) {
+bool RecordingSurface::Record(SurfaceOp op, std::vector<std::int64_t> numbers, std::string_view text) {
     const bool failed = Fails(op);
-    calls.push_back(SurfaceCall{op, std::move(numbers), failed});
+    calls.push_back(SurfaceCall{op, std::move(numbers), failed, std::string(text)});
     return !failed;
 }
 
@@ -130,6 +143,7 @@ std::string RecordingSurface::Text() const {
 void RecordingSurface::Forget() {
     calls.clear();
     segments.clear();
+    texts.clear();
 }
 
 RecordedPen RecordingSurface::CurrentPen() const {
@@ -218,6 +232,9 @@ SurfaceHandle RecordingSurface::SelectObject(SurfaceHandle object) {
     if (object == FirstBrush || object == NullBrush || brushes.contains(object)) {
         return std::exchange(currentBrush, object);
     }
+    if (object == FirstFont || fonts.contains(object)) {
+        return std::exchange(currentFont, object);
+    }
     calls.back().failed = true;
     return 0;
 }
@@ -226,8 +243,9 @@ bool RecordingSurface::DeleteObject(SurfaceHandle object) {
     if (!Record(SurfaceOp::DeleteObject, {object})) {
         return false;
     }
-    const bool current = object == currentPen || object == currentBrush;
-    if (!current && (object == NullBrush || pens.erase(object) > 0 || brushes.erase(object) > 0)) {
+    const bool current = object == currentPen || object == currentBrush || object == currentFont;
+    if (!current && (object == NullBrush || pens.erase(object) > 0 || brushes.erase(object) > 0 ||
+                     fonts.erase(object) > 0)) {
         return true;
     }
     calls.back().failed = true;
@@ -240,6 +258,46 @@ int RecordingSurface::SetPolyFillMode(int mode) {
     }
     calls.back().numbers.push_back(fillMode);
     return std::exchange(fillMode, mode);
+}
+
+SurfaceHandle RecordingSurface::CreateFontIndirectA(const SurfaceFont& font) {
+    const std::vector<std::int64_t> fields = {
+        font.height,        font.width,     font.escapement,    font.orientation, font.weight,
+        font.italic,        font.underline, font.strikeout,     font.charSet,     font.outPrecision,
+        font.clipPrecision, font.quality,   font.pitchAndFamily};
+    if (!Record(SurfaceOp::CreateFontIndirectA, fields, font.faceName)) {
+        return 0;
+    }
+    fonts.emplace(++lastHandle, font);
+    calls.back().numbers.push_back(lastHandle);
+    return lastHandle;
+}
+
+bool RecordingSurface::SetTextAlign(int mode) {
+    if (!Record(SurfaceOp::SetTextAlign, {mode})) {
+        return false;
+    }
+    textAlign = mode;
+    return true;
+}
+
+std::uint32_t RecordingSurface::SetTextColor(std::uint32_t color) {
+    Record(SurfaceOp::SetTextColor, {color});
+    calls.back().numbers.push_back(textColor);
+    return std::exchange(textColor, color);
+}
+
+bool RecordingSurface::TextOutA(std::int32_t x, std::int32_t y, std::string_view text) {
+    if (!Record(SurfaceOp::TextOutA, {x, y}, text)) {
+        return false;
+    }
+    const auto font = fonts.find(currentFont);
+    texts.push_back({{x, y},
+                     std::string(text),
+                     font == fonts.end() ? RecordedFont() : font->second,
+                     textColor,
+                     textAlign});
+    return true;
 }
 
 } // namespace quelmont

@@ -26,22 +26,28 @@ enum class SurfaceOp {
     SelectObject,
     DeleteObject,
     SetPolyFillMode,
+    CreateFontIndirectA,
+    SetTextAlign,
+    SetTextColor,
+    TextOutA,
     Cls,
     Refresh,
 };
 
 std::string Name(SurfaceOp op);
 
-/// One operation as it was called: its numbers in the order of its arguments, points as x, y.
-/// What an operation answers stands behind its arguments where it is a handle or a fill mode.
+/// One operation as it was called: its numbers in the order of its arguments, points as x, y, a font as
+/// its fields. What an operation answers stands behind its arguments where it is a handle, a fill mode or
+/// a colour. text is a font's face name or the text that was drawn.
 struct SurfaceCall {
     SurfaceOp op = SurfaceOp::MoveToEx;
     std::vector<std::int64_t> numbers = {};
     bool failed = false;
+    std::string text = {};
     bool operator==(const SurfaceCall&) const = default;
 };
 
-/// "LineTo(10, 20)", "Polyline(0, 0, 5, 5) failed".
+/// "LineTo(10, 20)", "Polyline(0, 0, 5, 5) failed", "TextOutA(10, 20, 'Nuuk')".
 std::ostream& operator<<(std::ostream& stream, const SurfaceCall& call);
 
 struct RecordedPen {
@@ -61,9 +67,27 @@ struct RecordedSegment {
 };
 std::ostream& operator<<(std::ostream& stream, const RecordedSegment& segment);
 
+/// A font as it was made.
+struct RecordedFont {
+    explicit RecordedFont(const SurfaceFont& font_ = {}) : font(font_), face(font_.faceName) {
+        font.faceName = {};
+    }
+    SurfaceFont font; ///< without its face name
+    std::string face;
+};
+
+/// A text that was drawn.
+struct RecordedText {
+    SurfacePoint anchor;
+    std::string text;
+    RecordedFont font;
+    std::uint32_t color = 0;
+    int align = AlignTop;
+};
+
 /// A surface that paints nothing and remembers everything.
 ///
-/// It begins with a black pen of one pixel and a white brush, which are current, and a null brush.
+/// It begins with a black pen of one pixel, a white brush and a font, which are current, and a null brush.
 /// Handles are never given twice. Colours are recorded as they come, bits above the lowest 24
 /// included.
 class RecordingSurface : public DrawSurface {
@@ -80,13 +104,17 @@ public:
     const std::vector<RecordedSegment>& Segments() const { return segments; }
     /// All calls, one a line.
     std::string Text() const;
-    /// Forgets the calls and segments; pens, brushes and what shall fail stay.
+    /// The texts that TextOutA drew, in order, with the font, colour and alignment of each.
+    const std::vector<RecordedText>& Texts() const { return texts; }
+    /// Forgets the calls, segments and texts; pens, brushes, fonts and what shall fail stay.
     void Forget();
 
-    /// Pens and brushes that were made and not deleted.
-    int LiveObjects() const { return static_cast<int>(pens.size() + brushes.size()); }
+    /// Pens, brushes and fonts that were made and not deleted.
+    int LiveObjects() const { return static_cast<int>(pens.size() + brushes.size() + fonts.size()); }
     SurfaceHandle CurrentPenHandle() const { return currentPen; }
     SurfaceHandle CurrentBrushHandle() const { return currentBrush; }
+    SurfaceHandle CurrentFontHandle() const { return currentFont; }
+    std::uint32_t TextColor() const { return textColor; }
     RecordedPen CurrentPen() const;
     SurfacePoint Position() const { return position; }
     int PolyFillMode() const { return fillMode; }
@@ -107,10 +135,14 @@ public:
     SurfaceHandle SelectObject(SurfaceHandle object) override;
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) override;
+    bool SetTextAlign(int mode) override;
+    std::uint32_t SetTextColor(std::uint32_t color) override;
+    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text) override;
 
 private:
     /// Records a call and returns whether it succeeds.
-    bool Record(SurfaceOp op, std::vector<std::int64_t> numbers);
+    bool Record(SurfaceOp op, std::vector<std::int64_t> numbers, std::string_view text = {});
     bool Fails(SurfaceOp op);
     void Segment(SurfacePoint from, SurfacePoint to);
 
@@ -119,9 +151,14 @@ private:
     std::multimap<SurfaceOp, int> failures; ///< calls to go; 0 for every call
     std::map<SurfaceHandle, RecordedPen> pens;
     std::map<SurfaceHandle, std::uint32_t> brushes;
+    std::map<SurfaceHandle, RecordedFont> fonts;
+    std::vector<RecordedText> texts;
     SurfaceHandle lastHandle;
     SurfaceHandle currentPen;
     SurfaceHandle currentBrush;
+    SurfaceHandle currentFont;
+    std::uint32_t textColor = 0;
+    int textAlign = AlignTop;
     SurfacePoint position;
     int fillMode = FillAlternate;
 };

@@ -100,5 +100,47 @@ TEST(RecordingSurface, FillModeAnswersTheModeBefore) {
     EXPECT_EQ(surface.SetPolyFillMode(FillAlternate), FillWinding);
 }
 
+TEST(RecordingSurface, TextsAreKeptWithTheirFontAndColour) {
+    RecordingSurface surface;
+    const SurfaceHandle font =
+        surface.CreateFontIndirectA({.height = -13, .escapement = 450, .faceName = "Arial"});
+    const SurfaceHandle before = surface.SelectObject(font);
+    EXPECT_NE(before, 0U);
+    EXPECT_EQ(surface.SetTextColor(0x804020), 0U);
+    EXPECT_TRUE(surface.SetTextAlign(AlignBaseline));
+    EXPECT_TRUE(surface.TextOutA(7, -9, "Nuuk"));
+    EXPECT_EQ(surface.SetTextColor(0), 0x804020U);
+    EXPECT_EQ(surface.SelectObject(before), font);
+    EXPECT_EQ(surface.LiveObjects(), 1);
+    EXPECT_TRUE(surface.DeleteObject(font));
+    EXPECT_EQ(surface.LiveObjects(), 0);
+    ASSERT_EQ(surface.Texts().size(), 1U);
+    const RecordedText& text = surface.Texts()[0];
+    EXPECT_EQ(text.anchor, (SurfacePoint{7, -9}));
+    EXPECT_EQ(text.text, "Nuuk");
+    EXPECT_EQ(text.font.face, "Arial");
+    EXPECT_EQ(text.font.font.height, -13);
+    EXPECT_EQ(text.font.font.escapement, 450);
+    EXPECT_EQ(text.color, 0x804020U);
+    EXPECT_EQ(text.align, AlignBaseline);
+}
+
+TEST(RecordingSurface, CurrentFontIsNotDeleted) {
+    RecordingSurface surface;
+    const SurfaceHandle font = surface.CreateFontIndirectA({});
+    const SurfaceHandle before = surface.SelectObject(font);
+    EXPECT_FALSE(surface.DeleteObject(font));
+    surface.SelectObject(before);
+    EXPECT_FALSE(surface.DeleteObject(before));
+}
+
+TEST(RecordingSurface, TextThatFailsIsNoText) {
+    RecordingSurface surface;
+    surface.FailAt(SurfaceOp::TextOutA, 1);
+    EXPECT_FALSE(surface.TextOutA(1, 2, "a"));
+    EXPECT_TRUE(surface.Texts().empty());
+    EXPECT_EQ(surface.Text(), "TextOutA(1, 2, 'a') failed\n");
+}
+
 } // namespace
 } // namespace quelmont

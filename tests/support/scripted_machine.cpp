@@ -169,8 +169,8 @@ FileDialogAnswer ScriptedFileDialogs::Open(const FileDialogRequest& request) {
 }
 
 ScriptedMachine::ScriptedMachine() : before(Machine()) {
-    Machine() = MachineInterfaces{&boxes,  &forms, &window,   &pump, &screen,
-                                  &places, &clock, &printers, &help, &fileDialogs};
+    Machine() = MachineInterfaces{&boxes, &forms,    &window, &pump,        &screen, &places,
+                                  &clock, &printers, &help,   &fileDialogs, &fonts};
 }
 
 ScriptedMachine::~ScriptedMachine() { Machine() = before; }

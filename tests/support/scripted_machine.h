@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/machine.h"
+#include "support/fixed_fonts.h"
 #include "support/recording_surface.h"
 
 #include <deque>
@@ -218,6 +219,7 @@ public:
     ScriptedPrinters printers;
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
+    FixedFonts fonts;
 
 private:
     MachineInterfaces before;

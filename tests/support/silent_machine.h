@@ -42,15 +42,32 @@ public:
         return true;
     }
     int SetPolyFillMode(int /*mode*/) override { return FillAlternate; }
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& /*font*/) override {
+        ++objects;
+        return 3;
+    }
+    bool SetTextAlign(int /*mode*/) override { return true; }
+    std::uint32_t SetTextColor(std::uint32_t /*color*/) override { return 0; }
+    bool TextOutA(std::int32_t /*x*/, std::int32_t /*y*/, std::string_view /*text*/) override { return true; }
 
-    int objects = 0; ///< pens and brushes that were made and not deleted
+    int objects = 0; ///< pens, brushes and fonts that were made and not deleted
 };
 
 /// In Machine() as long as it lives. Forms and file dialogs are cancelled, boxes closed.
-class SilentMachine : Boxes, Forms, MainWindow, Pump, Screen, Places, Clock, Printers, Help, FileDialogs {
+class SilentMachine : Boxes,
+                      Forms,
+                      MainWindow,
+                      Pump,
+                      Screen,
+                      Places,
+                      Clock,
+                      Printers,
+                      Help,
+                      FileDialogs,
+                      Fonts {
 public:
     explicit SilentMachine(DrawSurface& surface_) : surface(surface_), before(Machine()) {
-        Machine() = MachineInterfaces{this, this, this, this, this, this, this, this, this, this};
+        Machine() = MachineInterfaces{this, this, this, this, this, this, this, this, this, this, this};
     }
     ~SilentMachine() override { Machine() = before; }
     SilentMachine(const SilentMachine&) = delete;
@@ -111,6 +128,11 @@ private:
     void Show(int /*command*/, int /*context*/) override {}
     FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
     FileDialogAnswer Save(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
+    std::vector<std::string> Families() override { return {}; }
+    std::optional<FontMetrics> Metrics(const SurfaceFont& /*font*/) override { return FontMetrics{}; }
+    std::optional<TextExtent> Extent(const SurfaceFont& /*font*/, std::string_view /*text*/) override {
+        return TextExtent{};
+    }
 
     DrawSurface& surface;
     MachineInterfaces before;

@@ -294,8 +294,11 @@ int MetafileRecorder::SetPolyFillMode(int mode) {
     return std::exchange(fillMode, mode);
 }
 
-bool MetafileRecorder::SetTextAlign(int flags) {
-    Record(FunctionSetTextAlign, {flags});
+bool MetafileRecorder::SetTextAlign(int mode) {
+    if (mode != AlignTop && mode != AlignBaseline) {
+        return false;
+    }
+    Record(FunctionSetTextAlign, {mode});
     return true;
 }
 
@@ -306,9 +309,8 @@ std::uint32_t MetafileRecorder::SetTextColor(std::uint32_t color) {
 }
 
 bool MetafileRecorder::TextOutA(std::int32_t x, std::int32_t y, std::string_view utf8) {
-    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
     const std::string text = ToWindows1252(utf8);
-    if (!Fits(x) || !Fits(y) || text.size() > most) {
+    if (!Fits(x) || !Fits(y) || text.size() > MostTextCharacters) {
         return false;
     }
     std::vector<std::uint16_t> words = WordsOf(text);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/draw_surface.h"
-#include "platform/fonts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -26,8 +25,6 @@ public:
     /// Mapping modes of SetMapMode and modes of SetBkMode.
     static constexpr int MapAnisotropic = 8;
     static constexpr int BackgroundTransparent = 1;
-    /// Mode of SetTextAlign: the anchor is where the baseline begins.
-    static constexpr int AlignBaseline = 24;
 
     MetafileRecorder();
 
@@ -50,13 +47,12 @@ public:
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
 
-    /// Returns 0 when a number does not fit a word.
-    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font);
-    bool SetTextAlign(int flags);
-    /// Returns the colour before.
-    std::uint32_t SetTextColor(std::uint32_t color);
-    /// A text in UTF-8 of at most 32767 characters; it is recorded in Windows-1252.
-    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view utf8);
+    /// The face name is recorded in Windows-1252, its first 31 characters.
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) override;
+    bool SetTextAlign(int mode) override;
+    std::uint32_t SetTextColor(std::uint32_t color) override;
+    /// The text is recorded in Windows-1252.
+    bool TextOutA(std::int32_t x, std::int32_t y, std::string_view utf8) override;
 
     /// Bytes of the metafile's header.
     static constexpr std::size_t HeaderBytes = 18;

@@ -7,8 +7,8 @@
 #include "output/little_endian.h"
 #include "output/logical_point.h"
 #include "output/output_state.h"
+#include "output/print_text.h"
 #include "output/symbols.h"
-#include "output/wmf/metafile_text.h"
 
 #include <array>
 #include <string>
@@ -82,9 +82,17 @@ void WmfWriter::ResetLine() {
     carried.reset();
 }
 
+void WmfWriter::RecordText() {
+    DrawSurface* const surfaceBefore = std::exchange(Design.Surface, &WmfSurface());
+    Design.TextToMetafile = true;
+    PrintText();
+    Design.TextToMetafile = false;
+    Design.Surface = surfaceBefore;
+}
+
 void WmfWriter::Finish() {
     Guarded("SaveMetafileToDisk", [this] {
-        PrintText(WmfSurface());
+        RecordText();
         SaveMetafileToDisk();
     });
     recording.reset();

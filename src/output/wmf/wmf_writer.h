@@ -39,6 +39,8 @@ private:
     void WmfWrite();
     void ChainPoint(SurfacePoint point);
     void FlushChain();
+    /// The texts of the design, over everything.
+    void RecordText();
     void DrawWmfSymbol(const Symbol& symbol);
     void Shape(const Symbol& symbol);
     void SaveBlock();

@@ -1,0 +1,129 @@
+#include "output/print_text.h"
+
+#include "core/checked_math.h"
+#include "core/error_box.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "output/export_file.h"
+
+#include <string>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+/// Negative: height of characters, not of their cells.
+constexpr double TwipsPerPoint = -20.0;
+constexpr double TenthsPerDegree = 10.0;
+
+constexpr std::int32_t WeightNormal = 400;
+constexpr std::int32_t WeightBold = 700;
+constexpr std::uint8_t DefaultCharSet = 1;
+/// Orientation goes with the angle of the text.
+constexpr std::uint8_t ClipAngles = 16;
+
+SurfaceFont FontOf(const TextLook& look, std::int32_t height, std::int32_t angle) {
+    return {.height = height,
+            .escapement = angle,
+            .orientation = angle,
+            .weight = look.FontBold ? WeightBold : WeightNormal,
+            .italic = look.FontItalic,
+            .underline = look.FontUnderline,
+            .strikeout = look.FontStrikeout,
+            .charSet = DefaultCharSet,
+            .clipPrecision = ClipAngles,
+            .faceName = look.FontName};
+}
+
+std::int32_t WindowHeight(const TextLook& look) {
+    return RoundToInt32(Divide(look.FontSize * TwipsPerPoint, Design.TwipsPerPixelY));
+}
+
+/// The text in hand in the units of a surface.
+struct DeviceText {
+    SurfacePoint anchor;
+    SurfaceFont font;
+};
+
+std::int32_t CurrentEscapement() { return RoundToInt32(ValueOf(Design.CurrentTextAngle) * TenthsPerDegree); }
+
+DeviceText TextOnWindow() {
+    return {{RoundToInt32(Divide(Design.CurrentX, Design.TwipsPerPixelX)),
+             RoundToInt32(Divide(Design.CurrentY, Design.TwipsPerPixelY))},
+            FontOf(Design.CurrentLook, WindowHeight(Design.CurrentLook), CurrentEscapement())};
+}
+
+DeviceText TextOnMetafile() {
+    const std::int32_t x = RoundToInt32(Divide(Design.CurrentX, Design.ClientWidth) * Design.LogicalWidth);
+    const std::int32_t y = RoundToInt32(
+        Design.LogicalHeight - (Divide(Design.CurrentY, Design.ClientHeight) * Design.LogicalHeight));
+    const std::int32_t height = RoundToInt32(
+        Divide(Design.CurrentLook.FontSize * TwipsPerPoint, Design.ClientHeight) * Design.LogicalHeight);
+    return {{x, y}, FontOf(Design.CurrentLook, height, -CurrentEscapement())};
+}
+
+/// Message box of a failed operation. What a metafile lacks makes it worth nothing; on the window the rest
+/// is still to be seen.
+void ReportRefused(bool done, std::string_view text) {
+    if (Design.TextToMetafile) {
+        ReportLossUnless(done, text);
+    } else {
+        ReportUnless(done, text);
+    }
+}
+
+void Draw(const DeviceText& text) {
+    DrawSurface& surface = *Design.Surface;
+    const SurfaceHandle font = surface.CreateFontIndirectA(text.font);
+    ReportRefused(font != 0, "CreateFontIndirect error(1) in PrintRotatedText");
+    const SurfaceHandle fontBefore = font == 0 ? 0 : surface.SelectObject(font);
+    surface.SetTextAlign(AlignBaseline);
+    const std::uint32_t colorBefore = surface.SetTextColor(ColorBits(Design.CurrentLook.FontColour));
+    ReportRefused(surface.TextOutA(text.anchor.x, text.anchor.y, Design.CurrentText),
+                  "TextOut error(1) in PrintRotatedText");
+    surface.SetTextColor(colorBefore);
+    if (font != 0) {
+        surface.SelectObject(fontBefore);
+        ReportRefused(surface.DeleteObject(font), "DeleteObject error(2) in PrintRotatedText");
+    }
+}
+
+void TakeInHand(const TextItem& item) {
+    Design.CurrentText = item.TextString;
+    Design.CurrentTextAngle = std::to_string(item.TextAngle);
+    Design.CurrentX = item.TextX;
+    Design.CurrentY = item.TextY;
+    Design.CurrentLook = {.FontName = item.TextFont,
+                          .FontSize = item.TextSize,
+                          .FontColour = item.TextColour,
+                          .FontBold = item.TextBold,
+                          .FontItalic = item.TextItalic,
+                          .FontUnderline = item.TextUnderline,
+                          .FontStrikeout = item.TextStrikeout};
+}
+
+} // namespace
+
+SurfaceFont WindowFont(const TextLook& look) { return FontOf(look, WindowHeight(look), 0); }
+
+void PrintRotatedText() {
+    const auto print = [] { Draw(Design.TextToMetafile ? TextOnMetafile() : TextOnWindow()); };
+    if (Design.TextToMetafile) {
+        GuardedWriting("PrintRotatedText", print);
+    } else {
+        Guarded("PrintRotatedText", print);
+    }
+}
+
+void PrintText() {
+    Guarded("PrintText", [] {
+        for (const TextItem& item : Design.TextItems) {
+            TakeInHand(item);
+            PrintRotatedText();
+        }
+    });
+    Design.CurrentText.clear();
+}
+
+} // namespace quelmont

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/map_design.h"
+#include "platform/draw_surface.h"
+
+namespace quelmont {
+
+/// The font in which the window writes by a look: not turned, its height that of its size in pixels of the
+/// window. Its face name is the look's own and goes with it.
+///
+/// Reads   TwipsPerPixelY. RunTimeError "Overflow" for a size without a height.
+SurfaceFont WindowFont(const TextLook& look);
+
+/// Draws the text in hand on the surface in use, turned about its anchor on the baseline: on the window, or
+/// on a metafile. A metafile's y grows upward, so angles are negated there, and lengths are taken as shares
+/// of the window.
+///
+/// Reads   CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY, Surface, TextToMetafile,
+///         TwipsPerPixelX, TwipsPerPixelY, ClientWidth, ClientHeight, LogicalWidth, LogicalHeight.
+/// What the surface refuses shows its message box under "Windows API Error", any other failure "Error in
+/// PrintRotatedText". On a metafile either costs the export.
+void PrintRotatedText();
+
+/// Draws the design's text items in their order on the surface in use. Leaves no text in hand, whatever
+/// fails.
+///
+/// Reads   TextItems and what PrintRotatedText reads.
+/// Writes  CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY.
+/// The failures of PrintRotatedText, after which the next item goes on; any other shows "Error in PrintText".
+void PrintText();
+
+} // namespace quelmont

@@ -1,0 +1,146 @@
+#include "qtsurface/text_face.h"
+
+#include "core/text_encoding.h"
+#include "qtsurface/gui_application.h"
+
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QString>
+#include <QTextLayout>
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <memory>
+#include <string>
+#include <tuple>
+
+namespace quelmont {
+
+namespace {
+
+/// The size at which Qt lays out a text. Its lengths are 64ths of a pixel, so the advances of fonts of 2048
+/// or 1000 units an em lose nothing that shows.
+constexpr int LayoutPixels = 256;
+
+/// A font of height 0 has one of its maker's choice.
+constexpr double DefaultEmPixels = 16.0;
+
+constexpr std::int32_t LeastBoldWeight = 600;
+
+/// Faces and outlines are made anew rather than kept without end.
+constexpr std::size_t MostFaces = 64;
+constexpr std::size_t MostOutlines = 8192;
+
+QString PlainText(std::string_view utf8) {
+    std::u32string characters = Characters(utf8);
+    for (char32_t& c : characters) {
+        const bool control = c < U' ' || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+        c = control ? U' ' : c;
+    }
+    return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
+}
+
+} // namespace
+
+TextFace& TextFace::Of(const SurfaceFont& font) {
+    using Key = std::tuple<std::string, bool, bool>;
+    static std::map<Key, std::unique_ptr<TextFace>> faces;
+    const Key key{std::string(font.faceName), font.weight >= LeastBoldWeight, font.italic};
+    auto found = faces.find(key);
+    if (found == faces.end()) {
+        if (faces.size() >= MostFaces) {
+            faces.clear();
+        }
+        found = faces.emplace(key, std::make_unique<TextFace>(font)).first;
+    }
+    return *found->second;
+}
+
+TextFace::TextFace(const SurfaceFont& made) {
+    NeedGuiApplication();
+    font = QFont(QString::fromUtf8(made.faceName.data(), static_cast<qsizetype>(made.faceName.size())));
+    font.setPixelSize(LayoutPixels);
+    font.setBold(made.weight >= LeastBoldWeight);
+    font.setItalic(made.italic);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferOutline | QFont::PreferMatch));
+    const QFontMetricsF metrics(font);
+    measures.ascent = metrics.ascent() / LayoutPixels;
+    measures.descent = metrics.descent() / LayoutPixels;
+    measures.averageWidth = metrics.averageCharWidth() / LayoutPixels;
+    measures.lineWidth = metrics.lineWidth() / LayoutPixels;
+    measures.underline = metrics.underlinePos() / LayoutPixels;
+    measures.strikeout = metrics.strikeOutPos() / LayoutPixels;
+}
+
+double TextFace::EmPixels(const SurfaceFont& made) const {
+    const double height = made.height;
+    return height < 0.0 ? -height
+           : height > 0.0 && measures.ascent + measures.descent > 0.0
+               ? height / (measures.ascent + measures.descent)
+               : DefaultEmPixels;
+}
+
+QPainterPath TextFace::OutlineOf(const QRawFont& raw, std::uint32_t glyph) {
+    if (outlineCount >= MostOutlines) {
+        outlines.clear();
+        outlineCount = 0;
+    }
+    auto known =
+        std::find_if(outlines.begin(), outlines.end(), [&](const auto& entry) { return entry.first == raw; });
+    if (known == outlines.end()) {
+        known = outlines.emplace(outlines.end(), raw, Outlines());
+    }
+    const auto [outline, fresh] = known->second.try_emplace(glyph);
+    if (fresh) {
+        ++outlineCount;
+        const double em = 1.0 / LayoutPixels;
+        outline->second = QTransform::fromScale(em, em).map(raw.pathForGlyph(glyph));
+        outline->second.setFillRule(Qt::WindingFill); // strokes of a character may lie over each other
+    }
+    return outline->second;
+}
+
+ShapedText TextFace::Shape(std::string_view utf8) {
+    const QString text = PlainText(utf8);
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    option.setUseDesignMetrics(true);
+    QTextLayout layout(text, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    ShapedText shaped;
+    if (!line.isValid()) {
+        layout.endLayout();
+        return shaped;
+    }
+    line.setNumColumns(std::numeric_limits<int>::max());
+    layout.endLayout();
+    shaped.width = line.naturalTextWidth() / LayoutPixels;
+    const QPointF baseline(line.x(), line.y() + line.ascent());
+    const QList<QGlyphRun> runs = layout.glyphRuns();
+    for (const QGlyphRun& run : runs) {
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> places = run.positions();
+        const QRawFont raw = run.rawFont();
+        std::vector<PlacedOutline> placed;
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            QPainterPath outline = OutlineOf(raw, glyphs[i]);
+            if (!outline.isEmpty()) {
+                placed.push_back({std::move(outline), (places[i] - baseline) / LayoutPixels});
+            }
+        }
+        if (!placed.empty()) {
+            shaped.runs.push_back(std::move(placed));
+        }
+    }
+    return shaped;
+}
+
+} // namespace quelmont

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/fonts.h"
+
+#include <QFont>
+#include <QPainterPath>
+#include <QPointF>
+#include <QRawFont>
+
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quelmont {
+
+/// A character's outline on the baseline of a text.
+struct PlacedOutline {
+    QPainterPath outline; ///< about its own origin
+    QPointF place;        ///< of that origin
+};
+
+/// A text laid out along a baseline that begins at (0, 0). Lengths in em, y downward.
+struct ShapedText {
+    std::vector<std::vector<PlacedOutline>> runs; ///< outlines of one font each
+    double width = 0.0;                           ///< blanks at its ends included
+};
+
+/// A family of fonts in one style, with the fonts that stand in for characters it lacks. A family that
+/// the machine does not have is one that stands in for it.
+///
+/// Characters are outlines without hints for any grid of pixels, and advance by what the font's designer
+/// gave them: a text is the same at every size and angle, whatever smoothing the machine has been set to.
+/// Lengths in em, the height of characters that a font is made with.
+class TextFace {
+public:
+    /// The face of a font. It stays until the next call.
+    static TextFace& Of(const SurfaceFont& font);
+
+    explicit TextFace(const SurfaceFont& font);
+
+    struct Measures {
+        double ascent = 0.0, descent = 0.0; ///< of the cell
+        double averageWidth = 0.0;          ///< of a character
+        double lineWidth = 0.0;             ///< thickness of a line under or through a text
+        double underline = 0.0;             ///< middle of the line under a text, below the baseline
+        double strikeout = 0.0;             ///< middle of the line through a text, above the baseline
+    };
+    const Measures& InEm() const { return measures; }
+    /// Pixels of an em of a font of this face, by its height.
+    double EmPixels(const SurfaceFont& font) const;
+
+    /// A text in UTF-8 as it is read: joined, combined, each stretch in its own direction. Control
+    /// characters and line ends are blanks.
+    ShapedText Shape(std::string_view utf8);
+
+private:
+    using Outlines = std::unordered_map<std::uint32_t, QPainterPath>;
+
+    QPainterPath OutlineOf(const QRawFont& raw, std::uint32_t glyph);
+
+    QFont font;
+    Measures measures;
+    std::vector<std::pair<QRawFont, Outlines>> outlines; ///< made so far
+    std::size_t outlineCount = 0;
+};
+
+} // namespace quelmont
