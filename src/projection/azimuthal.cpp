@@ -1,8 +1,10 @@
 #include "projection/azimuthal.h"
 
 #include "core/map_design.h"
+#include "projection/arctangent.h"
 #include "projection/forward.h"
 #include "projection/projection_table.h"
+#include "projection/sine_cosine.h"
 
 #include <cmath>
 
@@ -18,10 +20,12 @@ AzimuthalTerms TermsOfPoint() {
     AzimuthalTerms terms;
     const double phi = Design.ProjLat * DegToRad;
     const double dLon = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    terms.cosLat = std::cos(phi);
-    terms.sinLat = std::sin(phi);
-    terms.cosDLon = std::cos(dLon);
-    terms.sinDLon = std::sin(dLon);
+    const SineCosine lat = SineCosineOf(phi);
+    const SineCosine lon = SineCosineOf(dLon);
+    terms.cosLat = lat.cosine;
+    terms.sinLat = lat.sine;
+    terms.cosDLon = lon.cosine;
+    terms.sinDLon = lon.sine;
     // Snyder 1987, eq. 5-3.
     terms.cosC = (terms.cosLat * Design.CosLatCentral) * terms.cosDLon + terms.sinLat * Design.SinLatCentral;
     if (std::fabs(terms.cosC) > 1.0) {
@@ -44,7 +48,7 @@ double EquidistantScale(double cosC) {
     const double s = std::sqrt(1.0 - cosC * cosC);
     double c = QuarterPi + QuarterPi;
     if (std::fabs(cosC) >= 1e-08) {
-        c = std::atan(s / cosC);
+        c = ArctangentOf(s / cosC);
         if (c < 0.0) {
             c = c + Pi;
         }

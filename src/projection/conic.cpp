@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "projection/forward.h"
+#include "projection/sine_cosine.h"
 
 #include <cmath>
 
@@ -18,7 +19,7 @@ double ConicRho() {
     case ProjEquidistantConic:
         return (Design.ConicG - lat) * DegToRad; // Snyder 1987, eq. 16-1
     case ProjAlbers:
-        return Divide(SquareRoot(Design.ConicC - (n + n) * std::sin(lat * DegToRad)), n); // eq. 14-3
+        return Divide(SquareRoot(Design.ConicC - (n + n) * SineCosineOf(lat * DegToRad).sine), n); // eq. 14-3
     default:
         break;
     }
@@ -28,7 +29,8 @@ double ConicRho() {
         }
         return 0.0; // the apex of the cone
     }
-    return Divide(Design.ConicF, Power(std::tan(lat * HalfDegToRad + QuarterPi), n)); // eq. 15-1
+    const SineCosine half = SineCosineOf(lat * HalfDegToRad + QuarterPi);
+    return Divide(Design.ConicF, Power(half.sine / half.cosine, n)); // eq. 15-1, the tangent
 }
 
 } // namespace
@@ -46,7 +48,8 @@ void ForwardConic() {
         return;
     }
     const double theta = ((Design.ProjLon - Design.LonCentral) * Design.ConeConstant) * DegToRad;
-    StoreProjected(std::sin(theta) * rho, Design.ConicRho0 - std::cos(theta) * rho);
+    const SineCosine angle = SineCosineOf(theta);
+    StoreProjected(angle.sine * rho, Design.ConicRho0 - angle.cosine * rho);
 }
 
 } // namespace quelmont

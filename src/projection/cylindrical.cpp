@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "projection/forward.h"
+#include "projection/sine_cosine.h"
 
 #include <cmath>
 
@@ -10,6 +11,8 @@ namespace quelmont {
 void ForwardMercator() {
     const double x = (Design.ProjLon - Design.LonZero) * DegToRad;
     // Snyder 1987, eq. 7-2. The poles lie at infinity; the boundary dialog keeps them off the map.
+    // The logarithm is 0 at the equator, where the last digits of the tangent would show in it: the tangent
+    // is the C library's.
     const double tangent = std::tan(Design.ProjLat * HalfDegToRad + QuarterPi);
     if (!(tangent > 0.0)) {
         StoreX(x);
@@ -32,7 +35,7 @@ void ForwardCylindricalEqualArea() {
         return;
     }
     // Snyder 1987, eq. 10-1, 10-2 for a latitude of true scale.
-    StoreProjected(x, std::sin(Design.ProjLat * DegToRad) / Design.CosStdPar);
+    StoreProjected(x, SineCosineOf(Design.ProjLat * DegToRad).sine / Design.CosStdPar);
 }
 
 } // namespace quelmont

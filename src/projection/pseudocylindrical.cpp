@@ -2,8 +2,12 @@
 
 #include "core/map_design.h"
 #include "projection/forward.h"
+#include "projection/sine_cosine.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 
 namespace quelmont {
 
@@ -11,16 +15,16 @@ void ForwardHammer() {
     // Snyder 1987, eq. 24-1 and following, with half the longitude difference.
     const double phi = Design.ProjLat * DegToRad;
     const double lam = (Design.ProjLon - Design.LonCentral) * HalfDegToRad;
-    const double c = std::cos(phi);
-    const double sinPhi = std::sin(phi);
-    const double denominator = c * std::cos(lam) + 1.0;
+    const auto [sinPhi, c] = SineCosineOf(phi);
+    const auto [sinLam, cosLam] = SineCosineOf(lam);
+    const double denominator = c * cosLam + 1.0;
     if (!(denominator > 0.0)) {
         // Without the factor neither coordinate can be computed.
         ReportProjectSelect(denominator == 0.0 ? ErrorDivisionByZero : ErrorInvalidCall);
         return;
     }
     const double d = std::sqrt(2.0 / denominator);
-    StoreProjected(((d + d) * c) * std::sin(lam), sinPhi * d);
+    StoreProjected(((d + d) * c) * sinLam, sinPhi * d);
 }
 
 namespace {
@@ -29,11 +33,9 @@ namespace {
 /// some 25 next to a pole, where it converges linearly; rounding can keep it from ending there.
 constexpr int MollweideRounds = 200;
 
-/// Auxiliary angle theta of the Mollweide projection: 2 theta + sin 2 theta = pi sin phi.
-double MollweideTheta(double latitude, double phi) {
-    if (std::fabs(latitude) == 90.0 || latitude == 0.0) {
-        return phi;
-    }
+/// Auxiliary angle theta of the Mollweide projection, 2 theta + sin 2 theta = pi sin phi, by Newton's rule
+/// from phi (radians). No number where its slope is zero.
+double MollweideAngle(double phi) {
     const double target = std::sin(phi) * Pi;
     double t = phi;
     for (int round = 0; round < MollweideRounds; ++round) {
@@ -50,20 +52,80 @@ double MollweideTheta(double latitude, double phi) {
     return t;
 }
 
+/// Theta between the equator and 85 degrees as cubics over quarters of a degree, to 3e-9: where one round
+/// of Newton's rule begins, and ends below the rounding of its last digits. Nearer to the pole the slope
+/// of theta has no bound.
+class MollweideStart {
+public:
+    static constexpr double Limit = 85.0; ///< degrees
+
+    MollweideStart() noexcept {
+        const double width = DegToRad / PerDegree;
+        for (std::size_t i = 0; i < Pieces; ++i) {
+            const double from = static_cast<double>(i) * width;
+            const double a = MollweideAngle(from);
+            const double b = MollweideAngle(from + width);
+            const double slopeA = Slope(from, a) * width;
+            const double slopeB = Slope(from + width, b) * width;
+            pieces[i] = {a, slopeA, 3.0 * (b - a) - 2.0 * slopeA - slopeB, 2.0 * (a - b) + slopeA + slopeB};
+        }
+    }
+
+    /// Of a latitude from 0 to below Limit, degrees; radians.
+    double At(double latitude) const {
+        const double scaled = latitude * PerDegree;
+        const auto index = static_cast<std::size_t>(static_cast<std::int32_t>(scaled));
+        const double u = scaled - static_cast<double>(index);
+        const Piece& p = pieces[index];
+        return p.constant + u * (p.linear + u * (p.square + u * p.cube));
+    }
+
+private:
+    static constexpr std::int32_t PerDegree = 4;
+    static constexpr std::size_t Pieces = 85 * PerDegree;
+    struct Piece {
+        double constant, linear, square, cube;
+    };
+
+    /// d theta / d phi.
+    static double Slope(double phi, double theta) {
+        const double cosine = std::cos(theta);
+        return Pi * std::cos(phi) / (4.0 * cosine * cosine);
+    }
+
+    std::array<Piece, Pieces> pieces;
+};
+
+/// Sine and cosine of theta for a latitude in degrees; phi is the same in radians.
+SineCosine MollweideTheta(double latitude, double phi) {
+    static const MollweideStart start;
+    const double size = std::fabs(latitude);
+    if (!(size < MollweideStart::Limit)) {
+        const double theta = size == 90.0 ? phi : MollweideAngle(phi);
+        return {std::sin(theta), std::cos(theta)};
+    }
+    const double t = start.At(size);
+    const auto [sine, cosine] = SineCosineOf(t);
+    const double target = SineCosineOf(std::fabs(phi)).sine * Pi;
+    const double d = (target - (t + t) - 2.0 * sine * cosine) / (4.0 * cosine * cosine);
+    // The sums for theta = t + d; the cube of d is below the last digit.
+    const double half = 0.5 * d * d;
+    return {std::copysign(sine + (cosine * d - sine * half), latitude), cosine - (sine * d + cosine * half)};
+}
+
 } // namespace
 
 void ForwardMollweide() {
     // Snyder 1987, eq. 31-1, 31-2, 31-4.
     const double phi = Design.ProjLat * DegToRad;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    const double theta = MollweideTheta(Design.ProjLat, phi);
-    if (!std::isfinite(theta)) {
+    const auto [sine, cosine] = MollweideTheta(Design.ProjLat, phi);
+    if (!std::isfinite(sine)) {
         // Very near a pole the slope of Newton's rule is zero.
         ReportProjectSelect(ErrorDivisionByZero);
         return;
     }
-    StoreProjected(((Sqrt2 + Sqrt2) * lam * std::cos(theta)) / Pi + Design.LobeOffsetX,
-                   std::sin(theta) * Sqrt2);
+    StoreProjected(((Sqrt2 + Sqrt2) * lam * cosine) / Pi + Design.LobeOffsetX, sine * Sqrt2);
 }
 
 void ForwardRobinson() {

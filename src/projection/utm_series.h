@@ -3,8 +3,8 @@
 #include "core/checked_math.h"
 #include "core/coordinates.h"
 #include "core/map_design.h"
-
-#include <cmath>
+#include "projection/interval.h"
+#include "projection/sine_cosine.h"
 
 namespace quelmont {
 
@@ -21,21 +21,32 @@ Number MeridianArc(Number phi, Number sin2, Number cos2) {
            Design.SpheroidA;
 }
 
+/// What the series needs of a latitude.
+template <typename Number>
+struct LatitudeTerms {
+    Number sine, cosine, tangent;
+    Number sineOfTwice, cosineOfTwice;
+};
+
+/// p: radians.
+inline LatitudeTerms<double> TermsOfLatitude(double p) {
+    const auto [sine, cosine] = SineCosineOf(p);
+    return {sine, cosine, sine / cosine, 2.0 * sine * cosine, 1.0 - 2.0 * sine * sine};
+}
+inline LatitudeTerms<Interval> TermsOfLatitude(Interval p) {
+    return {sin(p), cos(p), tan(p), sin(2.0 * p), cos(2.0 * p)};
+}
+
 /// The forward series of the zone, for numbers or for intervals of them.
 ///
 /// p: latitude, radians. dl: longitude from the central meridian, degrees.
 /// Reads the spheroid and zone of the design. Source: Snyder 1987, eq. 8-9 to 8-15.
 template <typename Number>
 UtmPlace<Number> UtmSeries(Number p, Number dl) {
-    using std::cos;
-    using std::sin;
-    using std::tan;
-    const Number sinp = sin(p);
-    const Number cosp = cos(p);
-    const Number tanp = tan(p);
+    const auto [sinp, cosp, tanp, sin2p, cos2p] = TermsOfLatitude(p);
     const Number t = tanp * tanp;
     const Number t2 = t * t;
-    const auto m = MeridianArc<Number>(p, sin(2.0 * p), cos(2.0 * p));
+    const auto m = MeridianArc<Number>(p, sin2p, cos2p);
     const double ep2 = Design.SpheroidEp2;
     const Number n = Divide(Design.SpheroidA, SquareRoot(1.0 - (Design.SpheroidE2 * sinp) * sinp));
     const Number c = (ep2 * cosp) * cosp;
