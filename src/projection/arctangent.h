@@ -35,8 +35,10 @@ inline double ArctangentOf(double tangent) {
         return tangent; // no number
     }
     constexpr auto steps = static_cast<double>(ArctangentSteps::Steps);
-    const ArctangentSteps::Step& at =
-        TheArctangentSteps.At(static_cast<std::size_t>(static_cast<int>(y * steps + 0.5)));
+    // Added to a number below 2^51, this leaves it rounded to a whole one.
+    constexpr double rounder = 0x1.8p52;
+    const double step = (y * steps + rounder) - rounder;
+    const ArctangentSteps::Step& at = TheArctangentSteps.At(static_cast<std::size_t>(step));
     const double z = (y - at.tangent) / (1.0 + y * at.tangent);
     const double z2 = z * z;
     const double rest = z * (z2 * (-1.0 / 3.0 + z2 * (1.0 / 5.0 - z2 * (1.0 / 7.0))));

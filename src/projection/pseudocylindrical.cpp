@@ -81,8 +81,8 @@ public:
     }
 
 private:
-    static constexpr std::int32_t PerDegree = 4;
-    static constexpr std::size_t Pieces = 85 * PerDegree;
+    static constexpr double PerDegree = 4.0;
+    static constexpr std::size_t Pieces = 340; ///< PerDegree * Limit
     struct Piece {
         double constant, linear, square, cube;
     };
