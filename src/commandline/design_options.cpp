@@ -6,6 +6,7 @@
 #include "dialogs/bounds/boundary_defaults.h"
 #include "graticule/grid_types.h"
 #include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 #include "projection/projection_table.h"
 
 #include <algorithm>
@@ -93,6 +94,11 @@ void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
     for (const int row : options.hidden) {
         entry.Features[static_cast<std::size_t>(row)].Shown = false;
     }
+    if (MayHaveLabels(entry.MapFileName)) {
+        entry.LabelFontName = options.labelFont.value_or(DefaultLabelFont);
+        entry.LabelFontSize = RoundToInt16(options.labelSize.value_or(DefaultLabelSize));
+        entry.LabelColor = options.labelColor.value_or(SolidColor(StandardColors[0]));
+    }
 }
 
 void TakeMaps(const DrawOptions& options) {
@@ -115,6 +121,7 @@ bool ApplyOptions(const DrawOptions& options) {
     Design.MapReduce = options.percent / 100.0;
     Design.LineWidthsScaled = !options.noLineScaling;
     Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
+    Design.LabelsVisible = !options.noLabels;
     TakeGrid(options);
     TakeMaps(options);
     return TakeProjection(options);

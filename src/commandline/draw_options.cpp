@@ -6,6 +6,7 @@
 #include "core/file_names.h"
 #include "mainwindow/start_up.h"
 #include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 
@@ -80,6 +81,10 @@ constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-sout
 /// The most that a dialog lets a line or a symbol measure.
 constexpr int LargestPixels = 600;
 
+/// Points that a font may have.
+constexpr int SmallestFont = 4;
+constexpr int LargestFont = 200;
+
 constexpr const char* Notes =
     R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
 west are negative). What is not given stands as the dialogs of the window propose
@@ -101,8 +106,9 @@ Examples:
       --lat-grid 6 --lon-grid 4 --window 1600x1000 mediterranean.png
       A region, on a larger picture.
   quelmont-draw --projection orthographic --central-lat 20S --central-lon 60W \
-      --map rivers.map --feature-color 0000FF --map towns.map --symbol 12 america.png
-      A globe, with map files and styles of one's own.
+      --map rivers.map --feature-color 0000FF --map towns.prn --symbol 12 \
+      --label-font "DejaVu Serif" --label-size 12 america.png
+      A globe, with map files and styles of one's own, and the names of the towns.
 
 Exit status: 0 done; 1 the design was refused, or a map file or the picture failed,
 as the messages tell; 2 the command line is wrong.)";
@@ -138,6 +144,7 @@ public:
 
 private:
     using Take = std::function<void(const std::string& value)>;
+    using TakeOfMap = std::function<void(MapFileOptions& map, const std::string& value)>;
 
     CLI::Option* Add(const std::string& name, const char* type, const char* description, Take take);
     template <std::size_t Size>
@@ -145,12 +152,13 @@ private:
     template <std::size_t Size>
     void AddDigits(const DigitsOption& option, const char* type,
                    std::array<std::optional<std::string>, Size>& texts);
-    void AddOfMap(const std::string& name, const char* type, const char* description,
-                  std::function<void(MapFileOptions& map, const std::string& value)> take);
+    void AddOfMap(const std::string& name, const char* type, const char* description, TakeOfMap take);
+    void AddOfLabels(const std::string& name, const char* type, const char* description, TakeOfMap take);
     void AddProjection();
     void AddUtm();
     void AddGrid();
     void AddMaps();
+    void AddLabels();
     void AddPicture();
 
     DrawOptions& options;
@@ -283,7 +291,7 @@ void OptionTable::AddGrid() {
 /// An option that belongs to the --map before it, and to the default map before the first. It is taken when
 /// it is read, not at the end.
 void OptionTable::AddOfMap(const std::string& name, const char* type, const char* description,
-                           std::function<void(MapFileOptions& map, const std::string& value)> take) {
+                           TakeOfMap take) {
     Add(name, type, description, [this, name, take = std::move(take)](const std::string& value) {
         if (options.maps.empty()) {
             take(options.defaultMap, value);
@@ -292,6 +300,35 @@ void OptionTable::AddOfMap(const std::string& name, const char* type, const char
             take(options.maps.back(), value);
         }
     })->trigger_on_parse();
+}
+
+/// An option of the labels that the points of a map file may have.
+void OptionTable::AddOfLabels(const std::string& name, const char* type, const char* description,
+                              TakeOfMap take) {
+    AddOfMap(name, type, description,
+             [take = std::move(take)](MapFileOptions& map, const std::string& value) {
+                 if (!MayHaveLabels(map.file)) {
+                     throw BadValue("the points of " + map.file + " have no labels");
+                 }
+                 take(map, value);
+             });
+}
+
+void OptionTable::AddLabels() {
+    app.add_flag("--no-labels", options.noLabels, "No labels beside the points of any map")->group(group);
+    AddOfLabels("--label-font", "NAME", "Font of its labels (Arial)",
+                [](MapFileOptions& file, const std::string& value) {
+                    if (value.empty()) {
+                        throw BadValue("\"\" is no font");
+                    }
+                    file.labelFont = value;
+                });
+    AddOfLabels("--label-size", "4..200", "Their size in points (10)",
+                [](MapFileOptions& file, const std::string& value) {
+                    file.labelSize = NumberValue(value, SmallestFont, LargestFont);
+                });
+    AddOfLabels("--label-color", "RRGGBB", "Their colour (000000)",
+                [](MapFileOptions& file, const std::string& value) { file.labelColor = ColorOf(value); });
 }
 
 void OptionTable::AddMaps() {
@@ -327,6 +364,7 @@ void OptionTable::AddMaps() {
                      NumbersValue(value, 1, static_cast<int>(FeatureRows(file.file).size()));
                  file.hidden.insert(file.hidden.end(), rows.begin(), rows.end());
              });
+    AddLabels();
 }
 
 void OptionTable::Read(std::vector<std::string> arguments) {

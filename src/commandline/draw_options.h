@@ -22,6 +22,9 @@ struct MapFileOptions {
     std::optional<int> symbolSize;
     std::optional<int> borderWidth;
     std::vector<int> hidden; ///< feature rows, from 1
+    std::optional<std::string> labelFont;
+    std::optional<int> labelSize; ///< points
+    std::optional<ColorValue> labelColor;
 };
 
 /// The command line of quelmont-draw. Angles and metres are the texts of the fields that they stand
@@ -39,6 +42,7 @@ struct DrawOptions {
     std::optional<int> gridWidth; ///< pixels
     std::optional<ColorValue> background;
     bool noMap = false;
+    bool noLabels = false;
     std::vector<MapFileOptions> maps; ///< empty: the default map
     MapFileOptions defaultMap;        ///< its style; the file is the one that comes with the program
     std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it

@@ -1,5 +1,6 @@
 #include "mainwindow/map_draw.h"
 
+#include "annotation/label_convert.h"
 #include "core/checked_math.h"
 #include "core/elapsed.h"
 #include "core/error_box.h"
@@ -138,6 +139,7 @@ void End() {
     ReleaseDevicePen(1, "MapDraw");
     DropExports(); // what is whole has taken its place
     DisarmExports();
+    GiveBackTextItems();
     Design.OutputFileName.clear();
     ResetLineState();
     MainWindow& window = *Machine().window;

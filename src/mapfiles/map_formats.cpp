@@ -78,6 +78,11 @@ const MapFormat* MapFormatOfEnding(std::string_view fileName) {
     return ends ? &format : nullptr;
 }
 
+bool MayHaveLabels(std::string_view fileName) {
+    const MapFileForm form = MapFormatOf(fileName).form;
+    return form == MapFileForm::AsciiDegrees || form == MapFileForm::AsciiMetres;
+}
+
 std::string EndingOf(const MapFormat& format) {
     std::string ending = ".";
     for (const char letter : format.letters) {

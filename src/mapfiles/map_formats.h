@@ -50,6 +50,9 @@ const MapFormat& MapFormatOf(std::string_view fileName);
 /// The same for a name that has to end in "." and the letters of a format; null for any other.
 const MapFormat* MapFormatOfEnding(std::string_view fileName);
 
+/// Whether the points of a file may have labels: those of text files in degrees and in metres.
+bool MayHaveLabels(std::string_view fileName);
+
 /// "." and the letters in small ones; "." alone for the format of any other name.
 std::string EndingOf(const MapFormat& format);
 

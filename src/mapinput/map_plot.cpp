@@ -1,5 +1,7 @@
 #include "mapinput/map_plot.h"
 
+#include "annotation/label_convert.h"
+#include "annotation/label_print.h"
 #include "core/elapsed.h"
 #include "core/error_box.h"
 #include "core/file_names.h"
@@ -77,6 +79,9 @@ void GiveUpExport() {
     DisarmWriters();
 }
 
+/// Of the passes over an interrupted map the last, of any other map the one that there is.
+bool IsLastPass() { return Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast; }
+
 /// One call of MapPlot.
 class MapPlotRun {
 public:
@@ -87,11 +92,15 @@ private:
 
     After PlotFile(std::int32_t index);
     After ReadMapFile(std::int32_t index);
+    bool PrintLabels();
     void ShowFailure(const RunTimeError& error) const;
     void AddStatistics(std::int32_t index, double start) const;
-    static void Close();
+    void Close() const;
 
     MapPoint point;
+    /// Of the passes before this one.
+    std::size_t labelsBefore = Design.LobeFirst ? 0 : Design.MapLabels.size();
+    bool labelsPlaced = false;
     std::string caption; ///< of the window, as the draw cycle set it
     std::string fileName;
     bool failedInFile = false; ///< and not at the export
@@ -101,16 +110,17 @@ void MapPlotRun::Run() {
     try {
         caption = Machine().window->Caption();
         Design.LineStart = LineContinues; // a draw before this one may have ended anywhere
-        Design.MapLabels.clear();
         if (Design.LobeFirst) {
             MapInputNow.FilesWithoutLineStarts.clear();
+            Design.MapLabels.clear();
+            RememberTextItems();
         }
         bool whole = true;
         for (std::int32_t index = 1; whole && index <= Design.MapFileCount; ++index) {
             whole = PlotFile(index) == After::NextFile;
         }
         Design.PenWidth = 1;
-        if (whole && (Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast)) {
+        if (whole && PrintLabels() && IsLastPass()) {
             FinishFile();
         }
     } catch (const RunTimeError& error) {
@@ -120,6 +130,16 @@ void MapPlotRun::Run() {
     }
     MapInputNow.StartLine = false;
     Close();
+}
+
+/// The labels of this pass; texts that the file is to have too. False when Escape was pressed.
+bool MapPlotRun::PrintLabels() {
+    LabelPrint(labelsBefore);
+    labelsPlaced = true;
+    if (Design.LabelsVisible) {
+        ConvertLabels(labelsBefore);
+    }
+    return Design.PlotStopReason != StopReason::Escape;
 }
 
 MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
@@ -192,10 +212,17 @@ void MapPlotRun::AddStatistics(std::int32_t index, double start) const {
     entry.PointsPlotted += point.PointsPlotted;
 }
 
-void MapPlotRun::Close() {
+void MapPlotRun::Close() const {
+    if (!labelsPlaced) {
+        Design.MapLabels.resize(labelsBefore);
+    }
+    const bool lastPass = IsLastPass() || Design.PlotStopReason == StopReason::Escape;
+    if (lastPass) {
+        GiveBackTextItems();
+    }
     Guarded(Routine, CloseExport);
     Guarded(Routine, [] { CloseFile(InputFileNumber); });
-    if (Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast) {
+    if (lastPass) {
         Design.OutputFileName.clear();
     }
     DeleteMapPen(SiteEndOfMap);

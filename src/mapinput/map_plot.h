@@ -2,14 +2,15 @@
 
 namespace quelmont {
 
-/// Plots the map files of the list, on the surface in use and into the file that is armed.
+/// Plots the map files of the list, on the surface in use and into the file that is armed, and over them
+/// their labels. Labels are text items too as long as the draw goes on, for the file.
 ///
 /// Reads   the list InputFiles with MapFileCount, the bounds and the projection of the map, the
-///         output flags, AsciiFileName, GridOutputCount, LobeLast.
+///         output flags, AsciiFileName, GridOutputCount, LabelsVisible, LobeFirst, LobeLast.
 /// Writes  Surface, DevicePixelX, DevicePixelY, CurrentSymbolType, PenColor, PenWidth, the symbol
 ///         sizes, the point cell, OutputFileName, UtmPointPath, the window's caption, the
-///         labels of this pass in MapLabels, and Statistics.MapFiles: an entry per file, added up over the
-///         passes of a draw.
+///         labels with their places in MapLabels, those of this pass behind the ones before, and
+///         Statistics.MapFiles: an entry per file, added up over the passes of a draw.
 /// Lets events run every 800 points and leaves when PlotStopReason is StopReason::Escape. A run-time failure
 /// shows "Error in MapPlot", with the name of the map file that brought it, a file that is not there "File
 /// not found error in MapPlot"; the files after it are not plotted then. Files 1 and 2 are closed however it

@@ -242,6 +242,24 @@ TEST_F(DesignOptions, BorderWidthIsOfSymbolsThatHaveABorder) {
     }
 }
 
+TEST_F(DesignOptions, LabelsAreArialOfTenPointsInBlackUnlessToldOtherwise) {
+    ASSERT_TRUE(Apply({"--map", "a.prn", "--label-font", "Courier", "--label-size", "24", "--label-color",
+                       "FF0000", "--map", "b.utm", "--map", "c.map"}));
+    EXPECT_EQ(Design.InputFiles[0].LabelFontName, "Courier");
+    EXPECT_EQ(Design.InputFiles[0].LabelFontSize, 24);
+    EXPECT_EQ(Design.InputFiles[0].LabelColor, SolidColor(Rgb(255, 0, 0)));
+    EXPECT_EQ(Design.InputFiles[1].LabelFontName, "Arial");
+    EXPECT_EQ(Design.InputFiles[1].LabelFontSize, 10);
+    EXPECT_EQ(Design.InputFiles[1].LabelColor, 33554432U);
+    EXPECT_EQ(Design.InputFiles[2].LabelFontName, "") << "has no labels";
+    EXPECT_TRUE(Design.LabelsVisible);
+}
+
+TEST_F(DesignOptions, LabelsCanBeLeftOut) {
+    ASSERT_TRUE(Apply({"--no-labels"}));
+    EXPECT_FALSE(Design.LabelsVisible);
+}
+
 TEST_F(DesignOptions, NoMapLeavesTheListEmpty) {
     ASSERT_TRUE(Apply({"--no-map"}));
     EXPECT_THAT(Design.InputFiles, IsEmpty());

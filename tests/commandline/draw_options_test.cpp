@@ -139,6 +139,35 @@ TEST(DrawOptionsOf, MapFilesBelongToTheMapBeforeThem) {
     EXPECT_THAT(options.maps[2].hidden, ElementsAre(1, 3, 10));
 }
 
+TEST(DrawOptionsOf, LabelsBelongToTheMapBeforeThem) {
+    const DrawOptions options = Read({"--map", "a.prn", "--label-font", "DejaVu Serif", "--label-size", "14",
+                                      "--label-color", "0000FF", "--map", "b.utm", "--label-size", "4",
+                                      "--map", "towns.txt", "--label-size", "200", "a.png"});
+    ASSERT_EQ(options.maps.size(), 3U);
+    EXPECT_EQ(options.maps[0].labelFont, "DejaVu Serif");
+    EXPECT_EQ(options.maps[0].labelSize, 14);
+    EXPECT_EQ(options.maps[0].labelColor, 0x02FF0000U);
+    EXPECT_FALSE(options.maps[1].labelFont);
+    EXPECT_EQ(options.maps[1].labelSize, 4);
+    EXPECT_FALSE(options.maps[1].labelColor);
+    EXPECT_EQ(options.maps[2].labelSize, 200) << "read as a text of points, as every ending of no format";
+    EXPECT_FALSE(options.noLabels);
+    EXPECT_TRUE(Read({"--no-labels", "a.png"}).noLabels);
+}
+
+TEST(WrongUsageOf, Labels) {
+    EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--label-size", "3"}), HasSubstr("from 4 to 200"));
+    EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--label-size", "201"}), HasSubstr("from 4 to 200"));
+    EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--label-color", "blue"}), HasSubstr("--label-color"));
+    EXPECT_THAT(Fault({"a.png", "--map", "a.prn", "--label-font", ""}), HasSubstr("--label-font"));
+    for (const std::string name : {"--label-font", "--label-size", "--label-color"}) {
+        EXPECT_THAT(Fault({"a.png", "--map", "a.pkv", name, "10"}),
+                    HasSubstr(name + ": the points of a.pkv have no labels"));
+        EXPECT_THAT(Fault({"a.png", name, "10"}), HasSubstr("have no labels")) << "the default map";
+    }
+    EXPECT_NE(Fault({"a.png", "--no-labels=maybe"}), "");
+}
+
 TEST(WrongUsageOf, TheCommandLine) {
     EXPECT_THAT(Fault({}), HasSubstr("OUTPUT"));
     EXPECT_THAT(Fault({"a.gif"}), HasSubstr("does not end in .png"));
@@ -238,6 +267,10 @@ TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
                              "--symbol-size",
                              "--border-width",
                              "--hide",
+                             "--no-labels",
+                             "--label-font",
+                             "--label-size",
+                             "--label-color",
                              "--window",
                              "--screen",
                              "--percent",

@@ -173,7 +173,7 @@ TEST_F(AsciiMapReader, EscapeIsHonouredAtA800thPoint) {
     machine.pump.At(1, [] { PressEscape(); });
     Plot(contents);
     EXPECT_EQ(Counted().PointsRead, 800);
-    EXPECT_THAT(Labels(), SizeIs(799));
+    EXPECT_EQ(Counted().PointsPlotted, 799);
     ExpectCleanEnd();
 }
 
@@ -300,7 +300,7 @@ TEST_F(AsciiMapReader, LabelsAreWindows1252UnlessTheyAreUtf8) {
 
 TEST_F(AsciiMapReader, LabelWithoutAClosingQuoteIsAnError) {
     Plot("1,1,1,\"Oslo\"\n1,1,1,\"Bergen\n1,1,1,\"Paris\"\n");
-    EXPECT_THAT(Labels(), ElementsAre("Oslo"));
+    EXPECT_THAT(Labels(), IsEmpty()) << "a plot that fails places none";
     EXPECT_THAT(recorder.points, SizeIs(1)) << "its point is not drawn either";
     ExpectError("Invalid procedure call or argument");
 }
