@@ -37,6 +37,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"LineWidthScale",   LayOutLineWidths},
     {"MapReduce",        LayOutMapSize},
     {"SelectGridType",   LayOutGridType},
+    {"SelectLabelOption", LayOutLabelOption},
     {"SymbolSizeSpin",   LayOutSymbolSize},
     {"UtmCoords",        LayOutUtmBounds},
     {"UtmParameters",    LayOutUtmParameters},

@@ -56,6 +56,13 @@ void LayOutGridType(FormView& view) {
     view.AddButtons({"OK", "Cancel"});
 }
 
+void LayOutLabelOption(FormView& view) {
+    QListWidget* list = view.AddList("LabelOption");
+    view.Column()->addWidget(view.CaptionOf(list));
+    view.Column()->addWidget(list);
+    view.AddButtons({"OK", "Cancel"});
+}
+
 void LayOutColors(FormView& view) {
     QLabel* purpose = view.AddLabel("Purpose");
     view.Column()->addWidget(purpose);

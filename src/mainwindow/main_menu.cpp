@@ -50,7 +50,7 @@ constexpr std::array DesignMenu = {
     MenuEntry{SmallCircleItem,       "&Small Circle"},
     MenuEntry{ 3},
     MenuEntry{AddTextItem,           "Add &Text to Map"},
-    MenuEntry{LabelsItem,            "&Labels"},
+    MenuEntry{LabelsItem,            "&Labels",                 ChooseLabels},
     MenuEntry{ 6},
     MenuEntry{BackgroundItem,        "B&ackground Color",        ChooseBackground},
     MenuEntry{GridItem,              "&Grid Color, Width, Type", ChooseGrid},

@@ -9,6 +9,7 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
+#include "dialogs/text/select_label_option.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
@@ -56,6 +57,8 @@ void ChooseBackground(int /*index*/) {
 }
 
 void ChooseGrid(int /*index*/) { ShowDialog<SelectGridType>(); }
+
+void ChooseLabels(int /*index*/) { ShowDialog<SelectLabelOption>(); }
 
 void ChooseLineWidths(int /*index*/) { ShowDialog<LineWidthScale>(); }
 

@@ -17,6 +17,7 @@ void ChooseMapFiles(int index);
 void ChooseBoundaries(int index);
 void ChooseBackground(int index);
 void ChooseGrid(int index);
+void ChooseLabels(int index);
 void ChooseLineWidths(int index);
 
 /// Turns the mark of the pixel size item, and the size in the window's caption with it.

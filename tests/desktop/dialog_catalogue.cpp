@@ -17,6 +17,7 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
+#include "dialogs/text/select_label_option.h"
 #include "graticule/calc_graticule.h"
 #include "mapfiles/feature_rows.h"
 #include "projection/projection_table.h"
@@ -92,6 +93,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"utm-parameters", Of<UtmParameters>()},
         {"utm-coords", Of<UtmCoords>()},
         {"select-grid-type", Of<SelectGridType>()},
+        {"select-label-option", Of<SelectLabelOption>()},
         {"colors256", OfPurpose<Colors256>(PurposeBackground)},
         {"colors256-feature", OfPurpose<Colors256>(PurposeFeature)},
         {"line-width-scale", Of<LineWidthScale>()},

@@ -166,6 +166,16 @@ TEST_F(Commands, GridAndLineWidthHaveTheirDialogs) {
     EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 9));
 }
 
+TEST_F(Commands, LabelsHaveTheirDialog) {
+    machine.forms.Script("SelectLabelOption", [](Form& form) {
+        form.Choose("LabelOption", 0);
+        form.PressDefault();
+    });
+    mnuDesign_Click(5);
+    EXPECT_THAT(machine.forms.shown, ElementsAre("SelectLabelOption"));
+    EXPECT_FALSE(Design.LabelsVisible);
+}
+
 TEST_F(Commands, AboutTellsNameVersionLicenceAndSource) {
     machine.places.version = "3.07";
     Design.VersionText = "3.07";
