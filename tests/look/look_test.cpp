@@ -43,14 +43,15 @@ std::vector<SampleMap> SampleMaps() {
 /// The options with the size of the picture, where they tell none, and the paths of the maps.
 std::string WholeOptions(std::string options) {
     const std::filesystem::path folder = std::filesystem::path(QUELMONT_DRAW).parent_path();
-    const auto put = [&](const std::string& word, const char* map) {
+    const auto put = [&](const std::string& word, const std::filesystem::path& place) {
         const std::size_t at = options.find(word);
         if (at != std::string::npos) {
-            options.replace(at, word.size(), (folder / map).string());
+            options.replace(at, word.size(), place.string());
         }
     };
-    put("DEFAULT", "Qmnt4.map");
-    put("DETAIL", "detail.pkv");
+    put("DEFAULT", folder / "Qmnt4.map");
+    put("DETAIL", folder / "detail.pkv");
+    put("data/", std::filesystem::path(QUELMONT_LOOK) / "../../data/");
     return options.find("--window") == std::string::npos ? "--window 640x462 " + options : options;
 }
 
@@ -84,8 +85,8 @@ class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
 
 TEST(SampleMapList, HoldsEveryProjectionAndMore) {
     // Seventeen projections; maps of wide lines, of symbols and across the 180th meridian; six maps of
-    // each of the two map files.
-    EXPECT_EQ(SampleMaps().size(), 32U);
+    // each of the two map files; three of towns with their names.
+    EXPECT_EQ(SampleMaps().size(), 35U);
 }
 
 TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
