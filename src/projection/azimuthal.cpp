@@ -48,10 +48,8 @@ double EquidistantScale(double cosC) {
     const double s = std::sqrt(1.0 - cosC * cosC);
     double c = QuarterPi + QuarterPi;
     if (std::fabs(cosC) >= 1e-08) {
-        c = ArctangentOf(s / cosC);
-        if (c < 0.0) {
-            c = c + Pi;
-        }
+        c = ArctangentOf(s, cosC);
+        c = c + (c < 0.0 ? Pi : 0.0);
     }
     return c / s;
 }
