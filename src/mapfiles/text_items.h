@@ -15,7 +15,11 @@ constexpr bool IsDelimiter(char c) { return c == ' ' || c == '\t' || c == ',' ||
 
 /// Takes blanks and tabs off the front of a text.
 inline void TakeBlanks(std::string_view& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    std::size_t blanks = 0;
+    while (blanks < text.size() && (text[blanks] == ' ' || text[blanks] == '\t')) {
+        ++blanks;
+    }
+    text.remove_prefix(blanks);
 }
 
 /// Takes a line end off the front of a text, if there is one: a carriage return, a line feed, or both
@@ -31,10 +35,17 @@ inline void TakeLineEnd(std::string_view& text) {
     }
 }
 
-/// Takes blanks, tabs and line ends off the front of a text, and the mark by which programs of DOS
-/// end one.
+/// Whether a character stands for nothing between the lines of a text: a blank, a tab, a line end, and the
+/// mark by which programs of DOS end one.
+constexpr bool IsFilling(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\x1A'; }
+
+/// Takes filling off the front of a text.
 inline void TakeBlankLines(std::string_view& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\x1A"), text.size()));
+    std::size_t filling = 0;
+    while (filling < text.size() && IsFilling(text[filling])) {
+        ++filling;
+    }
+    text.remove_prefix(filling);
 }
 
 /// The number at the front of a text, 0 for a text without one. Behind its first digit it ends at a blank, a

@@ -44,6 +44,9 @@ auto TakeText(ByteReader& bytes, Take&& take) {
 /// Steps over blank lines. False at the end of the file. RunTimeError "Input past end of file" for a
 /// line of more than MaxFilling blanks.
 inline bool FindText(ByteReader& bytes) {
+    if (bytes.Has(1) && !IsFilling(TextAhead(bytes).front())) {
+        return true;
+    }
     std::size_t blanks = 0; // since the last line end
     while (bytes.Has(1)) {
         const std::string_view before = TextAhead(bytes);

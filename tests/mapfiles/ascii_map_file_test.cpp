@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <random>
+
 #include <limits>
 #include <ostream>
 
@@ -39,6 +42,40 @@ TEST(AsciiMapFile, NothingBetweenTwoCommasIs0) {
 }
 
 TEST(AsciiMapFile, WordsAre0) { EXPECT_EQ(First("break,lat,lon\n"), (AsciiMapPoint{0, 0.0, 0.0, ""})); }
+
+/// Whatever the number of digits, a number is the double nearest to it, the one that the C++ library reads.
+TEST(AsciiMapFile, NumbersAreTheNearestDoubles) {
+    std::mt19937 generator(5);
+    const auto digits = [&](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i) {
+            text += static_cast<char>('0' + generator() % 10);
+        }
+        return text;
+    };
+    for (int i = 0; i < 100'000; ++i) {
+        std::string number = generator() % 2 == 0 ? "-" : "";
+        number += digits(1 + static_cast<int>(generator() % 6));
+        if (generator() % 4 != 0) {
+            number += "." + digits(static_cast<int>(generator() % 14));
+        }
+        double expected = 0.0;
+        std::from_chars(number.data(), number.data() + number.size(), expected);
+        const AsciiMapPoint point = First("1," + number + ",7.25\n");
+        ASSERT_EQ(point.Second, expected) << number;
+        ASSERT_EQ(point.Third, 7.25) << number;
+    }
+}
+
+TEST(AsciiMapFile, SignsPointsAndExponentsMayStandAlone) {
+    EXPECT_EQ(First("1 +5 .5\n"), (AsciiMapPoint{1, 5.0, 0.5, ""}));
+    EXPECT_EQ(First("1 -.25 5.\n"), (AsciiMapPoint{1, -0.25, 5.0, ""}));
+    EXPECT_EQ(First("1 - .\n"), (AsciiMapPoint{1, 0.0, 0.0, ""}));
+    EXPECT_EQ(First("1 1e1 -2.5E-1\n"), (AsciiMapPoint{1, 10.0, -0.25, ""}));
+    EXPECT_EQ(First("1 1.2.3 4-5\n"), (AsciiMapPoint{1, 1.2, 4.0, ""}));
+    EXPECT_EQ(First("1 0000000000000000000012.5 1234567890123456\n"),
+              (AsciiMapPoint{1, 12.5, 1234567890123456.0, ""}));
+}
 
 TEST(AsciiMapFile, FirstNumberIsWhole) {
     EXPECT_EQ(First("-1,0,0\n").Break, -1);
