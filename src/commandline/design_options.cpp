@@ -124,6 +124,7 @@ bool ApplyOptions(const DrawOptions& options) {
     Design.LabelsVisible = !options.noLabels;
     TakeGrid(options);
     TakeMaps(options);
+    PlaceTexts(options.texts);
     return TakeProjection(options);
 }
 

@@ -81,10 +81,6 @@ constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-sout
 /// The most that a dialog lets a line or a symbol measure.
 constexpr int LargestPixels = 600;
 
-/// Points that a font may have.
-constexpr int SmallestFont = 4;
-constexpr int LargestFont = 200;
-
 constexpr const char* Notes =
     R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
 west are negative). What is not given stands as the dialogs of the window propose
@@ -103,8 +99,9 @@ Examples:
   quelmont-draw world.png
       The whole world on the equirectangular projection.
   quelmont-draw --projection mercator --north 48N --south 30N --west 7W --east 37E \
-      --lat-grid 6 --lon-grid 4 --window 1600x1000 mediterranean.png
-      A region, on a larger picture.
+      --lat-grid 6 --lon-grid 4 --window 1600x1000 --text "Mare Nostrum" --at 45%,68% \
+      --text-size 24 --italic --rotate 10 mediterranean.png
+      A region, on a larger picture, with a name on it.
   quelmont-draw --projection orthographic --central-lat 20S --central-lon 60W \
       --map rivers.map --feature-color 0000FF --map towns.prn --symbol 12 \
       --label-font "DejaVu Serif" --label-size 12 america.png
@@ -159,6 +156,7 @@ private:
     void AddGrid();
     void AddMaps();
     void AddLabels();
+    void AddTexts();
     void AddPicture();
 
     DrawOptions& options;
@@ -179,6 +177,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddUtm();
     AddGrid();
     AddMaps();
+    AddTexts();
 }
 
 std::string OptionTable::Help() const {
@@ -325,7 +324,7 @@ void OptionTable::AddLabels() {
                 });
     AddOfLabels("--label-size", "4..200", "Their size in points (10)",
                 [](MapFileOptions& file, const std::string& value) {
-                    file.labelSize = NumberValue(value, SmallestFont, LargestFont);
+                    file.labelSize = NumberValue(value, SmallestFontSize, LargestFontSize);
                 });
     AddOfLabels("--label-color", "RRGGBB", "Their colour (000000)",
                 [](MapFileOptions& file, const std::string& value) { file.labelColor = ColorOf(value); });
@@ -367,6 +366,16 @@ void OptionTable::AddMaps() {
     AddLabels();
 }
 
+void OptionTable::AddTexts() {
+    group = "Text, over everything; the others belong to the --text before";
+    AddTextOptions(
+        app, group,
+        [this](const std::string& name, const char* type, const char* description, Take take) {
+            return Add(name, type, description, std::move(take));
+        },
+        options.texts);
+}
+
 void OptionTable::Read(std::vector<std::string> arguments) {
     // The parser takes them from the back.
     std::reverse(arguments.begin(), arguments.end());
@@ -387,6 +396,9 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return TextAnswer{table.Version() + "\n"};
     } catch (const CLI::ParseError& error) {
         return WrongUsage{error.what()};
+    }
+    if (const std::string fault = FaultOf(options.texts); !fault.empty()) {
+        return WrongUsage{fault};
     }
     if (options.screen && (options.screen->x < options.window.x || options.screen->y < options.window.y)) {
         return WrongUsage{"--window: the picture is larger than the --screen"};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/text_options.h"
 #include "core/map_design.h"
 #include "core/standard_colors.h"
 #include "platform/draw_surface.h"
@@ -46,6 +47,7 @@ struct DrawOptions {
     std::vector<MapFileOptions> maps; ///< empty: the default map
     MapFileOptions defaultMap;        ///< its style; the file is the one that comes with the program
     std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it
+    std::vector<PlacedTextOptions> texts;       ///< each with its place
     SurfacePoint window{1280, 924};             ///< drawing area, pixels
     std::optional<SurfacePoint> screen;
     int percent = 100;

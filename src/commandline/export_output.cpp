@@ -59,6 +59,11 @@ std::string ColorThatDxfLacks() {
             }
         }
     }
+    for (const TextItem& text : Design.TextItems) {
+        if (reason.empty()) {
+            reason = ColorWithoutNumber(text.TextColour);
+        }
+    }
     return reason;
 }
 

@@ -29,6 +29,10 @@ std::string DigitsValue(std::string_view value, std::size_t width);
 /// A scale factor above 0, as it stands.
 std::string ScaleFactorValue(std::string_view value);
 
+/// Points that a font may have.
+constexpr int SmallestFontSize = 4;
+constexpr int LargestFontSize = 200;
+
 int NumberValue(std::string_view value, int least, int most);
 /// Whole numbers from least to most, separated by commas.
 std::vector<int> NumbersValue(std::string_view value, int least, int most);

@@ -5,7 +5,9 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "output/export_file.h"
+#include "platform/machine.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -106,6 +108,33 @@ void TakeInHand(const TextItem& item) {
 } // namespace
 
 SurfaceFont WindowFont(const TextLook& look) { return FontOf(look, WindowHeight(look), 0); }
+
+TextItem TextInHandAsItem(std::string_view routine) {
+    const TextLook& look = Design.CurrentLook;
+    TextItem item;
+    item.TextString = Design.CurrentText;
+    item.TextAngle = RoundToInt16(ValueOf(Design.CurrentTextAngle));
+    item.TextFont = look.FontName;
+    item.TextSize = RoundToInt16(look.FontSize);
+    item.TextColour = look.FontColour;
+    item.TextBold = look.FontBold;
+    item.TextItalic = look.FontItalic;
+    item.TextUnderline = look.FontUnderline;
+    item.TextStrikeout = look.FontStrikeout;
+    item.TextX = Design.CurrentX;
+    item.TextY = Design.CurrentY;
+    item.TextPlaced = true;
+    const std::optional<FontMetrics> metrics = Machine().fonts->Metrics(WindowFont(look));
+    ReportUnless(metrics.has_value(), "GetTextMetrics error in " + std::string(routine));
+    if (metrics) {
+        const double twipsY = Design.TwipsPerPixelY;
+        item.TextWidth = RoundToInt16(static_cast<double>(Design.TwipsPerPixelX) * metrics->averageWidth);
+        item.TextHeight = RoundToInt16(twipsY * metrics->ascent);
+        item.TextDescent = RoundToInt16(twipsY * metrics->descent);
+        item.TextCellHeight = RoundToInt16(twipsY * metrics->height);
+    }
+    return item;
+}
 
 void PrintRotatedText() {
     const auto print = [] { Draw(Design.TextToMetafile ? TextOnMetafile() : TextOnWindow()); };

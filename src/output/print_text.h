@@ -3,6 +3,8 @@
 #include "core/map_design.h"
 #include "platform/draw_surface.h"
 
+#include <string_view>
+
 namespace quelmont {
 
 /// The font in which the window writes by a look: not turned, its height that of its size in pixels of the
@@ -10,6 +12,13 @@ namespace quelmont {
 ///
 /// Reads   TwipsPerPixelY. RunTimeError "Overflow" for a size without a height.
 SurfaceFont WindowFont(const TextLook& look);
+
+/// The text in hand as a text item placed by hand, with the measures of its font on the window.
+///
+/// Reads   CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY, TwipsPerPixelX, TwipsPerPixelY.
+/// A font without measures shows "GetTextMetrics error in routine", and the item has none. RunTimeError
+/// "Overflow" for a number that its field does not hold.
+TextItem TextInHandAsItem(std::string_view routine);
 
 /// Draws the text in hand on the surface in use, turned about its anchor on the baseline: on the window, or
 /// on a metafile. A metafile's y grows upward, so angles are negated there, and lengths are taken as shares

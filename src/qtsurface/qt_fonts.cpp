@@ -24,6 +24,12 @@ QString WithoutFoundry(const QString& family) {
     return bracket < 0 ? family : family.left(bracket);
 }
 
+/// Names that Qt has for whatever the machine prefers; they mean nothing in a file that goes elsewhere.
+bool IsPreference(const QString& family) {
+    return family == QLatin1String("Monospace") || family == QLatin1String("Sans Serif") ||
+           family == QLatin1String("Serif");
+}
+
 bool HasLatin(const QString& family) {
     return QFontDatabase::writingSystems(family).contains(QFontDatabase::Latin);
 }
@@ -36,7 +42,8 @@ std::vector<std::string> QtFonts::Families() {
     QStringList others;
     const QStringList families = QFontDatabase::families();
     for (const QString& family : families) {
-        if (QFontDatabase::isScalable(family) && !QFontDatabase::isPrivateFamily(family)) {
+        if (QFontDatabase::isScalable(family) && !QFontDatabase::isPrivateFamily(family) &&
+            !IsPreference(family)) {
             (HasLatin(family) ? latin : others).append(WithoutFoundry(family));
         }
     }

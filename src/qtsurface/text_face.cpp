@@ -3,9 +3,11 @@
 #include "core/text_encoding.h"
 #include "qtsurface/gui_application.h"
 
+#include <QByteArray>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QString>
+#include <QtEndian>
 #include <QTextLayout>
 #include <QTransform>
 
@@ -40,7 +42,14 @@ QString PlainText(std::string_view utf8) {
         const bool control = c < U' ' || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
         c = control ? U' ' : c;
     }
-    return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
+    // A letter with its marks is one character where there is one: most fonts place marks better there.
+    return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()))
+        .normalized(QString::NormalizationForm_C);
+}
+
+/// A number of a table of a font, 0 beyond its end.
+int NumberAt(const QByteArray& table, qsizetype offset) {
+    return offset + 2 > table.size() ? 0 : qFromBigEndian<qint16>(table.constData() + offset);
 }
 
 } // namespace
@@ -71,9 +80,27 @@ TextFace::TextFace(const SurfaceFont& made) {
     measures.ascent = metrics.ascent() / LayoutPixels;
     measures.descent = metrics.descent() / LayoutPixels;
     measures.averageWidth = metrics.averageCharWidth() / LayoutPixels;
-    measures.lineWidth = metrics.lineWidth() / LayoutPixels;
-    measures.underline = metrics.underlinePos() / LayoutPixels;
-    measures.strikeout = metrics.strikeOutPos() / LayoutPixels;
+    MeasureLines();
+}
+
+void TextFace::MeasureLines() {
+    // What a font that tells nothing gets.
+    measures.underline = 0.1;
+    measures.strikeout = -0.28;
+    measures.underlineWidth = measures.strikeoutWidth = 0.05;
+    // OpenType 1.9, "post" and "OS/2": y grows upward there.
+    const QRawFont raw = QRawFont::fromFont(font);
+    const double em = raw.unitsPerEm();
+    const QByteArray post = raw.fontTable("post");
+    const QByteArray os2 = raw.fontTable("OS/2");
+    if (em > 0.0 && NumberAt(post, 10) > 0) {
+        measures.underline = -NumberAt(post, 8) / em;
+        measures.underlineWidth = NumberAt(post, 10) / em;
+    }
+    if (em > 0.0 && NumberAt(os2, 26) > 0) {
+        measures.strikeout = -NumberAt(os2, 28) / em;
+        measures.strikeoutWidth = NumberAt(os2, 26) / em;
+    }
 }
 
 double TextFace::EmPixels(const SurfaceFont& made) const {

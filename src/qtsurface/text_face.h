@@ -41,11 +41,11 @@ public:
     explicit TextFace(const SurfaceFont& font);
 
     struct Measures {
-        double ascent = 0.0, descent = 0.0; ///< of the cell
-        double averageWidth = 0.0;          ///< of a character
-        double lineWidth = 0.0;             ///< thickness of a line under or through a text
-        double underline = 0.0;             ///< middle of the line under a text, below the baseline
-        double strikeout = 0.0;             ///< middle of the line through a text, above the baseline
+        double ascent = 0.0, descent = 0.0;           ///< of the cell
+        double averageWidth = 0.0;                    ///< of a character
+        double underline = 0.0, underlineWidth = 0.0; ///< upper edge and thickness of a line under a text
+        double strikeout = 0.0,
+               strikeoutWidth = 0.0; ///< of a line through it; edges from the baseline downward
     };
     const Measures& InEm() const { return measures; }
     /// Pixels of an em of a font of this face, by its height.
@@ -58,6 +58,7 @@ public:
 private:
     using Outlines = std::unordered_map<std::uint32_t, QPainterPath>;
 
+    void MeasureLines();
     QPainterPath OutlineOf(const QRawFont& raw, std::uint32_t glyph);
 
     QFont font;

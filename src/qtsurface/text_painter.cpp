@@ -16,7 +16,8 @@ constexpr std::int32_t LargestHeight = 32767;
 QTransform ToPixels(const TextFace& face, const SurfaceFont& font, const TextPlace& place) {
     const double em = face.EmPixels(font);
     QTransform transform = QTransform::fromTranslate(place.anchor.x, place.anchor.y);
-    transform.rotate(-(font.escapement % 3600) / 10.0);
+    constexpr int turn = 3600;
+    transform.rotate(-((font.escapement % turn + turn) % turn) / 10.0);
     transform.scale(em, em);
     if (place.align == AlignTop) {
         transform.translate(0.0, face.InEm().ascent);
@@ -37,8 +38,8 @@ public:
         painter.fillPath(path, color);
         painted = true;
     }
-    void Line(double middle, double width, double length) {
-        const QRectF line(0.0, middle - width / 2.0, length, width);
+    void Line(double top, double width, double length) {
+        const QRectF line(0.0, top, length, width);
         if (length > 0.0 && Reaches(line)) {
             QPainterPath path;
             path.addRect(line);
@@ -83,10 +84,10 @@ bool PaintText(QImage& picture, const SurfaceFont& font, const TextPlace& place,
     }
     const TextFace::Measures& measures = face.InEm();
     if (font.underline) {
-        pen.Line(measures.underline, measures.lineWidth, text.width);
+        pen.Line(measures.underline, measures.underlineWidth, text.width);
     }
     if (font.strikeout) {
-        pen.Line(-measures.strikeout, measures.lineWidth, text.width);
+        pen.Line(measures.strikeout, measures.strikeoutWidth, text.width);
     }
     return pen.HasPainted();
 }
