@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <utility>
@@ -50,6 +51,26 @@ protected:
 
     TemporaryFolder folder;
 };
+
+TEST_F(Program, TextsAreTheSameWhateverTheUserHasSetForLetters) {
+    const std::string text =
+        "--no-map --window 400x200 --text 'Quelmont \u0416' --at 20,150 --rotate 20 --text-size 20 ";
+    ASSERT_EQ(Run(text + "plain.png"), 0);
+    EXPECT_EQ(Errors(), "");
+    std::filesystem::create_directories(folder / "settings/fontconfig");
+    std::ofstream(folder / "settings/fontconfig/fonts.conf")
+        << "<fontconfig><match target='font'>"
+           "<edit name='antialias' mode='assign'><bool>false</bool></edit>"
+           "<edit name='hintstyle' mode='assign'><const>hintfull</const></edit>"
+           "<edit name='autohint' mode='assign'><bool>true</bool></edit>"
+           "<edit name='rgba' mode='assign'><const>rgb</const></edit></match></fontconfig>";
+    ASSERT_EQ(Run(text + "set.png", "XDG_CONFIG_HOME=\"$PWD/settings\" QT_SCALE_FACTOR=2 QT_FONT_DPI=200 "
+                                    "LC_ALL=C "),
+              0);
+    EXPECT_EQ(Errors(), "");
+    const QImage plain(QString::fromStdString(folder / "plain.png"));
+    EXPECT_EQ(QImage(QString::fromStdString(folder / "set.png")), plain);
+}
 
 TEST_F(Program, DrawsTheWorldInSilence) {
     EXPECT_EQ(Run("world.png"), 0);

@@ -112,6 +112,26 @@ class Consumers(shapes.ConsumerTest):
         self.assert_only_the_file_itself_is_read_so(file, lambda name: read_by_ezdxf(name)[0], own,
                                                     with_digit_before(data, b" 20", b"VERTEX"))
 
+    def test_ezdxf_reads_every_text(self):
+        texts = ["Plain", "Quotes \"'", "%%u \\P {\\b} ^I ;", "K\u00f8ge \u0416", "a\r\nb\tc", "a\u200f\u202eb", "x" * 10000]
+        options = ["--no-map", "--grid-type", "5", "--window", "641x463"]
+        for place, text in enumerate(texts):
+            options += ["--text", text, "--at", f"{20 * place},{400 - 30 * place}", "--rotate", str(45 * place)]
+        file = self.draw(options, "texts.dxf")
+        document, auditor = recover.readfile(file)
+        self.assertEqual(len(auditor.errors) + len(auditor.fixes), 0)
+        found = [entity for entity in document.modelspace() if entity.dxftype() == "TEXT"]
+        self.assertEqual(len(found), len(texts))
+        # The drawing area is 640 pixels wide and 462 high without its last pixel, 32000 units by 23100.
+        for place, entity in enumerate(found):
+            self.assertEqual((entity.dxf.insert.x, entity.dxf.insert.y),
+                             (1000 * place, 23100 - 50 * (400 - 30 * place)))
+            self.assertEqual(entity.dxf.rotation, 45 * place)
+            self.assertGreater(entity.dxf.height, 0)
+        self.assertEqual(found[0].dxf.text, "Plain")
+        self.assertEqual(found[1].dxf.text, texts[1])
+        self.assertEqual(found[6].dxf.text, texts[6])
+
     def test_gdal_reads_every_line_of_the_default_map(self):
         file = self.draw(["--projection", "robinson"], "world.dxf")
         data = file.read_bytes()
