@@ -4,6 +4,7 @@
 
 #include "core/angle_text.h"
 #include "core/number_text.h"
+#include "platform/characters.h"
 
 #include <algorithm>
 #include <array>
@@ -16,12 +17,8 @@ namespace {
 
 constexpr std::int16_t Gap = 4;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool AreDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); }
 
-bool IsLatitude(AngleFieldKind kind) {
-    return kind == AngleFieldKind::Latitude || kind == AngleFieldKind::NorthLatitude;
-}
 std::size_t DegreeDigits(AngleFieldKind kind) { return IsLatitude(kind) ? 2 : 3; }
 
 /// A sign or a letter taken off a value, as the letter of the text: 0 when there is none.

@@ -77,18 +77,16 @@ void TakeGrid(const DrawOptions& options) {
     }
 }
 
-std::int16_t Twips(int pixels) { return RoundToInt16(pixels * static_cast<double>(Design.TwipsPerPixelY)); }
-
 void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
     entry.MapFileType = options.symbol.value_or(entry.MapFileType);
     const std::size_t rows = FeatureRows(entry.MapFileName).size();
     for (std::size_t row = 1; row <= rows; ++row) {
         FeatureStyle& style = entry.Features[row];
         style.Color = options.color.value_or(style.Color);
-        style.LineWidth = options.lineWidth ? Twips(*options.lineWidth) : style.LineWidth;
-        style.SymbolSize = options.symbolSize ? Twips(*options.symbolSize) : style.SymbolSize;
+        style.LineWidth = options.lineWidth ? TwipsOf(*options.lineWidth) : style.LineWidth;
+        style.SymbolSize = options.symbolSize ? TwipsOf(*options.symbolSize) : style.SymbolSize;
         if (options.borderWidth && HasBorder(entry.MapFileType)) {
-            style.BorderWidth = Twips(*options.borderWidth);
+            style.BorderWidth = TwipsOf(*options.borderWidth);
         }
     }
     for (const int row : options.hidden) {

@@ -13,6 +13,7 @@
 #include "mainwindow/start_up.h"
 #include "mapinput/map_input_state.h"
 #include "output/bmp/bmp_file.h"
+#include "qtsurface/png_file.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -88,7 +89,7 @@ void NoteLargeGrid(std::ostream& errors) {
 void SavePicture(HeadlessMachine& machine, const std::string& output) {
     const OutputFormat format = OutputFormatOf(output);
     if (format == OutputFormat::Png) {
-        machine.window.Picture().SavePng(output);
+        SavePng(machine.window.Picture().Image(), output);
     } else if (format == OutputFormat::Bmp) {
         Design.BmpFileName = output;
         BmpSave();

@@ -20,7 +20,7 @@ constexpr int SmallestPicture = 16;
 constexpr int LargestPicture = 32767;
 constexpr std::size_t MostInterruptions = 3;
 
-[[noreturn]] void Refuse(std::string_view value, const std::string& expected) {
+[[noreturn]] void RefuseValue(std::string_view value, const std::string& expected) {
     throw BadValue("\"" + std::string(value) + "\" is no " + expected);
 }
 
@@ -44,7 +44,7 @@ std::vector<std::string> InterruptionsValue(std::string_view value) {
         texts.push_back(AngleValue(AngleFieldKind::Longitude, part));
     }
     if (texts.size() > MostInterruptions) {
-        Refuse(value, "list of at most three longitudes");
+        RefuseValue(value, "list of at most three longitudes");
     }
     return texts;
 }
@@ -52,7 +52,7 @@ std::vector<std::string> InterruptionsValue(std::string_view value) {
 std::string DigitsValue(std::string_view value, std::size_t width) {
     if (value.empty() || value.size() > width ||
         value.find_first_not_of("0123456789") != std::string_view::npos) {
-        Refuse(value, "whole number of at most " + std::to_string(width) + " digits");
+        RefuseValue(value, "whole number of at most " + std::to_string(width) + " digits");
     }
     return std::string(width - value.size(), '0') + std::string(value);
 }
@@ -62,7 +62,7 @@ std::string ScaleFactorValue(std::string_view value) {
     const bool plain = value.find_first_not_of("0123456789.") == std::string_view::npos &&
                        std::count(value.begin(), value.end(), '.') <= 1 && value.size() <= mostDigits;
     if (!plain || !(ValueOf(value) > 0.0)) {
-        Refuse(value, "number above 0 such as 0.9996");
+        RefuseValue(value, "number above 0 such as 0.9996");
     }
     return std::string(value);
 }
@@ -70,7 +70,7 @@ std::string ScaleFactorValue(std::string_view value) {
 int NumberValue(std::string_view value, int least, int most) {
     const std::optional<int> number = WholeNumber<int>(value);
     if (!number || *number < least || *number > most) {
-        Refuse(value, "whole number from " + std::to_string(least) + " to " + std::to_string(most));
+        RefuseValue(value, "whole number from " + std::to_string(least) + " to " + std::to_string(most));
     }
     return *number;
 }
@@ -90,7 +90,7 @@ ColorValue ColorOf(std::string_view value) {
     }
     const std::optional<unsigned> color = WholeNumber<unsigned>(digits, 16);
     if (digits.size() != 6 || !color) {
-        Refuse(value, "colour such as FF8000");
+        RefuseValue(value, "colour such as FF8000");
     }
     return SolidColor(Rgb(*color >> 16U, *color >> 8U & 0xFFU, *color & 0xFFU));
 }
@@ -101,8 +101,8 @@ SurfacePoint SizeValue(std::string_view value) {
     const std::optional<int> height = WholeNumber<int>(value.substr(std::min(cross + 1, value.size())));
     if (!width || !height || std::min(*width, *height) < SmallestPicture ||
         std::max(*width, *height) > LargestPicture) {
-        Refuse(value, "size such as 1280x924, each number from " + std::to_string(SmallestPicture) + " to " +
-                          std::to_string(LargestPicture));
+        RefuseValue(value, "size such as 1280x924, each number from " + std::to_string(SmallestPicture) +
+                               " to " + std::to_string(LargestPicture));
     }
     return {*width, *height};
 }
@@ -123,7 +123,7 @@ std::int16_t ProjectionValue(std::string_view value) {
         }
     }
     if (matches != 1) {
-        Refuse(value, "projection; --help tells their numbers and names");
+        RefuseValue(value, "projection; --help tells their numbers and names");
     }
     return match->ProjNum;
 }
@@ -134,7 +134,7 @@ std::string SpheroidValue(std::string_view value) {
         return Capitals(spheroid.name) == wanted;
     });
     if (found == Spheroids.end()) {
-        Refuse(value, "spheroid; --help tells their names");
+        RefuseValue(value, "spheroid; --help tells their names");
     }
     return std::string(found->name);
 }

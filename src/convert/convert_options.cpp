@@ -108,7 +108,8 @@ std::optional<double> AngleOf(std::string_view text, char positive, char negativ
 std::optional<double> LongitudeOf(std::string_view text) { return AngleOf(text, 'E', 'W', 180.0); }
 std::optional<double> LatitudeOf(std::string_view text) { return AngleOf(text, 'N', 'S', 90.0); }
 
-[[noreturn]] void Refuse(const std::string& option, std::string_view value, const std::string& expected) {
+[[noreturn]] void RefuseOption(const std::string& option, std::string_view value,
+                               const std::string& expected) {
     throw WrongConvertUsage(option + ": \"" + std::string(value) + "\" is no " + expected);
 }
 
@@ -123,18 +124,18 @@ LonLatBounds BoundsOf(const std::string& value) {
             return {*west, *south, *east, *north};
         }
     }
-    Refuse("--bounds", value, "west, south, east and north in degrees, such as -10,35,30,60");
+    RefuseOption("--bounds", value, "west, south, east and north in degrees, such as -10,35,30,60");
 }
 
 double ToleranceOf(const std::string& value) {
     const std::optional<double> number = NumberOf(value);
     if (!number || !(*number > 0.0)) {
-        Refuse("--simplify", value, "number of seconds above 0");
+        RefuseOption("--simplify", value, "number of seconds above 0");
     }
     return *number;
 }
 
-std::string SpheroidOf(std::string_view wanted) {
+std::string SpheroidNameOf(std::string_view wanted) {
     std::string names;
     for (const Spheroid& spheroid : Spheroids) {
         if (Capitals(spheroid.name) == Capitals(wanted)) {
@@ -142,25 +143,26 @@ std::string SpheroidOf(std::string_view wanted) {
         }
         names += (names.empty() ? "" : ", ") + std::string(spheroid.name);
     }
-    Refuse("--utm", wanted, "spheroid; there are " + names);
+    RefuseOption("--utm", wanted, "spheroid; there are " + names);
 }
 
 UtmZoneChoice ZoneOf(const std::string& value) {
     const std::vector<std::string_view> parts = SplitAtCommas(value);
     const std::optional<double> lon = parts.empty() ? std::nullopt : LongitudeOf(parts[0]);
     if (!lon || parts.size() > 3) {
-        Refuse("--utm", value,
-               "longitude such as 9 or 93W, perhaps with a spheroid and a false northing behind commas");
+        RefuseOption(
+            "--utm", value,
+            "longitude such as 9 or 93W, perhaps with a spheroid and a false northing behind commas");
     }
     UtmZoneChoice zone;
     zone.CentralLon = *lon;
     if (parts.size() > 1) {
-        zone.Spheroid = SpheroidOf(parts[1]);
+        zone.Spheroid = SpheroidNameOf(parts[1]);
     }
     if (parts.size() > 2) {
         zone.Northing = NumberOf(parts[2]);
         if (!zone.Northing || !(*zone.Northing >= 0.0 && *zone.Northing <= SouthernNorthing)) {
-            Refuse("--utm", parts[2], "false northing of 0 to 10000000 metres");
+            RefuseOption("--utm", parts[2], "false northing of 0 to 10000000 metres");
         }
     }
     return zone;
@@ -171,8 +173,8 @@ void CheckFiles(const ConvertOptions& options) {
     const MapFormat* const from = MapFormatOfEnding(options.input);
     const MapFormat* const to = MapFormatOfEnding(options.output);
     if (to == nullptr && VectorFileKindOf(options.output) == nullptr) {
-        Refuse("OUTPUT", options.output,
-               "name with one of the endings " + MapFileEndings() + ", " + VectorFileEndings());
+        RefuseOption("OUTPUT", options.output,
+                     "name with one of the endings " + MapFileEndings() + ", " + VectorFileEndings());
     }
     if (from == nullptr && to == nullptr) {
         throw WrongConvertUsage("Neither INPUT nor OUTPUT is a map file, which ends in " + MapFileEndings());

@@ -57,7 +57,7 @@ std::optional<std::int16_t> RowOfText(const std::string& text, const std::string
     return RowOfName(text, mapFile);
 }
 
-bool IsNumber(OGRFieldType type) { return type == OFTInteger || type == OFTInteger64 || type == OFTReal; }
+bool IsNumeric(OGRFieldType type) { return type == OFTInteger || type == OFTInteger64 || type == OFTReal; }
 
 } // namespace
 
@@ -91,7 +91,7 @@ bool HasMapFileColumns(OGRFeatureDefn& columns) {
     const int name = columns.GetFieldIndex(NameColumn);
     const int expected = columns.GetFieldIndex(LabelColumn) >= 0 ? 3 : 2;
     return number >= 0 && name >= 0 && columns.GetFieldCount() == expected &&
-           IsNumber(columns.GetFieldDefn(number)->GetType()) &&
+           IsNumeric(columns.GetFieldDefn(number)->GetType()) &&
            columns.GetFieldDefn(name)->GetType() == OFTString;
 }
 
@@ -116,7 +116,7 @@ FeatureChoice::FeatureChoice(const std::optional<std::string>& wanted, const std
     }
     const int number = columns.GetFieldIndex(FeatureColumn);
     const int name = columns.GetFieldIndex(NameColumn);
-    if (number >= 0 && name >= 0 && IsNumber(columns.GetFieldDefn(number)->GetType()) &&
+    if (number >= 0 && name >= 0 && IsNumeric(columns.GetFieldDefn(number)->GetType()) &&
         columns.GetFieldDefn(name)->GetType() == OFTString) {
         nameColumn = name;
     }
@@ -133,7 +133,7 @@ std::int16_t FeatureChoice::RowOf(const OGRFeature& feature) {
     if (!feature.IsFieldSetAndNotNull(column)) {
         throw BadFeature("the column " + title + " is empty and tells no row");
     }
-    const std::optional<std::int16_t> row = IsNumber(feature.GetFieldDefnRef(column)->GetType())
+    const std::optional<std::int16_t> row = IsNumeric(feature.GetFieldDefnRef(column)->GetType())
                                                 ? RowOfNumber(feature.GetFieldAsDouble(column), mapFile)
                                                 : RowOfText(feature.GetFieldAsString(column), mapFile);
     if (!row) {

@@ -31,7 +31,7 @@ std::string JsonText(std::string_view text) {
     return json + '"';
 }
 
-void AppendNumber(std::string& json, double value) {
+void AppendCoordinate(std::string& json, double value) {
     std::array<char, 32> text;
     const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
     json.append(text.data(), result.ptr);
@@ -39,9 +39,9 @@ void AppendNumber(std::string& json, double value) {
 
 void AppendPoint(std::string& json, const LonLat& point) {
     json += '[';
-    AppendNumber(json, point.Lon);
+    AppendCoordinate(json, point.Lon);
     json += ',';
-    AppendNumber(json, point.Lat);
+    AppendCoordinate(json, point.Lat);
     json += ']';
 }
 

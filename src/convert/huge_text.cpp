@@ -13,7 +13,7 @@ namespace quelmont {
 
 namespace {
 
-struct CloseFile {
+struct FileCloser {
     void operator()(VSILFILE* file) const { VSIFCloseL(file); }
 };
 
@@ -62,7 +62,7 @@ void RefuseHugeText(const std::string& name) {
         static_cast<std::size_t>(facts.st_size) <= MaxTextFeature) {
         return;
     }
-    const std::unique_ptr<VSILFILE, CloseFile> file(VSIFOpenL(name.c_str(), "rb"));
+    const std::unique_ptr<VSILFILE, FileCloser> file(VSIFOpenL(name.c_str(), "rb"));
     constexpr std::size_t blockSize = std::size_t{64} * 1024;
     std::string block(blockSize, ' ');
     if (!file || !IsText(*file, block)) {

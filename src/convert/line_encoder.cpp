@@ -22,9 +22,9 @@ namespace quelmont {
 namespace {
 
 /// A point in the units of a format.
-struct Place {
+struct WholePlace {
     std::int32_t Lon = 0, Lat = 0;
-    bool operator==(const Place&) const = default;
+    bool operator==(const WholePlace&) const = default;
 };
 
 template <typename Unit, typename Round>
@@ -42,15 +42,15 @@ std::vector<Unit> WithoutRepeats(const MapLine& line, ConvertTally& tally, Round
     return places;
 }
 
-std::vector<Place> PlacesOf(const MapLine& line, double unitsPerDegree, ConvertTally& tally) {
-    return WithoutRepeats<Place>(line, tally, [&](const LonLat& point) {
-        return Place{RoundToInt32(point.Lon * unitsPerDegree), RoundToInt32(point.Lat * unitsPerDegree)};
+std::vector<WholePlace> PlacesOf(const MapLine& line, double unitsPerDegree, ConvertTally& tally) {
+    return WithoutRepeats<WholePlace>(line, tally, [&](const LonLat& point) {
+        return WholePlace{RoundToInt32(point.Lon * unitsPerDegree), RoundToInt32(point.Lat * unitsPerDegree)};
     });
 }
 
 /// Hands on a line in runs of at most so many points; each begins with the last point of the one before.
 template <typename Take>
-void InRuns(std::span<const Place> places, std::size_t most, ConvertTally& tally, Take&& take) {
+void InRuns(std::span<const WholePlace> places, std::size_t most, ConvertTally& tally, Take&& take) {
     tally.dividedLines += places.size() > most ? 1 : 0;
     while (places.size() > most) {
         take(places.first(most));
@@ -66,8 +66,8 @@ public:
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
         constexpr double minutesPerDegree = 60.0;
         auto code = static_cast<std::int16_t>(RankOfFeature(feature.Number) * 1000);
-        const std::vector<Place> places = PlacesOf(line, minutesPerDegree, tally);
-        for (const Place& place : places) {
+        const std::vector<WholePlace> places = PlacesOf(line, minutesPerDegree, tally);
+        for (const WholePlace& place : places) {
             bytes.Append(EncodeMinuteGrid(
                 {code, static_cast<std::int16_t>(place.Lat), static_cast<std::int16_t>(place.Lon)}));
             code = 0;
@@ -86,8 +86,8 @@ public:
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
         const std::uint8_t rank = RankOf(feature);
-        const std::vector<Place> places = FilledIn(PlacesOf(line, SecPerDegree, tally));
-        InRuns(places, MaxPackedCount, tally, [&](std::span<const Place> run) {
+        const std::vector<WholePlace> places = FilledIn(PlacesOf(line, SecPerDegree, tally));
+        InRuns(places, MaxPackedCount, tally, [&](std::span<const WholePlace> run) {
             AppendSegment(rank, run, bytes);
             tally.Count(feature.Number, feature.Name, 1, static_cast<std::int64_t>(run.size()));
         });
@@ -106,19 +106,19 @@ private:
                            ", makes it a part of the world data bank without that feature");
     }
 
-    std::vector<Place> FilledIn(std::vector<Place> places) const {
-        const auto steps = [](const Place& from, const Place& to) {
+    std::vector<WholePlace> FilledIn(std::vector<WholePlace> places) const {
+        const auto steps = [](const WholePlace& from, const WholePlace& to) {
             const std::int32_t most = std::max(std::abs(to.Lon - from.Lon), std::abs(to.Lat - from.Lat));
             return (most + MostSeconds - 1) / MostSeconds;
         };
-        const auto tooFar = [&](const Place& from, const Place& to) { return steps(from, to) > 1; };
+        const auto tooFar = [&](const WholePlace& from, const WholePlace& to) { return steps(from, to) > 1; };
         if (std::adjacent_find(places.begin(), places.end(), tooFar) == places.end()) {
             return places;
         }
-        std::vector<Place> filled{places.front()};
+        std::vector<WholePlace> filled{places.front()};
         for (std::size_t i = 1; i < places.size(); ++i) {
-            const Place& from = places[i - 1];
-            const Place& to = places[i];
+            const WholePlace& from = places[i - 1];
+            const WholePlace& to = places[i];
             const std::int32_t count = steps(from, to);
             for (std::int32_t step = 1; step <= count; ++step) {
                 const auto part = [&](std::int32_t whole) {
@@ -131,13 +131,13 @@ private:
         return filled;
     }
 
-    static void AppendSegment(std::uint8_t rank, std::span<const Place> run, ByteSink& bytes) {
+    static void AppendSegment(std::uint8_t rank, std::span<const WholePlace> run, ByteSink& bytes) {
         PackedHeader header;
         header.Rank = rank;
         header.Count = static_cast<std::int32_t>(run.size());
         header.BoxWest = header.BoxEast = header.FirstLon = run.front().Lon;
         header.BoxSouth = header.BoxNorth = header.FirstLat = run.front().Lat;
-        for (const Place& place : run) {
+        for (const WholePlace& place : run) {
             header.BoxWest = std::min(header.BoxWest, place.Lon);
             header.BoxEast = std::max(header.BoxEast, place.Lon);
             header.BoxSouth = std::min(header.BoxSouth, place.Lat);
@@ -161,11 +161,11 @@ public:
     FixedRecordEncoder(bool lineGraph_, ConvertTally& tally_) : lineGraph(lineGraph_), tally(tally_) {}
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
-        const std::vector<Place> places = PlacesOf(line, SecPerDegree, tally);
+        const std::vector<WholePlace> places = PlacesOf(line, SecPerDegree, tally);
         const std::size_t most = lineGraph ? MostPoints : places.size();
-        InRuns(places, most, tally, [&](std::span<const Place> run) {
+        InRuns(places, most, tally, [&](std::span<const WholePlace> run) {
             bytes.Append(Header(feature.Number, run.size()));
-            for (const Place& place : run) {
+            for (const WholePlace& place : run) {
                 bytes.Append(EncodeFixedRecordPoint({place.Lat, place.Lon}));
             }
             tally.Count(feature.Number, feature.Name, 1, static_cast<std::int64_t>(run.size()));
@@ -194,12 +194,12 @@ public:
     void Begin(bool isEmpty, ByteSink& /*bytes*/) override { begun = !isEmpty; }
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {
-        const std::vector<Place> places = PlacesOf(line, Millionths, tally);
+        const std::vector<WholePlace> places = PlacesOf(line, Millionths, tally);
         if (begun) {
             bytes.Append(WorldItemBreak);
         }
         begun = true;
-        for (const Place& place : places) {
+        for (const WholePlace& place : places) {
             bytes.Append(EncodeWorldItem(place.Lat / Millionths, place.Lon / Millionths));
         }
         tally.Count(feature.Number, feature.Name, 1, static_cast<std::int64_t>(places.size()));
@@ -280,11 +280,11 @@ private:
         }
         const double units = zone != nullptr ? Centimetres : Millionths;
         const int decimals = zone != nullptr ? 2 : 6;
-        const std::vector<Place> places = PlacesOf(line, units, tally);
+        const std::vector<WholePlace> places = PlacesOf(line, units, tally);
         AsciiMapPoint point;
         point.Break = 1;
         point.Label = label;
-        for (const Place& place : places) {
+        for (const WholePlace& place : places) {
             point.Second = (zone != nullptr ? place.Lon : place.Lat) / units;
             point.Third = (zone != nullptr ? place.Lat : place.Lon) / units;
             bytes.Append(EncodeAsciiMapPoint(point, decimals));

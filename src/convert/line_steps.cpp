@@ -35,7 +35,7 @@ bool CrossesNowhere(const MapLine& line) {
            std::adjacent_find(line.begin(), line.end(), crosses) == line.end();
 }
 
-LonLat Between(const LonLat& a, const LonLat& b, double share) {
+LonLat PartWay(const LonLat& a, const LonLat& b, double share) {
     return {a.Lon + (b.Lon - a.Lon) * share, a.Lat + (b.Lat - a.Lat) * share};
 }
 
@@ -87,7 +87,7 @@ private:
     }
 
     LonLat CutPoint(const LonLat& a, const LonLat& b, double share) const {
-        const LonLat point = Between(a, b, share);
+        const LonLat point = PartWay(a, b, share);
         return {std::clamp(point.Lon, bounds.West, bounds.East),
                 std::clamp(point.Lat, bounds.South, bounds.North)};
     }
@@ -167,7 +167,7 @@ void SplitAt180(MapLine& line, const LineTaker& take) {
         LonLat to{at.Lon + LongitudeStep(line[i - 1].Lon, line[i].Lon), line[i].Lat};
         while (std::fabs(to.Lon) > 180.0) {
             const double edge = std::copysign(180.0, to.Lon);
-            const LonLat cut{edge, Between(at, to, (edge - at.Lon) / (to.Lon - at.Lon)).Lat};
+            const LonLat cut{edge, PartWay(at, to, (edge - at.Lon) / (to.Lon - at.Lon)).Lat};
             if (at.Lon != edge) {
                 piece.push_back(cut);
             }
@@ -216,7 +216,7 @@ std::int64_t ShortenSteps(MapLine& line, double most) {
         const std::int64_t count = parts(line[i - 1], line[i]);
         for (std::int64_t part = 1; part < count; ++part) {
             shortened.push_back(
-                Between(line[i - 1], line[i], static_cast<double>(part) / static_cast<double>(count)));
+                PartWay(line[i - 1], line[i], static_cast<double>(part) / static_cast<double>(count)));
         }
         shortened.push_back(line[i]);
     }

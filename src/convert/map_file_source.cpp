@@ -1,6 +1,7 @@
 #include "convert/map_file_source.h"
 
 #include "core/coordinates.h"
+#include "core/degrees.h"
 #include "core/file_names.h"
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
@@ -35,8 +36,6 @@ void CheckWhole(bool whole) {
     }
 }
 
-double DegreesOf(std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; }
-
 OGRFeatureDefn* NewColumns(const MapFormat& format) {
     auto* const columns = new OGRFeatureDefn("map");
     columns->Reference();
@@ -54,9 +53,9 @@ OGRFeatureDefn* NewColumns(const MapFormat& format) {
 } // namespace
 
 /// Collects the points of a line and hands it on.
-class MapFileSource::Lines {
+class MapFileSource::LineCollector {
 public:
-    Lines(MapFileSource& source_, LineReceiver& receiver_)
+    LineCollector(MapFileSource& source_, LineReceiver& receiver_)
         : source(source_), receiver(receiver_), rows(FeatureRows(source_.name)),
           record(source_.columns.get()) {}
 
@@ -166,7 +165,7 @@ void MapFileSource::Read(LineReceiver& receiver) {
     try {
         OpenFile(InputFileNumber, name, OpenMode::Input);
         ByteReader bytes;
-        Lines lines(*this, receiver);
+        LineCollector lines(*this, receiver);
         ReadRecords(bytes, lines);
         lines.End();
         CloseFile(InputFileNumber);
@@ -185,7 +184,7 @@ double MapFileSource::Share() const {
     return size > 0 ? std::min(static_cast<double>(recordAt) / static_cast<double>(size), 1.0) : -1.0;
 }
 
-void MapFileSource::ReadRecords(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadRecords(ByteReader& bytes, LineCollector& lines) {
     switch (format.form) {
     case MapFileForm::MinuteGrid:
         return ReadMinuteGrid(bytes, lines);
@@ -219,7 +218,7 @@ bool MapFileSource::Next(Records& records, const ByteReader& bytes) {
     return true;
 }
 
-void MapFileSource::ReadMinuteGrid(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadMinuteGrid(ByteReader& bytes, LineCollector& lines) {
     const bool oneRow = format.opening == OpeningStyle::AllAsFirst;
     for (MinuteGridRecords records(bytes); Next(records, bytes);) {
         CheckWhole(records.IsWhole());
@@ -231,7 +230,7 @@ void MapFileSource::ReadMinuteGrid(ByteReader& bytes, Lines& lines) {
     }
 }
 
-void MapFileSource::ReadPacked(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadPacked(ByteReader& bytes, LineCollector& lines) {
     for (PackedSegments segments(bytes, PackedRanksOf(name)); Next(segments, bytes);) {
         CheckWhole(segments.IsWhole());
         lines.Begin(segments.Feature());
@@ -243,7 +242,7 @@ void MapFileSource::ReadPacked(ByteReader& bytes, Lines& lines) {
     }
 }
 
-void MapFileSource::ReadFixedRecords(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadFixedRecords(ByteReader& bytes, LineCollector& lines) {
     const bool lineGraph = format.form == MapFileForm::LineGraphText;
     std::int16_t feature = lineGraph ? std::int16_t{0} : std::int16_t{1};
     lines.Begin(feature);
@@ -261,7 +260,7 @@ void MapFileSource::ReadFixedRecords(ByteReader& bytes, Lines& lines) {
     }
 }
 
-void MapFileSource::ReadWorldText(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadWorldText(ByteReader& bytes, LineCollector& lines) {
     for (WorldTextItems items(bytes); Next(items, bytes);) {
         if (items.IsPoint()) {
             if (items.BeginsLine()) {
@@ -273,7 +272,7 @@ void MapFileSource::ReadWorldText(ByteReader& bytes, Lines& lines) {
     }
 }
 
-void MapFileSource::ReadWorldFloats(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadWorldFloats(ByteReader& bytes, LineCollector& lines) {
     for (WorldFloatPoints points(bytes); Next(points, bytes);) {
         if (points.BeginsLine()) {
             lines.Begin(1);
@@ -283,7 +282,7 @@ void MapFileSource::ReadWorldFloats(ByteReader& bytes, Lines& lines) {
     }
 }
 
-void MapFileSource::ReadAscii(ByteReader& bytes, Lines& lines) {
+void MapFileSource::ReadAscii(ByteReader& bytes, LineCollector& lines) {
     lines.Begin(1);
     AsciiPoints points(bytes);
     wholeBytes = bytes.Position();

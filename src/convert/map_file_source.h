@@ -20,7 +20,7 @@ class ByteReader;
 /// label in a file that has labels. It is read under file number 1.
 ///
 /// A label that stands behind the first point of a line becomes a feature of its own, a single point.
-/// Lines of a rank or code that means nothing are left out.
+/// LineCollector of a rank or code that means nothing are left out.
 class MapFileSource : public LineSource {
 public:
     /// The zone is that of a .utm file. ConvertError when the file cannot be opened or the expression is
@@ -39,20 +39,20 @@ public:
     std::int64_t WholeBytes() const { return wholeBytes; }
 
 private:
-    class Lines;
+    class LineCollector;
     struct Release {
         void operator()(OGRFeatureDefn* defn) const { defn->Release(); }
     };
 
     template <typename Records>
     bool Next(Records& records, const ByteReader& bytes);
-    void ReadMinuteGrid(ByteReader& bytes, Lines& lines);
-    void ReadPacked(ByteReader& bytes, Lines& lines);
-    void ReadFixedRecords(ByteReader& bytes, Lines& lines);
-    void ReadWorldText(ByteReader& bytes, Lines& lines);
-    void ReadWorldFloats(ByteReader& bytes, Lines& lines);
-    void ReadAscii(ByteReader& bytes, Lines& lines);
-    void ReadRecords(ByteReader& bytes, Lines& lines);
+    void ReadMinuteGrid(ByteReader& bytes, LineCollector& lines);
+    void ReadPacked(ByteReader& bytes, LineCollector& lines);
+    void ReadFixedRecords(ByteReader& bytes, LineCollector& lines);
+    void ReadWorldText(ByteReader& bytes, LineCollector& lines);
+    void ReadWorldFloats(ByteReader& bytes, LineCollector& lines);
+    void ReadAscii(ByteReader& bytes, LineCollector& lines);
+    void ReadRecords(ByteReader& bytes, LineCollector& lines);
 
     std::string name;
     const MapFormat& format;

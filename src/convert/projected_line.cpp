@@ -15,7 +15,7 @@ namespace quelmont {
 
 namespace {
 
-bool IsPole(const LonLat& place) {
+bool LiesAtPole(const LonLat& place) {
     constexpr double hair = 1e-9; // degrees
     return std::fabs(place.Lat) >= 90.0 - hair;
 }
@@ -31,9 +31,9 @@ struct Station {
 std::pair<LonLat, LonLat> Chord(const Station& from, const Station& to) {
     LonLat a = from.place;
     LonLat b = to.place;
-    if (IsPole(a)) {
+    if (LiesAtPole(a)) {
         a.Lon = b.Lon;
-    } else if (IsPole(b)) {
+    } else if (LiesAtPole(b)) {
         b.Lon = a.Lon;
     }
     b.Lon = a.Lon + LongitudeStep(a.Lon, b.Lon);
@@ -117,14 +117,14 @@ private:
 /// Where a line passes a pole, it runs along it from the longitude on which it comes to that on which it
 /// goes.
 void OpenPoles(MapLine& line) {
-    if (std::none_of(line.begin(), line.end(), IsPole)) {
+    if (std::none_of(line.begin(), line.end(), LiesAtPole)) {
         return;
     }
     MapLine opened;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        const bool comes = i > 0 && !IsPole(line[i - 1]);
-        const bool goes = i + 1 < line.size() && !IsPole(line[i + 1]);
-        if (!IsPole(line[i]) || (!comes && !goes)) {
+        const bool comes = i > 0 && !LiesAtPole(line[i - 1]);
+        const bool goes = i + 1 < line.size() && !LiesAtPole(line[i + 1]);
+        if (!LiesAtPole(line[i]) || (!comes && !goes)) {
             opened.push_back(line[i]);
             continue;
         }

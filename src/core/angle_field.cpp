@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/number_text.h"
+#include "platform/characters.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -10,10 +11,6 @@
 namespace quelmont {
 
 namespace {
-
-bool IsLatitude(AngleFieldKind kind) {
-    return kind == AngleFieldKind::Latitude || kind == AngleFieldKind::NorthLatitude;
-}
 
 std::string_view HemisphereFault(AngleFieldKind kind, char letter) {
     switch (kind) {
@@ -41,8 +38,7 @@ AngleGroups SplitAngle(AngleFieldKind kind, std::string_view text) {
 
 std::string BareDigits(std::string_view text) {
     std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
-                 [](char c) { return c >= '0' && c <= '9'; });
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits), IsDigit);
     return digits;
 }
 

@@ -18,6 +18,11 @@ enum class AngleFieldKind {
     Arc,           ///< no letter: a spacing or a range
 };
 
+/// Whether a field has the two columns of degrees of a latitude; the others have three.
+constexpr bool IsLatitude(AngleFieldKind kind) {
+    return kind == AngleFieldKind::Latitude || kind == AngleFieldKind::NorthLatitude;
+}
+
 struct AngleField {
     AngleFieldKind kind = AngleFieldKind::Latitude;
     std::string title;        ///< of the message box

@@ -25,7 +25,7 @@ double GroupValue(std::string_view text, std::size_t first, std::size_t last) {
     return ValueOf(Columns(text, first, last));
 }
 
-std::int32_t Seconds(std::string_view text, const Layout& layout) {
+std::int32_t SecondsOfText(std::string_view text, const Layout& layout) {
     return RoundToInt32(GroupValue(text, 1, layout.degreeColumns) * SecPerDegree +
                         GroupValue(text, layout.minutes, layout.minutes + 1) * SecPerMinute +
                         GroupValue(text, layout.seconds, layout.seconds + 1));
@@ -85,16 +85,16 @@ void DegMinSec(double Value, std::string& Text, std::string_view Kind, std::int1
 }
 
 std::int32_t LatitudeSeconds(std::string_view text) {
-    const std::int32_t seconds = Seconds(text, LatitudeLayout);
+    const std::int32_t seconds = SecondsOfText(text, LatitudeLayout);
     return Columns(text, 19, 19) == "S" ? -seconds : seconds;
 }
 
 std::int32_t LongitudeSeconds(std::string_view text) {
-    const std::int32_t seconds = Seconds(text, LongitudeLayout);
+    const std::int32_t seconds = SecondsOfText(text, LongitudeLayout);
     return Columns(text, 20, 20) == "W" ? -seconds : seconds;
 }
 
-std::int32_t ArcSeconds(std::string_view text) { return Seconds(text, LongitudeLayout); }
+std::int32_t ArcSeconds(std::string_view text) { return SecondsOfText(text, LongitudeLayout); }
 
 std::string CompactLatitude(std::string_view text) {
     return WithLastLetter(Compact(text, LatitudeLayout), text);

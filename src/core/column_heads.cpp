@@ -1,20 +1,16 @@
 #include "core/column_heads.h"
 
+#include "platform/masked_text.h"
+
 #include <algorithm>
 #include <array>
 
 namespace quelmont {
 
-namespace {
-
-bool IsAngle(std::string_view mask) { return mask.find(' ') != std::string_view::npos; }
-
-} // namespace
-
 std::vector<ColumnHead> ColumnHeads(std::string_view mask) {
     constexpr std::array<std::string_view, 3> texts = {"deg", "min", "sec"};
     std::vector<ColumnHead> heads;
-    if (!IsAngle(mask)) {
+    if (!IsAngleMask(mask)) {
         return heads;
     }
     std::size_t begin = mask.find('%');
@@ -27,7 +23,7 @@ std::vector<ColumnHead> ColumnHeads(std::string_view mask) {
 }
 
 std::string ColumnWords(std::string_view mask) {
-    if (!IsAngle(mask)) {
+    if (!IsAngleMask(mask)) {
         return {};
     }
     return mask.find('?') == std::string_view::npos ? "degrees, minutes, seconds"

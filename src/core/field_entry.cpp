@@ -1,6 +1,7 @@
 #include "core/field_entry.h"
 
 #include "core/text_encoding.h"
+#include "platform/characters.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,9 +14,6 @@ namespace {
 constexpr std::size_t MostBytesPasted = 256;
 constexpr std::size_t MostKeys = 64;
 constexpr std::size_t MostTextsKept = 100;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsLetter(char c) { return c >= 'A' && c <= 'Z'; }
 
 /// What a value may begin with.
 bool Begins(char key) { return key != ' '; }

@@ -251,10 +251,10 @@ struct OpenedFile {
 std::array<OpenedFile, 3> Files; ///< by number; 0 is never used
 FileDeviceMaker Maker = MakeSystemFile;
 
-bool IsNumber(int number) { return number == InputFileNumber || number == OutputFileNumber; }
+bool IsFileNumber(int number) { return number == InputFileNumber || number == OutputFileNumber; }
 
 OpenedFile& Opened(int number) {
-    if (!IsNumber(number) || !Files[static_cast<std::size_t>(number)].device) {
+    if (!IsFileNumber(number) || !Files[static_cast<std::size_t>(number)].device) {
         throw RunTimeError(ErrorBadFileNumber);
     }
     return Files[static_cast<std::size_t>(number)];
@@ -273,7 +273,7 @@ bool Collides(const std::string& name, OpenMode mode) {
 } // namespace
 
 void OpenFile(int number, const std::string& name, OpenMode mode) {
-    if (!IsNumber(number)) {
+    if (!IsFileNumber(number)) {
         throw RunTimeError(ErrorBadFileNumber);
     }
     OpenedFile& file = Files[static_cast<std::size_t>(number)];
@@ -291,7 +291,7 @@ void CloseFile(int number) {
 }
 
 bool IsFileOpen(int number) {
-    return IsNumber(number) && Files[static_cast<std::size_t>(number)].device != nullptr;
+    return IsFileNumber(number) && Files[static_cast<std::size_t>(number)].device != nullptr;
 }
 
 std::size_t ReadFile(int number, std::span<std::byte> bytes) { return Opened(number).device->Read(bytes); }

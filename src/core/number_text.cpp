@@ -1,6 +1,7 @@
 #include "core/number_text.h"
 
 #include "core/run_time_error.h"
+#include "platform/characters.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,6 @@ namespace quelmont {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 
 /// A whole number that a double holds exactly, the commonest text by far: blanks, a sign, digits.
@@ -174,7 +174,7 @@ char DigitAt(const Decimal& decimal, int power) {
 bool IsPlace(char c) { return c == '0' || c == '#'; }
 
 /// What a picture asks for.
-struct Picture {
+struct NumberPicture {
     std::string_view whole;    ///< up to the point, the exponent or the end
     std::string_view fraction; ///< between the point and the exponent or the end
     std::string_view rest;     ///< behind the exponent
@@ -185,8 +185,8 @@ struct Picture {
     std::size_t exponentPlaces = 0; ///< least digits of the exponent
 };
 
-Picture ReadPicture(std::string_view text) {
-    Picture picture;
+NumberPicture ReadPicture(std::string_view text) {
+    NumberPicture picture;
     for (std::size_t i = 0; i + 2 < text.size(); ++i) {
         if (text[i] == 'E' && (text[i + 1] == '+' || text[i + 1] == '-') && IsPlace(text[i + 2])) {
             picture.exponent = true;
@@ -214,13 +214,13 @@ Picture ReadPicture(std::string_view text) {
     return picture;
 }
 
-int Places(std::string_view text) {
+int CountPlaces(std::string_view text) {
     return static_cast<int>(std::count_if(text.begin(), text.end(), IsPlace));
 }
 
 /// Fills the part before the point, from its last place backwards; digits for which there is no
 /// place stand before the first one.
-std::string WholeText(const Decimal& decimal, const Picture& picture) {
+std::string WholeText(const Decimal& decimal, const NumberPicture& picture) {
     std::string reversed;
     const int highest = decimal.digits.empty() ? -1 : decimal.exponent;
     const std::size_t firstPlace = picture.whole.find_first_of("0#");
@@ -258,7 +258,7 @@ std::string WholeText(const Decimal& decimal, const Picture& picture) {
     return text;
 }
 
-std::string FractionText(const Decimal& decimal, const Picture& picture) {
+std::string FractionText(const Decimal& decimal, const NumberPicture& picture) {
     std::string text;
     const std::size_t lastZero = picture.fraction.rfind('0');
     const int lowest =
@@ -277,7 +277,7 @@ std::string FractionText(const Decimal& decimal, const Picture& picture) {
     return text;
 }
 
-std::string ExponentText(int exponent, const Picture& picture) {
+std::string ExponentText(int exponent, const NumberPicture& picture) {
     std::string digits = std::to_string(std::abs(exponent));
     if (digits.size() < picture.exponentPlaces) {
         digits.insert(0, picture.exponentPlaces - digits.size(), '0');
@@ -286,7 +286,7 @@ std::string ExponentText(int exponent, const Picture& picture) {
 }
 
 template <typename Real>
-std::string General(Real value, int significant) {
+std::string GeneralForm(Real value, int significant) {
     const Decimal decimal = ToDecimal(value, significant);
     std::string text(1, value < 0 ? '-' : ' ');
     if (decimal.digits.empty()) {
@@ -310,7 +310,7 @@ std::string General(Real value, int significant) {
     if (count > 1) {
         text += '.' + decimal.digits.substr(1);
     }
-    Picture picture;
+    NumberPicture picture;
     picture.plusSign = true;
     picture.exponentPlaces = 2;
     return text + ExponentText(decimal.exponent, picture);
@@ -335,14 +335,14 @@ double ValueOf(std::string_view text) {
 }
 
 std::string FormatNumber(double value, std::string_view pictureText) {
-    const Picture picture = ReadPicture(pictureText);
-    const int decimals = Places(picture.fraction);
+    const NumberPicture picture = ReadPicture(pictureText);
+    const int decimals = CountPlaces(picture.fraction);
     Decimal decimal = ToDecimal(value, 15);
     int exponent = 0;
     if (picture.exponent && !decimal.digits.empty()) {
         // The digits are moved so that the first one fills the first place; when rounding makes one
         // more, they are moved again.
-        const int whole = std::max(Places(picture.whole), 1);
+        const int whole = std::max(CountPlaces(picture.whole), 1);
         exponent = decimal.exponent - (whole - 1);
         decimal.exponent = whole - 1;
         RoundTo(decimal, decimals);
@@ -396,7 +396,12 @@ void AppendFixed(std::string& text, double value, int whole, int decimals) {
     text.append(place, places.end());
 }
 
-std::string GeneralText(double value) { return General(value, 15); }
-std::string GeneralText(float value) { return General(value, 7); }
+std::string GeneralText(double value) { return GeneralForm(value, 15); }
+std::string GeneralText(float value) { return GeneralForm(value, 7); }
+
+std::string PlainNumber(double value) {
+    const std::string text = GeneralText(value);
+    return text.substr(text.find_first_not_of(' '));
+}
 
 } // namespace quelmont

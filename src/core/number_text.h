@@ -32,5 +32,7 @@ void AppendFixed(std::string& text, double value, int whole, int decimals);
 std::string GeneralText(double value);
 /// The same with the seven digits of a single-precision number.
 std::string GeneralText(float value);
+/// The general form of a double without the leading blank.
+std::string PlainNumber(double value);
 
 } // namespace quelmont

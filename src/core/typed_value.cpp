@@ -1,5 +1,7 @@
 #include "core/typed_value.h"
 
+#include "platform/characters.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -15,10 +17,7 @@ constexpr std::uint64_t SecondsPerMinute = 60;
 constexpr std::uint64_t SecondsPerDegree = 3600;
 constexpr std::size_t GroupsOfAnAngle = 3;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsLetter(char c) { return c >= 'A' && c <= 'Z'; }
-
-bool IsBlank(char32_t c) {
+bool IsSpace(char32_t c) {
     return c == U' ' || c == U'\t' || c == U'\u00A0' || (c >= U'\u2000' && c <= U'\u200A') || c == U'\u202F';
 }
 
@@ -385,8 +384,8 @@ char KeyOf(const MaskedText& field, char32_t character) {
         return static_cast<char>(character - U'a' + U'A');
     }
     const bool comma = character == U',';
-    if (IsBlank(character) || IsMark(character) || comma || character == U'.') {
-        if (field.IsNumber()) {
+    if (IsSpace(character) || IsMark(character) || comma || character == U'.') {
+        if (!field.IsAngle()) {
             return IsDecimal(field) || character == U'.' ? '.' : ' ';
         }
         return comma || character == U'.' ? '.' : ' ';
@@ -398,11 +397,11 @@ char KeyOf(const MaskedText& field, char32_t character) {
 }
 
 std::optional<TypedView> TypeOver(const MaskedText& base, std::string_view keys, bool left) {
-    if (base.IsNumber() && IsDecimal(base)) {
+    if (!base.IsAngle() && IsDecimal(base)) {
         return TypeDecimal(base, keys, left);
     }
     const std::string plain = WithoutPartingPoints(keys);
-    if (base.IsNumber()) {
+    if (!base.IsAngle()) {
         return TypeWholeNumber(base, plain, left);
     }
     TypedAngle angle(base);

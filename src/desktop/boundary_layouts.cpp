@@ -1,6 +1,7 @@
 #include "desktop/boundary_layouts.h"
 
 #include "desktop/form_view.h"
+#include "desktop/qt_text.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -62,7 +63,7 @@ void AddHemisphere(FormView& view, const char* number, const char* count,
     rows->addLayout(counts);
     rows->addLayout(boundaries);
     view.Bind(named("Hemisphere"), group,
-              [group](const Control& control) { group->setTitle(QString::fromStdString(control.text)); });
+              [group](const Control& control) { group->setTitle(Text(control.text)); });
     view.Column()->addWidget(group);
 }
 

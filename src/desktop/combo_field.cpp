@@ -1,5 +1,7 @@
 #include "desktop/combo_field.h"
 
+#include "desktop/qt_text.h"
+
 #include <QLineEdit>
 #include <QListView>
 #include <QSignalBlocker>
@@ -14,8 +16,6 @@ namespace {
 constexpr int FewestCharacters = 4;
 constexpr int MostCharacters = 28;
 constexpr int SeenLines = 12;
-
-QString Text(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/standard_colors.h"
+#include "desktop/qt_text.h"
 #include "desktop/window_place.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
@@ -59,9 +60,7 @@ DesktopWindow::~DesktopWindow() = default;
 
 std::string DesktopWindow::Caption() const { return windowTitle().toStdString(); }
 
-void DesktopWindow::SetCaption(std::string_view caption) {
-    setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
-}
+void DesktopWindow::SetCaption(std::string_view caption) { setWindowTitle(Text(caption)); }
 
 double DesktopWindow::ScaleWidth() const {
     return area->DeviceSize().width() * static_cast<double>(Machine().screen->TwipsPerPixelX());

@@ -3,6 +3,7 @@
 #include "core/file_names.h"
 #include "desktop/dialogs.h"
 #include "desktop/keyboard_return.h"
+#include "desktop/qt_text.h"
 #include "desktop/session_end.h"
 
 #include <QFileDialog>
@@ -15,7 +16,7 @@ namespace {
 
 /// "Maps (.a, .b)|*.a;*.b|..." as "Maps (.a, .b) (*.a *.b)", ...
 QStringList NameFilters(const std::string& filter) {
-    const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+    const QStringList parts = Text(filter).split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString patterns = QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' '));
@@ -37,9 +38,9 @@ void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
     if (!request.folder.empty()) {
-        dialog.setDirectory(QString::fromStdString(request.folder));
+        dialog.setDirectory(Text(request.folder));
     }
-    if (const QString name = QString::fromStdString(request.name); !IsPattern(name)) {
+    if (const QString name = Text(request.name); !IsPattern(name)) {
         dialog.selectFile(name);
     }
 }
@@ -49,7 +50,7 @@ void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
 class SaveDialog final : public QFileDialog {
 public:
     SaveDialog(QWidget* parent, const FileDialogRequest& request_)
-        : QFileDialog(parent, QString::fromStdString(request_.title)), request(request_) {}
+        : QFileDialog(parent, Text(request_.title)), request(request_) {}
 
 protected:
     void done(int result) override {
@@ -62,7 +63,7 @@ private:
     bool MayReplace() {
         const std::string typed = selectedFiles().value(0).toStdString();
         const std::string name = request.extension.empty() ? typed : WithExtension(typed, request.extension);
-        const QFileInfo file(QString::fromStdString(name));
+        const QFileInfo file(Text(name));
         return !file.isFile() ||
                QMessageBox::warning(
                    this, windowTitle(),
@@ -90,7 +91,7 @@ FileDialogAnswer Ask(QFileDialog& dialog) {
 } // namespace
 
 FileDialogAnswer DesktopFileDialogs::Open(const FileDialogRequest& request) {
-    QFileDialog dialog(WindowInUse(window), QString::fromStdString(request.title));
+    QFileDialog dialog(WindowInUse(window), Text(request.title));
     dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     Prepare(dialog, request);
     return Ask(dialog);
@@ -101,7 +102,7 @@ FileDialogAnswer DesktopFileDialogs::Save(const FileDialogRequest& request) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setDefaultSuffix(QString::fromStdString(request.extension));
+    dialog.setDefaultSuffix(Text(request.extension));
     FileDialogRequest shown = request;
     if (shown.name.ends_with('.')) {
         shown.name.pop_back(); // the dialog puts the point there itself

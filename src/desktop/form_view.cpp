@@ -3,6 +3,7 @@
 #include "desktop/fitting_area.h"
 #include "desktop/heads_line.h"
 #include "desktop/masked_edit.h"
+#include "desktop/qt_text.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -29,8 +30,8 @@ constexpr int FewestLetters = 11;
 } // namespace
 
 FormView::FormView(Form& shown, QWidget* parent) : FormWidgets(shown, parent) {
-    setObjectName(QString::fromStdString(form.ClassName()));
-    setWindowTitle(QString::fromStdString(form.Caption()));
+    setObjectName(Text(form.ClassName()));
+    setWindowTitle(Text(form.Caption()));
     form.SetWatcher([this] { FromForm(); });
 }
 
@@ -75,8 +76,7 @@ void FormView::AddFrame(std::string_view frame) {
             options->addWidget(AddOption(control.name));
         }
     }
-    Bind(frame, group,
-         [group](const Control& control) { group->setTitle(QString::fromStdString(control.text)); });
+    Bind(frame, group, [group](const Control& control) { group->setTitle(Text(control.text)); });
     column->addWidget(group);
 }
 
@@ -133,7 +133,7 @@ void FormView::TakeFocusBack(std::string_view asked) {
         return;
     }
     for (MaskedEdit* edit : edits) {
-        if (edit->objectName() == QString::fromStdString(form.Focus())) {
+        if (edit->objectName() == Text(form.Focus())) {
             edit->Enter();
         }
     }

@@ -7,6 +7,7 @@
 #include "desktop/letter_sample.h"
 #include "desktop/masked_edit.h"
 #include "desktop/palette_grid.h"
+#include "desktop/qt_text.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -34,8 +35,6 @@ namespace {
 constexpr int LineLetters = 62;
 /// What the sides of a window's frame take of the screen, at most.
 constexpr int FrameSides = 16;
-
-QString Text(const std::string& text) { return QString::fromStdString(text); }
 
 /// A text without the marks of mnemonics.
 QString Spoken(QString text) { return text.remove(QLatin1Char('&')).remove(QLatin1Char(':')); }
@@ -69,10 +68,6 @@ QIcon Swatch(std::uint32_t color, QSize size) {
     return square;
 }
 
-QString Name(std::string_view name) {
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 } // namespace
 
 FormWidgets::FormWidgets(Form& form_, QWidget* parent)
@@ -89,7 +84,7 @@ FormWidgets::FormWidgets(Form& form_, QWidget* parent)
 int FormWidgets::Gap() const { return fontMetrics().height(); }
 
 void FormWidgets::Bind(std::string_view name, QWidget* widget, std::function<void(const Control&)> show) {
-    widget->setObjectName(Name(name));
+    widget->setObjectName(Text(name));
     widget->installEventFilter(this);
     show(form.At(name));
     bindings.push_back({std::string(name), widget, std::move(show)});
@@ -273,7 +268,7 @@ void FormWidgets::AddMenu(std::string_view name) {
         outer->setMenuBar(bar);
     }
     QMenu* menu = bar->addMenu(Text(control.text));
-    menu->setObjectName(Name(name));
+    menu->setObjectName(Text(name));
     for (std::size_t item = 0; item < control.items.size(); ++item) {
         connect(menu->addAction(Text(control.items[item])), &QAction::triggered, this,
                 [this, own = std::string(name), index = static_cast<int>(item)] {

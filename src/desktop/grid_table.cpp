@@ -1,6 +1,7 @@
 #include "desktop/grid_table.h"
 
 #include "desktop/palette_grid.h"
+#include "desktop/qt_text.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -129,7 +130,7 @@ GridTable::GridTable(std::function<void(int)> moved_, std::function<void(int)> p
 
 void GridTable::Show(const Control& control) {
     const QSignalBlocker quiet(this);
-    setAccessibleDescription(QString::fromStdString(control.text));
+    setAccessibleDescription(Text(control.text));
     ShowHeadings(control.items);
     const int columns = std::max(1, control.columns);
     setRowCount(static_cast<int>(control.cells.size()) / columns);
@@ -152,7 +153,7 @@ void GridTable::ShowHeadings(const std::vector<std::string>& headings) {
     horizontalHeader()->setVisible(columnCount() > 1);
     setSelectionMode(columnCount() > 1 ? NoSelection : SingleSelection);
     for (int column = 0; column < columnCount(); ++column) {
-        const QString text = QString::fromStdString(headings[static_cast<std::size_t>(column)]);
+        const QString text = Text(headings[static_cast<std::size_t>(column)]);
         QTableWidgetItem* heading = horizontalHeaderItem(column);
         if (heading == nullptr) {
             heading = new QTableWidgetItem;
@@ -174,7 +175,7 @@ void GridTable::ShowCell(int number, const GridCell& cell) {
         place = new QTableWidgetItem;
         setItem(row, column, place);
     }
-    const QString text = QString::fromStdString(cell.text);
+    const QString text = Text(cell.text);
     place->setText(text);
     place->setTextAlignment(column == columnCount() - 1 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
     place->setForeground(cell.textColor == 0 ? QBrush() : QBrush(QColorOf(cell.textColor)));
@@ -184,7 +185,7 @@ void GridTable::ShowCell(int number, const GridCell& cell) {
     place->setFlags(place->flags() & ~Qt::ItemIsUserCheckable);
     place->setData(Qt::CheckStateRole,
                    cell.checked ? QVariant(*cell.checked ? Qt::Checked : Qt::Unchecked) : QVariant());
-    place->setData(Qt::AccessibleTextRole, cell.words.empty() ? text : QString::fromStdString(cell.words));
+    place->setData(Qt::AccessibleTextRole, cell.words.empty() ? text : Text(cell.words));
 }
 
 void GridTable::AlignBlanks() {

@@ -1,6 +1,7 @@
 #include "desktop/heads_line.h"
 
 #include "core/column_heads.h"
+#include "desktop/qt_text.h"
 
 #include <QPainter>
 
@@ -17,7 +18,7 @@ QSize HeadsLine::sizeHint() const { return {edit.sizeHint().width(), fontMetrics
 void HeadsLine::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     for (const ColumnHead& head : ColumnHeads(edit.Mask())) {
-        const QString text = QString::fromStdString(head.text);
+        const QString text = Text(head.text);
         const int middle = (edit.LeftOf(head.begin) + edit.LeftOf(head.end)) / 2;
         const int left = std::max(middle - fontMetrics().horizontalAdvance(text) / 2, 0);
         painter.drawText(left, fontMetrics().ascent(), text);

@@ -1,6 +1,7 @@
 #include "desktop/letter_sample.h"
 
 #include "desktop/palette_grid.h"
+#include "desktop/qt_text.h"
 #include "desktop/window_place.h"
 
 #include <QPainter>
@@ -27,7 +28,7 @@ LetterSample::LetterSample(QWidget* parent) : QFrame(parent) {
 }
 
 void LetterSample::Show(const Control& control) {
-    text = QString::fromStdString(control.text);
+    text = Text(control.text);
     letters = control.letters;
     update();
 }
@@ -41,7 +42,7 @@ void LetterSample::paintEvent(QPaintEvent* event) {
     painter.setClipRect(contentsRect());
     painter.fillRect(contentsRect(), QColorOf(letters.background));
     if (!text.isEmpty()) {
-        QFont font(QString::fromStdString(letters.fontName));
+        QFont font(Text(letters.fontName));
         font.setPixelSize(std::max(1, qRound(letters.points * TwipsPerPoint / TwipsPerUnit(*screen()))));
         font.setBold(letters.bold);
         font.setItalic(letters.italic);

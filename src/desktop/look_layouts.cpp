@@ -1,6 +1,7 @@
 #include "desktop/look_layouts.h"
 
 #include "desktop/form_view.h"
+#include "desktop/qt_text.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -74,8 +75,7 @@ void LayOutColors(FormView& view) {
     words->setFixedHeight(words->fontMetrics().height());
     words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     view.Column()->addWidget(words);
-    view.Also("ColorSquare",
-              [words](const Control& control) { words->setText(QString::fromStdString(control.text)); });
+    view.Also("ColorSquare", [words](const Control& control) { words->setText(Text(control.text)); });
     view.Column()->addWidget(view.AddLabel("HelpText"));
     view.AddButtons({"Cancel"});
 }

@@ -5,6 +5,7 @@
 #include "desktop/form_view.h"
 #include "desktop/grid_table.h"
 #include "desktop/line_drag.h"
+#include "desktop/qt_text.h"
 #include "desktop/symbol_picture.h"
 
 #include <QHBoxLayout>
@@ -36,10 +37,10 @@ public:
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     }
     void Show(const Control& control) {
-        caption = QString::fromStdString(control.caption);
+        caption = Text(control.caption);
         name = control.text;
-        setAccessibleName(caption + QString::fromStdString(name));
-        setToolTip(QString::fromStdString(name));
+        setAccessibleName(caption + Text(name));
+        setToolTip(Text(name));
         Elide();
     }
 
@@ -51,9 +52,7 @@ protected:
 
 private:
     void Elide() {
-        const auto shown = [this](std::string_view text) {
-            return caption + QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-        };
+        const auto shown = [this](std::string_view text) { return caption + Text(text); };
         setText(shown(ElidedName(name, [&](std::string_view text) {
             return fontMetrics().horizontalAdvance(shown(text)) <= contentsRect().width();
         })));

@@ -1,5 +1,7 @@
 #include "desktop/masked_edit.h"
 
+#include "desktop/qt_text.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -15,7 +17,6 @@ namespace {
 
 constexpr std::string_view WidestAngle = "%%%    %%    %%    ?";
 
-bool IsAngle(std::string_view mask) { return mask.find(' ') != std::string_view::npos; }
 bool HasTwoDegreeDigits(std::string_view mask) { return mask.find(' ') == 2; }
 
 /// A mask as a text in the widest letter.
@@ -49,7 +50,7 @@ MaskedEdit::MaskedEdit(const std::string& mask, std::function<void(const std::st
 }
 
 void MaskedEdit::Render() {
-    const QString shown = QString::fromStdString(entry.Text());
+    const QString shown = Text(entry.Text());
     if (text() != shown) {
         setText(shown);
     }
@@ -71,14 +72,14 @@ void MaskedEdit::Enter() {
 void MaskedEdit::Leave() {
     entry.Leave();
     if (text().toStdString() != entry.Text()) {
-        setText(QString::fromStdString(entry.Text()));
+        setText(Text(entry.Text()));
         typed(entry.Text());
     }
 }
 
 QSize MaskedEdit::sizeHint() const {
     ensurePolished();
-    const QString widest = Filled(IsAngle(Mask()) ? WidestAngle : std::string_view(Mask()));
+    const QString widest = Filled(IsAngleMask(Mask()) ? WidestAngle : std::string_view(Mask()));
     QStyleOptionFrame option;
     initStyleOption(&option);
     // Two letters for the margins that the line keeps free at its ends.

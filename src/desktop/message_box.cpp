@@ -1,5 +1,7 @@
 #include "desktop/message_box.h"
 
+#include "desktop/qt_text.h"
+
 #include <QApplication>
 #include <QGridLayout>
 #include <QScreen>
@@ -13,10 +15,6 @@
 namespace quelmont {
 
 namespace {
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
     switch (buttons) {

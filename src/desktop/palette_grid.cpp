@@ -1,5 +1,7 @@
 #include "desktop/palette_grid.h"
 
+#include "desktop/qt_text.h"
+
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -37,8 +39,8 @@ void PaletteGrid::Show(const Control& control) {
     columns = std::max(1, control.columns);
     current = control.value;
     marked = control.marked;
-    setAccessibleDescription(QString::fromStdString(control.text));
-    if (const QString now = QString::fromStdString(control.text); now != words) {
+    setAccessibleDescription(Text(control.text));
+    if (const QString now = Text(control.text); now != words) {
         words = now;
         QAccessibleEvent event(this, QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&event);

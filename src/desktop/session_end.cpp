@@ -26,7 +26,7 @@ bool ending = false;
 /// A signal writes a byte into one end, the event loop reads it at the other.
 std::array<int, 2> signalPipe = {-1, -1};
 
-void TakeSignal(int number) {
+void WakeBySignal(int number) {
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
     std::signal(number, SIG_DFL);
@@ -50,7 +50,7 @@ SessionEnd::SessionEnd(QWidget& window_) : window(window_), notifier(nullptr) {
             notifier->setEnabled(false);
             End();
         });
-        HandleEnding(TakeSignal);
+        HandleEnding(WakeBySignal);
     }
     connect(qApp, &QGuiApplication::commitDataRequest, this, &SessionEnd::Save, Qt::DirectConnection);
     qApp->installEventFilter(this);

@@ -1,19 +1,12 @@
 #include "desktop/window_menus.h"
 
+#include "desktop/qt_text.h"
 #include "mainwindow/main_menu.h"
 
 #include <QMenu>
 #include <QMenuBar>
 
 namespace quelmont {
-
-namespace {
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
 
 WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(clicked_)) {
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {

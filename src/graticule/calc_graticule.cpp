@@ -3,6 +3,7 @@
 #include "core/angle_field.h"
 #include "core/angle_text.h"
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr const char* NorthPole = "90    00    00    N";
 constexpr const char* SouthPole = "90    00    00    S";
 
-void ReadTexts() {
+void ReadGridTexts() {
     Design.LatCentralSec = LatitudeSeconds(Design.GridText[GridTextCentralLat]);
     Design.LonCentralSec = LongitudeSeconds(Design.GridText[GridTextCentralLon]);
     Design.RangeSec = ArcSeconds(Design.GridText[GridTextRange]);
@@ -63,7 +64,7 @@ void BoundWholeGlobe() {
     Design.GridText[GridTextWest] = BoundaryText(Design.LonWestSec);
 }
 
-void Refuse(const char* title, const char* text, const char* field, std::vector<std::string> restored) {
+void RefuseGrid(const char* title, const char* text, const char* field, std::vector<std::string> restored) {
     Design.LastRefusal = RefuseField(field, title, text);
     Design.LastRefusal.Restored = std::move(restored);
     Design.ProjOffMap = true;
@@ -94,17 +95,17 @@ bool Refused() {
     const std::int32_t lonRest =
         Remainder(std::abs(Design.LonSpanSec - Design.LonZeroSec), Design.LonGridSec);
     if (Design.LatNorthSec < Design.LatSouthSec) {
-        Refuse("Error: Latitude", NorthBelowSouth, "LatN", {"LatN", "LatS"});
+        RefuseGrid("Error: Latitude", NorthBelowSouth, "LatN", {"LatN", "LatS"});
     } else if (Design.LatNorthSec == Design.LatSouthSec) {
-        Refuse("Error: Latitude", NorthEqualsSouth, "LatN", {"LatN", "LatS"});
+        RefuseGrid("Error: Latitude", NorthEqualsSouth, "LatN", {"LatN", "LatS"});
     } else if (latRest != 0) {
-        Refuse("Error: Degrees of latitude", azimuthal ? LatitudeGridAzimuthal : LatitudeGrid, "LatGr",
-               {"LatGr"});
+        RefuseGrid("Error: Degrees of latitude", azimuthal ? LatitudeGridAzimuthal : LatitudeGrid, "LatGr",
+                   {"LatGr"});
     } else if (lonRest != 0) {
-        Refuse("Error: Degrees of longitude", azimuthal ? LongitudeGridAzimuthal : LongitudeGrid, "LonGr",
-               {"LonGr"});
+        RefuseGrid("Error: Degrees of longitude", azimuthal ? LongitudeGridAzimuthal : LongitudeGrid, "LonGr",
+                   {"LonGr"});
     } else if (Design.LonEastSec == -SecPerHalfCircle && Design.LonWestSec == SecPerHalfCircle) {
-        Refuse("Error: Longitude", ZeroRange, "LonW", {"LonW", "LonE"});
+        RefuseGrid("Error: Longitude", ZeroRange, "LonW", {"LonW", "LonE"});
     } else {
         return false;
     }
@@ -135,7 +136,7 @@ void ConstantGrid() {
 void CalcGraticule() {
     Guarded("CalcGraticule", [] {
         Design.LastRefusal = {};
-        ReadTexts();
+        ReadGridTexts();
         if (IsAzimuthal(Design.ProjNum)) {
             BoundWholeGlobe();
         }
@@ -147,8 +148,8 @@ void CalcGraticule() {
         DegreesFromSeconds();
         CompactTexts(Design.GridText[GridTextWest], Design.GridText[GridTextEast]);
         if (IsAzimuthal(Design.ProjNum)) {
-            Design.LatCentral = static_cast<double>(Design.LatCentralSec) / SecPerDegree;
-            Design.LonMiddle = static_cast<double>(Design.LonCentralSec) / SecPerDegree;
+            Design.LatCentral = DegreesOf(Design.LatCentralSec);
+            Design.LonMiddle = DegreesOf(Design.LonCentralSec);
             Design.CosRange = std::cos(Design.RangeSec * DegToRad / SecPerDegree);
         } else {
             CentreOfRectangle();

@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 
@@ -13,8 +14,6 @@ namespace {
 
 /// Exact, also where the difference would not fit 32 bits.
 double Difference(std::int32_t a, std::int32_t b) { return static_cast<double>(a) - b; }
-
-double Degrees(std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; }
 
 } // namespace
 
@@ -37,14 +36,14 @@ void CountDivisions() {
 }
 
 void DegreesFromSeconds() {
-    Design.LatGrid = Degrees(Design.LatGridSec);
-    Design.LatNorth = Degrees(Design.LatNorthSec);
-    Design.LatSouth = Degrees(Design.LatSouthSec);
-    Design.LonGrid = Degrees(Design.LonGridSec);
-    Design.LonWest = Degrees(Design.LonWestSec);
-    Design.LonEast = Degrees(Design.LonEastSec);
-    Design.LonSpan = Degrees(Design.LonSpanSec);
-    Design.LonZero = Degrees(Design.LonZeroSec);
+    Design.LatGrid = DegreesOf(Design.LatGridSec);
+    Design.LatNorth = DegreesOf(Design.LatNorthSec);
+    Design.LatSouth = DegreesOf(Design.LatSouthSec);
+    Design.LonGrid = DegreesOf(Design.LonGridSec);
+    Design.LonWest = DegreesOf(Design.LonWestSec);
+    Design.LonEast = DegreesOf(Design.LonEastSec);
+    Design.LonSpan = DegreesOf(Design.LonSpanSec);
+    Design.LonZero = DegreesOf(Design.LonZeroSec);
     Design.LonCentral = (Design.LonSpan + Design.LonZero) / 2.0;
 }
 

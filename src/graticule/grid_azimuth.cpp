@@ -1,6 +1,7 @@
 #include "graticule/grid_azimuth.h"
 
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "graticule/grid_lines.h"
@@ -24,8 +25,6 @@ constexpr double ProbeStep = 0.1;
 constexpr double LongestStep = 3.0;
 /// Steps turn the azimuth by a degree, so that half a parallel has a few hundred.
 constexpr std::size_t MostLongitudes = 20000;
-
-double InDegrees(double radians) { return radians / DegToRad; }
 
 double ArcCosine(double value) { return std::atan(Divide(SquareRoot(1.0 - value * value), value)); }
 

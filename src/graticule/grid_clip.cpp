@@ -1,6 +1,7 @@
 #include "graticule/grid_clip.h"
 
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 
@@ -16,8 +17,6 @@ namespace {
 constexpr std::int32_t Sec90 = SecPerHalfCircle / 2;
 
 double UpToOne(double value) { return std::fabs(value) > 1.0 ? Sign(value) : value; }
-
-double InDegrees(double radians) { return radians / DegToRad; }
 
 /// Latitude in degrees whose sine is s.
 double LatitudeOfSine(double s) {
@@ -158,7 +157,7 @@ void CutHemisphere(GridPass& pass, double cosD) {
 void CalcCircleReach(GridPass& pass) {
     const double centre = Design.LatCentral;
     pass.TanLatCentral = std::tan(Design.LatCentralRad);
-    pass.RangeDeg = static_cast<double>(Design.RangeSec) / SecPerDegree;
+    pass.RangeDeg = DegreesOf(Design.RangeSec);
     pass.NorthReachSec = RoundToInt32(centre * SecPerDegree + Design.RangeSec);
     pass.SouthReachSec = RoundToInt32(centre * SecPerDegree - Design.RangeSec);
     pass.PoleGapSec = RoundToInt32(Design.RangeSec - std::fabs(centre * SecPerDegree));

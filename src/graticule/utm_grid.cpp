@@ -17,7 +17,7 @@ namespace {
 
 std::int32_t Metres(std::size_t index) { return RoundToInt32(ValueOf(Design.UtmText[index])); }
 
-void ReadTexts() {
+void ReadMetreTexts() {
     Design.LatNorthSec = Metres(5);
     Design.LatSouthSec = Metres(6);
     Design.LatGridSec = Metres(7);
@@ -26,7 +26,7 @@ void ReadTexts() {
     Design.LonGridSec = Metres(10);
 }
 
-bool Refuse(const char* text, const char* field) {
+bool RefuseMetres(const char* text, const char* field) {
     Design.LastRefusal = RefuseField(field, "Error: UTM projection", text);
     Design.ProjOffMap = true;
     return true;
@@ -40,36 +40,36 @@ std::int64_t Rest(std::int32_t a, std::int32_t b, std::int32_t spacing) {
 
 bool SpacingRefused() {
     if (Design.LatGridSec == 0) {
-        return Refuse("The METERS BETWEEN NORTH/SOUTH GRID MARKS must be > 0.", "UtmLatGrid");
+        return RefuseMetres("The METERS BETWEEN NORTH/SOUTH GRID MARKS must be > 0.", "UtmLatGrid");
     }
     if (Design.LonGridSec == 0) {
-        return Refuse("The METERS BETWEEN EAST/WEST GRID MARKS must be > 0.", "UtmLonGrid");
+        return RefuseMetres("The METERS BETWEEN EAST/WEST GRID MARKS must be > 0.", "UtmLonGrid");
     }
     return false;
 }
 
 bool BoundsRefused() {
     if (Rest(Design.LatNorthSec, Design.LatSouthSec, Design.LatGridSec) != 0) {
-        return Refuse("The METERS BETWEEN NORTH/SOUTH GRID MARKS does not yield an integral number of "
-                      "divisions along the axis.",
-                      "UtmLatGrid");
+        return RefuseMetres("The METERS BETWEEN NORTH/SOUTH GRID MARKS does not yield an integral number of "
+                            "divisions along the axis.",
+                            "UtmLatGrid");
     }
     if (Design.LatNorthSec < Design.LatSouthSec) {
-        return Refuse("The NORTHERN BOUNDARY is south of the SOUTHERN BOUNDARY.", "UtmLatN");
+        return RefuseMetres("The NORTHERN BOUNDARY is south of the SOUTHERN BOUNDARY.", "UtmLatN");
     }
     if (Design.LatNorthSec == Design.LatSouthSec) {
-        return Refuse("The NORTHERN and SOUTHERN BOUNDARIES are equal.", "UtmLatN");
+        return RefuseMetres("The NORTHERN and SOUTHERN BOUNDARIES are equal.", "UtmLatN");
     }
     if (Rest(Design.LonSpanSec, Design.LonZeroSec, Design.LonGridSec) != 0) {
-        return Refuse("The METERS BETWEEN EAST/WEST GRID MARKS does not yield an integral number of "
-                      "divisions along the axis.",
-                      "UtmLonGrid");
+        return RefuseMetres("The METERS BETWEEN EAST/WEST GRID MARKS does not yield an integral number of "
+                            "divisions along the axis.",
+                            "UtmLonGrid");
     }
     if (Design.LonEastSec < Design.LonWestSec) {
-        return Refuse("The EASTERN BOUNDARY is west of the WESTERN BOUNDARY.", "UtmLonW");
+        return RefuseMetres("The EASTERN BOUNDARY is west of the WESTERN BOUNDARY.", "UtmLonW");
     }
     if (Design.LonEastSec == Design.LonWestSec) {
-        return Refuse("The EASTERN and WESTERN BOUNDARIES are equal.", "UtmLonW");
+        return RefuseMetres("The EASTERN and WESTERN BOUNDARIES are equal.", "UtmLonW");
     }
     return false;
 }
@@ -90,7 +90,7 @@ void StoreMetres() {
 void CalcUtmGrid() {
     Guarded("CalcUtmGrid", [] {
         Design.LastRefusal = {};
-        ReadTexts();
+        ReadMetreTexts();
         if (SpacingRefused()) {
             return;
         }

@@ -31,12 +31,6 @@ constexpr std::array ClickHandlers = std::to_array<ClickHandler>({
     {Menu::mnuAbout, "mnuAbout_Click", mnuAbout_Click},
 });
 
-/// A number in a caption: the general form without its leading blank.
-std::string CaptionNumber(double value) {
-    const std::string text = GeneralText(value);
-    return text.substr(text.find_first_not_of(' '));
-}
-
 } // namespace
 
 void mnuBar_Click(int Index) { RunMenuItem(Menu::mnuBar, Index); }
@@ -75,9 +69,8 @@ void ToggleCaption() {
         caption.erase(0, bar + 1);
     }
     if (window.MenuChecked(Menu::mnuDesign, PixelSizeItem) && Design.TwipsPerPixelX > 0.0F) {
-        caption = CaptionNumber(window.ScaleWidth() / Design.TwipsPerPixelX) + "," +
-                  CaptionNumber(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" +
-                  caption;
+        caption = PlainNumber(window.ScaleWidth() / Design.TwipsPerPixelX) + "," +
+                  PlainNumber(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" + caption;
     }
     window.SetCaption(caption);
 }

@@ -32,7 +32,7 @@ constexpr const char* StopCaption = "Quelmont: click on Stop or press Esc to sto
 
 double Now() { return Machine().clock->SecondsSinceMidnight(); }
 
-double SecondsSince(double start) { return ElapsedSeconds(start, Now()); }
+double ClockSecondsSince(double start) { return ElapsedSeconds(start, Now()); }
 
 void DisarmExports() {
     DisarmWriters();
@@ -67,7 +67,7 @@ void Begin() {
 void PlotGridTimed() {
     const double start = Now();
     PlotGrid();
-    Design.Statistics.GridSeconds += SecondsSince(start);
+    Design.Statistics.GridSeconds += ClockSecondsSince(start);
 }
 
 /// True when a stage was stopped; the draw then ends, and the reason is taken off.
@@ -133,7 +133,7 @@ void PrintTextOnWindow() {
 }
 
 void End() {
-    Design.PlotSeconds = SecondsSince(Design.PlotSeconds);
+    Design.PlotSeconds = ClockSecondsSince(Design.PlotSeconds);
     Design.LobeOffsetX = 0.0;
     Design.LobeLast = true;
     ReleaseDevicePen(1, "MapDraw");

@@ -32,7 +32,7 @@ bool SameName(std::string_view a, std::string_view b) {
                       [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
-std::vector<std::string> Lines(const std::string& file) {
+std::vector<std::string> LinesOfFile(const std::string& file) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error) ||
         std::filesystem::file_size(file, error) > LargestFile || error) {
@@ -117,7 +117,7 @@ void Replace(const std::string& file, const std::vector<std::string>& lines) {
 
 std::optional<std::string> ReadProfileString(const std::string& file, std::string_view section,
                                              std::string_view key) {
-    const std::vector<std::string> lines = Lines(file);
+    const std::vector<std::string> lines = LinesOfFile(file);
     const KeyPlace place = FindKey(lines, section, key);
     if (!place.found) {
         return std::nullopt;
@@ -128,7 +128,7 @@ std::optional<std::string> ReadProfileString(const std::string& file, std::strin
 
 bool WriteProfileString(const std::string& file, std::string_view section, std::string_view key,
                         std::string_view value) {
-    std::vector<std::string> lines = Lines(file);
+    std::vector<std::string> lines = LinesOfFile(file);
     const KeyPlace place = FindKey(lines, section, key);
     const std::string line = std::string(key) + "=" + std::string(value);
     if (place.found) {

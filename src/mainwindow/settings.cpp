@@ -81,11 +81,6 @@ void ReadPlace() {
     Machine().window->SetPlace({n[0], n[1], n[2], n[3]});
 }
 
-std::string SettingNumber(double value) {
-    const std::string text = GeneralText(value);
-    return text.substr(text.find_first_not_of(' '));
-}
-
 bool IsFlagSet(const std::string& text) {
     const std::vector<double> numbers = Numbers(text);
     return (!numbers.empty() && numbers[0] != 0.0) || text == "True" || text == "true";
@@ -128,9 +123,9 @@ void WriteSettings() {
     const std::array<double, 2> screen = ScreenTwips();
     const std::array<std::pair<const char*, std::string>, 4> settings = {{
         {"PrinterUnits", std::to_string(Design.PrintUnitTwips)},
-        {"ScreenSize", SettingNumber(screen[0]) + " " + SettingNumber(screen[1])},
-        {"MainWindow", SettingNumber(place.left) + " " + SettingNumber(place.top) + " " +
-                           SettingNumber(place.width) + " " + SettingNumber(place.height)},
+        {"ScreenSize", PlainNumber(screen[0]) + " " + PlainNumber(screen[1])},
+        {"MainWindow", PlainNumber(place.left) + " " + PlainNumber(place.top) + " " +
+                           PlainNumber(place.width) + " " + PlainNumber(place.height)},
         {"WindowMaximized", window.IsZoomed() ? "-1" : "0"},
     }};
     for (std::size_t i = 0; i < settings.size(); ++i) {

@@ -6,11 +6,7 @@
 
 namespace quelmont {
 
-namespace {
-
-std::int16_t Twips(double pixels) { return RoundToInt16(pixels * Design.TwipsPerPixelY); }
-
-} // namespace
+std::int16_t TwipsOf(double pixels) { return RoundToInt16(pixels * Design.TwipsPerPixelY); }
 
 std::span<const FeatureRow> FeatureRows(std::string_view fileName) { return MapFormatOf(fileName).rows; }
 
@@ -22,9 +18,9 @@ InputFileEntry NewMapFileEntry(std::string_view fileName) {
     for (const FeatureRow& row : FeatureRows(fileName)) {
         entry.Features[feature] = FeatureStyle{.Shown = true,
                                                .Color = SolidColor(row.color),
-                                               .LineWidth = Twips(LinePixels),
-                                               .SymbolSize = Twips(SymbolPixels),
-                                               .BorderWidth = Twips(BorderPixels)};
+                                               .LineWidth = TwipsOf(LinePixels),
+                                               .SymbolSize = TwipsOf(SymbolPixels),
+                                               .BorderWidth = TwipsOf(BorderPixels)};
         ++feature;
     }
     return entry;

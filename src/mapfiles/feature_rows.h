@@ -186,6 +186,10 @@ constexpr double LinePixels = 1.0;
 constexpr double SymbolPixels = 3.0; ///< radius
 constexpr double BorderPixels = 1.0;
 
+/// A width or radius of pixels in twips, as styles hold it. Reads TwipsPerPixelY; RunTimeError "Overflow"
+/// above 32767.
+std::int16_t TwipsOf(double pixels);
+
 /// The rows of a file, by the last three letters of its name in any case.
 std::span<const FeatureRow> FeatureRows(std::string_view fileName);
 

@@ -4,6 +4,7 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "mapfiles/text_items.h"
+#include "platform/characters.h"
 
 namespace quelmont {
 
@@ -22,7 +23,7 @@ std::string_view TakeWorldItem(std::string_view& text) {
 
 std::optional<WorldDegrees> DecodeWorldDegrees(std::string_view item) {
     const char first = item.empty() ? ' ' : item.front();
-    if (first != '-' && !(first >= '0' && first <= '9')) {
+    if (first != '-' && !IsDigit(first)) {
         return std::nullopt;
     }
     const std::size_t blank = item.find_first_of(" \t");

@@ -1,6 +1,7 @@
 #include "mapinput/az_interpolate.h"
 
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 
@@ -20,7 +21,7 @@ constexpr double SeamLeap = 1.8 * Pi;
 
 /// A segment from (a1, b1) to (a2, b2), latitude and relative longitude in radians, and the map's
 /// circle as the zeros of the haversine of the distance from its centre less that of the range.
-struct Crossing {
+struct CircleCrossing {
     double a1, b1, a2, b2;
     double centreLat, centreLon, cosCentre, haversineOfRange;
     LineAtCircle way;
@@ -69,33 +70,33 @@ double Bisect(LineAtCircle way, double previous, double current, Function&& f) {
 }
 
 /// Also false for what is no number.
-bool Between(double value, double end1, double end2) {
+bool LiesBetween(double value, double end1, double end2) {
     return value >= std::min(end1, end2) - OneSecond && value <= std::max(end1, end2) + OneSecond;
 }
 
-double AlongParallel(const Crossing& c) {
+double AlongParallel(const CircleCrossing& c) {
     // Across the seam the far end is a full circle away from where it stands.
     const double end1 = !c.AcrossSeam() ? c.b1 : c.b1 > c.b2 ? c.b1 - 2.0 * Pi : c.b1 + 2.0 * Pi;
     const double start = c.AcrossSeam() ? std::min(c.b1, c.b2) : (c.b1 + c.b2) / 2.0;
     const double b = Newton(start, [&](double at) { return c.F(c.a1, at) / c.ByLongitude(c.a1, at); });
-    if (Between(b, end1, c.b2) ||
-        (c.AcrossSeam() && (Between(b - 2.0 * Pi, end1, c.b2) || Between(b + 2.0 * Pi, end1, c.b2)))) {
+    if (LiesBetween(b, end1, c.b2) || (c.AcrossSeam() && (LiesBetween(b - 2.0 * Pi, end1, c.b2) ||
+                                                          LiesBetween(b + 2.0 * Pi, end1, c.b2)))) {
         return b;
     }
     return Bisect(c.way, end1, c.b2, [&](double at) { return c.F(c.a1, at); });
 }
 
-double AlongMeridian(const Crossing& c) {
+double AlongMeridian(const CircleCrossing& c) {
     const double a =
         Newton((c.a1 + c.a2) / 2.0, [&](double at) { return c.F(at, c.b1) / c.ByLatitude(at, c.b1); });
-    if (Between(a, c.a1, c.a2)) {
+    if (LiesBetween(a, c.a1, c.a2)) {
         return a;
     }
     return Bisect(c.way, c.a1, c.a2, [&](double at) { return c.F(at, c.b1); });
 }
 
 /// Returns the latitude and leaves the longitude in b.
-double General(const Crossing& c, double& b) {
+double AlongSlope(const CircleCrossing& c, double& b) {
     // The numerator across the seam is positive whatever the order of the two longitudes.
     const double rise = c.AcrossSeam() ? 2.0 * Pi - std::fabs(c.b2 - c.b1) : c.b2 - c.b1;
     const double m = rise / (c.a2 - c.a1);
@@ -104,30 +105,30 @@ double General(const Crossing& c, double& b) {
         const double lon = lonAt(at);
         return c.F(at, lon) / (c.ByLatitude(at, lon) + c.ByLongitude(at, lon) * m);
     });
-    if (!Between(a, c.a1, c.a2)) {
+    if (!LiesBetween(a, c.a1, c.a2)) {
         a = Bisect(c.way, c.a1, c.a2, [&](double at) { return c.F(at, lonAt(at)); });
     }
     b = lonAt(a);
     return a;
 }
 
-double Radians(std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree * DegToRad; }
+double Radians(std::int32_t seconds) { return DegreesOf(seconds) * DegToRad; }
 
-std::int32_t Seconds(double radians) { return RoundToInt32(radians / DegToRad * SecPerDegree); }
+std::int32_t SecondsOfRadians(double radians) { return RoundToInt32(InDegrees(radians) * SecPerDegree); }
 
 } // namespace
 
 void AzInterpolate(std::int32_t& lat, std::int32_t& lon, LineAtCircle way) {
-    const double halfRange = std::sin(static_cast<double>(Design.RangeSec) / SecPerDegree * HalfDegToRad);
-    const Crossing c{Radians(Design.PointLatSecPrev),
-                     Radians(Design.PointLonSecPrev),
-                     Radians(Design.PointLatSec),
-                     Radians(Design.PointLonSec),
-                     Design.LatCentralRad,
-                     Design.LonCentral * DegToRad,
-                     Design.CosLatCentral,
-                     halfRange * halfRange,
-                     way};
+    const double halfRange = std::sin(DegreesOf(Design.RangeSec) * HalfDegToRad);
+    const CircleCrossing c{Radians(Design.PointLatSecPrev),
+                           Radians(Design.PointLonSecPrev),
+                           Radians(Design.PointLatSec),
+                           Radians(Design.PointLonSec),
+                           Design.LatCentralRad,
+                           Design.LonCentral * DegToRad,
+                           Design.CosLatCentral,
+                           halfRange * halfRange,
+                           way};
     double a = 0.0;
     double b = 0.0;
     if (c.a1 == c.a2 && c.b1 != c.b2) {
@@ -137,10 +138,10 @@ void AzInterpolate(std::int32_t& lat, std::int32_t& lon, LineAtCircle way) {
         a = AlongMeridian(c);
         b = c.b1;
     } else if (c.a1 != c.a2) {
-        a = General(c, b);
+        a = AlongSlope(c, b);
     }
-    lat = Seconds(a);
-    lon = Seconds(b);
+    lat = SecondsOfRadians(a);
+    lon = SecondsOfRadians(b);
 }
 
 } // namespace quelmont

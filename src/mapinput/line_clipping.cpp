@@ -1,20 +1,34 @@
+#include "mapinput/line_clipping.h"
+
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "mapinput/az_interpolate.h"
 #include "mapinput/map_input_state.h"
-#include "mapinput/map_point.h"
-#include "projection/project_select.h"
+#include "output/fan_out.h"
+#include "output/print_to_screen.h"
+#include "projection/projection_table.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-/// Cuts the segment from the previous point to the current one at the map's edge, so that a line
-/// runs to the edge and not merely to its last point inside. All in source coordinates.
-
 namespace quelmont {
 
 namespace {
+
+ClippingFamily FamilyOf(std::int16_t projNum) {
+    switch (PropertiesOf(projNum).family) {
+    case ProjectionFamily::None:
+        return ClippingFamily::None;
+    case ProjectionFamily::Azimuthal:
+        return ClippingFamily::Circle;
+    case ProjectionFamily::MetricGrid:
+        return ClippingFamily::Metres;
+    default:
+        return ClippingFamily::Rectangle;
+    }
+}
 
 /// A segment of up to this many degrees that ends beyond the eastern boundary is taken to cross it.
 constexpr std::int32_t Sec20 = 20 * SecPerDegree;
@@ -47,9 +61,70 @@ bool AllRoundTheWorld() {
 
 } // namespace
 
+void LineClipping::BeginClipping() {
+    family = FamilyOf(Design.ProjNum);
+    PointInBounds = false;
+    PointsPlotted = 0;
+    EdgeLat = 0;
+    EdgeLon = 0;
+}
+
+void LineClipping::Clip() {
+    switch (family) {
+    case ClippingFamily::Rectangle:
+        ClipRectangle();
+        break;
+    case ClippingFamily::Metres:
+        ClipMetres();
+        break;
+    case ClippingFamily::Circle:
+        ClipCircle();
+        break;
+    case ClippingFamily::None:
+        break;
+    }
+}
+
+void LineClipping::PlotPoint() {
+    Design.PointStatus = MapInputNow.StartLine ? 1 : 0;
+    if (family == ClippingFamily::Metres) {
+        Design.ProjLat = Design.PointLatSec;
+        Design.ProjLon = Design.PointLonSec;
+    } else {
+        Design.ProjLat = DegreesOf(Design.PointLatSec);
+        Design.ProjLon = DegreesOf(Design.PointLonSec);
+    }
+    ProjectSelect(&tested);
+    if (Design.ProjOffMap) {
+        // Nothing leads to a place that is not on the map, and nothing leads on from it.
+        BreakLine();
+        return;
+    }
+    ++PointsPlotted;
+    if (!Design.OutputFileName.empty()) {
+        ScaleXY();
+    }
+    PrintToScreen();
+}
+
+void LineClipping::PlotEdge(std::int32_t lon) {
+    EdgeLon = lon;
+    Design.PointLatSec = EdgeLat;
+    Design.PointLonSec = lon;
+    PlotPoint();
+}
+
+void LineClipping::BreakLine() {
+    Design.PointStatus = PointBeginsLine;
+    if (Design.PointCount > 0) {
+        PrintLineBrkDisk();
+    }
+    Design.LineStart = LineMoves;
+}
+
 // ---- Maps bounded by parallels and meridians.
 
-void MapPoint::ClipRectangle() {
+void LineClipping::ClipRectangle() {
     if (PointInBounds && PrevInBounds) {
         JoinInside();
     } else if (PointInBounds) {
@@ -59,7 +134,7 @@ void MapPoint::ClipRectangle() {
     }
 }
 
-void MapPoint::JoinInside() {
+void LineClipping::JoinInside() {
     const std::int64_t LonStep = StepInLongitude();
     if (std::abs(LonStep) < SecPer340) {
         PlotPoint();
@@ -75,8 +150,8 @@ void MapPoint::JoinInside() {
     // Any other leap of 340 degrees fits no seam and draws nothing.
 }
 
-void MapPoint::CrossSeam(std::int64_t LonStep) {
-    const Place point{Design.PointLatSec, Design.PointLonSec};
+void LineClipping::CrossSeam(std::int64_t LonStep) {
+    const SourcePlace point{Design.PointLatSec, Design.PointLonSec};
     const std::int32_t circle = CircleOf(LonStep);
     const std::int32_t nearEdge = LonStep > 0 ? Design.LonZeroSec : Design.LonSpanSec;
     const std::int32_t farEdge = LonStep > 0 ? Design.LonSpanSec : Design.LonZeroSec;
@@ -99,12 +174,12 @@ void MapPoint::CrossSeam(std::int64_t LonStep) {
     PlotPoint();
 }
 
-void MapPoint::EnterRectangle() {
+void LineClipping::EnterRectangle() {
     if (MapInputNow.StartLine) {
         PlotPoint();
         return;
     }
-    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const SourcePlace prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
     const std::int64_t LonStep = StepInLongitude();
     bool acrossSeam = false;
     if (prev.lon < Design.LonZeroSec) {
@@ -122,11 +197,11 @@ void MapPoint::EnterRectangle() {
     DrawFromCut(prev, acrossSeam);
 }
 
-void MapPoint::LeaveRectangle() {
+void LineClipping::LeaveRectangle() {
     if (MapInputNow.StartLine) {
         return;
     }
-    const Place point{Design.PointLatSec, Design.PointLonSec};
+    const SourcePlace point{Design.PointLatSec, Design.PointLonSec};
     const std::int64_t LonStep = StepInLongitude();
     bool acrossSeam = false;
     if (point.lon < Design.LonZeroSec) {
@@ -144,16 +219,16 @@ void MapPoint::LeaveRectangle() {
 
 // ---- Maps bounded by northings and eastings: no seam, and metres know no 20 degrees.
 
-void MapPoint::ClipMetres() {
-    const auto cut = [this](Place outside) {
+void LineClipping::ClipMetres() {
+    const auto cut = [this](SourcePlace outside) {
         if (outside.lon >= Design.LonZeroSec && outside.lon <= Design.LonSpanSec) {
             EdgeByLatitude(outside.lat);
         } else {
             ClipToCorner(outside.lat, outside.lon);
         }
     };
-    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
-    const Place point{Design.PointLatSec, Design.PointLonSec};
+    const SourcePlace prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const SourcePlace point{Design.PointLatSec, Design.PointLonSec};
     if (PointInBounds && (PrevInBounds || MapInputNow.StartLine)) {
         PlotPoint();
     } else if (PointInBounds) {
@@ -167,10 +242,10 @@ void MapPoint::ClipMetres() {
 
 // ---- Maps bounded by a circle.
 
-void MapPoint::ClipCircle() {
+void LineClipping::ClipCircle() {
     TestCircle();
-    const Place prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
-    const Place point{Design.PointLatSec, Design.PointLonSec};
+    const SourcePlace prev{Design.PointLatSecPrev, Design.PointLonSecPrev};
+    const SourcePlace point{Design.PointLatSec, Design.PointLonSec};
     if (PointInBounds && (PrevInBounds || MapInputNow.StartLine)) {
         PlotPoint();
     } else if (PointInBounds) {
@@ -183,10 +258,10 @@ void MapPoint::ClipCircle() {
     }
 }
 
-void MapPoint::TestCircle() {
+void LineClipping::TestCircle() {
     Design.PointStatus = MapInputNow.StartLine ? 1 : 0;
-    Design.ProjLat = static_cast<double>(Design.PointLatSec) / SecPerDegree;
-    Design.ProjLon = static_cast<double>(Design.PointLonSec) / SecPerDegree;
+    Design.ProjLat = DegreesOf(Design.PointLatSec);
+    Design.ProjLon = DegreesOf(Design.PointLonSec);
     Design.ProjTestMode = TestOnly;
     ProjectSelect(&tested);
     Design.ProjTestMode = TestNone;
@@ -201,15 +276,12 @@ void MapPoint::TestCircle() {
 
 // ---- Cut points.
 
-void MapPoint::EdgeByLatitude(std::int32_t outsideLat) {
+void LineClipping::EdgeByLatitude(std::int32_t outsideLat) {
     EdgeLat = outsideLat > Design.LatNorthSec ? Design.LatNorthSec : Design.LatSouthSec;
     EdgeLon = LonOfSegmentAt(EdgeLat);
 }
 
-/// The same on a map all round the world, whose seam the segment may cross: outsideLon is then moved
-/// by a full circle to where the segment is straight. LonStep is the step from the inner end to the
-/// outer one. True when the seam was crossed.
-bool MapPoint::EdgeByLatitude(std::int32_t outsideLat, std::int32_t& outsideLon, std::int64_t LonStep) {
+bool LineClipping::EdgeByLatitude(std::int32_t outsideLat, std::int32_t& outsideLon, std::int64_t LonStep) {
     const bool acrossSeam = std::abs(LonStep) >= SecPer340 && AllRoundTheWorld();
     if (acrossSeam) {
         outsideLon -= CircleOf(LonStep);
@@ -223,7 +295,7 @@ bool MapPoint::EdgeByLatitude(std::int32_t outsideLat, std::int32_t& outsideLon,
     return acrossSeam;
 }
 
-void MapPoint::ClipToCorner(std::int32_t outsideLat, std::int32_t outsideLon) {
+void LineClipping::ClipToCorner(std::int32_t outsideLat, std::int32_t outsideLon) {
     EdgeLon = std::clamp(outsideLon, Design.LonZeroSec, Design.LonSpanSec);
     // A segment along the very edge, which a full circle brought there, has no one latitude on it.
     EdgeLat = Design.PointLonSec == Design.PointLonSecPrev ? outsideLat : LatOfSegmentAt(EdgeLon);
@@ -236,8 +308,8 @@ void MapPoint::ClipToCorner(std::int32_t outsideLat, std::int32_t outsideLon) {
     }
 }
 
-void MapPoint::DrawFromCut(Place prev, bool acrossSeam) {
-    const Place point{Design.PointLatSec, Design.PointLonSec};
+void LineClipping::DrawFromCut(SourcePlace prev, bool acrossSeam) {
+    const SourcePlace point{Design.PointLatSec, Design.PointLonSec};
     BreakLine();
     Design.PointLatSec = EdgeLat;
     Design.PointLonSec = EdgeLon;
@@ -255,7 +327,7 @@ void MapPoint::DrawFromCut(Place prev, bool acrossSeam) {
     Design.PointLonSecPrev = prev.lon;
 }
 
-void MapPoint::DrawToCut(Place point, bool acrossSeam) {
+void LineClipping::DrawToCut(SourcePlace point, bool acrossSeam) {
     PointInBounds = true;
     Design.PointLatSec = EdgeLat;
     Design.PointLonSec = EdgeLon;

@@ -23,7 +23,7 @@ void DrawDot(std::int32_t x, std::int32_t y) {
     }
 }
 
-void Draw() {
+void DrawPoint() {
     const double deviceX = (((Design.ProjX - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
                            OutputNow.DevicePixelX;
     const double deviceY = (Design.ScreenOriginY - ((Design.ProjY - Design.MapYMin) * Design.ScreenScaleY)) /
@@ -59,7 +59,7 @@ void Draw() {
 
 void PrintToScreen() {
     try {
-        Draw();
+        DrawPoint();
     } catch (const RunTimeError& error) {
         ShowErrorBox("PrintToScreen", error);
     }

@@ -1,5 +1,7 @@
 #include "platform/masked_text.h"
 
+#include "platform/characters.h"
+
 #include <algorithm>
 #include <iterator>
 #include <vector>
@@ -7,12 +9,6 @@
 namespace quelmont {
 
 namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-char Capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 std::string DigitsOf(std::string_view text) {
     std::string digits;
@@ -84,7 +80,7 @@ void MaskedText::SetText(std::string_view newText) {
         return;
     }
     text = MaskedText(mask).text;
-    if (!IsNumber() && TakeGroups(newText)) {
+    if (IsAngle() && TakeGroups(newText)) {
         return;
     }
     const std::size_t point = mask.find('.');

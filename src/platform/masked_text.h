@@ -6,6 +6,9 @@
 
 namespace quelmont {
 
+/// Whether a mask (see MaskedText) is that of an angle: the groups of a number have no blanks between them.
+constexpr bool IsAngleMask(std::string_view mask) { return mask.find(' ') != std::string_view::npos; }
+
 /// A text of fixed columns that a person types over. In its mask "%" is the place of a digit, "?" the
 /// place of a letter, and every other character stands as it is: "%%%    %%    %%    ?" is a
 /// longitude, "%,%%%,%%%" a number of seven digits. A digit's place is never empty: what is erased
@@ -40,8 +43,7 @@ public:
     /// Erases the digits from column first up to column last, which stays.
     void Erase(std::size_t first, std::size_t last);
 
-    /// Numbers have no blanks between their groups.
-    bool IsNumber() const { return mask.find(' ') == std::string::npos; }
+    bool IsAngle() const { return IsAngleMask(mask); }
 
 private:
     bool IsPlace(std::size_t column) const { return mask[column] == '%' || mask[column] == '?'; }

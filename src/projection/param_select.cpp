@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
@@ -35,7 +36,7 @@ double YOf(double lat, double lon) {
     return Design.ProjY;
 }
 
-void Rectangle() {
+void BoundByCorners() {
     Design.MapYMin = YOf(Design.LatSouth, Design.LonCentral);
     Design.MapYMax = YOf(Design.LatNorth, Design.LonCentral);
     Design.MapXMin = XOf(Design.LatSouth, Design.LonZero);
@@ -184,7 +185,7 @@ void Disc() {
             Design.MapXMax = 4.0 * 0.5;
         }
     } else {
-        double lat = static_cast<double>(Design.RangeSec) / SecPerDegree + Design.LatCentral;
+        double lat = DegreesOf(Design.RangeSec) + Design.LatCentral;
         double lon = Design.LonCentral;
         if (lat > 90.0) {
             // Over the pole and down the far meridian.
@@ -208,7 +209,7 @@ void Perspective() {
     double a = 0.0;
     Step([&] { c = Divide(1.0, Design.VpP); });
     Step([&] { s = SquareRoot(1.0 - c * c); });
-    Step([&] { a = std::atan(Divide(s, c)) / DegToRad; });
+    Step([&] { a = InDegrees(std::atan(Divide(s, c))); });
     Step([&] { Design.RangeSec = RoundToInt32(a * SecPerDegree); });
     Step([&] { Design.CosRange = std::cos(a * DegToRad); });
     // The dialog and the reports show the horizon as the range.
@@ -228,10 +229,10 @@ void ParamSelect() {
         if (projection.standardParallels > 0) {
             Design.CosStdPar = std::cos(Design.StdParNorth * DegToRad);
         }
-        Rectangle();
+        BoundByCorners();
         break;
     case ProjectionFamily::MetricGrid:
-        Rectangle();
+        BoundByCorners();
         break;
     case ProjectionFamily::Conic:
         Cone();

@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/checked_math.h"
+#include "core/degrees.h"
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -16,9 +17,9 @@ namespace {
 
 void ReadZone() {
     Design.LonCentralSec = LongitudeSeconds(Design.UtmText[UtmTextCentralLon]);
-    Design.LonCentral = static_cast<double>(Design.LonCentralSec) / SecPerDegree;
+    Design.LonCentral = DegreesOf(Design.LonCentralSec);
     Design.LatCentralSec = LatitudeSeconds(Design.UtmText[UtmTextOriginLat]);
-    const double origin = static_cast<double>(Design.LatCentralSec) / SecPerDegree;
+    const double origin = DegreesOf(Design.LatCentralSec);
     DegMinSec(Design.LonCentral, Design.LonCentralText, "LON", 4);
     Design.LonMiddle = Design.LonCentral;
     DegMinSec(origin, Design.LatCentralText, "LAT", 4);

@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <string>
 #include <variant>
 #include <vector>
 
@@ -43,12 +42,6 @@ public:
     QImage Image() const;
     /// A copy of its pixels.
     PixelImage Pixels() const;
-
-    /// Writes the picture as a PNG file. The file appears under its name when it is whole, and an
-    /// earlier one of that name stays until then. Uses file number 2.
-    /// RunTimeError "Path not found", "Permission denied", "Disk full", "Path/File access error"
-    /// when the name is that of a folder or a device, and what else a file can fail with.
-    void SavePng(const std::string& path) const;
 
     void MoveToEx(std::int32_t x, std::int32_t y) override { position = {x, y}; }
     void LineTo(std::int32_t x, std::int32_t y) override;

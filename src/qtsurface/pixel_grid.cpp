@@ -62,14 +62,14 @@ void PaintedSpans::Fill(std::uint32_t* line, std::size_t row, std::int32_t first
 namespace {
 
 /// An edge of a polygon, from its upper end.
-struct Edge {
+struct PolygonEdge {
     SurfacePoint upper, lower;
     double slope;  ///< columns per row
     int direction; ///< 1 downward, -1 upward
 };
 
-std::vector<Edge> Edges(std::span<const SurfacePoint> points) {
-    std::vector<Edge> edges;
+std::vector<PolygonEdge> Edges(std::span<const SurfacePoint> points) {
+    std::vector<PolygonEdge> edges;
     for (std::size_t i = 0; i < points.size(); ++i) {
         SurfacePoint upper = points[i];
         SurfacePoint lower = points[(i + 1) % points.size()];
@@ -87,21 +87,22 @@ std::vector<Edge> Edges(std::span<const SurfacePoint> points) {
 }
 
 /// Where an edge cuts a row.
-struct Crossing {
+struct RowCrossing {
     double x;
     int direction;
 };
 
-void FindCrossings(const std::vector<Edge>& edges, std::int64_t row, std::vector<Crossing>& crossings) {
+void FindCrossings(const std::vector<PolygonEdge>& edges, std::int64_t row,
+                   std::vector<RowCrossing>& crossings) {
     crossings.clear();
-    for (const Edge& edge : edges) {
+    for (const PolygonEdge& edge : edges) {
         if (row >= edge.upper.y && row < edge.lower.y) {
             crossings.push_back(
                 {edge.upper.x + static_cast<double>(row - edge.upper.y) * edge.slope, edge.direction});
         }
     }
     std::sort(crossings.begin(), crossings.end(),
-              [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+              [](const RowCrossing& a, const RowCrossing& b) { return a.x < b.x; });
 }
 
 } // namespace
@@ -115,8 +116,8 @@ void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, in
         points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.y < b.y; });
     const std::int64_t firstRow = std::max(highest->y, 0);
     const std::int64_t endRow = std::min(lowest->y, grid.height);
-    const std::vector<Edge> edges = Edges(points);
-    std::vector<Crossing> crossings;
+    const std::vector<PolygonEdge> edges = Edges(points);
+    std::vector<RowCrossing> crossings;
     for (std::int64_t row = firstRow; row < endRow; ++row) {
         FindCrossings(edges, row, crossings);
         int winding = 0;

@@ -1,7 +1,8 @@
+#include "qtsurface/png_file.h"
+
 #include "core/file_numbers.h"
 #include "core/replaced_file.h"
 #include "core/run_time_error.h"
-#include "qtsurface/image_surface.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -78,8 +79,8 @@ void WriteAll(const std::string& name, const QByteArray& bytes) {
 
 } // namespace
 
-void ImageSurface::SavePng(const std::string& path) const {
-    const QByteArray bytes = Encoded(Image());
+void SavePng(const QImage& picture, const std::string& path) {
+    const QByteArray bytes = Encoded(picture);
     const std::string target = ReplacedFileName(path);
     TemporaryFile file(target);
     WriteAll(file.Name(), bytes);

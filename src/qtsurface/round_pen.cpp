@@ -40,7 +40,7 @@ struct Span {
 
 /// A straight edge of the stroke, from its upper end, relative to the pen's centre at the line's
 /// upper end.
-struct Edge {
+struct StrokeEdge {
     double x;
     double y;
 };
@@ -96,8 +96,8 @@ void RoundPen::Line(const PixelGrid& grid, SurfacePoint from, SurfacePoint to, s
     const bool hasBand = dy > 0.0;
     const double scale = hasBand ? radius / std::sqrt(dx * dx + dy * dy) : 0.0;
     const double slope = hasBand ? dx / dy : 0.0;
-    const Edge west{-dy * scale, dx * scale};
-    const Edge east{dy * scale, -dx * scale};
+    const StrokeEdge west{-dy * scale, dx * scale};
+    const StrokeEdge east{dy * scale, -dx * scale};
 
     const auto dot = [&](Span& span, std::int64_t row, std::int64_t x) {
         if (row >= 0 && row < width) {
@@ -105,7 +105,7 @@ void RoundPen::Line(const PixelGrid& grid, SurfacePoint from, SurfacePoint to, s
             span.Include(x - width / 2 + free, x - width / 2 + width - 1 - free);
         }
     };
-    const auto column = [&](const Edge& edge, double y) {
+    const auto column = [&](const StrokeEdge& edge, double y) {
         return from.x + static_cast<std::int64_t>(std::ceil(edge.x + (y - edge.y) * slope + lean));
     };
     for (std::int64_t row = firstRow; row < endRow; ++row) {

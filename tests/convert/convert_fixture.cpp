@@ -17,7 +17,7 @@ namespace quelmont {
 
 namespace {
 
-std::string PlainNumber(double value) {
+std::string NineDecimals(double value) {
     std::string text = FormatNumber(value, "0.#########");
     return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
 }
@@ -26,7 +26,7 @@ std::string PlainNumber(double value) {
 std::string PlainWkt(const OGRGeometry& geometry) {
     std::string points;
     const auto add = [&](double x, double y) {
-        points += (points.empty() ? "" : ",") + PlainNumber(x) + " " + PlainNumber(y);
+        points += (points.empty() ? "" : ",") + NineDecimals(x) + " " + PlainNumber(y);
     };
     if (wkbFlatten(geometry.getGeometryType()) == wkbPoint) {
         add(geometry.toPoint()->getX(), geometry.toPoint()->getY());

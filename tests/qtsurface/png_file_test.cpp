@@ -1,6 +1,7 @@
 #include "core/file_numbers.h"
 #include "core/run_time_error.h"
 #include "qtsurface/picture.h"
+#include "qtsurface/png_file.h"
 #include "support/failing_file.h"
 #include "support/temporary_folder.h"
 
@@ -17,7 +18,7 @@ namespace {
 /// The error of a picture saved under a name, 0 when there was none.
 int ErrorOfSaving(const ImageSurface& surface, const std::string& path) {
     try {
-        surface.SavePng(path);
+        SavePng(surface.Image(), path);
         return 0;
     } catch (const RunTimeError& error) {
         return error.Number();
@@ -38,7 +39,7 @@ protected:
 };
 
 TEST_F(PngFile, HoldsThePicture) {
-    sheet.surface.SavePng(folder / "a.png");
+    SavePng(sheet.surface.Image(), folder / "a.png");
     const QImage read(QString::fromStdString(folder / "a.png"));
     ASSERT_EQ(read.size(), QSize(4, 3));
     for (int y = 0; y < 3; ++y) {
@@ -52,21 +53,21 @@ TEST_F(PngFile, HoldsThePicture) {
 
 TEST_F(PngFile, ReplacesAnEarlierOne) {
     WriteWholeFile(folder / "a.png", "earlier");
-    sheet.surface.SavePng(folder / "a.png");
+    SavePng(sheet.surface.Image(), folder / "a.png");
     EXPECT_EQ(ReadWholeFile(folder / "a.png").substr(1, 3), "PNG");
     EXPECT_EQ(FilesInFolder(), 1);
 }
 
 TEST_F(PngFile, IsTheSameForTheSamePicture) {
-    sheet.surface.SavePng(folder / "a.png");
-    sheet.surface.SavePng(folder / "b.png");
+    SavePng(sheet.surface.Image(), folder / "a.png");
+    SavePng(sheet.surface.Image(), folder / "b.png");
     EXPECT_EQ(ReadWholeFile(folder / "a.png"), ReadWholeFile(folder / "b.png"));
 }
 
 TEST_F(PngFile, LinkStaysALink) {
     WriteWholeFile(folder / "real.png", "earlier");
     std::filesystem::create_symlink("real.png", folder / "link.png");
-    sheet.surface.SavePng(folder / "link.png");
+    SavePng(sheet.surface.Image(), folder / "link.png");
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.png"));
     EXPECT_EQ(ReadWholeFile(folder / "real.png").substr(1, 3), "PNG");
 }
@@ -132,7 +133,7 @@ TEST(ColourfulPicture, KeepsItsColours) {
     const TemporaryFolder folder;
     for (const int colors : {1, 2, 255, 256, 257, 600}) {
         const ImageSurface surface = Colourful(colors);
-        surface.SavePng(folder / "a.png");
+        SavePng(surface.Image(), folder / "a.png");
         const QImage read = QImage(QString::fromStdString(folder / "a.png"));
         ASSERT_EQ(read.convertToFormat(QImage::Format_RGB32), surface.Image()) << colors;
         EXPECT_EQ(read.format() == QImage::Format_RGB32, colors > 256) << colors;

@@ -1,6 +1,7 @@
 #include "dialogs/bounds/boundary_checks.h"
 
 #include "core/angle_text.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "projection/projection_table.h"
@@ -69,10 +70,10 @@ AngleField RuleOf(std::string_view dialog, std::string_view control) {
 /// the dialog is accepted.
 using Refuse = Refusal (*)(std::string_view control, std::string_view title, std::string_view text);
 
-bool IsPole(std::string_view latitude) { return SplitAngle(Latitude, latitude).degrees == 90.0; }
+bool IsPoleText(std::string_view latitude) { return SplitAngle(Latitude, latitude).degrees == 90.0; }
 
 Refusal CheckMercatorPole(Refuse refuse, std::string_view control, std::string_view text) {
-    if (Design.ProjNum != ProjMercator || !IsPole(text)) {
+    if (Design.ProjNum != ProjMercator || !IsPoleText(text)) {
         return {};
     }
     const bool south = SplitAngle(Latitude, text).letter == 'S';
@@ -135,9 +136,7 @@ Refusal CheckDistance(std::string_view text) {
                                            : Refusal{};
 }
 
-double Degrees(std::string_view latitude) {
-    return static_cast<double>(LatitudeSeconds(latitude)) / SecPerDegree;
-}
+double LatitudeOf(std::string_view text) { return DegreesOf(LatitudeSeconds(text)); }
 
 constexpr std::string_view NorthParallel = "LatNorthStdPar";
 constexpr std::string_view SouthParallel = "LatSouthStdPar";
@@ -146,7 +145,7 @@ constexpr std::string_view SouthParallel = "LatSouthStdPar";
 Refusal CheckParallelPlace(Refuse refuse, std::string_view control, std::string_view text) {
     const bool north = control == NorthParallel;
     const std::string title = RuleOf("LatLonStdPar", control).title;
-    const double latitude = Degrees(text);
+    const double latitude = LatitudeOf(text);
     const bool inside = north ? latitude < Design.LatNorth : latitude > Design.LatSouth;
     if (!HasOneStandardParallel() && !inside) {
         return refuse(control, title,
@@ -155,7 +154,7 @@ Refusal CheckParallelPlace(Refuse refuse, std::string_view control, std::string_
                             : "The latitude of the SOUTHERNMOST STANDARD PARALLEL must be greater than that "
                               "of the SOUTHERNMOST LATITUDE of the grid.");
     }
-    if ((HasOneStandardParallel() || Design.ProjNum == ProjConformalConic) && IsPole(text)) {
+    if ((HasOneStandardParallel() || Design.ProjNum == ProjConformalConic) && IsPoleText(text)) {
         return refuse(control, title,
                       std::string("The latitude of the ") + (north ? "NORTHERNMOST" : "SOUTHERNMOST") +
                           " STANDARD PARALLEL cannot be 90\u00B0 for the " + Design.ProjName +
@@ -236,7 +235,7 @@ Refusal AcceptLatLonBounds(std::string_view latN, std::string_view latS) {
     if (!IsRefused(refusal)) {
         refusal = CheckMercatorPole(RefuseAcceptance, "LatS", latS);
     }
-    if (!IsRefused(refusal) && Design.ProjNum == ProjConformalConic && IsPole(latN) && IsPole(latS)) {
+    if (!IsRefused(refusal) && Design.ProjNum == ProjConformalConic && IsPoleText(latN) && IsPoleText(latS)) {
         refusal = RefuseAcceptance("LatN", "Error: Conformal Conic Projection",
                                    "The Lambert Conformal Conic map projection cannot display both poles.");
     }
@@ -256,13 +255,13 @@ Refusal AcceptLatLonStdPar(std::string_view north, std::string_view south) {
     if (!IsRefused(refusal)) {
         refusal = CheckParallelPlace(RefuseAcceptance, SouthParallel, south);
     }
-    if (!IsRefused(refusal) && !HasOneStandardParallel() && !(Degrees(north) > Degrees(south))) {
+    if (!IsRefused(refusal) && !HasOneStandardParallel() && !(LatitudeOf(north) > LatitudeOf(south))) {
         refusal = RefuseAcceptance(NorthParallel, "Error: Standard parallels",
                                    "The latitude of the NORTHERNMOST STANDARD PARALLEL must be greater than "
                                    "that of the SOUTHERNMOST STANDARD PARALLEL.");
     }
     if (!IsRefused(refusal) && !HasOneStandardParallel()) {
-        refusal = CheckParallelsOfCone(Degrees(north), Degrees(south));
+        refusal = CheckParallelsOfCone(LatitudeOf(north), LatitudeOf(south));
     }
     return refusal;
 }

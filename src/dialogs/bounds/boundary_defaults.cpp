@@ -1,6 +1,7 @@
 #include "dialogs/bounds/boundary_defaults.h"
 
 #include "core/angle_text.h"
+#include "core/degrees.h"
 #include "core/map_design.h"
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
@@ -100,15 +101,15 @@ void OrderLobes() {
     std::transform(Design.LobeLonText.begin(), Design.LobeLonText.end(), DialogsNow.LobeLonSec.begin(),
                    [](const std::string& text) { return LongitudeSeconds(text); });
     std::transform(DialogsNow.LobeLonSec.begin(), DialogsNow.LobeLonSec.end(), Design.LobeLonDeg.begin(),
-                   [](std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; });
+                   [](std::int32_t seconds) { return DegreesOf(seconds); });
 }
 
 void StoreStandardParallels(const std::string& north, const std::string& south) {
     Design.StdParText = {north, south};
     Design.StdParNorthText = north;
     Design.StdParSouthText = south;
-    Design.StdParNorth = static_cast<double>(LatitudeSeconds(north)) / SecPerDegree;
-    Design.StdParSouth = static_cast<double>(LatitudeSeconds(south)) / SecPerDegree;
+    Design.StdParNorth = DegreesOf(LatitudeSeconds(north));
+    Design.StdParSouth = DegreesOf(LatitudeSeconds(south));
 }
 
 void ForgetStandardParallels() {

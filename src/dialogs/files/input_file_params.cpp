@@ -3,7 +3,6 @@
 #include "core/color_table.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
-#include "core/rounding.h"
 #include "dialogs/dialogs_state.h"
 #include "dialogs/files/file_list_help.h"
 #include "dialogs/files/symbol_size_spin.h"
@@ -48,9 +47,7 @@ constexpr std::array<const char*, SymbolTypes> SymbolNames = {
 };
 // clang-format on
 
-std::int16_t TwipsOf(const GridCell& cell) {
-    return RoundToInt16(ValueOf(cell.text) * Design.TwipsPerPixelY);
-}
+std::int16_t CellTwips(const GridCell& cell) { return TwipsOf(ValueOf(cell.text)); }
 
 } // namespace
 
@@ -211,9 +208,9 @@ void InputFileParams::Store(InputFileEntry& target) {
         FeatureStyle& style = target.Features[row + 1];
         style.Shown = IsShown(row);
         style.Color = SolidColor(*Cell(row, ColorColumn).color);
-        (symbolType == SymbolLine ? style.LineWidth : style.SymbolSize) = TwipsOf(Cell(row, SizeColumn));
+        (symbolType == SymbolLine ? style.LineWidth : style.SymbolSize) = CellTwips(Cell(row, SizeColumn));
         if (HasBorder(symbolType)) {
-            style.BorderWidth = TwipsOf(Cell(row, BorderColumn));
+            style.BorderWidth = CellTwips(Cell(row, BorderColumn));
         }
     }
     target.MapFileType = symbolType;

@@ -16,7 +16,7 @@ constexpr int MinPixels = 1;
 constexpr int MaxPixels = 600;
 constexpr int HelpPageOfGrid = 130;
 
-std::vector<std::string> Lines() {
+std::vector<std::string> GridTypeTexts() {
     std::vector<std::string> lines;
     std::transform(GridTypes.begin(), GridTypes.end(), std::back_inserter(lines),
                    [](const GridType& type) { return std::string(type.text); });
@@ -31,7 +31,7 @@ SelectGridType::SelectGridType() : DesignDialog("SelectGridType", "Grid Color, W
          .kind = ControlKind::List,
          .caption = "Grid &Type",
          .value = Design.GridTypeCode - 1,
-         .items = Lines()});
+         .items = GridTypeTexts()});
     const double pixels = static_cast<double>(Design.GridLineWidth) / Design.TwipsPerPixelY;
     Add({.name = "GridLineWidth",
          .kind = ControlKind::Spin,

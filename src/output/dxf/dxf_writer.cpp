@@ -39,16 +39,13 @@ void AppendWhole(std::string& text, int value) {
 }
 
 /// Up to 15 significant digits, as many as are needed, and one before the point at least.
-void AppendNumber(std::string& text, double value) {
+void AppendReal(std::string& text, double value) {
     const auto whole = static_cast<std::int32_t>(std::clamp(value, -1e9, 1e9));
     if (static_cast<double>(whole) == value) {
         AppendWhole(text, whole); // nearly all of them
         return;
     }
-    std::string general = GeneralText(value);
-    if (general.front() == ' ') {
-        general.erase(0, 1);
-    }
+    std::string general = PlainNumber(value);
     const std::size_t front = general.front() == '-' ? 1 : 0;
     if (general[front] == '.') {
         general.insert(front, 1, '0');
@@ -72,7 +69,7 @@ void Group(int code, int value) {
 
 void Group(int code, double value) {
     std::string text;
-    AppendNumber(text, value);
+    AppendReal(text, value);
     Group(code, text);
 }
 
@@ -207,9 +204,9 @@ void DxfWriter::Vertex(Place place) {
     // In one piece: a map is hardly anything else.
     std::string& text = vertexText;
     text = "  0\r\nVERTEX\r\n  8\r\n0\r\n 10\r\n";
-    AppendNumber(text, place.x);
+    AppendReal(text, place.x);
     text += "\r\n 20\r\n";
-    AppendNumber(text, place.y);
+    AppendReal(text, place.y);
     text += LineEnd;
     WriteExport(text);
 }
