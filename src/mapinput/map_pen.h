@@ -27,6 +27,8 @@ constexpr int SiteWorldBinaryEnd = 12;
 constexpr PenSites SitesAscii = {13, 7};
 constexpr int SiteAsciiEnd = 14;
 constexpr int SiteAfterError = 15;
+constexpr PenSites SitesCircles = {16, 8};
+constexpr int SiteCirclesEnd = 17;
 // clang-format on
 
 /// Replaces the pen by one in the style of a feature, and sets the symbol sizes.

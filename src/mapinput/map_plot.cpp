@@ -9,6 +9,7 @@
 #include "core/map_design.h"
 #include "mapfiles/map_formats.h"
 #include "mapinput/ascii_map_reader.h"
+#include "mapinput/circle_plot.h"
 #include "mapinput/fixed_record_reader.h"
 #include "mapinput/map_input_state.h"
 #include "mapinput/map_pen.h"
@@ -65,14 +66,6 @@ void OpenMapFile(const std::string& name, bool lookedUp) {
     }
 }
 
-/// Whether the open line of the export is ended when a file has been read; ASCII files are simply
-/// closed, and so are the symbols of a CGM.
-bool EndsLineOnDisk() {
-    const Export armed = ArmedExport();
-    return Design.PointCount > 0 && armed != Export::None &&
-           (armed != Export::Cgm || Design.CurrentSymbolType == SymbolLine);
-}
-
 /// A draw whose map files could not all be read leaves no export.
 void GiveUpExport() {
     DropExports();
@@ -120,6 +113,7 @@ void MapPlotRun::Run() {
             whole = PlotFile(index) == After::NextFile;
         }
         Design.PenWidth = 1;
+        whole = whole && PlotCircles(point);
         if (whole && PrintLabels() && IsLastPass()) {
             FinishFile();
         }
@@ -168,9 +162,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
     }
     count();
     if (after == After::NextFile) {
-        if (EndsLineOnDisk()) {
-            PrintLineBrkDisk();
-        }
+        MapPoint::EndLine();
         CloseExport();
         CloseFile(InputFileNumber);
     }

@@ -2,8 +2,9 @@
 
 namespace quelmont {
 
-/// Plots the map files of the list, on the surface in use and into the file that is armed, and over them
-/// their labels. Labels are text items too as long as the draw goes on, for the file.
+/// Plots the map files of the list, on the surface in use and into the file that is armed, over them the
+/// circles that are defined, and over those the labels of the files. Labels are text items too as long as the
+/// draw goes on, for the file.
 ///
 /// Reads   the list InputFiles with MapFileCount, the bounds and the projection of the map, the
 ///         output flags, AsciiFileName, GridOutputCount, LabelsVisible, LobeFirst, LobeLast.

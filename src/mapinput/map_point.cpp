@@ -63,6 +63,14 @@ void MapPoint::StartNewLine() {
     }
 }
 
+void MapPoint::EndLine() {
+    const Export armed = ArmedExport();
+    if (Design.PointCount > 0 && armed != Export::None &&
+        (armed != Export::Cgm || Design.CurrentSymbolType == SymbolLine)) {
+        PrintLineBrkDisk();
+    }
+}
+
 bool MapPoint::PlotStep() {
     if (!CountPoint()) {
         return false;

@@ -34,6 +34,10 @@ public:
     /// The point begins a line of its source.
     void StartNewLine();
 
+    /// After the last point of a file or a circle: ends the line that the export has open. ASCII files are
+    /// simply closed, and so are the symbols of a CGM.
+    static void EndLine();
+
     /// Draws to the point from the one before it, or as much of that as lies on the map; the point
     /// is the previous one then. False when Escape was pressed.
     bool PlotStep();

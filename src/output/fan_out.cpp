@@ -68,6 +68,12 @@ void StartFileStretch() {
     }
 }
 
+void StartCircles(ColorValue color) {
+    if (FileWriter* writer = ArmedWriter()) {
+        writer->StartCircles(color);
+    }
+}
+
 void FinishFile() {
     if (FileWriter* writer = ArmedWriter()) {
         writer->Finish();

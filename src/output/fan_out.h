@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/standard_colors.h"
+
 #include <cstddef>
 
 namespace quelmont {
@@ -17,6 +19,8 @@ public:
     virtual void OpenStretch(std::size_t /*slot*/) {}
     /// A stretch of map data begins; the file is open.
     virtual void StartStretch() {}
+    /// Circles of a colour begin; the file is open.
+    virtual void StartCircles(ColorValue /*color*/) { StartStretch(); }
     /// Takes the point in ProjX, ProjY.
     virtual void Point() = 0;
     /// Ends the current line.
@@ -63,6 +67,9 @@ void DisarmWriters();
 
 /// A stretch of map data begins in the armed writer's file.
 void StartFileStretch();
+
+/// The same of the lines of circles, and their colour.
+void StartCircles(ColorValue color);
 
 /// Finishes the files of the armed writer and disarms it, but for ASCII, which stays armed to the end of
 /// the draw. RunTimeError as FinishExports, from ASCII alone.

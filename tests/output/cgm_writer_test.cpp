@@ -374,7 +374,7 @@ TEST_F(CgmSymbol, SymbolThatOverflowsCostsTheFile) {
 TEST_F(Cgm, ColourOfCirclesComesBeforeTheirLines) {
     Begin();
     OpenExport(1);
-    writer.CgmLineColor(0x02FF8001);
+    writer.StartCircles(0x02FF8001);
     CloseExport();
     EXPECT_THAT(EndWithElements(), ElementsAre("LINE COLOUR 1 128 255"));
 }

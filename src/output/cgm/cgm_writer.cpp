@@ -136,6 +136,11 @@ void CgmWriter::StartStretch() {
     GuardedWriting("CgmStartNewBoundaryFile", [this] { CgmStartNewBoundaryFile(); });
 }
 
+void CgmWriter::StartCircles(ColorValue color) {
+    StartStretch();
+    CgmLineColor(color);
+}
+
 void CgmWriter::CgmStartNewBoundaryFile() {
     if (Design.CurrentSymbolType == SymbolDot || IsFilledShape(Design.CurrentSymbolType)) {
         Interior(Solid);

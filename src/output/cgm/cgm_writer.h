@@ -23,13 +23,11 @@ public:
     void Header() override;
     void OpenStretch(std::size_t slot) override;
     void StartStretch() override;
+    void StartCircles(ColorValue color) override;
     void Point() override;
     void LineBreak() override;
     void Finish() override;
     void ResetLine() override;
-
-    /// The colour of the circles that are shown, before their lines.
-    void CgmLineColor(ColorValue color);
 
 private:
     /// Of a symbol's centre, in thousandths of its half size.
@@ -39,6 +37,7 @@ private:
 
     void CgmHeader();
     void CgmStartNewBoundaryFile();
+    static void CgmLineColor(ColorValue color);
     void CgmWrite();
     void CgmPoly(const CgmWords& vertex);
     static std::optional<CgmWords> CgmVertices(std::initializer_list<Offset> offsets);
