@@ -1,6 +1,7 @@
 #include "desktop/dialogs.h"
 
 #include "desktop/boundary_layouts.h"
+#include "desktop/circle_layouts.h"
 #include "desktop/form_view.h"
 #include "desktop/keyboard_return.h"
 #include "desktop/look_layouts.h"
@@ -27,6 +28,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AboutQMNT",        LayOutAbout},
     {"AscOutput",       LayOutAsciiOutputs},
     {"Colors256",        LayOutColors},
+    {"GCircleEnds",      LayOutGreatCircle},
     {"InputFileChoices", LayOutFileList},
     {"InputFileParams",  LayOutFileParameters},
     {"LatLonBounds",     LayOutBounds},
@@ -38,6 +40,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"MapReduce",        LayOutMapSize},
     {"SelectGridType",   LayOutGridType},
     {"SelectLabelOption", LayOutLabelOption},
+    {"SmallCircle",      LayOutSmallCircle},
     {"SymbolSizeSpin",   LayOutSymbolSize},
     {"UtmCoords",        LayOutUtmBounds},
     {"UtmParameters",    LayOutUtmParameters},

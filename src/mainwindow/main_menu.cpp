@@ -35,8 +35,8 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveWmfItem,           "Save as &WMF",             SaveMapAs},
     MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
     MenuEntry{10},
-    MenuEntry{SaveGreatCircleItem,   "Save &Great Circle"},
-    MenuEntry{SaveSmallCircleItem,   "Save &Small Circle"},
+    MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
+    MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},
     MenuEntry{13},
     MenuEntry{SaveDesignItem,        "Save &Map Design"},
     MenuEntry{RecallDesignItem,      "&Recall Map Design"},
@@ -46,8 +46,8 @@ constexpr std::array InputMenu = {
 
 constexpr std::array DesignMenu = {
     MenuEntry{BoundariesItem,        "Map &Boundaries",          ChooseBoundaries},
-    MenuEntry{GreatCircleItem,       "Great &Circle"},
-    MenuEntry{SmallCircleItem,       "&Small Circle"},
+    MenuEntry{GreatCircleItem,       "Great &Circle",            ChooseGreatCircle},
+    MenuEntry{SmallCircleItem,       "&Small Circle",            ChooseSmallCircle},
     MenuEntry{ 3},
     MenuEntry{AddTextItem,           "Add &Text to Map"},
     MenuEntry{LabelsItem,            "&Labels",                 ChooseLabels},

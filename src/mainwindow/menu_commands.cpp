@@ -1,9 +1,12 @@
 #include "mainwindow/menu_commands.h"
 
+#include "circles/great_circle.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "dialogs/about_qmnt.h"
 #include "dialogs/bounds/boundary_dialog.h"
+#include "dialogs/circles/g_circle_ends.h"
+#include "dialogs/circles/small_circle_form.h"
 #include "dialogs/exports/line_width_scale.h"
 #include "dialogs/files/input_file_choices.h"
 #include "dialogs/look/colors256.h"
@@ -50,6 +53,15 @@ void AskSizeAndDraw(int /*index*/) {
 void ChooseMapFiles(int /*index*/) { ShowDialog<InputFileChoices>(); }
 
 void ChooseBoundaries(int /*index*/) { ShowBoundaryDialog(); }
+
+void ChooseGreatCircle(int /*index*/) {
+    ShowDialog<GCircleEnds>();
+    if (!Design.DialogCancelled) {
+        GcCalc();
+    }
+}
+
+void ChooseSmallCircle(int /*index*/) { ShowDialog<SmallCircleForm>(); }
 
 void ChooseBackground(int /*index*/) {
     Design.ColorPurpose = PurposeBackground;

@@ -15,6 +15,8 @@ void AskSizeAndDraw(int index);
 /// The dialogs of the design.
 void ChooseMapFiles(int index);
 void ChooseBoundaries(int index);
+void ChooseGreatCircle(int index);
+void ChooseSmallCircle(int index);
 void ChooseBackground(int index);
 void ChooseGrid(int index);
 void ChooseLabels(int index);

@@ -1,5 +1,6 @@
 #include "mainwindow/save_map.h"
 
+#include "circles/save_circles.h"
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
@@ -27,6 +28,7 @@ struct SaveItem {
     std::string MapDesign::*name;
     const char* failure; ///< end of the message of a failed file dialog
     void (*save)();
+    bool draws; ///< the map, so that it has to be ready
 };
 
 void SaveBmpPicture() {
@@ -49,12 +51,24 @@ void DrawWmf() {
     MapDraw();
 }
 
+void SaveGreatCircle() {
+    Design.OutputGc = true;
+    GcSave();
+}
+
+void SaveSmallCircle() {
+    Design.OutputSc = true;
+    ScSave();
+}
+
 // clang-format off
 constexpr std::array SaveItems = std::to_array<SaveItem>({
-    {SaveBmpItem, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture},
-    {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm},
-    {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf},
-    {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf},
+    {SaveBmpItem, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture, false},
+    {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm, true},
+    {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf, true},
+    {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf, true},
+    {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::GcFileName, " in Save Great Circle", SaveGreatCircle, false},
+    {SaveSmallCircleItem, "Save Small Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::ScFileName, " in Save Small Circle", SaveSmallCircle, false},
 });
 // clang-format on
 
@@ -96,8 +110,7 @@ void SaveMapAs(int Index) {
     }
     const auto* const item = std::find_if(SaveItems.begin(), SaveItems.end(),
                                           [&](const SaveItem& entry) { return entry.index == Index; });
-    // The bitmap is the picture as it is.
-    if (item == SaveItems.end() || (item->index != SaveBmpItem && !ReadyToDraw())) {
+    if (item == SaveItems.end() || (item->draws && !ReadyToDraw())) {
         return;
     }
     if (const std::optional<std::string> name = AskForName(*item)) {

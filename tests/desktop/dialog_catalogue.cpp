@@ -8,6 +8,8 @@
 #include "dialogs/bounds/lat_lon_interrupt.h"
 #include "dialogs/bounds/lat_lon_std_par.h"
 #include "dialogs/bounds/utm_dialogs.h"
+#include "dialogs/circles/g_circle_ends.h"
+#include "dialogs/circles/small_circle_form.h"
 #include "dialogs/exports/asc_output.h"
 #include "dialogs/exports/line_width_scale.h"
 #include "dialogs/exports/vector_scale.h"
@@ -96,6 +98,8 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"select-label-option", Of<SelectLabelOption>()},
         {"colors256", OfPurpose<Colors256>(PurposeBackground)},
         {"colors256-feature", OfPurpose<Colors256>(PurposeFeature)},
+        {"g-circle-ends", Of<GCircleEnds>()},
+        {"small-circle", Of<SmallCircleForm>()},
         {"line-width-scale", Of<LineWidthScale>()},
         {"vector-scale", Of<VectorScale>()},
         {"input-file-choices", FileList},

@@ -8,7 +8,7 @@
 
 namespace quelmont {
 
-LatLonBounds::LatLonBounds() : DesignFields("LatLonBounds", "Non-azimuthal Projection Boundaries") {
+LatLonBounds::LatLonBounds() : BoundsForm("LatLonBounds", "Non-azimuthal Projection Boundaries") {
     Form_Load();
     AddField("LatN", "&Northernmost latitude of map", LatitudeMask, Design.GridText[GridTextNorth]);
     AddField("LatS", "&Southernmost latitude of map", LatitudeMask, Design.GridText[GridTextSouth]);

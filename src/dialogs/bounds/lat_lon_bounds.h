@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/bounds/bounds_form.h"
 
 namespace quelmont {
 
@@ -11,7 +11,7 @@ namespace quelmont {
 /// Reads   ProjNum, ProjGridSet, GridText.
 /// Writes  GridText 0 to 5 and what CalcGraticule and ParamSelect make of them, ProjGridSet,
 ///         BoundsChanged, DialogCancelled.
-class LatLonBounds : public DesignFields {
+class LatLonBounds : public BoundsForm {
 public:
     LatLonBounds();
 

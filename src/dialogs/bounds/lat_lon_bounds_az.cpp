@@ -18,7 +18,7 @@ constexpr std::string_view HeightPicture = "00,000,000";
 } // namespace
 
 AzimuthalBounds::AzimuthalBounds(std::string_view className)
-    : DesignFields(std::string(className), "Azimuthal Projection Boundaries") {
+    : BoundsForm(std::string(className), "Azimuthal Projection Boundaries") {
     Design.BoundsChanged = false;
     Design.DialogCancelled = true;
     ProposeBounds();

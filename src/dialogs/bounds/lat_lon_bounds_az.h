@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/bounds/bounds_form.h"
 
 #include <string_view>
 
@@ -12,7 +12,7 @@ namespace quelmont {
 /// Reads   ProjNum, ProjGridSet, GridText.
 /// Writes  the texts of its fields and what CalcGraticule and ParamSelect make of them,
 ///         StdParNorthText, StdParSouthText, ProjGridSet, BoundsChanged, DialogCancelled.
-class AzimuthalBounds : public DesignFields {
+class AzimuthalBounds : public BoundsForm {
 protected:
     explicit AzimuthalBounds(std::string_view className);
 

@@ -31,8 +31,7 @@ constexpr std::array<const char*, 6> InterruptionCaptions = {
 
 } // namespace
 
-LatLonInterrupt::LatLonInterrupt()
-    : DesignFields("LatLonInterrupt", "Longitudes of Projection Interruptions") {
+LatLonInterrupt::LatLonInterrupt() : BoundsForm("LatLonInterrupt", "Longitudes of Projection Interruptions") {
     Form_Load();
     AddHemisphere(0);
     AddHemisphere(1);

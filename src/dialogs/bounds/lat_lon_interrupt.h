@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/bounds/bounds_form.h"
 
 #include <array>
 
@@ -13,7 +13,7 @@ namespace quelmont {
 /// Writes  LobeText, LobeLonText, LobeLonSec, LobeLonDeg, LobeCentral, what ParamSelect makes of
 ///         them, ProjGridSet, BoundsChanged, DialogCancelled. When it refuses, all of the lobes stay
 ///         as they were.
-class LatLonInterrupt : public DesignFields {
+class LatLonInterrupt : public BoundsForm {
 public:
     LatLonInterrupt();
 

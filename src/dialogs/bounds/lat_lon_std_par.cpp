@@ -13,7 +13,7 @@ constexpr std::size_t LetterColumn = 18;
 
 } // namespace
 
-LatLonStdPar::LatLonStdPar() : DesignFields("LatLonStdPar", "Latitudes of Standard Parallels") {
+LatLonStdPar::LatLonStdPar() : BoundsForm("LatLonStdPar", "Latitudes of Standard Parallels") {
     Design.DialogCancelled = true;
     ProposeStandardParallels();
     AddField("LatNorthStdPar", "&Northernmost standard parallel", LatitudeMask,

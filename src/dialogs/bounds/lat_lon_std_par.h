@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/bounds/bounds_form.h"
 
 namespace quelmont {
 
@@ -13,7 +13,7 @@ namespace quelmont {
 /// Reads   ProjNum, ProjName, ProjGridSet, GridText, LatNorth, LatSouth, StdParText.
 /// Writes  StdParText, StdParNorth, StdParSouth, StdParNorthText, StdParSouthText and what
 ///         ParamSelect makes of them, ProjGridSet, BoundsChanged, DialogCancelled.
-class LatLonStdPar : public DesignFields {
+class LatLonStdPar : public BoundsForm {
 public:
     LatLonStdPar();
 

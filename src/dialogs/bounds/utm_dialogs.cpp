@@ -50,7 +50,7 @@ void UtmSpheroid::OK_Click() {
     ShowFollowUp(parameters, beforeOk);
 }
 
-UtmParameters::UtmParameters() : DesignFields("UtmParameters", "Select UTM Parameters") {
+UtmParameters::UtmParameters() : BoundsForm("UtmParameters", "Select UTM Parameters") {
     Design.DialogCancelled = true;
     AddField("UtmLonCentral", "Central &longitude of UTM zone", LongitudeMask,
              Design.UtmText[UtmTextCentralLon]);
@@ -75,7 +75,7 @@ void UtmParameters::OK_Click() {
     ShowFollowUp(bounds, beforeOk);
 }
 
-UtmCoords::UtmCoords() : DesignFields("UtmCoords", "UTM Projection Boundaries") {
+UtmCoords::UtmCoords() : BoundsForm("UtmCoords", "UTM Projection Boundaries") {
     Design.BoundsChanged = false;
     Add({.name = "Heading", .kind = ControlKind::Label, .text = "Meters"});
     const auto add = [this](const char* name, const char* caption, std::string_view mask, std::size_t index) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/bounds/bounds_form.h"
 
 namespace quelmont {
 
@@ -21,7 +21,7 @@ private:
 /// "Select UTM Parameters": central longitude, origin, false coordinates, scale.
 ///
 /// Writes  UtmText(0) to (4) and what CalcUtmZone makes of them, DialogCancelled.
-class UtmParameters : public DesignFields {
+class UtmParameters : public BoundsForm {
 public:
     UtmParameters();
 
@@ -33,7 +33,7 @@ private:
 ///
 /// Writes  UtmText(5) to (10) and what CalcUtmGrid and ParamSelect make of them, BoundsChanged,
 ///         DialogCancelled.
-class UtmCoords : public DesignFields {
+class UtmCoords : public BoundsForm {
 public:
     UtmCoords();
 

@@ -1,10 +1,9 @@
-#include "dialogs/bounds/design_fields.h"
+#include "dialogs/design_fields.h"
 
 #include "core/angle_field.h"
-#include "dialogs/bounds/boundary_checks.h"
-#include "graticule/calculate_bounds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quelmont {
 
@@ -18,9 +17,8 @@ void DesignFields::AddField(std::string_view name, std::string_view caption, std
     fields.push_back({std::string(name), &stored, what});
 }
 
-void DesignFields::CheckWhenLeft(std::string_view name) {
-    On(name, ControlEvent::LostFocus,
-       [this, field = std::string(name)] { Allowed(CheckBoundaryField(ClassName(), field, TextOf(field))); });
+void DesignFields::CheckWhenLeft(std::string_view name, std::function<Refusal()> check) {
+    On(name, ControlEvent::LostFocus, [this, check = std::move(check)] { Allowed(check()); });
 }
 
 void DesignFields::FillFields() {
@@ -51,7 +49,5 @@ bool DesignFields::Allowed(const Refusal& refusal) {
     }
     return false;
 }
-
-bool DesignFields::BoundsCalculated() { return CalculateBounds() || Allowed(Design.LastRefusal); }
 
 } // namespace quelmont

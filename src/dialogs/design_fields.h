@@ -1,8 +1,9 @@
 #pragma once
 
 #include "core/map_design.h"
-#include "dialogs/bounds/bounds_form.h"
+#include "dialogs/design_dialog.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,18 +17,18 @@ constexpr std::string_view ArcMask = "%%%    %%    %%";
 
 /// A dialog whose fields show and store texts of the design. A field that is left with a bad text
 /// keeps the focus or gets the design's text back, as the message box was answered.
-class DesignFields : public BoundsForm {
+class DesignFields : public DesignDialog {
 protected:
-    using BoundsForm::BoundsForm;
+    using DesignDialog::DesignDialog;
 
     /// What of a field's text is stored.
     enum class Stores { Text, BareDigits };
 
-    /// A field for a text of the design, which outlives the dialog. Its check is that of the
-    /// boundary fields of this dialog when checked.
+    /// A field for a text of the design, which outlives the dialog.
     void AddField(std::string_view name, std::string_view caption, std::string_view mask, std::string& stored,
                   Stores what = Stores::Text);
-    void CheckWhenLeft(std::string_view name);
+    /// The check of a field when the focus leaves it.
+    void CheckWhenLeft(std::string_view name, std::function<Refusal()> check);
 
     /// Fields from the design, and back.
     void FillFields();
@@ -37,8 +38,6 @@ protected:
     /// Does what a message box's answer asks for: the focus to the field, or the design's texts into the
     /// fields named. True when nothing was refused.
     bool Allowed(const Refusal& refusal);
-    /// Runs CalculateBounds and does the same for what it refused.
-    bool BoundsCalculated();
 
 private:
     struct Field {

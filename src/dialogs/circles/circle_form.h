@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/map_design.h"
+#include "dialogs/design_fields.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace quelmont {
+
+/// What the two dialogs of circles have in common: the line's width and colour, whether the circle is shown,
+/// and the buttons.
+///
+/// A colour that is chosen is the design's at once; Cancel gives the old one back.
+class CircleForm : public DesignFields {
+protected:
+    /// Where a dialog's line has its controls and its fields of the design.
+    struct Line {
+        const char* width; ///< control
+        const char* widthCaption;
+        const char* colorSpin; ///< control
+        const char* colorCaption;
+        const char* colorPicture; ///< control
+        const char* cancelText;
+        std::int16_t purpose; ///< ColorPurpose of the picker
+        float MapDesign::*lineWidth;
+        ColorValue MapDesign::*color;
+        std::int16_t MapDesign::*colorIndex;
+        bool MapDesign::*defined;
+    };
+
+    CircleForm(const char* className, const char* caption, const Line& line);
+
+    void AddWidth();
+    void AddColor();
+    /// The check "Show on map" and the buttons.
+    void AddShowAndButtons(std::function<void()> ok);
+    /// Stores width and check.
+    void StoreLine() const;
+
+    void Cancel_Click() override;
+
+    static constexpr int HelpPageOfCircles = 180;
+
+private:
+    void ColorSpin_Change();
+    void ColorPicture_Click();
+    void ShowColor();
+
+    const Line& line;
+    ColorValue colorBefore;
+    std::int16_t colorIndexBefore;
+};
+
+} // namespace quelmont
