@@ -1,9 +1,13 @@
 #pragma once
 
+#include "commandline/option_values.h"
 #include "core/angle_field.h"
+#include "core/split_text.h"
 
+#include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quelmont {
 
@@ -15,5 +19,21 @@ namespace quelmont {
 /// case; without either they are north or east. An arc has neither. A number with more digits than
 /// its columns becomes the largest that they hold, which the check of no field lets pass.
 std::string AngleValue(AngleFieldKind kind, std::string_view value);
+
+/// Several angles separated by commas, each in any of these forms; BadValue when there are more or fewer of
+/// them.
+template <std::size_t Count>
+std::array<std::string, Count> AngleValues(const std::array<AngleFieldKind, Count>& kinds,
+                                           std::string_view value) {
+    const std::vector<std::string_view> parts = SplitAtCommas(value);
+    if (parts.size() != Count) {
+        throw BadValue("\"" + std::string(value) + "\" is no list of " + std::to_string(Count) + " angles");
+    }
+    std::array<std::string, Count> texts;
+    for (std::size_t i = 0; i < Count; ++i) {
+        texts[i] = AngleValue(kinds[i], parts[i]);
+    }
+    return texts;
+}
 
 } // namespace quelmont

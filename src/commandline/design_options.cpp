@@ -4,6 +4,7 @@
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
+#include "dialogs/circles/accept_circles.h"
 #include "graticule/grid_types.h"
 #include "mapfiles/feature_rows.h"
 #include "mapfiles/map_formats.h"
@@ -114,6 +115,21 @@ void TakeMaps(const DrawOptions& options) {
 }
 
 } // namespace
+
+bool ApplyCircles(const DrawOptions& options) {
+    const auto pixels = [](std::optional<int> width, float& twips) {
+        twips = width ? static_cast<float>(*width) * Design.TwipsPerPixelY : twips;
+    };
+    Design.GcColor = options.greatCircleLine.color.value_or(Design.GcColor);
+    Design.ScColor = options.smallCircleLine.color.value_or(Design.ScColor);
+    pixels(options.greatCircleLine.width, Design.GcLineWidth);
+    pixels(options.smallCircleLine.width, Design.ScLineWidth);
+    Design.ScSymbolCount = options.circles.value_or(Design.ScSymbolCount);
+    Design.GcFileName = options.greatCircleLine.table;
+    Design.ScFileName = options.smallCircleLine.table;
+    return (!options.greatCircle || AcceptGreatCircle(*options.greatCircle)) &&
+           (!options.smallCircle || AcceptSmallCircle(*options.smallCircle));
+}
 
 bool ApplyOptions(const DrawOptions& options) {
     Design.MapReduce = options.percent / 100.0;

@@ -12,4 +12,8 @@ namespace quelmont {
 /// False when a check refused the design; its message box was shown.
 bool ApplyOptions(const DrawOptions& options);
 
+/// The same of the circles, to be called before that: what the dialogs of great and small circles write, and
+/// their tables.
+bool ApplyCircles(const DrawOptions& options);
+
 } // namespace quelmont

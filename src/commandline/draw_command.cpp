@@ -1,5 +1,6 @@
 #include "commandline/draw_command.h"
 
+#include "circles/save_circles.h"
 #include "commandline/design_options.h"
 #include "commandline/draw_options.h"
 #include "commandline/export_output.h"
@@ -96,6 +97,16 @@ void SavePicture(HeadlessMachine& machine, const std::string& output) {
     }
 }
 
+/// The tables of circles that were asked for.
+void SaveTables() {
+    if (!Design.GcFileName.empty()) {
+        GcSave();
+    }
+    if (!Design.ScFileName.empty()) {
+        ScSave();
+    }
+}
+
 int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors) {
     const Timer::time_point start = Timer::now();
     HeadlessMachine machine(options.window, options.screen.value_or(options.window), errors);
@@ -107,12 +118,23 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
         errors << Program << name
                << " means nothing before the first --map, as the default map is not drawn.\n";
     }
+    if (!ApplyCircles(options) || machine.boxes.Count() > 0) {
+        return ExitWrongUsage;
+    }
     if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
         return ExitFailed;
     }
-    if (const std::string reason = ArmExport(options.output); !reason.empty()) {
+    if (const std::string reason = options.output.empty() ? "" : ArmExport(options.output); !reason.empty()) {
         errors << Program << options.output << ": " << reason << ".\n";
         return ExitWrongUsage;
+    }
+    if (const std::string reason = TablesThatCollide(options.output); !reason.empty()) {
+        errors << Program << reason << ".\n";
+        return ExitWrongUsage;
+    }
+    SaveTables();
+    if (options.output.empty()) {
+        return machine.boxes.Count() > 0 ? ExitFailed : ExitDone;
     }
     NoteLargeGrid(errors);
     machine.window.Cls();

@@ -80,6 +80,7 @@ constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-sout
 
 /// The most that a dialog lets a line or a symbol measure.
 constexpr int LargestPixels = 600;
+constexpr int MostCircles = 80;
 
 constexpr const char* Notes =
     R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
@@ -106,9 +107,13 @@ Examples:
       --map rivers.map --feature-color 0000FF --map towns.prn --symbol 12 \
       --label-font "DejaVu Serif" --label-size 12 america.png
       A globe, with map files and styles of one's own, and the names of the towns.
+  quelmont-draw --projection "azimuthal equidistant" --central-lat 37:47N \
+      --central-lon 122:26W --great-circle 37:47N,122:26W,29:20N,47:59E \
+      --small-circle 37:47N,122:26W,90 --circles 9 --small-circle-width 1 route.png
+      The shortest way between two places, and rings of equal distance.
 
-Exit status: 0 done; 1 the design was refused, or a map file or the picture failed,
-as the messages tell; 2 the command line is wrong.)";
+Exit status: 0 done; 1 the design was refused, or a map file, the picture or a table
+failed, as the messages tell; 2 the command line is wrong, or its circles were refused.)";
 
 std::string Lists() {
     std::string text = "Projections, by number or name; the first words of a name will do:\n";
@@ -154,6 +159,8 @@ private:
     void AddProjection();
     void AddUtm();
     void AddGrid();
+    void AddCircles();
+    void AddCircleLine(CLI::Option* circle, const std::string& name, const char* table, CircleOptions& line);
     void AddMaps();
     void AddLabels();
     void AddTexts();
@@ -176,6 +183,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddProjection();
     AddUtm();
     AddGrid();
+    AddCircles();
     AddMaps();
     AddTexts();
 }
@@ -221,14 +229,13 @@ void OptionTable::AddPicture() {
     group = "Picture";
     Add("OUTPUT", "",
         "The file to write, by its ending: .png .bmp .cgm .dxf .wmf, or .txt for a text file\n"
-        "of each part of the map",
+        "of each part of the map; nothing is drawn when it is left out and circles are saved",
         [this](const std::string& value) {
             if (OutputFormatOf(value) == OutputFormat::Unknown) {
                 throw BadValue("\"" + value + "\" does not end in .png, .bmp, .cgm, .dxf, .wmf or .txt");
             }
             options.output = value;
-        })
-        ->required();
+        });
     Add("--window", "WxH", "Size of the picture in pixels (1280x924)",
         [this](const std::string& value) { options.window = SizeValue(value); });
     Add("--screen", "WxH", "Size of a maximised window (as --window)",
@@ -285,6 +292,42 @@ void OptionTable::AddGrid() {
         [this](const std::string& value) { options.gridWidth = NumberValue(value, 1, LargestPixels); });
     Add("--background", "RRGGBB", "Colour of the background (FFFFFF)",
         [this](const std::string& value) { options.background = ColorOf(value); });
+}
+
+void OptionTable::AddCircles() {
+    group = "Circles";
+    CLI::Option* const great =
+        Add("--great-circle", "A,A,A,A", "Latitude and longitude of a route's start, then of its end",
+            [this](const std::string& value) {
+                options.greatCircle = AngleValues<4>({Latitude, Longitude, Latitude, Longitude}, value);
+            });
+    AddCircleLine(great, "great-circle", "Save the route as a text file (.prn)", options.greatCircleLine);
+    CLI::Option* const small =
+        Add("--small-circle", "A,A,A", "Latitude, longitude and radius of a circle about a place",
+            [this](const std::string& value) {
+                options.smallCircle = AngleValues<3>({Latitude, Longitude, Arc}, value);
+            });
+    Add("--circles", "1..80", "So many circles, the others within it (3)", [this](const std::string& value) {
+        options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostCircles));
+    })->needs(small);
+    AddCircleLine(small, "small-circle", "Save the circles as a text file (.prn)", options.smallCircleLine);
+}
+
+/// The line of a kind of circles, whose own option must have been given.
+void OptionTable::AddCircleLine(CLI::Option* circle, const std::string& name, const char* table,
+                                CircleOptions& line) {
+    Add("--" + name + "-color", "RRGGBB", "Its colour (0000FF)", [&line](const std::string& value) {
+        line.color = ColorOf(value);
+    })->needs(circle);
+    Add("--" + name + "-width", "PX", "Its width (3)", [&line](const std::string& value) {
+        line.width = NumberValue(value, 1, LargestPixels);
+    })->needs(circle);
+    Add("--save-" + name, "FILE", table, [&line](const std::string& value) {
+        if (value.empty()) {
+            throw BadValue("\"\" is no file");
+        }
+        line.table = value;
+    })->needs(circle);
 }
 
 /// An option that belongs to the --map before it, and to the default map before the first. It is taken when
@@ -399,6 +442,10 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
     }
     if (const std::string fault = FaultOf(options.texts); !fault.empty()) {
         return WrongUsage{fault};
+    }
+    const bool savesTables = !options.greatCircleLine.table.empty() || !options.smallCircleLine.table.empty();
+    if (options.output.empty() && !savesTables) {
+        return WrongUsage{"OUTPUT is required"};
     }
     if (options.screen && (options.screen->x < options.window.x || options.screen->y < options.window.y)) {
         return WrongUsage{"--window: the picture is larger than the --screen"};

@@ -28,10 +28,17 @@ struct MapFileOptions {
     std::optional<ColorValue> labelColor;
 };
 
+/// How a kind of circles is drawn, and the file for the table of its points (empty: none).
+struct CircleOptions {
+    std::optional<ColorValue> color;
+    std::optional<int> width; ///< pixels
+    std::string table;
+};
+
 /// The command line of quelmont-draw. Angles and metres are the texts of the fields that they stand
 /// for, as far as they were given; nothing of it is checked against the projection yet.
 struct DrawOptions {
-    std::string output;
+    std::string output; ///< empty: nothing is drawn, tables of circles are saved
     std::int16_t ProjNum = ProjEquirectangular;
     std::array<std::optional<std::string>, 10> grid = {};              ///< by index of GridText
     std::array<std::optional<std::string>, 2> stdPar = {};             ///< of StdParText
@@ -42,6 +49,11 @@ struct DrawOptions {
     std::optional<ColorValue> gridColor;
     std::optional<int> gridWidth; ///< pixels
     std::optional<ColorValue> background;
+    std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
+    CircleOptions greatCircleLine;
+    std::optional<std::array<std::string, 3>> smallCircle; ///< ScText
+    std::optional<std::int16_t> circles;                   ///< ScSymbolCount
+    CircleOptions smallCircleLine;
     bool noMap = false;
     bool noLabels = false;
     std::vector<MapFileOptions> maps; ///< empty: the default map

@@ -52,6 +52,12 @@ std::string ColorWithoutNumber(ColorValue color) {
 /// Colours of what will be drawn.
 std::string ColorThatDxfLacks() {
     std::string reason = Design.GridTypeCode == 5 ? "" : ColorWithoutNumber(Design.GridColor);
+    if (reason.empty() && Design.ScDefined) {
+        reason = ColorWithoutNumber(Design.ScColor);
+    }
+    if (reason.empty() && Design.GcDefined) {
+        reason = ColorWithoutNumber(Design.GcColor);
+    }
     for (const InputFileEntry& file : Design.InputFiles) {
         for (const FeatureStyle& style : file.Features) {
             if (reason.empty() && style.Shown) {
@@ -67,12 +73,8 @@ std::string ColorThatDxfLacks() {
     return reason;
 }
 
-/// Text files that would not all be there at the end.
-std::string TextFilesThatCollide() {
-    const std::vector<std::string>& names = Design.AsciiFileName;
-    if (names.empty()) {
-        return "there is no grid and there are no map files to be written";
-    }
+/// Two names of one file.
+std::string FilesThatAreTheSame(const std::vector<std::string>& names) {
     std::unordered_map<std::string, std::string> before; // names by their files
     for (const std::string& name : names) {
         const auto [same, isNew] = before.emplace(FileIdentity(name), name);
@@ -81,6 +83,14 @@ std::string TextFilesThatCollide() {
         }
     }
     return "";
+}
+
+/// Text files that would not all be there at the end.
+std::string TextFilesThatCollide() {
+    if (Design.AsciiFileName.empty()) {
+        return "there is no grid and there are no map files to be written";
+    }
+    return FilesThatAreTheSame(Design.AsciiFileName);
 }
 
 /// A map file that an output would replace.
@@ -105,6 +115,24 @@ OutputFormat OutputFormatOf(const std::string& name) {
     const auto* const found = std::find_if(Endings.begin(), Endings.end(),
                                            [&](const Ending& ending) { return ending.letters == letters; });
     return found == Endings.end() ? OutputFormat::Unknown : found->format;
+}
+
+std::string TablesThatCollide(const std::string& output) {
+    std::vector<std::string> names;
+    if (OutputFormatOf(output) == OutputFormat::Ascii) {
+        names = Design.AsciiFileName;
+    } else if (!output.empty()) {
+        names = {output};
+    }
+    std::vector<std::string> tables;
+    for (const std::string& table : {Design.GcFileName, Design.ScFileName}) {
+        if (!table.empty()) {
+            tables.push_back(table);
+        }
+    }
+    names.insert(names.end(), tables.begin(), tables.end());
+    const std::string reason = FilesThatAreTheSame(names);
+    return reason.empty() ? MapFileThatIsLost(tables) : reason;
 }
 
 std::vector<std::string> AsciiOutputs(const std::string& output) {

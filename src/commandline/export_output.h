@@ -15,6 +15,11 @@ OutputFormat OutputFormatOf(const std::string& name);
 /// one that it can, text files that are the same file or that nothing would be written to.
 std::string ArmExport(const std::string& output);
 
+/// Why the tables of circles (GcFileName, ScFileName, empty for none) cannot be written beside the output,
+/// empty for none: two of them are the same file, or one is a map file of the design. To be asked after
+/// ArmExport.
+std::string TablesThatCollide(const std::string& output);
+
 /// The names of the text files that an ASCII export of the design writes: the grid's, then one for
 /// each map file. A name that is taken gets "-2" behind it, or the next number that is free.
 std::vector<std::string> AsciiOutputs(const std::string& output);

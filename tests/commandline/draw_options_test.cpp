@@ -223,7 +223,7 @@ TEST(WrongUsageOf, OptionsOfMapFiles) {
     EXPECT_NE(Fault({"a.png", "--map"}), "");
 }
 
-TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
+TEST(HelpText, NamesEveryOptionAndShowsFourExamples) {
     const auto result = ReadDrawOptions({"--help"}, "3.00");
     ASSERT_TRUE(std::holds_alternative<TextAnswer>(result));
     const std::string& help = std::get<TextAnswer>(result).text;
@@ -255,6 +255,15 @@ TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
                              "--utm-lon-grid",
                              "--lobes-north",
                              "--lobes-south",
+                             "--great-circle",
+                             "--great-circle-color",
+                             "--great-circle-width",
+                             "--save-great-circle",
+                             "--small-circle",
+                             "--circles",
+                             "--small-circle-color",
+                             "--small-circle-width",
+                             "--save-small-circle",
                              "--grid-type",
                              "--grid-color",
                              "--grid-width",
@@ -285,7 +294,7 @@ TEST(HelpText, NamesEveryOptionAndShowsThreeExamples) {
          at = help.find("\n  quelmont-draw ", at + 1)) {
         ++examples;
     }
-    EXPECT_EQ(examples, 3U);
+    EXPECT_EQ(examples, 4U);
 }
 
 TEST(HelpText, ShowsTheColumnsOfAFileOfOnesOwn) {

@@ -132,6 +132,17 @@ class Consumers(shapes.ConsumerTest):
         self.assertEqual(found[1].dxf.text, texts[1])
         self.assertEqual(found[6].dxf.text, texts[6])
 
+    def test_ezdxf_reads_circles(self):
+        file = self.draw(["--projection", "azimuthal equidistant", "--grid-type", "5", "--no-map",
+                          "--great-circle", "37:47N,122:26W,29:20N,47:59E", "--great-circle-color", "FF0000",
+                          "--great-circle-width", "5", "--small-circle", "52:31N,13:24E,60", "--circles", "4",
+                          "--small-circle-color", "0000FF"], "circles.dxf")
+        read, wrong = read_by_ezdxf(file)
+        self.assertEqual(wrong, 0)
+        self.assertEqual(read, own_entities(file.read_bytes()))
+        self.assertEqual([len(one["points"]) for one in read], [361, 361, 361, 361, 176])
+        self.assertEqual([one["colour"] for one in read], [5, 5, 5, 5, 1])
+
     def test_gdal_reads_every_line_of_the_default_map(self):
         file = self.draw(["--projection", "robinson"], "world.dxf")
         data = file.read_bytes()

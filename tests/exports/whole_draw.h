@@ -58,7 +58,8 @@ protected:
             return "wrong usage";
         }
         StartUp();
-        return ApplyOptions(std::get<DrawOptions>(options)) ? ArmExport(output) : "refused";
+        const auto& read = std::get<DrawOptions>(options);
+        return ApplyCircles(read) && ApplyOptions(read) ? ArmExport(output) : "refused";
     }
 
     /// Draws to a file of that ending; what the window was asked to draw is in Screen().
