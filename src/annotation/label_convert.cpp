@@ -75,7 +75,7 @@ void EraseConvertedLabels() {
     std::erase_if(Design.TextItems, [&](const TextItem& item) {
         return item.TextFromLabel ||
                (!item.TextPlaced && item.TextAngle == 0 &&
-                labels.count(Likeness(item.TextString, item.TextFont, item.TextSize, item.TextColour)) > 0);
+                labels.contains(Likeness(item.TextString, item.TextFont, item.TextSize, item.TextColour)));
     });
 }
 

@@ -53,6 +53,7 @@ void Begin() {
         Design.AsciiFileName.resize(outputs);
     }
     ResetLineState();
+    Design.MapLabels.clear(); // those of the draw before
     Design.Statistics = {};
     Design.PlotSeconds = Now();
     MainWindowNow.MapDrawing = true;

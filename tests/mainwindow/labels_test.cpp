@@ -185,6 +185,13 @@ TEST_F(LabelDraws, StopTakesTheLabelsWithIt) {
     ExpectIdle();
 }
 
+TEST_F(LabelDraws, StopInTheGridLeavesNoLabelsOfTheDrawBefore) {
+    MapDraw();
+    machine.pump.At(machine.pump.calls + 3, EscapeKey);
+    MapDraw();
+    EXPECT_THAT(Collected(), IsEmpty());
+}
+
 TEST_F(LabelDraws, StopAmongTheLabelsGivesTheTextsBack) {
     std::string points;
     for (int i = 0; i < 2000; ++i) {
