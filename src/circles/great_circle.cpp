@@ -16,9 +16,6 @@ namespace {
 
 constexpr const char* Routine = "GcCalc";
 
-/// Angles closer than this are the same, degrees.
-constexpr double SameAngle = 1e-05;
-
 bool IsPole(double lat) { return std::fabs(lat) >= 90.0 - SameAngle; }
 
 /// The ends of the design, where each meridian has one name, and a pole the other end's.

@@ -15,9 +15,7 @@ namespace {
 
 constexpr double MinutesPerDegree = 60.0;
 
-/// Angles closer than this are the same, degrees.
-constexpr double SameAngle = 1e-05;
-/// The same on the way, minutes.
+/// Places closer than this are the same, minutes.
 constexpr double SameDistance = 0.0006;
 
 /// Rows farther apart than this are too few for a smooth line, minutes.

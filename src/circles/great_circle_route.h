@@ -10,6 +10,9 @@
 
 namespace quelmont {
 
+/// Angles closer than this are the same.
+constexpr double SameAngle = 1e-05;
+
 /// Start and end, south and west negative.
 struct RouteEnds {
     double startLat = 0.0, startLon = 0.0, endLat = 0.0, endLon = 0.0;

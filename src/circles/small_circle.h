@@ -2,6 +2,9 @@
 
 namespace quelmont {
 
+/// Most circles that the dialog and the command line offer.
+constexpr int MostSmallCircles = 80;
+
 /// Computes concentric small circles about a place, on a sphere: a point for each degree of bearing, north
 /// to north, innermost circle first. Where a circle passes close to a pole, points between two neighbours
 /// follow their straight line in latitude and longitude, less than 20 degrees of longitude apart.

@@ -1,5 +1,6 @@
 #include "commandline/draw_options.h"
 
+#include "circles/small_circle.h"
 #include "commandline/angle_value.h"
 #include "commandline/export_output.h"
 #include "commandline/option_values.h"
@@ -80,7 +81,6 @@ constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-sout
 
 /// The most that a dialog lets a line or a symbol measure.
 constexpr int LargestPixels = 600;
-constexpr int MostCircles = 80;
 
 constexpr const char* Notes =
     R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
@@ -308,7 +308,7 @@ void OptionTable::AddCircles() {
                 options.smallCircle = AngleValues<3>({Latitude, Longitude, Arc}, value);
             });
     Add("--circles", "1..80", "So many circles, the others within it (3)", [this](const std::string& value) {
-        options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostCircles));
+        options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostSmallCircles));
     })->needs(small);
     AddCircleLine(small, "small-circle", "Save the circles as a text file (.prn)", options.smallCircleLine);
 }

@@ -4,6 +4,7 @@
 #include "circles/small_circle.h"
 #include "core/angle_field.h"
 #include "core/angle_text.h"
+#include "core/degrees.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -108,18 +109,17 @@ void StoreGreatCircle(const GreatCircleTexts& texts) {
     if ((end == east && start == west) || (end == west && start == east)) {
         end = start;
     }
-    const auto degrees = [](std::int32_t seconds) { return static_cast<double>(seconds) / SecPerDegree; };
-    Design.GcStartLat = degrees(LatitudeSeconds(Design.GcText[StartLat]));
-    Design.GcStartLon = degrees(LongitudeSeconds(Design.GcText[StartLon]));
-    Design.GcEndLat = degrees(LatitudeSeconds(Design.GcText[EndLat]));
-    Design.GcEndLon = degrees(LongitudeSeconds(Design.GcText[EndLon]));
+    Design.GcStartLat = DegreesOf(LatitudeSeconds(Design.GcText[StartLat]));
+    Design.GcStartLon = DegreesOf(LongitudeSeconds(Design.GcText[StartLon]));
+    Design.GcEndLat = DegreesOf(LatitudeSeconds(Design.GcText[EndLat]));
+    Design.GcEndLon = DegreesOf(LongitudeSeconds(Design.GcText[EndLon]));
 }
 
 void StoreSmallCircle(const SmallCircleTexts& texts) {
     Design.ScText = texts;
-    Design.ScCenterLat = static_cast<double>(LatitudeSeconds(texts[0])) / SecPerDegree;
-    Design.ScCenterLon = static_cast<double>(LongitudeSeconds(texts[1])) / SecPerDegree;
-    Design.ScRadiusDeg = static_cast<double>(ArcSeconds(texts[2])) / SecPerDegree;
+    Design.ScCenterLat = DegreesOf(LatitudeSeconds(texts[0]));
+    Design.ScCenterLon = DegreesOf(LongitudeSeconds(texts[1]));
+    Design.ScRadiusDeg = DegreesOf(ArcSeconds(texts[2]));
 }
 
 bool AcceptGreatCircle(const GreatCircleTexts& texts) {

@@ -15,7 +15,6 @@ constexpr double NauticalMilesPerDegree = 60.0;
 constexpr double KilometersPerNauticalMile = 1.8532488;
 constexpr double StatuteMilesPerNauticalMile = 1.1515554159285697;
 constexpr const char* RadiusPicture = "00000.0";
-constexpr int MostCircles = 80;
 
 } // namespace
 
@@ -45,9 +44,9 @@ SmallCircleForm::SmallCircleForm()
     Add({.name = "SCircleNum",
          .kind = ControlKind::Spin,
          .caption = "N&umber of Concentric Circles",
-         .value = std::clamp<int>(Design.ScSymbolCount, 1, MostCircles),
+         .value = std::clamp<int>(Design.ScSymbolCount, 1, MostSmallCircles),
          .minimum = 1,
-         .maximum = MostCircles});
+         .maximum = MostSmallCircles});
     AddColor();
     AddShowAndButtons([this] { OK_Click(); });
 }
