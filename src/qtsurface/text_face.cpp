@@ -158,9 +158,9 @@ ShapedText TextFace::Shape(std::string_view utf8) {
         const QRawFont raw = run.rawFont();
         std::vector<PlacedOutline> placed;
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
-            QPainterPath outline = OutlineOf(raw, glyphs[i]);
+            const QPainterPath outline = OutlineOf(raw, glyphs[i]);
             if (!outline.isEmpty()) {
-                placed.push_back({std::move(outline), (places[i] - baseline) / LayoutPixels});
+                placed.push_back({outline, (places[i] - baseline) / LayoutPixels});
             }
         }
         if (!placed.empty()) {

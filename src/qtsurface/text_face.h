@@ -38,7 +38,7 @@ public:
     /// The face of a font. It stays until the next call.
     static TextFace& Of(const SurfaceFont& font);
 
-    explicit TextFace(const SurfaceFont& font);
+    explicit TextFace(const SurfaceFont& made);
 
     struct Measures {
         double ascent = 0.0, descent = 0.0;           ///< of the cell
@@ -49,7 +49,7 @@ public:
     };
     const Measures& InEm() const { return measures; }
     /// Pixels of an em of a font of this face, by its height.
-    double EmPixels(const SurfaceFont& font) const;
+    double EmPixels(const SurfaceFont& made) const;
 
     /// A text in UTF-8 as it is read: joined, combined, each stretch in its own direction. Control
     /// characters and line ends are blanks.

@@ -167,6 +167,15 @@ class Consumers(shapes.ConsumerTest):
         libwmf(world)  # it cuts long lines, in a way of its own
         self.assertGreater(painted(world, world.with_suffix(".eps")), 10000)
 
+    def test_libreoffice_reads_the_texts_of_a_cgm_file(self):
+        # It refuses a file with a turned text: it sets a property (RotationPointX) that its shapes lack.
+        file = self.draw(["--no-map", "--window", "640x462", "--text", "Caf\u00e9", "--at", "100,100", "--text-size",
+                          "24", "--text", "Second", "--at", "300,300", "--text-color", "FF0000"], "texts.cgm")
+        run("soffice", "--headless", "--convert-to", "fodp", file, folder=file.parent)
+        told = file.with_suffix(".fodp").read_text(encoding="utf-8")
+        self.assertRegex(told, r">Caf\S<")
+        self.assertIn(">Second<", told)
+
     def test_librecad_prints_dxf(self):
         file = self.draw(shapes.sheet(self.folder), "sheet.dxf")
         text = file.read_bytes().decode("ascii")
