@@ -26,7 +26,7 @@ std::string NineDecimals(double value) {
 std::string PlainWkt(const OGRGeometry& geometry) {
     std::string points;
     const auto add = [&](double x, double y) {
-        points += (points.empty() ? "" : ",") + NineDecimals(x) + " " + PlainNumber(y);
+        points += (points.empty() ? "" : ",") + NineDecimals(x) + " " + NineDecimals(y);
     };
     if (wkbFlatten(geometry.getGeometryType()) == wkbPoint) {
         add(geometry.toPoint()->getX(), geometry.toPoint()->getY());
