@@ -176,14 +176,14 @@ void LabelPrint(std::size_t first) {
     }
 }
 
-void DrawLabels(std::size_t first) {
+void DrawLabels(std::size_t first, bool eventsRun) {
     if (!Design.LabelsVisible) {
         return;
     }
     Guarded(Routine, [&] {
         for (std::size_t i = first; i < Design.MapLabels.size(); ++i) {
             DrawLabel(Design.MapLabels[i]);
-            if ((i - first + 1) % LabelsPerTurn == 0) {
+            if (eventsRun && (i - first + 1) % LabelsPerTurn == 0) {
                 Machine().window->Refresh();
                 Machine().pump->DoEvents();
                 if (Design.PlotStopReason == StopReason::Escape) {

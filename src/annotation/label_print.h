@@ -23,7 +23,7 @@ namespace quelmont {
 void LabelPrint(std::size_t first = 0);
 
 /// Draws the labels from one on where they were placed, if they are to be shown, and writes and ends as
-/// LabelPrint.
-void DrawLabels(std::size_t first = 0);
+/// LabelPrint. Outside of a draw no events run meanwhile.
+void DrawLabels(std::size_t first = 0, bool eventsRun = true);
 
 } // namespace quelmont

@@ -31,10 +31,15 @@ ComboField::ComboField(std::function<void(const std::string&)> typed, std::funct
     popup->setUniformItemSizes(true);
     popup->setTextElideMode(Qt::ElideRight);
     setView(popup);
-    // Also what the completion adds.
-    connect(lineEdit(), &QLineEdit::textChanged, this,
-            [typed = std::move(typed)](const QString& text) { typed(text.toStdString()); });
-    connect(this, &QComboBox::activated, this, [chosen = std::move(chosen)](int line) { chosen(line); });
+    // A text that is typed is no choice of the line that reads alike.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    // Also what the completion adds. The text of a line that is being chosen is not typed.
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this, typed = std::move(typed)](const QString& text) {
+        if (currentIndex() == line) {
+            typed(text.toStdString());
+        }
+    });
+    connect(this, &QComboBox::activated, this, [chosen = std::move(chosen)](int index) { chosen(index); });
 }
 
 void ComboField::ShowLines(const std::vector<std::string>& now) {
@@ -45,8 +50,8 @@ void ComboField::ShowLines(const std::vector<std::string>& now) {
     QStringList texts;
     texts.reserve(static_cast<qsizetype>(lines.size()));
     int longest = FewestCharacters;
-    for (const std::string& line : lines) {
-        texts.push_back(Text(line));
+    for (const std::string& text : lines) {
+        texts.push_back(Text(text));
         longest =
             std::max(longest, static_cast<int>(std::min<qsizetype>(texts.back().size(), MostCharacters)));
     }
@@ -63,8 +68,9 @@ void ComboField::Show(const Control& control) {
         setCompleter(nullptr);
     }
     ShowLines(control.items);
-    if (currentIndex() != control.value) {
-        setCurrentIndex(control.value);
+    line = control.value;
+    if (currentIndex() != line) {
+        setCurrentIndex(line);
     }
     if (const QString text = Text(control.text); lineEdit()->text() != text) {
         setEditText(text);

@@ -25,6 +25,7 @@ private:
     void ShowLines(const std::vector<std::string>& now);
 
     std::vector<std::string> lines; ///< as they are shown
+    int line = -1;                  ///< the one that was shown last
     bool completes = true;          ///< as a QComboBox begins
 };
 

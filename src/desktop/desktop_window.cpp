@@ -9,6 +9,7 @@
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/settings.h"
+#include "mainwindow/text_placing.h"
 #include "platform/machine.h"
 
 #include <QCloseEvent>
@@ -45,7 +46,16 @@ DesktopWindow::DesktopWindow()
     // Escape also reaches a draw when the keyboard is with the menu bar.
     menuBar()->installEventFilter(this);
     setCentralWidget(area);
-    area->OnPressed([this](QPointF place) { Pressed(place); });
+    area->OnPressed([this](QPointF place) {
+        if (!busy) {
+            Form_MouseDown(place.x() * Design.TwipsPerPixelX, place.y() * Design.TwipsPerPixelY);
+        }
+    });
+    area->OnMoved([this](QPointF place) {
+        if (!busy) {
+            Form_MouseMove(place.x() * Design.TwipsPerPixelX, place.y() * Design.TwipsPerPixelY);
+        }
+    });
     area->OnResized([this] {
         if (Machine().window == this) {
             ToggleCaption();
@@ -94,9 +104,17 @@ void DesktopWindow::SetPlace(const WindowPlace& place) {
 void DesktopWindow::Maximise() { setWindowState(windowState() | Qt::WindowMaximized); }
 
 void DesktopWindow::SetMousePointer(MousePointer shape) {
-    if (shape == MousePointer::Hourglass) {
+    switch (shape) {
+    case MousePointer::Hourglass:
         area->setCursor(Qt::WaitCursor);
-    } else {
+        break;
+    case MousePointer::Cross:
+        area->setCursor(Qt::CrossCursor);
+        break;
+    case MousePointer::Hand:
+        area->setCursor(Qt::OpenHandCursor);
+        break;
+    case MousePointer::Normal:
         area->unsetCursor();
     }
 }
@@ -117,6 +135,9 @@ void DesktopWindow::Refresh() {
 
 void DesktopWindow::SetAutoRedraw(bool on) {
     autoRedraw = on;
+    if (on) {
+        area->ForgetPicture();
+    }
     if (on && !(area->HasPicture() && area->Fits())) {
         Cls();
     }
@@ -125,7 +146,16 @@ void DesktopWindow::SetAutoRedraw(bool on) {
     }
 }
 
-void DesktopWindow::Cls() { area->Clear(ColorBits(Design.BackColor)); }
+void DesktopWindow::Cls() {
+    area->ForgetPicture();
+    area->Clear(ColorBits(Design.BackColor));
+}
+
+void DesktopWindow::PutBackPicture() { area->PutBackPicture(ColorBits(Design.BackColor)); }
+
+void DesktopWindow::ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) {
+    area->ShowPreview(box, paint, ColorBits(Design.BackColor));
+}
 
 void DesktopWindow::Clicked(Menu menu, int index) {
     if (menu == Menu::mnuBar && index == StopTitle) {
@@ -138,22 +168,45 @@ void DesktopWindow::Clicked(Menu menu, int index) {
     busy = true;
     ClickMenuItem(menu, index);
     busy = false;
+    if (Design.TextPending) {
+        // The arrow keys are for the text now, though a key may have opened the menu.
+        menuBar()->setActiveAction(nullptr);
+        area->setFocus();
+    }
     if (closeWanted) {
         closeWanted = false;
         close();
     }
 }
 
-void DesktopWindow::Pressed(QPointF devicePixels) const {
-    if (!busy) {
-        Form_MouseDown(devicePixels.x() * Design.TwipsPerPixelX, devicePixels.y() * Design.TwipsPerPixelY);
+bool DesktopWindow::TakenByText(const QKeyEvent& event) {
+    if (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) {
+        return false;
+    }
+    switch (event.key()) {
+    case Qt::Key_Space:
+        return event.isAutoRepeat() || Form_KeyDown(BlankKey);
+    case Qt::Key_Left:
+        return Form_KeyDown(LeftKey);
+    case Qt::Key_Up:
+        return Form_KeyDown(UpKey);
+    case Qt::Key_Right:
+        return Form_KeyDown(RightKey);
+    case Qt::Key_Down:
+        return Form_KeyDown(DownKey);
+    case Qt::Key_1:
+    case Qt::Key_2:
+    case Qt::Key_3:
+        return Form_KeyDown(event.key());
+    default:
+        return false;
     }
 }
 
 void DesktopWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         EscapeKey();
-    } else {
+    } else if (busy || !TakenByText(*event)) {
         QMainWindow::keyPressEvent(event);
     }
 }
@@ -190,6 +243,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    TextDone();
     if (!unloaded) {
         unloaded = true;
         WriteSettings();

@@ -41,6 +41,10 @@ public:
     void SetAutoRedraw(bool on) override;
     DrawSurface& Surface() override { return area->Surface(); }
     PixelImage CopyPixels() override { return area->Surface().Pixels(); }
+    void KeepPicture() override { area->KeepPicture(); }
+    void PutBackPicture() override;
+    void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) override;
+    void HidePreview() override { area->HidePreview(); }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menus.SetEnabled(menu, index, enabled);
     }
@@ -58,7 +62,8 @@ protected:
 
 private:
     void Clicked(Menu menu, int index);
-    void Pressed(QPointF devicePixels) const;
+    /// A key that moves the text which is being placed; false for any other.
+    static bool TakenByText(const QKeyEvent& event);
     void Repaint();
 
     DrawingArea* area;

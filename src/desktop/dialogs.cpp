@@ -7,6 +7,7 @@
 #include "desktop/look_layouts.h"
 #include "desktop/map_file_layouts.h"
 #include "desktop/session_end.h"
+#include "desktop/text_layouts.h"
 
 #include <QApplication>
 
@@ -28,6 +29,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AboutQMNT",        LayOutAbout},
     {"AscOutput",       LayOutAsciiOutputs},
     {"Colors256",        LayOutColors},
+    {"FontDialog",       LayOutFonts},
     {"GCircleEnds",      LayOutGreatCircle},
     {"InputFileChoices", LayOutFileList},
     {"InputFileParams",  LayOutFileParameters},
@@ -42,6 +44,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"SelectLabelOption", LayOutLabelOption},
     {"SmallCircle",      LayOutSmallCircle},
     {"SymbolSizeSpin",   LayOutSymbolSize},
+    {"TextAdd",          LayOutText},
     {"UtmCoords",        LayOutUtmBounds},
     {"UtmParameters",    LayOutUtmParameters},
     {"UtmSpheroid",      LayOutUtmSpheroid},

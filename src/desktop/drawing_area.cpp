@@ -25,6 +25,7 @@ DrawingArea::DrawingArea(QWidget* parent) : QWidget(parent) {
     setAccessibleName(QStringLiteral("Map"));
     setAccessibleDescription(Hint());
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
 }
 
 DrawingArea::~DrawingArea() = default;
@@ -50,6 +51,41 @@ void DrawingArea::Clear(std::uint32_t color) {
     update();
 }
 
+QSize DrawingArea::WholeSize() const { return DeviceSize().expandedTo(surface.Image().size()); }
+
+void DrawingArea::PutBackPicture(std::uint32_t color) {
+    if (!hasPicture) {
+        Clear(color);
+    }
+    if (kept.isNull()) {
+        KeepPicture();
+    }
+    const QSize whole = WholeSize().expandedTo(kept.size());
+    surface.Resize(whole.width(), whole.height(), color);
+    surface.Copy(kept, kept.rect(), color);
+    update();
+}
+
+void DrawingArea::ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint,
+                              std::uint32_t color) {
+    if (!hasPicture) {
+        ratio = devicePixelRatioF();
+    }
+    if (const QSize whole = WholeSize(); !preview || QSize(preview->Width(), preview->Height()) != whole) {
+        preview.emplace(whole.width(), whole.height());
+        previewed = QRect(QPoint(0, 0), whole);
+    }
+    preview->Copy(surface.Image(), previewed, color);
+    paint(*preview);
+    previewed = QRect(box.left, box.top, box.width, box.height);
+    update();
+}
+
+void DrawingArea::HidePreview() {
+    preview.reset();
+    update();
+}
+
 void DrawingArea::PaintHint() {
     QPainter painter(this);
     QColor dimmed = palette().color(QPalette::WindowText);
@@ -70,11 +106,11 @@ void DrawingArea::PaintPicture() {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.scale(1.0 / ratio, 1.0 / ratio);
     }
-    painter.drawImage(0, 0, surface.Image());
+    painter.drawImage(0, 0, preview ? preview->Image() : surface.Image());
 }
 
 void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
-    if (HasPicture()) {
+    if (HasPicture() || preview) {
         PaintPicture();
     } else {
         PaintHint();
@@ -82,8 +118,14 @@ void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void DrawingArea::mousePressEvent(QMouseEvent* event) {
-    if (pressed) {
+    if (pressed && event->button() == Qt::LeftButton) {
         pressed(event->position() * devicePixelRatioF());
+    }
+}
+
+void DrawingArea::mouseMoveEvent(QMouseEvent* event) {
+    if (moved) {
+        moved(event->position() * devicePixelRatioF());
     }
 }
 

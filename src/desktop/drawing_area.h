@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/main_window.h"
 #include "qtsurface/image_surface.h"
 
+#include <QImage>
 #include <QWidget>
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace quelmont {
 
@@ -13,7 +16,7 @@ namespace quelmont {
 ///
 /// The back image keeps the size of its last clearing. A larger area shows the theme's colour
 /// beside it, a smaller one a part of it. It has device pixels; on a screen of another ratio than
-/// the one that it was drawn for it is shown scaled.
+/// the one that it was drawn for it is shown scaled. A preview lies on a copy of it.
 class DrawingArea final : public QWidget {
 public:
     explicit DrawingArea(QWidget* parent = nullptr);
@@ -33,25 +36,44 @@ public:
     ImageSurface& Surface() { return surface; }
     const ImageSurface& Surface() const { return surface; }
 
-    /// Called with a place in device pixels when the mouse is pressed.
+    /// The picture's operations of MainWindow; what a picture lacks has that colour, 0x00BBGGRR.
+    void KeepPicture() { kept = surface.Image().copy(); }
+    void ForgetPicture() { kept = QImage(); }
+    void PutBackPicture(std::uint32_t color);
+    void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint,
+                     std::uint32_t color);
+    void HidePreview();
+
+    /// Called with a place in device pixels when the left button of the mouse is pressed; a double click is
+    /// one press.
     void OnPressed(std::function<void(QPointF)> handler) { pressed = std::move(handler); }
+    /// Called with its place in device pixels when the mouse is moved.
+    void OnMoved(std::function<void(QPointF)> handler) { moved = std::move(handler); }
     /// Called when the area has got another size.
     void OnResized(std::function<void()> handler) { resized = std::move(handler); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+    void mouseMoveEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     QRect DeviceRect() const;
     void PaintHint();
     void PaintPicture();
+    /// Large enough for the picture and for the area.
+    QSize WholeSize() const;
 
     ImageSurface surface{0, 0};
+    QImage kept;                         ///< null when none is
+    std::optional<ImageSurface> preview; ///< the picture with the preview on it
+    QRect previewed;                     ///< where it differs from the picture
     bool hasPicture = false;
     qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(QPointF)> pressed;
+    std::function<void(QPointF)> moved;
     std::function<void()> resized;
 };
 

@@ -14,9 +14,9 @@ namespace quelmont {
 namespace {
 
 constexpr double TwipsPerPoint = 20.0;
-/// Heights of the dialog's own letters that the sample takes, each way.
-constexpr int LettersWide = 14;
-constexpr int LettersHigh = 5;
+/// What a sample takes in heights of the dialog's own letters.
+constexpr QSize WordSize(14, 5);
+constexpr QSize SwatchSize(4, 2);
 /// Space before the text, in heights of the dialog's letters.
 constexpr double Margin = 0.5;
 
@@ -34,7 +34,7 @@ void LetterSample::Show(const Control& control) {
 }
 
 QSize LetterSample::sizeHint() const {
-    return QSize(LettersWide, text.isEmpty() ? 1 : LettersHigh) * fontMetrics().height();
+    return (text.isEmpty() ? SwatchSize : WordSize) * fontMetrics().height();
 }
 
 void LetterSample::paintEvent(QPaintEvent* event) {

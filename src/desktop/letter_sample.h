@@ -7,7 +7,7 @@
 namespace quelmont {
 
 /// A text in a font, a size, a style and colours of its own, as large as it is on the map. What has no room
-/// in the frame is cut off.
+/// in the frame is cut off. Without a text it is a small field of its background.
 class LetterSample final : public QFrame {
 public:
     explicit LetterSample(QWidget* parent);

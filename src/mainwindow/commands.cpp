@@ -3,10 +3,10 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
-#include "core/rounding.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/projection_menu.h"
+#include "mainwindow/text_placing.h"
 #include "platform/machine.h"
 
 #include <array>
@@ -51,6 +51,7 @@ void mnuAbout_Click(int Index) {
 }
 
 void ClickMenuItem(Menu menu, int index) {
+    TextDone();
     for (const ClickHandler& click : ClickHandlers) {
         if (click.menu == menu) {
             Guarded(click.name, [&] { click.handler(index); });
@@ -59,8 +60,8 @@ void ClickMenuItem(Menu menu, int index) {
 }
 
 void ToggleCaption() {
-    if (MainWindowNow.MapDrawing) {
-        return; // the caption tells how to stop, and the draw ends with this
+    if (MainWindowNow.MapDrawing || Design.TextPending) {
+        return; // the caption tells something else, which ends with this
     }
     MainWindow& window = *Machine().window;
     std::string caption = window.Caption();
@@ -73,16 +74,6 @@ void ToggleCaption() {
                   PlainNumber(window.ScaleHeight() / Design.TwipsPerPixelY) + " = x, y Pixels   |" + caption;
     }
     window.SetCaption(caption);
-}
-
-void Form_MouseDown(double x, double y) {
-    if (MainWindowNow.MapDrawing) {
-        return;
-    }
-    Guarded("Form_MouseDown", [&] {
-        MainWindowNow.TextCursorX = RoundToInt32(x);
-        MainWindowNow.TextCursorY = RoundToInt32(y);
-    });
 }
 
 } // namespace quelmont

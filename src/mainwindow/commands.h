@@ -12,17 +12,13 @@ void mnuInput_Click(int Index);
 void mnuDesign_Click(int Index);
 void mnuAbout_Click(int Index);
 
-/// A click on an item of any menu. A run-time failure of its handler shows "Error in " and the handler's
-/// name.
+/// A click on a title or an item of any menu, which ends the placing of a text. A run-time failure of its
+/// handler shows "Error in " and the handler's name.
 void ClickMenuItem(Menu menu, int index);
 
 /// Shows or removes the pixel size of the drawing area at the front of the window's caption, as the
-/// check mark of its menu item says. Also called when the window was resized, and at the end of a draw,
-/// which has the caption to itself.
+/// check mark of its menu item says. Also called when the window was resized, and at the end of a draw or
+/// of the placing of a text, which have the caption to themselves.
 void ToggleCaption();
-
-/// The mouse was pressed on the drawing area, at a place in twips: text will go there. Ignored
-/// while a draw runs.
-void Form_MouseDown(double x, double y);
 
 } // namespace quelmont

@@ -6,6 +6,7 @@
 #include "output/wmf/wmf_writer.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quelmont {
@@ -20,10 +21,22 @@ struct ProgramWriters {
 
 /// What the main window keeps between its commands.
 struct MainWindowState {
+    /// A place on the drawing area, twips.
+    struct Place {
+        std::int32_t x = 0, y = 0;
+    };
+    /// Of the text that is being placed.
+    struct Placing {
+        bool follows = false;              ///< it follows the mouse; else it lies where it was dropped
+        std::optional<Place> dropped = {}; ///< where it was dropped last
+        std::string captionBefore;         ///< of the window
+    };
+
     bool MapDrawing = false;                       ///< from the start of MapDraw to its end, or until Escape
     bool PageEnding = false;                       ///< a printer page is being closed
     std::string SavedCaption;                      ///< of the window, at the start of a draw
     std::int32_t TextCursorX = 0, TextCursorY = 0; ///< place of the last click, twips
+    Placing placing;
     ProgramWriters writers;
 };
 

@@ -12,6 +12,7 @@
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/text_placing.h"
 #include "mapinput/map_plot.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
@@ -162,6 +163,10 @@ void MapDraw() {
     if (MainWindowNow.MapDrawing) {
         return;
     }
+    if (Design.TextPending) {
+        DisarmExports();
+        return; // the text in hand is the draw's own
+    }
     BeginDrawBoxes();
     const StopSignals stopSignals;
     if (Guarded("MapDraw", Fit)) {
@@ -188,6 +193,10 @@ void EscapeKey() {
     }
     DisarmExports();
     Design.OutputSc = false;
+    if (Design.TextPending) {
+        TextDone();
+        return;
+    }
     if (!MainWindowNow.MapDrawing && !Design.PrintingNow) {
         return;
     }

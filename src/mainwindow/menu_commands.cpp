@@ -13,10 +13,12 @@
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "dialogs/text/select_label_option.h"
+#include "dialogs/text/text_add.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/ready_to_draw.h"
+#include "mainwindow/text_placing.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -73,6 +75,15 @@ void ChooseGrid(int /*index*/) { ShowDialog<SelectGridType>(); }
 void ChooseLabels(int /*index*/) { ShowDialog<SelectLabelOption>(); }
 
 void ChooseLineWidths(int /*index*/) { ShowDialog<LineWidthScale>(); }
+
+void AddText(int /*index*/) {
+    ShowDialog<TextAdd>();
+    if (Design.DialogCancelled) {
+        Design.DialogCancelled = false;
+        return;
+    }
+    BeginPlacing();
+}
 
 void TogglePixelSize(int index) {
     MainWindow& window = *Machine().window;

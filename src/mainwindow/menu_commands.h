@@ -22,6 +22,9 @@ void ChooseGrid(int index);
 void ChooseLabels(int index);
 void ChooseLineWidths(int index);
 
+/// Asks for a text, deletes others at the person's wish, and begins to place it.
+void AddText(int index);
+
 /// Turns the mark of the pixel size item, and the size in the window's caption with it.
 void TogglePixelSize(int index);
 

@@ -75,6 +75,13 @@ void GiveUpExport() {
 /// Of the passes over an interrupted map the last, of any other map the one that there is.
 bool IsLastPass() { return Design.ProjNum != ProjInterruptedMollweide || Design.LobeLast; }
 
+/// On the window labels and texts come and go without a draw: the map without them is kept.
+void KeepMap() {
+    if (!Design.PrintingNow) {
+        Machine().window->KeepPicture();
+    }
+}
+
 /// One call of MapPlot.
 class MapPlotRun {
 public:
@@ -128,6 +135,7 @@ void MapPlotRun::Run() {
 
 /// The labels of this pass; texts that the file is to have too. False when Escape was pressed.
 bool MapPlotRun::PrintLabels() {
+    KeepMap();
     LabelPrint(labelsBefore);
     labelsPlaced = true;
     if (Design.LabelsVisible) {
@@ -207,6 +215,7 @@ void MapPlotRun::AddStatistics(std::int32_t index, double start) const {
 void MapPlotRun::Close() const {
     if (!labelsPlaced) {
         Design.MapLabels.resize(labelsBefore);
+        KeepMap();
     }
     const bool lastPass = IsLastPass() || Design.PlotStopReason == StopReason::Escape;
     if (lastPass) {

@@ -12,6 +12,7 @@ namespace quelmont {
 ///         sizes, the point cell, OutputFileName, UtmPointPath, the window's caption, the
 ///         labels with their places in MapLabels, those of this pass behind the ones before, and
 ///         Statistics.MapFiles: an entry per file, added up over the passes of a draw.
+/// The window's picture is kept before the labels are drawn on it (MainWindow::KeepPicture).
 /// Lets events run every 800 points and leaves when PlotStopReason is StopReason::Escape. A run-time failure
 /// shows "Error in MapPlot", with the name of the map file that brought it, a file that is not there "File
 /// not found error in MapPlot"; the files after it are not plotted then. Files 1 and 2 are closed however it

@@ -147,9 +147,13 @@ void PrintRotatedText() {
 
 void PrintText() {
     Guarded("PrintText", [] {
-        for (const TextItem& item : Design.TextItems) {
-            TakeInHand(item);
-            PrintRotatedText();
+        for (std::size_t i = 0; i < Design.TextItems.size(); ++i) {
+            const bool inHand = Design.TextPending && Design.TextIsEdit &&
+                                i + 1 == static_cast<std::size_t>(Design.TextEditIndex);
+            if (!inHand) {
+                TakeInHand(Design.TextItems[i]);
+                PrintRotatedText();
+            }
         }
     });
     Design.CurrentText.clear();

@@ -30,10 +30,10 @@ TextItem TextInHandAsItem(std::string_view routine);
 /// PrintRotatedText". On a metafile either costs the export.
 void PrintRotatedText();
 
-/// Draws the design's text items in their order on the surface in use. Leaves no text in hand, whatever
-/// fails.
+/// Draws the design's text items in their order on the surface in use, but for the one that is being placed
+/// anew. Leaves no text in hand, whatever fails.
 ///
-/// Reads   TextItems and what PrintRotatedText reads.
+/// Reads   TextItems, TextPending, TextIsEdit, TextEditIndex and what PrintRotatedText reads.
 /// Writes  CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY.
 /// The failures of PrintRotatedText, after which the next item goes on; any other shows "Error in PrintText".
 void PrintText();

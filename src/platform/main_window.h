@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,12 @@ class DrawSurface;
 enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout };
 
 /// Shapes of the mouse pointer.
-enum class MousePointer { Normal = 0, Hourglass = 11 };
+enum class MousePointer {
+    Normal = 0,
+    Cross = 2, ///< a click puts something down
+    Hourglass = 11,
+    Hand = 99, ///< a click takes something up
+};
 
 /// A window on the screen in twips: the upper left corner of its frame, and the size of what is
 /// inside the frame. A frame's thickness is known only once the window is seen; a size that
@@ -31,6 +37,15 @@ struct PixelImage {
     std::int32_t width = 0;
     std::int32_t height = 0;
     std::vector<std::uint32_t> pixels;
+};
+
+/// A box of the drawing area in device pixels; it may reach beyond the area.
+struct PixelBox {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    bool operator==(const PixelBox&) const = default;
 };
 
 /// The program's one window: a menu bar over a drawing area with a persistent back image.
@@ -64,6 +79,18 @@ public:
     virtual DrawSurface& Surface() = 0;
     /// A copy of the back image; empty when there is none yet.
     virtual PixelImage CopyPixels() = 0;
+
+    /// Keeps a copy of the back image as it now is: the map on which labels and texts have yet to be drawn.
+    /// Cls and switching AutoRedraw on, with which another picture begins, forget it.
+    virtual void KeepPicture() = 0;
+    /// Makes the back image the copy that was kept, and at least as large as the drawing area: what the copy
+    /// lacks has the background colour. Without a copy the back image as it is becomes it.
+    virtual void PutBackPicture() = 0;
+
+    /// Shows something over the back image, which it never becomes part of, in the place of what was shown
+    /// so before. paint draws it, inside the box, on a surface that has the places of the back image.
+    virtual void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) = 0;
+    virtual void HidePreview() = 0;
 
     virtual void SetMenuEnabled(Menu menu, int index, bool enabled) = 0;
     virtual void SetMenuChecked(Menu menu, int index, bool checked) = 0;

@@ -75,6 +75,22 @@ PixelImage ImageSurface::Pixels() const {
     return image;
 }
 
+void ImageSurface::Copy(const QImage& from, const QRect& box, std::uint32_t color) {
+    painted.Forget();
+    const QRect inside = box & QRect(0, 0, grid.width, grid.height);
+    for (int row = inside.top(); row <= inside.bottom(); ++row) {
+        std::uint32_t* const line =
+            pixels.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(grid.width);
+        const int known =
+            row < from.height() ? std::clamp(from.width(), inside.left(), inside.right() + 1) : inside.left();
+        if (known > inside.left()) {
+            const auto* const source = reinterpret_cast<const std::uint32_t*>(from.constScanLine(row));
+            std::copy(source + inside.left(), source + known, line + inside.left());
+        }
+        std::fill(line + known, line + inside.right() + 1, PixelOf(color));
+    }
+}
+
 void ImageSurface::LineTo(std::int32_t x, std::int32_t y) {
     const SurfacePoint from = std::exchange(position, SurfacePoint{x, y});
     Segment(from, position);

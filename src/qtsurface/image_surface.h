@@ -42,6 +42,10 @@ public:
     QImage Image() const;
     /// A copy of its pixels.
     PixelImage Pixels() const;
+    /// Makes the pixels of a box those of another picture at the same places, and a colour, 0x00BBGGRR,
+    /// where that one has none. What of the box lies outside is left alone. The other one is in the format of
+    /// Image.
+    void Copy(const QImage& from, const QRect& box, std::uint32_t color);
 
     void MoveToEx(std::int32_t x, std::int32_t y) override { position = {x, y}; }
     void LineTo(std::int32_t x, std::int32_t y) override;

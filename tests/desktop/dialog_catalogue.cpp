@@ -19,7 +19,9 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
+#include "dialogs/text/font_dialog.h"
 #include "dialogs/text/select_label_option.h"
+#include "dialogs/text/text_add.h"
 #include "graticule/calc_graticule.h"
 #include "mapfiles/feature_rows.h"
 #include "projection/projection_table.h"
@@ -68,6 +70,37 @@ std::unique_ptr<Form> FileList() {
     return form;
 }
 
+/// The fonts of a slot with a large font in colour.
+std::unique_ptr<Form> FontChoice() {
+    Design.FontSlot = TextFontSlot;
+    Design.Fonts[TextFontSlot] = {.FontName = "DejaVu Serif",
+                                  .FontSize = 28,
+                                  .FontColour = SolidColor(Rgb(0, 0, 128)),
+                                  .FontItalic = true};
+    return std::make_unique<FontDialog>();
+}
+
+/// Texts on the map, one of which is being edited.
+std::unique_ptr<Form> TextChoice() {
+    TextItem item;
+    item.TextFont = "DejaVu Serif";
+    item.TextSize = 14;
+    item.TextColour = SolidColor(Rgb(128, 0, 0));
+    item.TextBold = true;
+    item.TextAngle = 30;
+    Design.TextItems.clear();
+    for (const char* const text : {"North Atlantic Ocean",
+                                   "A text that is much longer than the box in which "
+                                   "it is shown, as titles may be",
+                                   "日本海"}) {
+        item.TextString = text;
+        Design.TextItems.push_back(item);
+    }
+    auto form = std::make_unique<TextAdd>();
+    form->Choose("TextStrings", 0);
+    return form;
+}
+
 /// The parameters of a new file, some of whose features are not shown.
 std::function<std::unique_ptr<Form>()> OfFile(const char* name, std::int16_t symbolType) {
     return [name, symbolType] {
@@ -112,6 +145,8 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"symbol-size-spin",
          [] { return std::make_unique<SymbolSizeSpin>(SymbolSizeKind::BorderWidth, 2.0); }},
         {"asc-output", Of<AscOutput>()},
+        {"font-dialog", FontChoice},
+        {"text-add", TextChoice},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

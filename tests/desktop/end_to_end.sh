@@ -4,7 +4,7 @@
 #
 #   end_to_end.sh PROGRAM WORLD_MAP
 #
-# Alt and a letter reach each menu and a projection's dialog; a draw is stopped by Escape, a second
+# Alt and a letter reach each menu and a projection's dialog; a text is placed; a draw is stopped by Escape, a second
 # one by the Stop item, and the window is closed in the middle of a third. Then the program is told to end
 # by a signal, once while it is idle and once while dialogs are open: it leaves its settings each time.
 # Needs the packages xvfb, openbox, xdotool.
@@ -42,6 +42,32 @@ caption="Quelmont: Robinson projection"
 drawing="Quelmont: click on Stop or press Esc to stop plotting Qmnt4.map"
 eventually "the caption of the projection" titled "$caption"
 echo "projection: chosen by keys alone"
+
+# A text is typed, follows the mouse, is dropped and stays until Escape fixes it there.
+placing() { [[ "$(title)" =~ ^Quelmont:\ \ x\ =\ [0-9]{5}\ \ \ y\ =\ [0-9]{5}$ ]]; }
+xdotool key alt+m
+eventually "the menu of the design" more_windows "$alone"
+xdotool key t
+eventually "the dialog of texts" active_named "Select Text and Rotation"
+xdotool type Atlantis
+xdotool key Return
+eventually "the text to be placed" placing
+eventually "the window to be active" active_main
+before=$(title)
+xdotool mousemove --window "$main" 300 300
+eventually "the text to follow the mouse" eval '[ "$(title)" != "$before" ]'
+placing || fail "the caption should tell the place"
+xdotool click 1
+before=$(title)
+xdotool key Right
+eventually "an arrow key to move the text" eval '[ "$(title)" != "$before" ]'
+before=$(title)
+xdotool mousemove --window "$main" 200 200
+sleep 0.5
+titled "$before" || fail "a text that was dropped should stay"
+xdotool key Escape
+eventually "Escape to end the placing" titled "$caption"
+echo "text: placed by keys and by the mouse"
 
 # Begins a draw and waits until it reads the map file, which it names in its caption.
 begin_draw() {

@@ -1,7 +1,9 @@
 #include "desktop/desktop_fixture.h"
 
+#include "annotation/text_picture.h"
 #include "core/map_design.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/text_placing.h"
 
 #include <QTest>
 #include <QWindow>
@@ -62,6 +64,36 @@ TEST_F(ScreenRatio, DrawnMapIsShownPixelForPixel) {
     EXPECT_EQ(Picture().size(), Area().DeviceSize());
     EXPECT_EQ(SeenOfArea(), Picture());
     EXPECT_TRUE(FillsTheWindow(Picture()));
+}
+
+TEST_F(ScreenRatio, PreviewOfATextIsWhatIsDrawnThereAfterwards) {
+    DrawByKeys();
+    const QImage map = Picture();
+    for (const char* const angle : {"000", "030"}) {
+        Design.CurrentText = "Atlantis";
+        Design.CurrentTextAngle = angle;
+        Design.CurrentLook = {.FontName = "Arial", .FontSize = 20};
+        Design.TextPending = true;
+        BeginPlacing();
+        QTest::mouseMove(&Area(), QPoint(101, 203));
+        QTest::mouseClick(&Area(), Qt::LeftButton, {}, QPoint(101, 203));
+        const QImage seen = SeenOfArea();
+        EXPECT_EQ(Picture(), map);
+        // The text begins where the mouse is.
+        int left = seen.width();
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < left; ++x) {
+                left = seen.pixel(x, y) == map.pixel(x, y) ? left : x;
+            }
+        }
+        EXPECT_NEAR(left, 101 * ratio, 8 * ratio);
+        TextDone();
+        EXPECT_EQ(Picture(), seen);
+        EXPECT_EQ(SeenOfArea(), seen);
+        Design.TextItems.clear();
+        ShowTexts();
+        EXPECT_EQ(Picture(), map);
+    }
 }
 
 TEST_F(ScreenRatio, MouseIsMeasuredInTwips) {

@@ -4,6 +4,7 @@
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
+#include "mainwindow/text_placing.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

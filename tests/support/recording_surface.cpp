@@ -67,6 +67,10 @@ std::string Name(SurfaceOp op) {
         return "Cls";
     case SurfaceOp::Refresh:
         return "Refresh";
+    case SurfaceOp::KeepPicture:
+        return "KeepPicture";
+    case SurfaceOp::PutBackPicture:
+        return "PutBackPicture";
     }
     return "?";
 }

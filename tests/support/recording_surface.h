@@ -32,6 +32,8 @@ enum class SurfaceOp {
     TextOutA,
     Cls,
     Refresh,
+    KeepPicture,
+    PutBackPicture,
 };
 
 std::string Name(SurfaceOp op);

@@ -126,6 +126,18 @@ void ScriptedWindow::Cls() {
     surface.Note(SurfaceOp::Cls);
 }
 
+void ScriptedWindow::KeepPicture() { surface.Note(SurfaceOp::KeepPicture); }
+
+void ScriptedWindow::PutBackPicture() { surface.Note(SurfaceOp::PutBackPicture); }
+
+void ScriptedWindow::ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) {
+    ++previews;
+    previewShown = true;
+    previewBox = box;
+    preview.Forget();
+    paint(preview);
+}
+
 bool ScriptedWindow::MenuChecked(Menu menu, int index) const {
     const auto found = menusChecked.find({menu, index});
     return found != menusChecked.end() && found->second;

@@ -81,6 +81,10 @@ public:
     void SetAutoRedraw(bool on) override;
     DrawSurface& Surface() override { return surface; }
     PixelImage CopyPixels() override { return pixels; }
+    void KeepPicture() override;
+    void PutBackPicture() override;
+    void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) override;
+    void HidePreview() override { previewShown = false; }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menusEnabled[{menu, index}] = enabled;
     }
@@ -105,7 +109,11 @@ public:
     bool autoRedraw = false;
     int autoRedrawError = 0;  ///< run-time error of switching it on, 0 for none
     PixelImage pixels;        ///< what CopyPixels gives
-    RecordingSurface surface; ///< also notes Cls and Refresh among the operations
+    RecordingSurface surface; ///< also notes Cls, Refresh, KeepPicture, PutBackPicture among the operations
+    RecordingSurface preview; ///< what was painted for the preview shown last
+    PixelBox previewBox;      ///< of the preview shown last
+    int previews = 0;         ///< calls of ShowPreview
+    bool previewShown = false;
     std::map<std::pair<Menu, int>, bool> menusEnabled;
     std::map<std::pair<Menu, int>, bool> menusChecked;
 };

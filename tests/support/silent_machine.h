@@ -101,6 +101,10 @@ private:
     void SetAutoRedraw(bool /*on*/) override {}
     DrawSurface& Surface() override { return surface; }
     PixelImage CopyPixels() override { return {}; }
+    void KeepPicture() override {}
+    void PutBackPicture() override {}
+    void ShowPreview(const PixelBox& /*box*/, const std::function<void(DrawSurface&)>& /*paint*/) override {}
+    void HidePreview() override {}
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu /*menu*/, int /*index*/, bool /*checked*/) override {}
     bool MenuChecked(Menu /*menu*/, int /*index*/) const override { return false; }

@@ -1,6 +1,7 @@
 #include "dialogs/text/select_label_option.h"
 
 #include "annotation/label_convert.h"
+#include "annotation/text_picture.h"
 #include "core/map_design.h"
 
 namespace quelmont {
@@ -28,11 +29,15 @@ SelectLabelOption::SelectLabelOption() : DesignDialog("SelectLabelOption", "Sele
 
 void SelectLabelOption::OK_Click() {
     const int line = At("LabelOption").value;
+    const std::size_t textsBefore = Design.TextItems.size();
     Design.LabelsVisible = line == ShowLabels;
     if (line == ConvertToText) {
         LabelConvert();
     } else if (line == EraseFromText) {
         EraseConvertedLabels();
+    }
+    if (!Design.MapLabels.empty() || Design.TextItems.size() != textsBefore) {
+        ShowTexts();
     }
     CloseAccepted();
 }
