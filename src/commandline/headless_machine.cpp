@@ -29,6 +29,12 @@ double HeadlessWindow::ScaleHeight() const { return surface.Height() * TwipsPerP
 
 void HeadlessWindow::Cls() { surface.Clear(ColorBits(Design.BackColor)); }
 
+void HeadlessWindow::PutBackPicture() {
+    if (!kept.isNull()) {
+        surface.Copy(kept, kept.rect(), ColorBits(Design.BackColor));
+    }
+}
+
 bool HeadlessWindow::MenuChecked(Menu menu, int index) const {
     const auto found = marks.find({menu, index});
     return found != marks.end() && found->second;

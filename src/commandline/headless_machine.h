@@ -5,6 +5,8 @@
 #include "qtsurface/qt_fonts.h"
 #include "qtsurface/system_places.h"
 
+#include <QImage>
+
 #include <iosfwd>
 #include <map>
 #include <string>
@@ -56,8 +58,8 @@ public:
     void SetAutoRedraw(bool /*on*/) override {}
     DrawSurface& Surface() override { return surface; }
     PixelImage CopyPixels() override { return surface.Pixels(); }
-    void KeepPicture() override {}
-    void PutBackPicture() override {}
+    void KeepPicture() override { kept = surface.Image().copy(); }
+    void PutBackPicture() override;
     void ShowPreview(const PixelBox& /*box*/, const std::function<void(DrawSurface&)>& /*paint*/) override {}
     void HidePreview() override {}
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
@@ -66,6 +68,7 @@ public:
 
 private:
     ImageSurface surface;
+    QImage kept;
     std::string caption;
     std::map<std::pair<Menu, int>, bool> marks;
 };

@@ -1,6 +1,7 @@
 #include "mainwindow/map_draw.h"
 
 #include "annotation/label_convert.h"
+#include "annotation/label_print.h"
 #include "core/checked_math.h"
 #include "core/elapsed.h"
 #include "core/error_box.h"
@@ -87,6 +88,7 @@ bool Pass() {
     Machine().window->SetCaption(StopCaption);
     PlotGridTimed();
     if (Stopped(true)) {
+        Machine().window->KeepPicture();
         return false;
     }
     Machine().window->Refresh();
@@ -113,19 +115,36 @@ std::vector<std::int16_t> LobesToDraw() {
     return lobes;
 }
 
+/// The lobes so far without their labels, which lie over all of them.
+void PutBackLobes() {
+    if (Design.LabelsVisible && !Design.MapLabels.empty()) {
+        Machine().window->PutBackPicture();
+    }
+}
+
+void ShowLabelsOfLobes() {
+    PutBackLobes();
+    SelectDevice();
+    DrawLabels(0, false);
+}
+
 /// False when the draw was stopped.
 bool LobePasses() {
     const std::vector<std::int16_t> lobes = LobesToDraw();
-    for (const std::int16_t lobe : lobes) {
+    bool whole = true;
+    for (std::size_t i = 0; whole && i < lobes.size(); ++i) {
+        const std::int16_t lobe = lobes[i];
+        if (i > 0) {
+            PutBackLobes();
+        }
         Design.LobeFirst = lobe == lobes.front();
         Design.LobeLast = lobe == lobes.back();
         CalcGraticuleInterrupt(lobe);
         Design.LobeOffsetX = Design.LobeCentral[static_cast<std::size_t>(lobe)];
-        if (!Pass()) {
-            return false;
-        }
+        whole = Pass();
     }
-    return true;
+    ShowLabelsOfLobes();
+    return whole;
 }
 
 /// The texts of the design, over everything.

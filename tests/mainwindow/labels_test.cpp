@@ -70,6 +70,18 @@ protected:
         surface.Forget();
         return texts;
     }
+    /// The texts that stand there in the end: the map is put back for labels to be drawn on it anew.
+    std::vector<std::string> Shown() const {
+        std::vector<std::string> texts;
+        for (const SurfaceCall& call : surface.Calls()) {
+            if (call.op == SurfaceOp::PutBackPicture) {
+                texts.clear();
+            } else if (call.op == SurfaceOp::TextOutA) {
+                texts.push_back(call.text);
+            }
+        }
+        return texts;
+    }
     static std::vector<std::string> Items() {
         std::vector<std::string> texts;
         for (const TextItem& item : Design.TextItems) {
@@ -224,12 +236,27 @@ TEST_F(LobeLabels, EachComesWithItsLobeAndTheTextsOnceAtTheEnd) {
     DrawToFile();
     EXPECT_EQ(machine.clock.beeps, 6);
     EXPECT_THAT(Collected(), ElementsAre("N1", "N2", "N3", "S1", "S2", "S3"));
-    EXPECT_THAT(Drawn(), ElementsAre("N1", "N2", "N3", "S1", "S2", "S3", "title"));
+    EXPECT_THAT(Shown(), ElementsAre("N1", "N2", "N3", "S1", "S2", "S3", "title")) << "over all lobes";
+    EXPECT_THAT(Drawn(), ElementsAre("N1", "N2", "N3", "S1", "S2", "S3", // each in its pass
+                                     "N1", "N2", "N3", "S1", "S2", "S3", "title"));
     EXPECT_THAT(recorder.texts, ElementsAre("title", "N1", "N2", "N3", "S1", "S2", "S3"));
     EXPECT_EQ(recorder.finishes, 1);
     EXPECT_THAT(Items(), ElementsAre("title"));
     MapDraw();
     EXPECT_THAT(Collected(), SizeIs(6)) << "the lists begin anew with the first lobe";
+}
+
+TEST_F(LobeLabels, MapIsKeptWithoutTheLabelsOfAnyLobe) {
+    MapDraw();
+    bool written = false;
+    for (const SurfaceCall& call : surface.Calls()) {
+        EXPECT_FALSE(written && call.op == SurfaceOp::KeepPicture);
+        written = call.op == SurfaceOp::TextOutA || (written && call.op != SurfaceOp::PutBackPicture);
+    }
+    surface.Forget();
+    Design.LabelsVisible = false;
+    MapDraw();
+    EXPECT_EQ(surface.Count(SurfaceOp::PutBackPicture), 0) << "nothing was to be taken off";
 }
 
 TEST_F(LobeLabels, EachStandsBesideItsSymbol) {
@@ -251,6 +278,8 @@ TEST_F(LobeLabels, StopInALaterLobeGivesTheTextsBack) {
         DrawToFile();
         EXPECT_GT(Collected().size(), 0U) << "of the lobes that were done";
         EXPECT_LT(Collected().size(), 6U);
+        EXPECT_EQ(Shown(), Collected()) << "they stay where they are";
+        surface.Forget();
         EXPECT_THAT(Items(), ElementsAre("title"));
         EXPECT_EQ(recorder.finishes, 0);
     }

@@ -5,9 +5,11 @@
 #include "core/number_text.h"
 #include "dialogs/dialogs_state.h"
 #include "dialogs/files/file_list_help.h"
+#include "dialogs/files/label_font.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
 #include "mapfiles/feature_rows.h"
+#include "mapfiles/map_formats.h"
 #include "platform/machine.h"
 
 #include <array>
@@ -196,6 +198,9 @@ void InputFileParams::EditSize(std::size_t row, std::size_t column) {
 void InputFileParams::OK_Click() {
     InputFileEntry accepted = entry;
     Store(accepted);
+    if (MapFormatOf(fileName).labels) {
+        ChooseLabelFont(accepted);
+    }
     entry = std::move(accepted);
     CloseAccepted();
 }

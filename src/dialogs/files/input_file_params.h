@@ -16,7 +16,8 @@ enum class MapFileMode { Add, Edit };
 ///
 /// A choice of another symbol type proposes the sizes anew: in Edit mode those of the entry, where
 /// they are not zero, else a line or an outline of one pixel, a radius of three. OK stores the sizes
-/// that mean something for the type in twips; the others of the entry stay.
+/// that mean something for the type in twips; the others of the entry stay. Behind it comes the choice of a
+/// font for the labels of a file that may have some (label_font.h).
 ///
 /// Reads   TwipsPerPixelY.
 /// Writes  the entry, on OK alone; FeatureColor, FeatureColorIndex, ColorPurpose (the colour picker's);

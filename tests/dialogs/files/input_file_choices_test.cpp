@@ -168,6 +168,7 @@ TEST_F(FileList, FileIsAddedBeforeTheSelectedLine) {
     InputFileChoices form;
     form.Choose("InputFilesOpen", 1);
     machine.fileDialogs.Choose({"/new/n.prn"});
+    machine.forms.Script("FontDialog", [](Form& font) { font.PressCancel(); });
     Accept("/new/n.prn");
     form.Press("InputFileAdd");
     EXPECT_THAT(Names(), ElementsAre("/maps/1.map", "/new/n.prn", "/maps/2.pkd", "/maps/3.mps"));

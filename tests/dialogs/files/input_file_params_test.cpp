@@ -477,31 +477,98 @@ TEST_F(FileParameters, SizeThatCannotBeStoredLeavesTheEntryAndTheDialog) {
 
 // ---- Labels
 
-TEST_F(FileParameters, NoFontIsAnnouncedAsLongAsNoneCanBeChosen) {
+constexpr const char* FontAnnouncement = "Quelmont .PRN and .UTM files may contain labels that can be "
+                                         "displayed next to the point they represent.\n\n"
+                                         "When you press OK, a Font selection dialog box will appear.  Use "
+                                         "this box to select the font that will be "
+                                         "used to display any labels contained in this file.";
+
+TEST_F(FileParameters, FontOfLabelsIsAskedForWhereThereMayBeLabels) {
     for (const char* const name : {"a.prn", "a.PRN", "a.utm", "a.Utm"}) {
         Add(name);
+        machine.forms.Script("FontDialog", [](Form& font) {
+            font.Type("comFontName", "Courier");
+            font.Type("comFontSize", "24");
+            font.Choose("chkBold");
+            font.Choose("chkUnderline");
+            font.Choose("ColorSquare", 12);
+            font.PressDefault();
+        });
         form->PressDefault();
         EXPECT_TRUE(form->Closed());
         EXPECT_FALSE(Design.DialogCancelled);
-        EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
-        EXPECT_EQ(entry.LabelFontName, "");
-        EXPECT_EQ(entry.LabelFontSize, 0);
-        EXPECT_FALSE(entry.LabelBold || entry.LabelItalic || entry.LabelUnderline || entry.LabelStrikeout);
+        EXPECT_THAT(machine.boxes.Taken(),
+                    ElementsAre(AskedBox{"Select Label Font", FontAnnouncement, BoxButtons::Ok,
+                                         BoxIcon::Information, BoxAnswer::Ok}));
+        EXPECT_EQ(entry.LabelFontName, "Courier");
+        EXPECT_EQ(entry.LabelFontSize, 24);
+        EXPECT_EQ(entry.LabelColor, SolidColor(Rgb(255, 0, 0)));
+        EXPECT_TRUE(entry.LabelBold && entry.LabelUnderline);
+        EXPECT_FALSE(entry.LabelItalic || entry.LabelStrikeout);
+        EXPECT_EQ(Design.FontSlot, TextFontSlot) << "as before";
     }
 }
 
-TEST_F(FileParameters, EntryKeepsItsLabelFont) {
+TEST_F(FileParameters, NoFontIsAskedForElsewhere) {
+    for (const char* const name : {"a.map", "a.pkv", "a.dat", "a.mp1", "towns.txt"}) {
+        Add(name);
+        form->PressDefault();
+        EXPECT_THAT(machine.boxes.Taken(), IsEmpty());
+        EXPECT_EQ(entry.LabelFontName, "");
+        EXPECT_EQ(entry.LabelFontSize, 0);
+    }
+}
+
+TEST_F(FileParameters, FontDialogOpensOnTheTextFontAtFirst) {
+    Design.Fonts[TextFontSlot] = {.FontName = "Times", .FontSize = 7, .FontColour = 255, .FontItalic = true};
+    Add("a.prn");
+    machine.forms.Script("FontDialog", [](Form& font) {
+        EXPECT_EQ(Design.FontSlot, LabelFontSlot);
+        EXPECT_EQ(font.At("comFontName").text, "Times");
+        EXPECT_EQ(font.At("comFontSize").text, "10") << "7 is less than 8";
+        EXPECT_EQ(font.At("chkItalic").value, 1);
+        font.PressDefault();
+    });
+    form->PressDefault();
+    EXPECT_EQ(entry.LabelFontName, "Times");
+    EXPECT_EQ(entry.LabelFontSize, 10);
+    EXPECT_EQ(entry.LabelColor, 255U);
+    EXPECT_TRUE(entry.LabelItalic);
+    EXPECT_EQ(Design.Fonts[TextFontSlot].FontSize, 7) << "the texts keep theirs";
+}
+
+TEST_F(FileParameters, CancelledFontDialogLeavesTheFontOfTheEntry) {
     entry = NewMapFileEntry("a.prn");
     entry.LabelFontName = "Courier";
     entry.LabelFontSize = 24;
     entry.LabelColor = Rgb(255, 0, 0);
     entry.LabelItalic = true;
     Edit();
+    machine.forms.Script("FontDialog", [](Form& font) {
+        EXPECT_EQ(font.At("comFontName").text, "Courier");
+        EXPECT_EQ(font.At("comFontSize").text, "24");
+        font.Type("comFontSize", "60");
+        font.PressCancel();
+    });
     form->PressDefault();
+    EXPECT_TRUE(form->Closed());
+    EXPECT_FALSE(Design.DialogCancelled) << "the rest was accepted";
     EXPECT_EQ(entry.LabelFontName, "Courier");
     EXPECT_EQ(entry.LabelFontSize, 24);
     EXPECT_EQ(entry.LabelColor, Rgb(255, 0, 0));
     EXPECT_TRUE(entry.LabelItalic);
+}
+
+TEST_F(FileParameters, CancelledFontDialogGivesANewEntryArialOfTenPointsInBlack) {
+    Design.Fonts[TextFontSlot] = {.FontName = "Times", .FontSize = 30, .FontColour = 255, .FontBold = true};
+    Add("a.utm");
+    machine.forms.Script("FontDialog", [](Form& font) { font.PressCancel(); });
+    form->PressDefault();
+    EXPECT_FALSE(Design.DialogCancelled);
+    EXPECT_EQ(entry.LabelFontName, "Arial");
+    EXPECT_EQ(entry.LabelFontSize, 10);
+    EXPECT_EQ(entry.LabelColor, SolidColor(Rgb(0, 0, 0)));
+    EXPECT_FALSE(entry.LabelBold || entry.LabelItalic || entry.LabelUnderline || entry.LabelStrikeout);
 }
 
 TEST_F(FileParameters, HelpHasItsPage) {
