@@ -148,6 +148,33 @@ def records():
         put("records", ending + "_in_pieces", (order.index(ending),), data, 2)
 
 
+def designs():
+    """Map designs of some projections, and two of them as version 2 and as an older one would have them."""
+    draw = pathlib.Path(CONVERT).with_name("quelmont-draw")
+    folder = CORPUS / "design"
+    folder.mkdir(parents=True, exist_ok=True)
+    texts = ("--text", "Oslo, the \"old\" town", "--at", "10%,5%", "--rotate", "45")
+    for name, options in (("mercator", ("--projection", "mercator")), ("utm", ("--projection", "utm")),
+                          ("albers", ("--projection", "albers")), ("lobes", ("--projection", "42")),
+                          ("perspective", ("--projection", "vertical")),
+                          ("stereographic", ("--projection", "stereographic")),
+                          ("texts", ("--projection", "hammer", "--grid-type", "1", *texts))):
+        file = folder / name
+        design = file.with_suffix(".cnf")
+        subprocess.run([draw, "--no-map", *options, "--save-design", design], check=True)
+        design.rename(file)
+    with_map = folder / "map.cnf"
+    subprocess.run([draw, "--map", "m.map", "--save-design", with_map], check=True)
+    with_map.write_bytes(with_map.read_bytes().replace(str(pathlib.Path("m.map").absolute()).encode(), b"m.map"))
+    with_map.rename(folder / "map")
+    lines = (folder / "albers").read_bytes().split(b"\r\n")
+    older = [b"Quelmont configuration file version 2.50", *lines[1:5], lines[8], lines[11], lines[7], lines[12],
+             b" 50331647  33554432 ", *lines[14:16], b" 1 1 1", *lines[17:20], *lines[20:21],
+             lines[21].rsplit(b",", 1)[0], *lines[22:78], b" 1 2 3 4 0 50266112 45", *lines[83:]]
+    (folder / "version_2").write_bytes(b"\r\n".join(older))
+    (folder / "oldest").write_bytes(b"\r\n".join([b"ALBERS EQUAL-AREA", *older[2:]]))
+
+
 def strange_files():
     """One seed of each fuzzer as a file that tells no length, comes in pieces, grows, or shrinks; the
     numbers are those of HabitsOf."""
@@ -168,6 +195,7 @@ def main():
     convert()
     put("minute_grid", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.map"))
     records()
+    designs()
     strange_files()
 
 

@@ -1,5 +1,6 @@
 #include "commandline/design_options.h"
 
+#include "circles/small_circle.h"
 #include "core/rounding.h"
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
@@ -52,9 +53,24 @@ bool TakeLobes(const DrawOptions& options) {
     return AcceptLobes();
 }
 
+template <typename Given>
+bool AnyGiven(const Given& texts) {
+    return std::any_of(texts.begin(), texts.end(), [](const auto& text) { return text.has_value(); });
+}
+
+bool NamesProjectionOrBounds(const DrawOptions& options) {
+    return options.projectionGiven || AnyGiven(options.grid) || AnyGiven(options.stdPar) ||
+           AnyGiven(options.utm) || AnyGiven(options.lobes) || options.spheroid;
+}
+
 bool TakeProjection(const DrawOptions& options) {
-    Design.ProjNum = options.ProjNum;
-    Design.ProjName = FindProjection(options.ProjNum)->ProjName;
+    if (options.design && !NamesProjectionOrBounds(options)) {
+        return true;
+    }
+    if (!options.design || options.projectionGiven) {
+        Design.ProjNum = options.ProjNum;
+        Design.ProjName = FindProjection(options.ProjNum)->ProjName;
+    }
     ProposeBounds();
     TakeTexts(options.grid, Design.GridText);
     TakeTexts(options.utm, Design.UtmText);
@@ -109,8 +125,9 @@ void TakeMaps(const DrawOptions& options) {
         Design.MapFileCount = RoundToInt16(static_cast<double>(options.maps.size()));
         return;
     }
-    for (InputFileEntry& defaultMap : Design.InputFiles) {
-        TakeStyle(defaultMap, options.defaultMap);
+    // The default map, or those of a recalled design.
+    for (InputFileEntry& entry : Design.InputFiles) {
+        TakeStyle(entry, options.defaultMap);
     }
 }
 
@@ -125,15 +142,25 @@ bool ApplyCircles(const DrawOptions& options) {
     pixels(options.greatCircleLine.width, Design.GcLineWidth);
     pixels(options.smallCircleLine.width, Design.ScLineWidth);
     Design.ScSymbolCount = options.circles.value_or(Design.ScSymbolCount);
-    Design.GcFileName = options.greatCircleLine.table;
-    Design.ScFileName = options.smallCircleLine.table;
+    const auto take = [](const std::string& table, std::string& name) {
+        name = table.empty() ? name : table;
+    };
+    take(options.greatCircleLine.table, Design.GcFileName);
+    take(options.smallCircleLine.table, Design.ScFileName);
+    if (options.circles && !options.smallCircle && Design.ScDefined) {
+        ScCalc(); // those of a recalled design
+    }
     return (!options.greatCircle || AcceptGreatCircle(*options.greatCircle)) &&
            (!options.smallCircle || AcceptSmallCircle(*options.smallCircle));
 }
 
 bool ApplyOptions(const DrawOptions& options) {
-    Design.MapReduce = options.percent / 100.0;
-    Design.LineWidthsScaled = !options.noLineScaling;
+    if (!options.design || options.percentGiven) {
+        Design.MapReduce = options.percent / 100.0;
+    }
+    if (!options.design || options.noLineScaling) {
+        Design.LineWidthsScaled = !options.noLineScaling;
+    }
     Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
     Design.LabelsVisible = !options.noLabels;
     TakeGrid(options);

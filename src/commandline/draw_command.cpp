@@ -9,11 +9,14 @@
 #include "core/number_text.h"
 #include "core/run_time_error.h"
 #include "core/stop_signals.h"
+#include "designfile/cnf_read.h"
+#include "designfile/cnf_save.h"
 #include "graticule/plot_grid.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/start_up.h"
 #include "mapinput/map_input_state.h"
 #include "output/bmp/bmp_file.h"
+#include "output/scale_screen.h"
 #include "qtsurface/png_file.h"
 
 #include <QJsonArray>
@@ -21,7 +24,9 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <new>
 #include <ostream>
 #include <utility>
@@ -98,44 +103,60 @@ void SavePicture(HeadlessMachine& machine, const std::string& output) {
 }
 
 /// The tables of circles that were asked for.
-void SaveTables() {
-    if (!Design.GcFileName.empty()) {
+void SaveTables(const DrawOptions& options) {
+    if (!options.greatCircleLine.table.empty()) {
         GcSave();
     }
-    if (!Design.ScFileName.empty()) {
+    if (!options.smallCircleLine.table.empty()) {
         ScSave();
     }
 }
 
-int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors) {
-    const Timer::time_point start = Timer::now();
-    HeadlessMachine machine(options.window, options.screen.value_or(options.window), errors);
-    StartUp();
-    for (const std::string& name : OptionsWithoutMeaning(options)) {
-        errors << Program << name << " means nothing on this projection.\n";
+/// The picture's size: that of the design, unless it was given.
+SurfacePoint WindowOf(const DrawOptions& options) {
+    constexpr std::int32_t smallest = 2;
+    constexpr std::int32_t largest = 32767;
+    if (!options.design || options.windowGiven) {
+        return options.window;
     }
-    for (const std::string& name : OptionsOfUndrawnMap(options)) {
-        errors << Program << name
-               << " means nothing before the first --map, as the default map is not drawn.\n";
+    const std::optional<AreaPixels> area = AreaOfDesignFile(*options.design);
+    return area ? SurfacePoint{std::clamp(area->width, smallest, largest),
+                               std::clamp(area->height, smallest, largest)}
+                : options.window;
+}
+
+/// Recalls the design that the options begin with, and gives them its projection.
+bool RecallDesignOf(DrawOptions& options) {
+    if (!options.design) {
+        return true;
     }
-    if (!ApplyCircles(options) || machine.boxes.Count() > 0) {
-        return ExitWrongUsage;
+    Design.CnfFileName = *options.design;
+    if (!CnfRead()) {
+        return false;
     }
-    if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
-        return ExitFailed;
+    Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)] = true;
+    options.ProjNum = options.projectionGiven ? options.ProjNum : Design.ProjNum;
+    return true;
+}
+
+/// Writes the design, in which map files have full names: it may be recalled from any folder.
+bool SaveDesignAs(const std::string& name) {
+    const std::vector<InputFileEntry> files = Design.InputFiles;
+    for (InputFileEntry& entry : Design.InputFiles) {
+        std::error_code failure;
+        const std::filesystem::path full = std::filesystem::absolute(entry.MapFileName, failure);
+        entry.MapFileName = failure ? entry.MapFileName : full.string();
     }
-    if (const std::string reason = options.output.empty() ? "" : ArmExport(options.output); !reason.empty()) {
-        errors << Program << options.output << ": " << reason << ".\n";
-        return ExitWrongUsage;
-    }
-    if (const std::string reason = TablesThatCollide(options.output); !reason.empty()) {
-        errors << Program << reason << ".\n";
-        return ExitWrongUsage;
-    }
-    SaveTables();
-    if (options.output.empty()) {
-        return machine.boxes.Count() > 0 ? ExitFailed : ExitDone;
-    }
+    Design.CnfFileName = name;
+    ScaleScreen();
+    const bool saved = CnfSave();
+    Design.InputFiles = files;
+    return saved;
+}
+
+/// Draws the map and writes the picture.
+int DrawPicture(HeadlessMachine& machine, const DrawOptions& options, Timer::time_point start,
+                std::ostream& output, std::ostream& errors) {
     NoteLargeGrid(errors);
     machine.window.Cls();
     MapDraw();
@@ -161,6 +182,53 @@ int Draw(const DrawOptions& options, std::ostream& output, std::ostream& errors)
                            ? Answer(StatisticsLine(SecondsSince(drawn), SecondsSince(start)), output, errors)
                            : ExitDone;
     return machine.boxes.Count() > 0 ? ExitFailed : answer;
+}
+
+/// Takes the options into the design. Gives the exit code of what refused them.
+int TakeOptions(const HeadlessMachine& machine, const DrawOptions& options, std::ostream& errors) {
+    for (const std::string& name : OptionsWithoutMeaning(options)) {
+        errors << Program << name << " means nothing on this projection.\n";
+    }
+    for (const std::string& name : OptionsOfUndrawnMap(options)) {
+        errors << Program << name
+               << " means nothing before the first --map, as the default map is not drawn.\n";
+    }
+    if (!ApplyCircles(options) || machine.boxes.Count() > 0) {
+        return ExitWrongUsage;
+    }
+    if (!ApplyOptions(options) || machine.boxes.Count() > 0) {
+        return ExitFailed;
+    }
+    if (const std::string reason = options.output.empty() ? "" : ArmExport(options.output); !reason.empty()) {
+        errors << Program << options.output << ": " << reason << ".\n";
+        return ExitWrongUsage;
+    }
+    if (const std::string reason = TablesThatCollide(options.output); !reason.empty()) {
+        errors << Program << reason << ".\n";
+        return ExitWrongUsage;
+    }
+    return ExitDone;
+}
+
+int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
+    const Timer::time_point start = Timer::now();
+    const SurfacePoint window = WindowOf(options);
+    HeadlessMachine machine(window, options.screen.value_or(window), errors);
+    StartUp();
+    if (!RecallDesignOf(options)) {
+        return ExitFailed;
+    }
+    if (const int refused = TakeOptions(machine, options, errors); refused != ExitDone) {
+        return refused;
+    }
+    if (options.saveDesign && !SaveDesignAs(*options.saveDesign)) {
+        return ExitFailed;
+    }
+    SaveTables(options);
+    if (options.output.empty()) {
+        return machine.boxes.Count() > 0 ? ExitFailed : ExitDone;
+    }
+    return DrawPicture(machine, options, start, output, errors);
 }
 
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {

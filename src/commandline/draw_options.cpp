@@ -76,6 +76,7 @@ constexpr std::array UtmDigits = std::to_array<DigitsOption>({
 constexpr std::size_t UtmScale = 4;
 constexpr const char* UtmScaleName = "--utm-scale";
 constexpr const char* SpheroidName = "--spheroid";
+constexpr const char* DesignEnding = "cnf";
 constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-south"};
 // clang-format on
 
@@ -96,6 +97,10 @@ west negative; commas or blanks between them:
    0  46.46   6.84
   -1 -33.86 151.21  "Sydney"
 
+A map design holds all of a map: what the window's "Save Map Design" and --save-design
+write, and what "Recall Map Design" and --design read. Options beside --design change
+what they name; those of a map file without --map change every map file of the design.
+
 Examples:
   quelmont-draw world.png
       The whole world on the equirectangular projection.
@@ -111,6 +116,8 @@ Examples:
       --central-lon 122:26W --great-circle 37:47N,122:26W,29:20N,47:59E \
       --small-circle 37:47N,122:26W,90 --circles 9 --small-circle-width 1 route.png
       The shortest way between two places, and rings of equal distance.
+  quelmont-draw --design trip.cnf --background E0F0FF trip.png
+      A design made in the window, on another background.
 
 Exit status: 0 done; 1 the design was refused, or a map file, the picture or a table
 failed, as the messages tell; 2 the command line is wrong, or its circles were refused.)";
@@ -135,6 +142,13 @@ public:
         return option->get_type_name().empty() ? "" : " " + option->get_type_name();
     }
 };
+
+std::string DesignName(const std::string& value) {
+    if (Capitals(value).ends_with("." + Capitals(DesignEnding))) {
+        return value;
+    }
+    throw BadValue("\"" + value + "\" does not end in .cnf");
+}
 
 /// The options, group by group, bound to one DrawOptions.
 class OptionTable {
@@ -165,6 +179,7 @@ private:
     void AddLabels();
     void AddTexts();
     void AddPicture();
+    void AddDesign();
 
     DrawOptions& options;
     CLI::App app{"Draws a map without a window: coastlines, borders, rivers and a grid.", "quelmont-draw"};
@@ -180,6 +195,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     app.set_version_flag("--version", "quelmont-draw " + version, "Print the version and exit");
     app.footer(Lists() + Notes);
     AddPicture();
+    AddDesign();
     AddProjection();
     AddUtm();
     AddGrid();
@@ -236,12 +252,18 @@ void OptionTable::AddPicture() {
             }
             options.output = value;
         });
-    Add("--window", "WxH", "Size of the picture in pixels (1280x924)",
-        [this](const std::string& value) { options.window = SizeValue(value); });
+    Add("--window", "WxH", "Size of the picture in pixels (1280x924, or the design's)",
+        [this](const std::string& value) {
+            options.window = SizeValue(value);
+            options.windowGiven = true;
+        });
     Add("--screen", "WxH", "Size of a maximised window (as --window)",
         [this](const std::string& value) { options.screen = SizeValue(value); });
     Add("--percent", "10..100", "Share of the picture that the map fills (100)",
-        [this](const std::string& value) { options.percent = NumberValue(value, 10, 100); });
+        [this](const std::string& value) {
+            options.percent = NumberValue(value, 10, 100);
+            options.percentGiven = true;
+        });
     app.add_flag("--no-line-scaling", options.noLineScaling,
                  "Narrowest lines in .cgm, .dxf, .wmf, not a share of the map")
         ->disable_flag_override()
@@ -251,10 +273,20 @@ void OptionTable::AddPicture() {
     app.add_flag("--stats", options.stats, "Print points and seconds as a line of JSON")->group(group);
 }
 
+void OptionTable::AddDesign() {
+    group = "Map design";
+    Add("--design", "FILE.cnf", "Begin with this map design instead of the default map",
+        [this](const std::string& value) { options.design = DesignName(value); });
+    Add("--save-design", "FILE.cnf", "Write the map design; OUTPUT may then be left out",
+        [this](const std::string& value) { options.saveDesign = DesignName(value); });
+}
+
 void OptionTable::AddProjection() {
     group = "Projection and bounds";
-    Add("--projection", "NUM|NAME", "See the list below (2)",
-        [this](const std::string& value) { options.ProjNum = ProjectionValue(value); });
+    Add("--projection", "NUM|NAME", "See the list below (2)", [this](const std::string& value) {
+        options.ProjNum = ProjectionValue(value);
+        options.projectionGiven = true;
+    });
     AddAngles(GridAngles, options.grid);
     AddDigits(Height, "KM", options.grid);
     AddAngles(StdParAngles, options.stdPar);
@@ -444,10 +476,11 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return WrongUsage{fault};
     }
     const bool savesTables = !options.greatCircleLine.table.empty() || !options.smallCircleLine.table.empty();
-    if (options.output.empty() && !savesTables) {
+    if (options.output.empty() && !savesTables && !options.saveDesign) {
         return WrongUsage{"OUTPUT is required"};
     }
-    if (options.screen && (options.screen->x < options.window.x || options.screen->y < options.window.y)) {
+    if (options.screen && (!options.design || options.windowGiven) &&
+        (options.screen->x < options.window.x || options.screen->y < options.window.y)) {
         return WrongUsage{"--window: the picture is larger than the --screen"};
     }
     return options;

@@ -38,8 +38,11 @@ struct CircleOptions {
 /// The command line of quelmont-draw. Angles and metres are the texts of the fields that they stand
 /// for, as far as they were given; nothing of it is checked against the projection yet.
 struct DrawOptions {
-    std::string output; ///< empty: nothing is drawn, tables of circles are saved
+    std::string output;                    ///< empty: nothing is drawn
+    std::optional<std::string> design;     ///< the map design file that the other options change
+    std::optional<std::string> saveDesign; ///< the one to write
     std::int16_t ProjNum = ProjEquirectangular;
+    bool projectionGiven = false;
     std::array<std::optional<std::string>, 10> grid = {};              ///< by index of GridText
     std::array<std::optional<std::string>, 2> stdPar = {};             ///< of StdParText
     std::optional<std::string> spheroid;                               ///< SpheroidName
@@ -61,8 +64,10 @@ struct DrawOptions {
     std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it
     std::vector<PlacedTextOptions> texts;       ///< each with its place
     SurfacePoint window{1280, 924};             ///< drawing area, pixels
+    bool windowGiven = false;
     std::optional<SurfacePoint> screen;
     int percent = 100;
+    bool percentGiven = false;
     bool stats = false;
     bool noLineScaling = false;
     std::optional<int> textScale; ///< percent

@@ -19,9 +19,7 @@ BoxAnswer HeadlessBoxes::Ask(std::string_view title, std::string_view text, BoxB
                              BoxIcon /*icon*/) {
     ++count;
     stream << title << '\n' << text << '\n';
-    return buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel
-           : buttons == BoxButtons::YesNo     ? BoxAnswer::No
-                                              : BoxAnswer::Ok;
+    return AnswerOfClosed(buttons);
 }
 
 double HeadlessWindow::ScaleWidth() const { return surface.Width() * TwipsPerPixel; }

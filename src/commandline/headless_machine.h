@@ -16,8 +16,7 @@
 
 namespace quelmont {
 
-/// Writes each message box to a stream, its title and its text, and answers Cancel, No or Ok, whichever the
-/// message box has.
+/// Writes each message box to a stream, its title and its text, and answers as if it had been closed.
 class HeadlessBoxes final : public Boxes {
 public:
     explicit HeadlessBoxes(std::ostream& stream_) : stream(stream_) {}
@@ -51,6 +50,8 @@ public:
     void SetPlace(const WindowPlace& /*place*/) override {}
     bool IsZoomed() const override { return false; }
     void Maximise() override {}
+    void SetAreaSize(std::int32_t /*width*/, std::int32_t /*height*/) override {}
+    void Settle() override {}
     void Close() override {}
     void SetMousePointer(MousePointer /*shape*/) override {}
     void Refresh() override {}
@@ -65,6 +66,7 @@ public:
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu menu, int index, bool checked) override { marks[{menu, index}] = checked; }
     bool MenuChecked(Menu menu, int index) const override;
+    void SetMenuText(Menu /*menu*/, int /*index*/, std::string_view /*text*/) override {}
 
 private:
     ImageSurface surface;

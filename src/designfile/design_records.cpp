@@ -211,7 +211,7 @@ constexpr std::array Table = std::to_array<Record>({
     {30, LineKind::LeftList,  Once, [](File& f, std::size_t) { return AllOf(f.design.LobeLonText); }},
     {31, LineKind::LeftList,  Once, [](File& f, std::size_t) { return FieldList{{&f.design.LatNorthText}, {&f.design.LatSouthText}}; }},
     {32, LineKind::LeftList,  Once, [](File& f, std::size_t) { return FieldList{{&f.design.StdParNorthText}, {&f.design.StdParSouthText}}; }},
-    {33, LineKind::Spaced,    Once, [](File& f, std::size_t) { MapDesign& d = f.design; return FieldList{LatitudeAt(d.StdParNorth), LatitudeAt(d.StdParSouth), {&d.CosStdPar}}; }},
+    {33, LineKind::Spaced,    Once, [](File& f, std::size_t) { MapDesign& d = f.design; return FieldList{{&d.StdParNorth}, {&d.StdParSouth}, {&d.CosStdPar}}; }},
     {34, LineKind::Spaced,    Once, [](File& f, std::size_t) { MapDesign& d = f.design; return FieldList{{&d.LatNorth}, {&d.LatSouth}, {&d.LatGrid}, {&d.LatGridCount}}; }},
     {35, LineKind::Spaced,    Once, [](File& f, std::size_t) { MapDesign& d = f.design; return FieldList{{&d.LonSpan}, {&d.LonZero}, {&d.LonGrid}, {&d.LonGridCount}}; }},
     {36, LineKind::LeftList,  Once, [](File& f, std::size_t) { return FieldList{{&f.design.LatCentralText}, {&f.design.LonCentralText}}; }},

@@ -3,6 +3,7 @@
 #include "core/print_layer.h"
 #include "core/rounding.h"
 #include "core/run_time_error.h"
+#include "core/text_encoding.h"
 
 #include <cmath>
 #include <limits>
@@ -46,7 +47,7 @@ struct Writer {
     std::string operator()(const WholeTwips& twips) const { return Number(RoundToInt16(*twips.width)); }
     std::string operator()(const std::string* text) const {
         TestText(*text);
-        return *text;
+        return ToUtf8(*text); // one text in another encoding would have the whole file read in it
     }
     std::string operator()(const ShownText& shown) const { return (*this)(&shown.text); }
 };

@@ -2,6 +2,8 @@
 
 #include "desktop/desktop_options.h"
 #include "desktop/session_end.h"
+#include "mainwindow/design_commands.h"
+#include "mainwindow/kept_design.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
 #include "platform/machine.h"
@@ -44,6 +46,7 @@ Desktop::Desktop() : boxes(window), forms(window), screen(window), fileDialogs(w
     InitialiseResources();
     Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
                  &clock, &printers, &help,   &fileDialogs, &fonts};
+    Machine().changes = &changes;
 }
 
 Desktop::~Desktop() { Machine() = {}; }
@@ -52,6 +55,17 @@ void Desktop::Start() {
     StartUp();
     ReadSettings();
     window.show();
+}
+
+void Desktop::BeginWith(const std::string& design) {
+    window.Run([&] {
+        window.Settle();
+        if (design.empty()) {
+            OfferKeptDesigns();
+        } else {
+            OpenDesign(design);
+        }
+    });
 }
 
 int RunDesktop(int argc, char** argv) {
@@ -63,9 +77,11 @@ int RunDesktop(int argc, char** argv) {
     const QtMessageHandler before = qInstallMessageHandler(NoDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(before);
-    if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1) {
-        // Qt has taken its own.
-        std::fputs(("quelmont: \"" + arguments[1].toStdString() +
+    // Qt has taken its own.
+    const QStringList arguments = QApplication::arguments();
+    const bool hasDesign = arguments.size() > 1 && !arguments[1].startsWith(QLatin1Char('-'));
+    if (const qsizetype known = hasDesign ? 2 : 1; arguments.size() > known) {
+        std::fputs(("quelmont: \"" + arguments[known].toStdString() +
                     "\" means nothing here\nquelmont --help tells the options.\n")
                        .c_str(),
                    stderr);
@@ -74,6 +90,9 @@ int RunDesktop(int argc, char** argv) {
     Desktop desktop;
     desktop.Start();
     const SessionEnd sessionEnd(desktop.Window());
+    const std::string design = hasDesign ? arguments[1].toStdString() : std::string();
+    QMetaObject::invokeMethod(
+        &desktop.Window(), [&] { desktop.BeginWith(design); }, Qt::QueuedConnection);
     return QApplication::exec();
 }
 

@@ -19,6 +19,9 @@ public:
 
     /// Brings up the default design, puts the window where it last was, and shows it.
     void Start();
+    /// Recalls the map design of that name; without one, offers those that were kept when the program ended
+    /// by accident.
+    void BeginWith(const std::string& design);
 
     DesktopWindow& Window() { return window; }
 
@@ -33,6 +36,7 @@ private:
     DesktopPrinters printers;
     DesktopHelp help;
     DesktopFileDialogs fileDialogs;
+    DesktopChanges changes;
     QtFonts fonts;
 };
 

@@ -32,7 +32,7 @@ BoxAnswer DesktopBoxes::Ask(std::string_view title, std::string_view text, BoxBu
 BoxAnswer DesktopBoxes::AskAbout(std::string_view control, std::string_view title, std::string_view text,
                                  BoxButtons buttons, BoxIcon icon) {
     if (SessionEnd::IsEnding()) {
-        return MessageBox::AnswerWithoutButton(buttons);
+        return AnswerOfClosed(buttons);
     }
     QWidget* below = WindowInUse(parent);
     MessageBox box(title, text, buttons, icon, below);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "mainwindow/kept_design.h"
 #include "platform/boxes.h"
+#include "platform/changes.h"
 #include "platform/system.h"
 
 #include <QElapsedTimer>
@@ -68,6 +70,12 @@ public:
     /// Local time.
     double SecondsSinceMidnight() const override;
     void Beep() override;
+};
+
+/// Keeps the design after each change.
+class DesktopChanges final : public Changes {
+public:
+    void Accepted(std::string_view /*name*/, ChangeKind /*kind*/) override { KeepDesign(); }
 };
 
 /// Printing is still to come, so no printer is looked for.

@@ -11,7 +11,9 @@ namespace {
 constexpr const char* HelpText =
     R"(Opens the window of Quelmont, which draws outline maps on seventeen projections.
 
-Usage: quelmont [OPTIONS]
+Usage: quelmont [OPTIONS] [DESIGN.cnf]
+
+DESIGN.cnf is a map design to begin with, saved in the window or by quelmont-draw.
 
 Options:
   -h, --help       Print this help and exit

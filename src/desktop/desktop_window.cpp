@@ -4,8 +4,11 @@
 #include "core/rounding.h"
 #include "core/standard_colors.h"
 #include "desktop/qt_text.h"
+#include "desktop/session_end.h"
 #include "desktop/window_place.h"
 #include "mainwindow/commands.h"
+#include "mainwindow/design_commands.h"
+#include "mainwindow/kept_design.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/settings.h"
@@ -18,7 +21,12 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
+#include <QThread>
+#include <QUrl>
+
+#include <cmath>
 
 namespace quelmont {
 
@@ -33,6 +41,17 @@ QIcon ProgramIcon() {
         icon.addFile(QString::fromLatin1(name));
     }
     return icon;
+}
+
+/// The map design among the files that are held over the window; empty when there is none.
+std::string DroppedDesign(const QDropEvent& event) {
+    for (const QUrl& url : event.mimeData()->urls()) {
+        const QString name = url.toLocalFile();
+        if (name.endsWith(QLatin1String(".cnf"), Qt::CaseInsensitive)) {
+            return name.toStdString();
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -62,6 +81,7 @@ DesktopWindow::DesktopWindow()
         }
     });
     area->setFocus();
+    setAcceptDrops(true);
     // The drawing area has its size before it is seen: the first fit of the map needs it.
     layout()->activate();
 }
@@ -102,6 +122,52 @@ void DesktopWindow::SetPlace(const WindowPlace& place) {
 }
 
 void DesktopWindow::Maximise() { setWindowState(windowState() | Qt::WindowMaximized); }
+
+void DesktopWindow::SetAreaSize(std::int32_t width, std::int32_t height) {
+    constexpr qreal tolerance = 1e-6;
+    if (windowState() & SpecialStates) {
+        setWindowState(windowState() & ~SpecialStates);
+        Settle();
+    }
+    if (TellsPlaces()) {
+        move(screen()->availableGeometry().topLeft());
+    }
+    const qreal ratio = devicePixelRatioF();
+    const QSize wanted(width, height);
+    QSize units(static_cast<int>(std::ceil(width / ratio - tolerance)),
+                static_cast<int>(std::ceil(height / ratio - tolerance)));
+    const QSize around = size() - area->size();
+    resize(units + around);
+    layout()->activate();
+    // The area may begin inside a device pixel, which then is not its own.
+    const QSize has = area->DeviceSize();
+    units += QSize(has.width() < wanted.width() ? 1 : 0, has.height() < wanted.height() ? 1 : 0);
+    resize(units + around);
+    layout()->activate();
+}
+
+void DesktopWindow::Settle() {
+    constexpr qint64 quietMilliseconds = 80;
+    constexpr qint64 longest = 1000;
+    constexpr unsigned long turn = 5;
+    layout()->activate();
+    if (!isVisible()) {
+        return;
+    }
+    QElapsedTimer whole;
+    QElapsedTimer quiet;
+    whole.start();
+    quiet.start();
+    QSize before = area->DeviceSize();
+    while (quiet.elapsed() < quietMilliseconds && whole.elapsed() < longest) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(turn);
+        if (area->DeviceSize() != before) {
+            before = area->DeviceSize();
+            quiet.start();
+        }
+    }
+}
 
 void DesktopWindow::SetMousePointer(MousePointer shape) {
     switch (shape) {
@@ -162,11 +228,15 @@ void DesktopWindow::Clicked(Menu menu, int index) {
         mnuBar_Click(index);
         return;
     }
+    Run([&] { ClickMenuItem(menu, index); });
+}
+
+void DesktopWindow::Run(const std::function<void()>& command) {
     if (busy) {
         return;
     }
     busy = true;
-    ClickMenuItem(menu, index);
+    command();
     busy = false;
     if (Design.TextPending) {
         // The arrow keys are for the text now, though a key may have opened the menu.
@@ -245,10 +315,35 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
     }
     TextDone();
     if (!unloaded) {
+        if (!SessionEnd::IsEnding()) {
+            bool leaves = false;
+            Run([&] { leaves = MayLeaveDesign(); });
+            if (!leaves) {
+                event->ignore();
+                return;
+            }
+            ForgetKeptDesign();
+        }
         unloaded = true;
         WriteSettings();
     }
     event->accept();
+}
+
+void DesktopWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedDesign(*event).empty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void DesktopWindow::dropEvent(QDropEvent* event) {
+    const std::string name = DroppedDesign(*event);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // From the event queue, so that whoever held the file is not kept waiting.
+    QMetaObject::invokeMethod(
+        this, [this, name] { Run([&] { OpenDesign(name); }); }, Qt::QueuedConnection);
 }
 
 } // namespace quelmont

@@ -7,13 +7,16 @@
 #include <QElapsedTimer>
 #include <QMainWindow>
 
+#include <functional>
+
 namespace quelmont {
 
 /// The program's window on the screen.
 ///
 /// It opens at 1024 x 740, or four fifths of a smaller screen, and is never smaller than 480 x 340.
 /// One command runs at a time. While one runs, only the menu bar, Escape and the close button act,
-/// and closing stops a draw and waits until the command has returned.
+/// and closing stops a draw and waits until the command has returned. Closing asks about a design with
+/// unsaved changes, unless the session ends: then the kept one stays.
 class DesktopWindow final : public QMainWindow, public MainWindow {
 public:
     DesktopWindow();
@@ -23,6 +26,8 @@ public:
     QAction* Action(Menu menu, int index) const { return menus.Action(menu, index); }
     /// A command runs.
     bool Busy() const { return busy; }
+    /// Runs something as a command, unless one runs.
+    void Run(const std::function<void()>& command);
 
     std::string Caption() const override;
     void SetCaption(std::string_view caption) override;
@@ -33,6 +38,9 @@ public:
     void SetPlace(const WindowPlace& place) override;
     bool IsZoomed() const override { return isMaximized(); }
     void Maximise() override;
+    void SetAreaSize(std::int32_t width, std::int32_t height) override;
+    /// Waits until the window system has left the size alone for a moment, a second at most.
+    void Settle() override;
     void Close() override { close(); }
     void SetMousePointer(MousePointer shape) override;
     /// While something is drawn, at most some thirty times a second.
@@ -52,12 +60,18 @@ public:
         menus.SetChecked(menu, index, checked);
     }
     bool MenuChecked(Menu menu, int index) const override { return menus.Checked(menu, index); }
+    void SetMenuText(Menu menu, int index, std::string_view text) override {
+        menus.SetText(menu, index, text);
+    }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// A map design dropped on the window is recalled.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -2,8 +2,11 @@
 
 #include "desktop/qt_text.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QSpacerItem>
 #include <QStyle>
@@ -16,23 +19,39 @@ namespace quelmont {
 
 namespace {
 
+/// Stands for "Recall", which is no button of Qt's.
+constexpr QMessageBox::StandardButton RecallButton = QMessageBox::Open;
+
 QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
     switch (buttons) {
     case BoxButtons::RetryCancel:
         return QMessageBox::Retry | QMessageBox::Cancel;
     case BoxButtons::YesNo:
         return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::SaveDiscardCancel:
+        return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
+    case BoxButtons::RecallDiscard:
+        return RecallButton | QMessageBox::Discard;
     case BoxButtons::Ok:
         break;
     }
     return QMessageBox::Ok;
 }
 
-/// What Escape and the close button press.
+/// What Escape and the close button press; no button where closing is an answer of its own.
 QMessageBox::StandardButton EscapeOf(BoxButtons buttons) {
-    return buttons == BoxButtons::RetryCancel ? QMessageBox::Cancel
-           : buttons == BoxButtons::YesNo     ? QMessageBox::No
-                                              : QMessageBox::Ok;
+    switch (buttons) {
+    case BoxButtons::RetryCancel:
+    case BoxButtons::SaveDiscardCancel:
+        return QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+        return QMessageBox::No;
+    case BoxButtons::RecallDiscard:
+        return QMessageBox::NoButton;
+    case BoxButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
 }
 
 BoxAnswer AnswerOf(int pressed) {
@@ -45,6 +64,14 @@ BoxAnswer AnswerOf(int pressed) {
         return BoxAnswer::Yes;
     case QMessageBox::No:
         return BoxAnswer::No;
+    case QMessageBox::Save:
+        return BoxAnswer::Save;
+    case QMessageBox::Discard:
+        return BoxAnswer::Discard;
+    case RecallButton:
+        return BoxAnswer::Recall;
+    case QMessageBox::NoButton:
+        return BoxAnswer::Cancel;
     default:
         return BoxAnswer::Ok;
     }
@@ -93,6 +120,13 @@ MessageBox::MessageBox(std::string_view title, std::string_view text, BoxButtons
     setIcon(icon == BoxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::Information);
     setStandardButtons(ButtonsOf(buttons));
     setEscapeButton(EscapeOf(buttons));
+    if (QAbstractButton* discard = button(QMessageBox::Discard)) {
+        discard->setText(QStringLiteral("&Discard"));
+    }
+    if (buttons == BoxButtons::RecallDiscard) {
+        button(RecallButton)->setText(QStringLiteral("&Recall"));
+        setDefaultButton(RecallButton);
+    }
     MakeRoomForTitle();
 }
 
@@ -113,7 +147,21 @@ void MessageBox::MakeRoomForTitle() {
 
 BoxAnswer MessageBox::Ask() { return AnswerOf(exec()); }
 
-BoxAnswer MessageBox::AnswerWithoutButton(BoxButtons buttons) { return AnswerOf(EscapeOf(buttons)); }
+void MessageBox::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel) && escapeButton() == nullptr) {
+        done(QMessageBox::NoButton);
+    } else {
+        QMessageBox::keyPressEvent(event);
+    }
+}
+
+void MessageBox::closeEvent(QCloseEvent* event) {
+    if (escapeButton() == nullptr) {
+        done(QMessageBox::NoButton);
+    } else {
+        QMessageBox::closeEvent(event);
+    }
+}
 
 void MessageBox::showEvent(QShowEvent* event) {
     QMessageBox::showEvent(event);

@@ -28,10 +28,9 @@ public:
     /// Shows the message box and returns the button that closed it.
     BoxAnswer Ask();
 
-    /// What a message box answers that was closed without a button.
-    static BoxAnswer AnswerWithoutButton(BoxButtons buttons);
-
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

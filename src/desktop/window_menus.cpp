@@ -92,6 +92,14 @@ bool WindowMenus::Checked(Menu menu, int index) const {
     return found != items.end() && found->second.checked;
 }
 
+void WindowMenus::SetText(Menu menu, int index, std::string_view text) {
+    const auto found = items.find({menu, index});
+    if (found != items.end()) {
+        found->second.action->setText(Text(text));
+        found->second.action->setVisible(!text.empty());
+    }
+}
+
 QAction* WindowMenus::Action(Menu menu, int index) const {
     const auto found = items.find({menu, index});
     return found == items.end() ? nullptr : found->second.action;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <string_view>
 #include <utility>
 
 class QAction;
@@ -26,6 +27,8 @@ public:
     void SetEnabled(Menu menu, int index, bool enabled);
     void SetChecked(Menu menu, int index, bool checked);
     bool Checked(Menu menu, int index) const;
+    /// Gives an item another text; one without a text is not seen.
+    void SetText(Menu menu, int index, std::string_view text);
 
     /// The action of an item; null for a separator.
     QAction* Action(Menu menu, int index) const;

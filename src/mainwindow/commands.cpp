@@ -7,6 +7,7 @@
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/projection_menu.h"
 #include "mainwindow/text_placing.h"
+#include "mainwindow/told_changes.h"
 #include "platform/machine.h"
 
 #include <array>
@@ -29,7 +30,34 @@ constexpr std::array ClickHandlers = std::to_array<ClickHandler>({
     {Menu::mnuProjMollweide, "mnuProjMollweide_Click", mnuProjMollweide_Click},
     {Menu::mnuDesign, "mnuDesign_Click", mnuDesign_Click},
     {Menu::mnuAbout, "mnuAbout_Click", mnuAbout_Click},
+    {Menu::mnuRecent, "mnuRecent_Click", mnuRecent_Click},
 });
+
+std::string_view TextOf(Menu menu, int index) {
+    for (const MenuEntry& entry : MenuEntries(menu)) {
+        if (entry.index == index) {
+            return entry.text;
+        }
+    }
+    return {};
+}
+
+ChangeKind KindOf(Menu menu) {
+    switch (menu) {
+    case Menu::mnuProj:
+    case Menu::mnuProjMollweide:
+        return ChangeKind::Bounds;
+    case Menu::mnuInput:
+    case Menu::mnuRecent:
+        return ChangeKind::MapFiles;
+    case Menu::mnuBar:
+        return ChangeKind::Size;
+    case Menu::mnuDesign:
+    case Menu::mnuAbout:
+        break;
+    }
+    return ChangeKind::Look;
+}
 
 } // namespace
 
@@ -50,6 +78,11 @@ void mnuAbout_Click(int Index) {
     RunMenuItem(Menu::mnuAbout, Index);
 }
 
+void mnuRecent_Click(int Index) {
+    MarkMenuItem(Menu::mnuInput, RecentDesignsItem);
+    RunMenuItem(Menu::mnuRecent, Index);
+}
+
 void ClickMenuItem(Menu menu, int index) {
     TextDone();
     for (const ClickHandler& click : ClickHandlers) {
@@ -57,6 +90,7 @@ void ClickMenuItem(Menu menu, int index) {
             Guarded(click.name, [&] { click.handler(index); });
         }
     }
+    TellChange(TextOf(menu, index), KindOf(menu));
 }
 
 void ToggleCaption() {

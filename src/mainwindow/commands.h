@@ -12,6 +12,9 @@ void mnuInput_Click(int Index);
 void mnuDesign_Click(int Index);
 void mnuAbout_Click(int Index);
 
+/// An item of the menu of recent designs, which stands in the File menu.
+void mnuRecent_Click(int Index);
+
 /// A click on a title or an item of any menu, which ends the placing of a text. A run-time failure of its
 /// handler shows "Error in " and the handler's name.
 void ClickMenuItem(Menu menu, int index);

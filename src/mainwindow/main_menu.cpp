@@ -1,5 +1,6 @@
 #include "mainwindow/main_menu.h"
 
+#include "mainwindow/design_commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/menu_commands.h"
 #include "mainwindow/projection_menu.h"
@@ -38,8 +39,9 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
     MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},
     MenuEntry{13},
-    MenuEntry{SaveDesignItem,        "Save &Map Design"},
-    MenuEntry{RecallDesignItem,      "&Recall Map Design"},
+    MenuEntry{SaveDesignItem,        "Save &Map Design",         SaveMapAs},
+    MenuEntry{RecallDesignItem,      "&Recall Map Design",       RecallDesign},
+    MenuEntry{RecentDesignsItem,     "R&ecent Map Designs",      nullptr,           Menu::mnuRecent},
     MenuEntry{16},
     MenuEntry{ExitItem,              "E&xit",                    [](int) { Machine().window->Close(); }},
 };
@@ -88,6 +90,15 @@ constexpr std::array<MenuEntry, Count> ProjectionItems(bool lower, void (*comman
 
 constexpr std::array MollweideMenu = ProjectionItems<2>(true, ChooseMollweide);
 
+/// Their texts are those of the designs.
+constexpr std::array RecentMenu = [] {
+    std::array<MenuEntry, RecentDesignsMost> menu{};
+    for (std::size_t i = 0; i < menu.size(); ++i) {
+        menu[i] = {static_cast<int>(i), "Map design", RecallRecentDesign};
+    }
+    return menu;
+}();
+
 constexpr std::array ProjMenu = [] {
     auto menu = ProjectionItems<20>(false, ChooseProjection);
     menu[MollweideItem] = {MollweideItem, "Moll&weide equal-area", nullptr, Menu::mnuProjMollweide};
@@ -110,6 +121,8 @@ std::span<const MenuEntry> MenuEntries(Menu menu) {
         return DesignMenu;
     case Menu::mnuAbout:
         return AboutMenu;
+    case Menu::mnuRecent:
+        return RecentMenu;
     }
     return {};
 }

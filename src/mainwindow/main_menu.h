@@ -2,6 +2,7 @@
 
 #include "platform/main_window.h"
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -29,10 +30,14 @@ enum InputItem : int {
     SaveDesignItem = 14,
     RecallDesignItem = 15,
     ExitItem = 17,
+    RecentDesignsItem = 21, ///< stands behind RecallDesignItem
 };
 
 /// The parent of mnuProjMollweide in mnuProj, whose other indices stand in the table of projections.
 constexpr int MollweideItem = 5;
+
+/// Items of mnuRecent, of which as many are seen as there are designs.
+constexpr std::size_t RecentDesignsMost = 8;
 
 /// Indices of mnuDesign, the Design Map menu.
 enum DesignItem : int {
@@ -65,7 +70,7 @@ struct MenuEntry {
     bool Ready() const { return command != nullptr || below.has_value(); }
 };
 
-/// The items of a menu in their order, separators included; each stands at its index.
+/// The items of a menu in their order, separators included.
 std::span<const MenuEntry> MenuEntries(Menu menu);
 
 /// Runs the command of an item; does nothing when it has none, or when there is no such item.

@@ -4,6 +4,11 @@ namespace quelmont {
 
 MainWindowState MainWindowNow;
 
-void ResetMainWindow() { MainWindowNow = MainWindowState{}; }
+void ResetMainWindow() {
+    if (MainWindowNow.Kept) {
+        MainWindowNow.Kept->Remove();
+    }
+    MainWindowNow = MainWindowState{};
+}
 
 } // namespace quelmont

@@ -19,6 +19,7 @@
 #include "mainwindow/map_draw.h"
 #include "mainwindow/ready_to_draw.h"
 #include "mainwindow/text_placing.h"
+#include "mainwindow/told_changes.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -48,6 +49,7 @@ void AskSizeAndDraw(int /*index*/) {
         Design.DialogCancelled = false;
         return;
     }
+    TellChange("Draw Map", ChangeKind::Size); // before anything can go wrong in the draw
     Machine().window->Cls();
     MapDraw();
 }

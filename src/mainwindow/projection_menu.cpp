@@ -35,6 +35,13 @@ void ChooseProjection(int index) { SelectProjection(index, NoItem); }
 
 void ChooseMollweide(int index) { SelectProjection(MollweideItem, index); }
 
+void MarkProjection(std::int16_t ProjNum) {
+    const ProjectionEntry& projection = PropertiesOf(ProjNum);
+    const bool lower = projection.mollweideIndex != NoItem;
+    MarkMenuItem(Menu::mnuProj, lower ? NoItem : projection.menuIndex);
+    MarkMenuItem(Menu::mnuProjMollweide, projection.mollweideIndex);
+}
+
 void mnuProj_Click(int Index) {
     if (Index == MollweideItem) {
         return;

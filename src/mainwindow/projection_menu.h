@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace quelmont {
 
 /// A click on an item of the projection menu: the projection is in force at once, with its caption,
@@ -9,6 +11,9 @@ void mnuProj_Click(int Index);
 
 /// The same for the sub-menu: 0 the Mollweide projection, 1 its interrupted form.
 void mnuProjMollweide_Click(int Index);
+
+/// Sets the check mark of a projection in both menus, and clears all others there.
+void MarkProjection(std::int16_t ProjNum);
 
 /// What these items do, but for the marks of the menus.
 void ChooseProjection(int index);

@@ -4,6 +4,8 @@
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
+#include "mainwindow/design_commands.h"
+#include "mainwindow/file_questions.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/ready_to_draw.h"
@@ -69,6 +71,7 @@ constexpr std::array SaveItems = std::to_array<SaveItem>({
     {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf, true},
     {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::GcFileName, " in Save Great Circle", SaveGreatCircle, false},
     {SaveSmallCircleItem, "Save Small Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::ScFileName, " in Save Small Circle", SaveSmallCircle, false},
+    {SaveDesignItem, "Save Map Design", "Configuration (*.cnf)|*.cnf", "cnf", &MapDesign::CnfFileName, " in Save Map Design", [] { SaveDesign(); }, true},
 });
 // clang-format on
 
@@ -80,11 +83,7 @@ std::optional<std::string> AskForName(const SaveItem& item) {
     if (answer.error == 0) {
         return WithExtension(answer.names.front(), item.extension);
     }
-    if (answer.error != FileDialogCancelled) {
-        Machine().boxes->Ask("File Common Dialog Error",
-                             "Error " + std::to_string(answer.error) + item.failure, BoxButtons::Ok,
-                             BoxIcon::Exclamation);
-    }
+    ShowFileDialogError(answer.error, item.failure);
     return std::nullopt;
 }
 

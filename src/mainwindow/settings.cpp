@@ -4,9 +4,11 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "mainwindow/main_menu.h"
 #include "mainwindow/profile_file.h"
 #include "platform/machine.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
@@ -14,6 +16,8 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace quelmont {
 
@@ -101,7 +105,43 @@ bool WriteSetting(const char* key, const std::string& value) {
     return WriteProfileString(*user, Section, key, value);
 }
 
+std::string RecentKey(std::size_t i) { return "RecentDesign" + std::to_string(i + 1); }
+
 } // namespace
+
+std::string SettingsFileFolder() {
+    const std::string program = Machine().places->ProgramFolder();
+    const std::string user = Machine().places->SettingsFolder();
+    if (user.empty() || access(program.c_str(), W_OK) == 0) {
+        return program;
+    }
+    std::error_code ignored;
+    std::filesystem::create_directories(user, ignored);
+    return user;
+}
+
+std::vector<std::string> RecentDesigns() {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < RecentDesignsMost; ++i) {
+        std::string name = Setting(RecentKey(i).c_str());
+        if (!name.empty()) {
+            names.push_back(std::move(name));
+        }
+    }
+    return names;
+}
+
+void AddRecentDesign(const std::string& name) {
+    std::vector<std::string> names = RecentDesigns();
+    std::erase(names, name);
+    names.insert(names.begin(), name);
+    names.resize(std::min(names.size(), RecentDesignsMost));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (Setting(RecentKey(i).c_str()) != names[i] && !WriteSetting(RecentKey(i).c_str(), names[i])) {
+            return;
+        }
+    }
+}
 
 void ReadSettings() {
     const std::vector<double> units = Numbers(Setting("PrinterUnits"));

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace quelmont {
 
 /// Takes the printing unit and the window's place from "Qmnt.ini", and leaves what it does not find
@@ -14,5 +17,14 @@ void ReadSettings();
 /// when that one cannot be written. Each key that cannot be written shows
 /// "WritePrivateProfileString(n) error in Quelmont: Form_Unload".
 void WriteSettings();
+
+/// The folder to which settings are written, which ends in a separator; it is made when it is not there.
+std::string SettingsFileFolder();
+
+/// The designs saved or recalled last, full names, the last one first.
+std::vector<std::string> RecentDesigns();
+
+/// Puts a name in front of them, once. Where the settings cannot be written nothing happens.
+void AddRecentDesign(const std::string& name);
 
 } // namespace quelmont

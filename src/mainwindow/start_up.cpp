@@ -5,9 +5,12 @@
 #include "core/stop_signals.h"
 #include "graticule/calc_graticule.h"
 #include "graticule/calculate_bounds.h"
+#include "mainwindow/design_commands.h"
 #include "mainwindow/file_writers.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/projection_menu.h"
+#include "mainwindow/told_changes.h"
 #include "mapfiles/feature_rows.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
@@ -21,13 +24,13 @@ namespace {
 
 void ResetMenus() {
     Design.ProjMenuLast = 19;
-    MarkMenuItem(Menu::mnuProj, FindProjection(ProjEquirectangular)->menuIndex);
-    MarkMenuItem(Menu::mnuProjMollweide, NoItem);
+    MarkProjection(ProjEquirectangular);
     MarkMenuItem(Menu::mnuDesign, NoItem);
     MarkMenuItem(Menu::mnuInput, NoItem);
     MarkMenuItem(Menu::mnuAbout, NoItem);
     Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
     EnableMenuBar(false);
+    ShowRecentDesigns();
 }
 
 } // namespace
@@ -48,6 +51,7 @@ void StartUp() {
     ParamSelect();
     ScaleScreen();
     Design.InputFiles = {NewMapFileEntry(Design.MapFileDefault)};
+    NoteDesign();
 }
 
 } // namespace quelmont

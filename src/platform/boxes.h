@@ -4,17 +4,24 @@
 
 namespace quelmont {
 
-enum class BoxButtons { Ok, RetryCancel, YesNo };
+enum class BoxButtons { Ok, RetryCancel, YesNo, SaveDiscardCancel, RecallDiscard };
 enum class BoxIcon { Exclamation, Information };
-enum class BoxAnswer { Ok, Retry, Cancel, Yes, No };
+enum class BoxAnswer { Ok, Retry, Cancel, Yes, No, Save, Discard, Recall };
+
+/// The answer of a message box that was closed without a button, or never shown.
+constexpr BoxAnswer AnswerOfClosed(BoxButtons buttons) {
+    return buttons == BoxButtons::Ok      ? BoxAnswer::Ok
+           : buttons == BoxButtons::YesNo ? BoxAnswer::No
+                                          : BoxAnswer::Cancel;
+}
 
 /// Message boxes. The only way in which the program's logic addresses the user.
 class Boxes {
 public:
     virtual ~Boxes() = default;
 
-    /// Shows a modal message box and returns the button that closed it. One closed without a button
-    /// answers Ok, Cancel or No, whichever it has. Texts are UTF-8; "\n" breaks a line.
+    /// Shows a modal message box and returns the button that closed it, else AnswerOfClosed. Texts are UTF-8;
+    /// "\n" breaks a line.
     virtual BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons,
                           BoxIcon icon) = 0;
 

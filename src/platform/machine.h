@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/boxes.h"
+#include "platform/changes.h"
 #include "platform/draw_surface.h"
 #include "platform/file_dialogs.h"
 #include "platform/fonts.h"
@@ -24,6 +25,7 @@ struct MachineInterfaces {
     Help* help = nullptr;
     FileDialogs* fileDialogs = nullptr;
     Fonts* fonts = nullptr;
+    Changes* changes = nullptr; ///< may stay null: nobody wants to know
 };
 
 /// The process-wide machine.

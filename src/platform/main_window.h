@@ -11,7 +11,7 @@ namespace quelmont {
 class DrawSurface;
 
 /// The menus of the main window. mnuBar holds the titles on the menu bar itself.
-enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout };
+enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout, mnuRecent };
 
 /// Shapes of the mouse pointer.
 enum class MousePointer {
@@ -64,6 +64,11 @@ public:
     virtual void SetPlace(const WindowPlace& place) = 0;
     virtual bool IsZoomed() const = 0;
     virtual void Maximise() = 0;
+    /// Gives the drawing area a size in device pixels, as far as the screen has room for it. The window then
+    /// is neither maximised nor minimised, and its frame begins in the upper left corner of the screen.
+    virtual void SetAreaSize(std::int32_t width, std::int32_t height) = 0;
+    /// Returns when a change of the window's size has happened.
+    virtual void Settle() = 0;
     /// Asks the window to close; in a draw it closes when the draw has returned.
     virtual void Close() = 0;
 
@@ -95,6 +100,8 @@ public:
     virtual void SetMenuEnabled(Menu menu, int index, bool enabled) = 0;
     virtual void SetMenuChecked(Menu menu, int index, bool checked) = 0;
     virtual bool MenuChecked(Menu menu, int index) const = 0;
+    /// Gives an item another text, "&" before the mnemonic; without one it is not seen.
+    virtual void SetMenuText(Menu menu, int index, std::string_view text) = 0;
 };
 
 } // namespace quelmont

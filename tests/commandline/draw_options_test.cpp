@@ -223,7 +223,7 @@ TEST(WrongUsageOf, OptionsOfMapFiles) {
     EXPECT_NE(Fault({"a.png", "--map"}), "");
 }
 
-TEST(HelpText, NamesEveryOptionAndShowsFourExamples) {
+TEST(HelpText, NamesEveryOptionAndShowsFiveExamples) {
     const auto result = ReadDrawOptions({"--help"}, "3.00");
     ASSERT_TRUE(std::holds_alternative<TextAnswer>(result));
     const std::string& help = std::get<TextAnswer>(result).text;
@@ -294,7 +294,7 @@ TEST(HelpText, NamesEveryOptionAndShowsFourExamples) {
          at = help.find("\n  quelmont-draw ", at + 1)) {
         ++examples;
     }
-    EXPECT_EQ(examples, 4U);
+    EXPECT_EQ(examples, 5U);
 }
 
 TEST(HelpText, ShowsTheColumnsOfAFileOfOnesOwn) {

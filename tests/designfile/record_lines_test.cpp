@@ -424,6 +424,11 @@ TEST_F(RecordLines, TextThatFitsNoLineIsNeitherWrittenNorRead) {
     EXPECT_EQ(Design.TextItems[0].TextString, "two\nlines");
 }
 
+TEST_F(RecordLines, TextThatIsNoUtf8IsWrittenAsWindows1252IsRead) {
+    Design.AsciiFileName[0] = "T\xF8nsberg.txt";
+    EXPECT_EQ(Written(24), "T\xC3\xB8nsberg.txt\r\n");
+}
+
 TEST_F(RecordLines, OlderFilesHaveTheirRecordsInAnotherOrder) {
     std::vector<int> numbers;
     for (const Record& record : OlderDesignRecords(203)) {

@@ -96,7 +96,7 @@ expect_good_end
 echo "window: closed in the middle of a draw"
 
 for state in idle dialogs draw; do
-    rm "$work/Qmnt.ini"
+    rm -f "$work/Qmnt.ini" "$work"/Qmnt-kept-*
     start_program
     case $state in
     dialogs)
@@ -113,5 +113,7 @@ for state in idle dialogs draw; do
     esac
     kill -TERM "$quelmont"
     expect_good_end
+    # The projection that was chosen is not lost; the next start would offer it.
+    [ "$state" != dialogs ] || compgen -G "$work/Qmnt-kept-*.cnf" >/dev/null || fail "the design should be kept"
     echo "signal: ends the program ($state)"
 done

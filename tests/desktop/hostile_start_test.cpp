@@ -181,8 +181,8 @@ TEST_F(HostileStart, HelpAndVersionNeedNoDisplay) {
         const Ended help = Run(QUELMONT_PROGRAM, {option});
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_EQ(help.errors, "");
-        for (const char* const text : {"Usage: quelmont [OPTIONS]\n", "--help ", "--version ", "Alt+D",
-                                       "quelmont-draw", "quelmont-convert"}) {
+        for (const char* const text : {"Usage: quelmont [OPTIONS] [DESIGN.cnf]\n", "--help ", "--version ",
+                                       "Alt+D", "quelmont-draw", "quelmont-convert"}) {
             EXPECT_THAT(help.output, HasSubstr(text));
         }
     }

@@ -17,8 +17,12 @@ using testing::ElementsAre;
 
 std::vector<std::string_view> Texts(Menu menu) {
     std::vector<std::string_view> texts;
+    int next = 0;
     for (const MenuEntry& entry : MenuEntries(menu)) {
-        EXPECT_EQ(static_cast<std::size_t>(entry.index), texts.size()) << "indices have no gaps";
+        if (menu != Menu::mnuInput || entry.index != RecentDesignsItem) {
+            EXPECT_EQ(entry.index, next) << "indices have no gaps";
+            ++next;
+        }
         texts.push_back(entry.text);
     }
     return texts;
@@ -34,7 +38,7 @@ TEST(MainMenu, FileMenuHasItsItems) {
                 ElementsAre("&Open Digital Map File", "", "&Print Map", "Print Set&up", "", "Save as &BMP",
                             "Save as &CGM", "Save as &DXF", "Save as &WMF", "Save as &ASCII", "",
                             "Save &Great Circle", "Save &Small Circle", "", "Save &Map Design",
-                            "&Recall Map Design", "", "E&xit"));
+                            "&Recall Map Design", "R&ecent Map Designs", "", "E&xit"));
 }
 
 TEST(MainMenu, DesignMenuHasItsItems) {

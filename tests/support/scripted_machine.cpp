@@ -12,12 +12,15 @@ namespace quelmont {
 namespace {
 
 std::vector<BoxAnswer> AnswersOf(BoxButtons buttons) {
-    // The last one is what closing the box without a button answers.
     switch (buttons) {
     case BoxButtons::RetryCancel:
         return {BoxAnswer::Retry, BoxAnswer::Cancel};
     case BoxButtons::YesNo:
         return {BoxAnswer::Yes, BoxAnswer::No};
+    case BoxButtons::SaveDiscardCancel:
+        return {BoxAnswer::Save, BoxAnswer::Discard, BoxAnswer::Cancel};
+    case BoxButtons::RecallDiscard:
+        return {BoxAnswer::Recall, BoxAnswer::Discard};
     case BoxButtons::Ok:
         break;
     }
@@ -36,6 +39,12 @@ std::string Name(BoxAnswer answer) {
         return "Yes";
     case BoxAnswer::No:
         return "No";
+    case BoxAnswer::Save:
+        return "Save";
+    case BoxAnswer::Discard:
+        return "Discard";
+    case BoxAnswer::Recall:
+        return "Recall";
     }
     return "?";
 }
@@ -61,13 +70,13 @@ ScriptedBoxes::~ScriptedBoxes() {
 BoxAnswer ScriptedBoxes::Ask(std::string_view title, std::string_view text, BoxButtons buttons,
                              BoxIcon icon) {
     const std::vector<BoxAnswer> possible = AnswersOf(buttons);
-    BoxAnswer answer = possible.back();
+    BoxAnswer answer = AnswerOfClosed(buttons);
     if (!answers.empty()) {
         answer = answers.front();
         answers.pop_front();
         if (std::find(possible.begin(), possible.end(), answer) == possible.end()) {
             ADD_FAILURE() << "the box \"" << title << "\" has no button " << Name(answer);
-            answer = possible.back();
+            answer = AnswerOfClosed(buttons);
         }
     }
     asked.push_back(AskedBox{std::string(title), std::string(text), buttons, icon, answer});
@@ -138,6 +147,24 @@ void ScriptedWindow::ShowPreview(const PixelBox& box, const std::function<void(D
     paint(preview);
 }
 
+void ScriptedWindow::SetAreaSize(std::int32_t width, std::int32_t height) {
+    zoomed = false;
+    place.left = 0.0;
+    place.top = 0.0;
+    scaleWidth = width * static_cast<double>(Machine().screen->TwipsPerPixelX());
+    scaleHeight = height * static_cast<double>(Machine().screen->TwipsPerPixelY());
+    place.width = scaleWidth;
+    place.height = scaleHeight + menuBarTwips;
+}
+
+void ScriptedWindow::Maximise() {
+    zoomed = true;
+    if (maximisedWidth > 0.0) {
+        scaleWidth = maximisedWidth;
+        scaleHeight = maximisedHeight;
+    }
+}
+
 bool ScriptedWindow::MenuChecked(Menu menu, int index) const {
     const auto found = menusChecked.find({menu, index});
     return found != menusChecked.end() && found->second;
@@ -183,6 +210,7 @@ FileDialogAnswer ScriptedFileDialogs::Open(const FileDialogRequest& request) {
 ScriptedMachine::ScriptedMachine() : before(Machine()) {
     Machine() = MachineInterfaces{&boxes, &forms,    &window, &pump,        &screen, &places,
                                   &clock, &printers, &help,   &fileDialogs, &fonts};
+    Machine().changes = &changes;
 }
 
 ScriptedMachine::~ScriptedMachine() { Machine() = before; }

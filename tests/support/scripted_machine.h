@@ -73,7 +73,9 @@ public:
     WindowPlace Place() const override { return place; }
     void SetPlace(const WindowPlace& newPlace) override { place = newPlace; }
     bool IsZoomed() const override { return zoomed; }
-    void Maximise() override { zoomed = true; }
+    void Maximise() override;
+    void SetAreaSize(std::int32_t width, std::int32_t height) override;
+    void Settle() override { ++settles; }
     void Close() override { ++closes; }
     void SetMousePointer(MousePointer shape) override;
     void Refresh() override;
@@ -92,6 +94,9 @@ public:
         menusChecked[{menu, index}] = checked;
     }
     bool MenuChecked(Menu menu, int index) const override;
+    void SetMenuText(Menu menu, int index, std::string_view text) override {
+        menuTexts[{menu, index}] = text;
+    }
     /// True unless it was disabled.
     bool MenuEnabled(Menu menu, int index) const;
 
@@ -99,6 +104,10 @@ public:
     std::vector<std::string> captions; ///< every caption that was set
     double scaleWidth = 19200.0;       ///< twips: 1280 pixels of 15 twips
     double scaleHeight = 13860.0;      ///< twips: 924 pixels
+    double maximisedWidth = 0.0;       ///< of the drawing area when maximised, twips; 0: as it is
+    double maximisedHeight = 0.0;
+    double menuBarTwips = 510.0; ///< what the menu bar takes from the inside of the window
+    int settles = 0;
     WindowPlace place;
     bool zoomed = false;
     int closes = 0;
@@ -116,6 +125,7 @@ public:
     bool previewShown = false;
     std::map<std::pair<Menu, int>, bool> menusEnabled;
     std::map<std::pair<Menu, int>, bool> menusChecked;
+    std::map<std::pair<Menu, int>, std::string> menuTexts;
 };
 
 class ScriptedPump : public Pump {
@@ -184,6 +194,13 @@ public:
     bool any = false;
 };
 
+class RecordingChanges : public Changes {
+public:
+    void Accepted(std::string_view name, ChangeKind kind) override { accepted.emplace_back(name, kind); }
+
+    std::vector<std::pair<std::string, ChangeKind>> accepted;
+};
+
 class RecordingHelp : public Help {
 public:
     void Show(int command, int context) override { shown.emplace_back(command, context); }
@@ -228,6 +245,7 @@ public:
     RecordingHelp help;
     ScriptedFileDialogs fileDialogs;
     FixedFonts fonts;
+    RecordingChanges changes;
 
 private:
     MachineInterfaces before;

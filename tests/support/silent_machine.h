@@ -80,9 +80,7 @@ private:
     BoxAnswer Ask(std::string_view /*title*/, std::string_view /*text*/, BoxButtons buttons,
                   BoxIcon /*icon*/) override {
         ++boxes;
-        return buttons == BoxButtons::YesNo         ? BoxAnswer::No
-               : buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel
-                                                    : BoxAnswer::Ok;
+        return AnswerOfClosed(buttons);
     }
     void Show(Form& form) override { form.PressCancel(); }
 
@@ -94,6 +92,8 @@ private:
     void SetPlace(const WindowPlace& /*place*/) override {}
     bool IsZoomed() const override { return false; }
     void Maximise() override {}
+    void SetAreaSize(std::int32_t /*width*/, std::int32_t /*height*/) override {}
+    void Settle() override {}
     void Close() override {}
     void SetMousePointer(MousePointer /*shape*/) override {}
     void Refresh() override {}
@@ -108,6 +108,7 @@ private:
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu /*menu*/, int /*index*/, bool /*checked*/) override {}
     bool MenuChecked(Menu /*menu*/, int /*index*/) const override { return false; }
+    void SetMenuText(Menu /*menu*/, int /*index*/, std::string_view /*text*/) override {}
 
     void DoEvents() override {
         if (onEvents) {

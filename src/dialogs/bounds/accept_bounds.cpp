@@ -2,12 +2,12 @@
 
 #include "core/error_box.h"
 #include "core/map_design.h"
+#include "core/unseen_boxes.h"
 #include "dialogs/bounds/boundary_checks.h"
 #include "dialogs/bounds/boundary_defaults.h"
 #include "dialogs/bounds/lobe_checks.h"
 #include "graticule/calculate_bounds.h"
 #include "graticule/lobes.h"
-#include "platform/machine.h"
 #include "projection/lobe_row.h"
 #include "projection/param_select.h"
 #include "projection/projection_table.h"
@@ -80,28 +80,6 @@ bool AcceptFollowUp() {
     }
     return true;
 }
-
-/// Message boxes that are not shown: each is answered like one that was closed.
-class UnseenBoxes : public Boxes {
-public:
-    UnseenBoxes() { Machine().boxes = this; }
-    ~UnseenBoxes() override { Machine().boxes = before; }
-    UnseenBoxes(const UnseenBoxes&) = delete;
-    UnseenBoxes& operator=(const UnseenBoxes&) = delete;
-
-    BoxAnswer Ask(std::string_view /*title*/, std::string_view /*text*/, BoxButtons buttons,
-                  BoxIcon /*icon*/) override {
-        any = true;
-        return buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel
-               : buttons == BoxButtons::YesNo     ? BoxAnswer::No
-                                                  : BoxAnswer::Ok;
-    }
-    bool Any() const { return any; }
-
-private:
-    Boxes* before = Machine().boxes;
-    bool any = false;
-};
 
 } // namespace
 

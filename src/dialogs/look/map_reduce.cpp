@@ -3,6 +3,8 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 
+#include <algorithm>
+
 namespace quelmont {
 
 namespace {
@@ -15,6 +17,9 @@ constexpr const char* Explanation =
     "itself.";
 
 constexpr int HelpPageOfMapSize = 100;
+/// A design that was recalled on another screen can be smaller.
+constexpr int SmallestPercent = 10;
+constexpr int LargestPercent = 100;
 
 } // namespace
 
@@ -23,9 +28,9 @@ MapReduceForm::MapReduceForm() : DesignDialog("MapReduce", "Select Map Size") {
     Add({.name = "MapReduction",
          .kind = ControlKind::Spin,
          .caption = "&Percent Full Screen:",
-         .value = RoundToInt16(Design.MapReduce * 100.0),
-         .minimum = 10,
-         .maximum = 100});
+         .value = std::clamp<int>(RoundToInt16(Design.MapReduce * 100.0), SmallestPercent, LargestPercent),
+         .minimum = SmallestPercent,
+         .maximum = LargestPercent});
     Add({.name = "DrawMap", .kind = ControlKind::Button, .text = "&Draw Map"});
     AddCancel();
     On("DrawMap", ControlEvent::Click, [this] { DrawMap_Click(); });

@@ -58,6 +58,12 @@ TEST_F(MapReduceDialog, SpinStaysInItsRange) {
     EXPECT_EQ(form.At("MapReduction").value, 100);
 }
 
+TEST_F(MapReduceDialog, SizeOfARecalledDesignIsShownAsTheSmallest) {
+    Design.MapReduce = 0.03;
+    const MapReduceForm form;
+    EXPECT_EQ(form.At("MapReduction").value, 10);
+}
+
 TEST_F(MapReduceDialog, CancelAndEscapeLeaveThePercentage) {
     for (const bool button : {true, false}) {
         Design.DialogCancelled = false;

@@ -1,0 +1,126 @@
+#include "designfile/cnf_save.h"
+
+#include "core/error_box.h"
+#include "core/file_numbers.h"
+#include "core/map_design.h"
+#include "core/print_layer.h"
+#include "core/replaced_file.h"
+#include "core/rounding.h"
+#include "core/unseen_boxes.h"
+#include "designfile/record_lines.h"
+#include "designfile/shown_caption.h"
+#include "graticule/calculate_bounds.h"
+#include "platform/machine.h"
+
+namespace quelmont {
+
+namespace {
+
+constexpr std::int16_t Normal = 0;
+constexpr std::int16_t Maximised = 2;
+constexpr std::int32_t CentimetreTwips = 567;
+constexpr std::int32_t InchTwips = 1440;
+
+SavedWindow WindowNow() {
+    const MainWindow& window = *Machine().window;
+    const WindowPlace place = window.Place();
+    return {.ScreenPixelsX = Design.ScreenPixelsX,
+            .ScreenPixelsY = Design.ScreenPixelsY,
+            .TwipsPerPixelX = Design.TwipsPerPixelX,
+            .TwipsPerPixelY = Design.TwipsPerPixelY,
+            .WindowState = window.IsZoomed() ? Maximised : Normal,
+            .Width = static_cast<float>(place.width),
+            .Height = static_cast<float>(place.height),
+            .Left = static_cast<float>(place.left),
+            .Top = static_cast<float>(place.top),
+            .AreaWidth = static_cast<float>(window.ScaleWidth()),
+            .AreaHeight = static_cast<float>(window.ScaleHeight())};
+}
+
+/// The design as it is to be written.
+MapDesign WholeMap() {
+    const DesignBounds before = Design;
+    const bool offMap = Design.ProjOffMap;
+    if (Design.ProjNum == ProjInterruptedMollweide) {
+        const UnseenBoxes unseen;
+        CalculateBounds();
+    }
+    MapDesign design = Design;
+    static_cast<DesignBounds&>(Design) = before;
+    Design.ProjOffMap = offMap;
+    design.MapFileCount = RoundToInt16(static_cast<double>(design.InputFiles.size()));
+    design.AsciiFileName.resize(static_cast<std::size_t>(design.GridOutputCount + design.MapFileCount));
+    design.PrintUnitTwips = design.PrintUnitTwips == CentimetreTwips ? CentimetreTwips : InchTwips;
+    return design;
+}
+
+std::size_t Repeats(const DesignFile& file, Repeat repeat) {
+    return repeat == Repeat::PerMapFile    ? file.design.InputFiles.size()
+           : repeat == Repeat::PerTextItem ? file.design.TextItems.size()
+                                           : 1;
+}
+
+/// Records that change with the window alone.
+bool IsOfWindow(const Record& record) {
+    constexpr int firstOfWindow = 8;
+    constexpr int lastOfWindow = 12;
+    return (record.number >= firstOfWindow && record.number <= lastOfWindow) ||
+           record.number == RecordLastBound;
+}
+
+std::string LinesOf(bool (*leftOut)(const Record&)) {
+    MapDesign design = WholeMap();
+    DesignFile file{design, WindowNow(), design.MapFileCount,
+                    RoundToInt32(static_cast<double>(design.TextItems.size()))};
+    std::string lines = "Quelmont configuration file version " + design.VersionText + "\r\n";
+    const std::span<const Record> records = DesignRecords();
+    for (auto first = records.begin(); first != records.end();) {
+        // Records that stand once for each map file or text item come together.
+        auto last = first + 1;
+        while (first->repeat != Repeat::Once && last != records.end() && last->repeat == first->repeat) {
+            ++last;
+        }
+        for (std::size_t index = 0; index < Repeats(file, first->repeat); ++index) {
+            for (auto record = first; record != last; ++record) {
+                if (!leftOut(*record)) {
+                    WriteRecord(lines, *record, file, index);
+                }
+            }
+        }
+        first = last;
+    }
+    return lines;
+}
+
+} // namespace
+
+std::string DesignFileText() {
+    return LinesOf([](const Record& /*record*/) { return false; });
+}
+
+std::string ComparableDesignText() { return LinesOf(IsOfWindow); }
+
+void WriteDesignFile(const std::string& name, const std::string& text) {
+    const std::string target = ReplacedFileName(name);
+    TemporaryFile part(target);
+    OpenFile(OutputFileNumber, part.Name(), OpenMode::Output);
+    try {
+        WriteText(text);
+        CloseFile(OutputFileNumber);
+    } catch (const RunTimeError&) {
+        try {
+            CloseFile(OutputFileNumber);
+        } catch (const RunTimeError&) {
+            // The failure of the writing is told.
+        }
+        throw;
+    }
+    part.MoveTo(target);
+}
+
+bool CnfSave() {
+    const ShownCaption caption("Quelmont: printing configuration file");
+    return Guarded("CnfSave", [] { WriteDesignFile(Design.CnfFileName, DesignFileText()); });
+}
+
+} // namespace quelmont

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string_view>
+
+namespace quelmont {
+
+/// What a change of the design is about.
+enum class ChangeKind { Bounds, Look, MapFiles, Size };
+
+/// Whoever wants to know that the design was changed: to keep it, to take the change back.
+class Changes {
+public:
+    virtual ~Changes() = default;
+    /// A change was accepted, under the name of the menu item that led to it; the design holds it.
+    virtual void Accepted(std::string_view name, ChangeKind kind) = 0;
+};
+
+} // namespace quelmont
