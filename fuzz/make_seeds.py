@@ -161,11 +161,11 @@ def designs():
                           ("texts", ("--projection", "hammer", "--grid-type", "1", *texts))):
         file = folder / name
         design = file.with_suffix(".cnf")
-        subprocess.run([draw, "--no-map", *options, "--save-design", design], check=True)
+        subprocess.run([draw, "--no-map", *options, "--save-design", design.name], cwd=folder, check=True)
         design.rename(file)
     with_map = folder / "map.cnf"
-    subprocess.run([draw, "--map", "m.map", "--save-design", with_map], check=True)
-    with_map.write_bytes(with_map.read_bytes().replace(str(pathlib.Path("m.map").absolute()).encode(), b"m.map"))
+    subprocess.run([draw, "--map", "m.map", "--save-design", with_map.name], cwd=folder, check=True)
+    with_map.write_bytes(with_map.read_bytes().replace(str(folder / "m.map").encode(), b"m.map"))
     with_map.rename(folder / "map")
     lines = (folder / "albers").read_bytes().split(b"\r\n")
     older = [b"Quelmont configuration file version 2.50", *lines[1:5], lines[8], lines[11], lines[7], lines[12],
