@@ -343,7 +343,14 @@ void DesktopWindow::dropEvent(QDropEvent* event) {
     event->accept();
     // From the event queue, so that whoever held the file is not kept waiting.
     QMetaObject::invokeMethod(
-        this, [this, name] { Run([&] { OpenDesign(name); }); }, Qt::QueuedConnection);
+        this,
+        [this, name] {
+            Run([&] {
+                TextDone(); // as a menu does
+                OpenDesign(name);
+            });
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace quelmont

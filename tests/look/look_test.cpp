@@ -85,8 +85,8 @@ class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
 
 TEST(SampleMapList, HoldsEveryProjectionAndMore) {
     // Seventeen projections; maps of wide lines, of symbols and across the 180th meridian; six maps of
-    // each of the two map files; three of towns with their names.
-    EXPECT_EQ(SampleMaps().size(), 35U);
+    // each of the two map files; three of towns with their names; three sheets of texts; two of routes.
+    EXPECT_EQ(SampleMaps().size(), 40U);
 }
 
 TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
