@@ -346,7 +346,7 @@ void DesktopWindow::dropEvent(QDropEvent* event) {
         this,
         [this, name] {
             Run([&] {
-                TextDone(); // as a menu does
+                TextDone(); // a text in hand belongs to the design before
                 OpenDesign(name);
             });
         },

@@ -7,6 +7,7 @@
 #include "core/rounding.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/told_changes.h"
 #include "output/print_text.h"
 #include "platform/machine.h"
 
@@ -209,6 +210,7 @@ void TextDone() {
     ToggleCaption();  // the window may have another size now
     if (dropped || edited) {
         ShowTexts();
+        TellChange("Add Text to Map", ChangeKind::Look);
     }
 }
 

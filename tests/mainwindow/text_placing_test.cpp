@@ -267,6 +267,15 @@ TEST_F(PlacingText, EscapeEndsThePlacingAndNothingElse) {
     EXPECT_EQ(TimesPutBack(), 1);
 }
 
+TEST_F(PlacingText, TextThatWasPlacedIsToldAsAChange) {
+    TakeText("Nuuk");
+    Form_MouseDown(3000, 4500);
+    EXPECT_THAT(machine.changes.accepted, IsEmpty()) << "it is still in hand";
+    EscapeKey();
+    EXPECT_THAT(machine.changes.accepted,
+                ElementsAre(std::pair(std::string("Add Text to Map"), ChangeKind::Look)));
+}
+
 TEST_F(PlacingText, EveryMenuEndsIt) {
     for (const int title : {FileTitle, ProjectionTitle, DesignTitle, HelpTitle}) {
         Design.TextItems.clear();
