@@ -38,10 +38,10 @@ struct MainWindowState {
     std::string SavedCaption;                      ///< of the window, at the start of a draw
     std::int32_t TextCursorX = 0, TextCursorY = 0; ///< place of the last click, twips
     Placing placing;
-    bool DesignHasFile = false;                    ///< the design was saved or recalled
-    std::string SavedDesign;                       ///< what its file holds, as ComparableDesignText tells it
-    std::optional<KeptFile> Kept;                  ///< where this process keeps the design
-    std::string ToldDesign;                        ///< the design as it was when Changes was told of it last
+    bool DesignHasFile = false;   ///< the design was saved or recalled
+    std::string SavedDesign;      ///< what its file holds, as ComparableDesignText tells it
+    std::optional<KeptFile> Kept; ///< where this process keeps the design
+    std::string ToldDesign;       ///< the design as it was when Changes was told of it last
     ProgramWriters writers;
 };
 
