@@ -168,7 +168,7 @@ class Consumers(shapes.ConsumerTest):
         self.assertGreater(painted(world, world.with_suffix(".eps")), 10000)
 
     def test_libreoffice_reads_the_texts_of_a_cgm_file(self):
-        # It refuses a file with a turned text: it sets a property (RotationPointX) that its shapes lack.
+        # It refuses every file with a turned text; why is not known.
         file = self.draw(["--no-map", "--window", "640x462", "--text", "Caf\u00e9", "--at", "100,100", "--text-size",
                           "24", "--text", "Second", "--at", "300,300", "--text-color", "FF0000"], "texts.cgm")
         run("soffice", "--headless", "--convert-to", "fodp", file, folder=file.parent)
