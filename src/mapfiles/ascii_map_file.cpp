@@ -92,7 +92,9 @@ std::string_view TakeLabel(std::string_view& text) {
 
 AsciiMapPoint TakeAsciiMapPoint(std::string_view& text) {
     AsciiMapPoint point;
-    point.Break = RoundToInt32(TakeNumber(text));
+    const double first = TakeNumber(text);
+    point.Break = RoundToInt32(first);
+    point.BreakRounded = point.Break != first;
     point.Second = TakeNumber(text);
     point.Third = TakeNumber(text);
     point.Label = TakeLabel(text);

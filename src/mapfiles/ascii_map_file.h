@@ -10,10 +10,11 @@
 namespace quelmont {
 
 struct AsciiMapPoint {
-    std::int32_t Break = 0; ///< not 0: begins a line of points
-    double Second = 0.0;    ///< .prn: latitude, degrees; .utm: easting, metres
-    double Third = 0.0;     ///< .prn: longitude, degrees; .utm: northing, metres
-    std::string_view Label; ///< bytes as they stand in the file
+    std::int32_t Break = 0;    ///< not 0: begins a line of points
+    double Second = 0.0;       ///< .prn: latitude, degrees; .utm: easting, metres
+    double Third = 0.0;        ///< .prn: longitude, degrees; .utm: northing, metres
+    std::string_view Label;    ///< bytes as they stand in the file
+    bool BreakRounded = false; ///< the first number was not whole
     bool operator==(const AsciiMapPoint&) const = default;
 };
 

@@ -73,7 +73,7 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& form
     for (AsciiPoints points(bytes); points.Find();) {
         const AsciiMapPoint read = points.Take();
         hasPoints = true;
-        hasFlags = hasFlags || std::abs(static_cast<std::int64_t>(read.Break)) <= 1;
+        hasFlags = hasFlags || (!read.BreakRounded && std::abs(static_cast<std::int64_t>(read.Break)) <= 1);
         if (Design.UtmPointPath) {
             TestDegrees(point, read.Second, read.Third);
         } else {

@@ -113,7 +113,7 @@ TEST_F(CircleCommand, PolesOnOneMeridianPass) {
     EXPECT_EQ(Run({"--no-map", "--great-circle", "90N,10E,10N,10E", picture}).code, ExitDone);
 }
 
-TEST_F(CircleCommand, WrongOptionsAreTold) {
+TEST_F(CircleCommand, WrongOptionsAreReported) {
     const auto fault = [](const std::vector<std::string>& arguments) {
         const Outcome outcome = Run(arguments);
         EXPECT_EQ(outcome.code, ExitWrongUsage);

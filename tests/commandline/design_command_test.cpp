@@ -96,7 +96,7 @@ TEST_F(DesignCommand, MapFilesHaveFullNamesInADesign) {
     EXPECT_THAT(ReadWholeFile(design), HasSubstr("\r\n" + folder / "rivers.map" + ", 1 \r\n"));
 }
 
-TEST_F(DesignCommand, FaultOfADesignIsToldAndNothingIsDrawn) {
+TEST_F(DesignCommand, FaultOfADesignIsReportedAndNothingIsDrawn) {
     WriteWholeFile(design, "Quelmont configuration file version 3.00\r\nMercator\r\n");
     const Outcome outcome = Run({"--design", design, folder / "map.png"});
     EXPECT_EQ(outcome.code, ExitFailed);

@@ -165,7 +165,7 @@ TEST_F(DrawCommandOf, StatisticsAlsoTellOfAFailedFile) {
     EXPECT_THAT(outcome.output, StartsWith("{"));
 }
 
-TEST_F(DrawCommandOf, OutputThatCannotBeWrittenIsTold) {
+TEST_F(DrawCommandOf, OutputThatCannotBeWrittenIsReported) {
     const Outcome missing = Run({"--no-map", "--stats", folder / "no/a.png"});
     EXPECT_EQ(missing.code, ExitFailed);
     EXPECT_EQ(missing.output, "");
@@ -183,13 +183,13 @@ TEST_F(DrawCommandOf, WrongUsageSaysWhereHelpIs) {
     EXPECT_FALSE(std::filesystem::exists(picture));
 }
 
-TEST_F(DrawCommandOf, OptionWithoutMeaningIsToldAndIgnored) {
+TEST_F(DrawCommandOf, OptionWithoutMeaningIsReportedAndIgnored) {
     const Outcome outcome = Run({"--no-map", "--range", "50", picture});
     EXPECT_EQ(outcome.code, ExitDone);
     EXPECT_EQ(outcome.errors, "quelmont-draw: --range means nothing on this projection.\n");
 }
 
-TEST_F(DrawCommandOf, StyleOfADefaultMapThatIsNotDrawnIsToldAndIgnored) {
+TEST_F(DrawCommandOf, StyleOfADefaultMapThatIsNotDrawnIsReportedAndIgnored) {
     const Outcome outcome = Run({"--no-map", "--line-width", "3", picture});
     EXPECT_EQ(outcome.code, ExitDone);
     EXPECT_EQ(outcome.errors,
@@ -212,6 +212,7 @@ TEST_F(DrawCommandOf, TextFileWithoutFlagsIsDrawnWithANote) {
         "--help shows an example.\n";
     EXPECT_EQ(errors("46.2 6.15 0\r\n46.5 6.63 0\r\n", map), note);
     EXPECT_EQ(errors("46.2,6.15,0\n", map), note);
+    EXPECT_EQ(errors("0.7 6.15 0\r\n-1.2 6.63 0\r\n", map), note) << "near the equator, too";
     EXPECT_EQ(errors("9 46.2 6.15\r\n0 46.5 6.63\r\n", map), "") << "one of the three is enough";
     EXPECT_EQ(errors("-1 46.2 6.15\r\n", map), "");
     EXPECT_EQ(errors("1 46.2 6.15\r\n", map), "");

@@ -25,7 +25,7 @@ using testing::StartsWith;
 
 using namespace std::string_literals;
 
-TEST(OutputFormat, IsToldByTheEndingInAnyCase) {
+TEST(OutputFormat, IsReportedByTheEndingInAnyCase) {
     EXPECT_EQ(OutputFormatOf("a.png"), OutputFormat::Png);
     EXPECT_EQ(OutputFormatOf("A.PNG"), OutputFormat::Png);
     EXPECT_EQ(OutputFormatOf("a.cgm"), OutputFormat::Cgm);

@@ -97,7 +97,7 @@ TEST_F(AppendLocks, LockTheFolderOfAFileThatIsNotThere) {
     EXPECT_TRUE(OtherLock(folder.Path()).Taken());
 }
 
-TEST_F(AppendLocks, WaitNoLongerWhenTheProcessIsToldToEnd) {
+TEST_F(AppendLocks, WaitNoLongerWhenTheProcessIsReportedToEnd) {
     const StopSignals signals;
     const OtherLock other(file);
     EXPECT_THROW(AppendLock(file, [] { std::raise(SIGTERM); }), ConvertError);

@@ -110,7 +110,7 @@ TEST(ConvertOptions, ThatMeanNothingForDataAreRefused) {
     EXPECT_THAT(WrongUsage({"a.map", "a.shp", "--feature", "1"}), StartsWith("--feature: "));
 }
 
-TEST(ConvertOptions, WrongValuesAreTold) {
+TEST(ConvertOptions, WrongValuesAreReported) {
     for (const char* bounds : {"", "1,2,3", "1,2,3,4,5", "1,2,1,4", "1,4,3,2", "1,2,3,91", "181,2,3,4",
                                "a,2,3,4", "1,2,3,4x", "-1W,2,3,4", "nan,2,3,4", "1, 2,3,4", "1e3,2,3,4"}) {
         EXPECT_THAT(WrongUsage({"a.shp", "a.map", "--bounds", bounds}),

@@ -101,7 +101,7 @@ TEST_F(FeatureChoosing, EmptyColumnIsRefused) {
               "in.geojson: feature 1: the column k is empty and tells no row");
 }
 
-TEST_F(FeatureChoosing, UnknownRowsAreToldWithThoseThereAre) {
+TEST_F(FeatureChoosing, UnknownRowsAreReportedWithThoseThereAre) {
     PutPoints({""});
     EXPECT_EQ(Refusal({"in.geojson", "out.map", "--feature", "Canals"}),
               "--feature: there is no \"Canals\"; the features of out.map are\n"
@@ -115,7 +115,7 @@ TEST_F(FeatureChoosing, UnknownRowsAreToldWithThoseThereAre) {
     EXPECT_THAT(Refusal({"in.geojson", "out.dat", "--feature", "2"}), HasSubstr("are\n  1  All features"));
 }
 
-TEST_F(FeatureChoosing, UnknownColumnsAreToldWithThoseThereAre) {
+TEST_F(FeatureChoosing, UnknownColumnsAreReportedWithThoseThereAre) {
     PutPoints({R"("a":1,"b":2)"});
     EXPECT_EQ(Refusal({"in.geojson", "out.map", "--feature", "@kind"}),
               "--feature: there is no column \"kind\"; there are a, b");
@@ -154,7 +154,7 @@ TEST_F(FeatureChoosing, MapFileTellsItByTheNameOfTheRow) {
     EXPECT_THAT(Ranks("out.pkv"), ElementsAre(5));
 }
 
-TEST_F(FeatureChoosing, FileOfOneRowBecomesTheFirstRowAndIsTold) {
+TEST_F(FeatureChoosing, FileOfOneRowBecomesTheFirstRowAndIsReported) {
     Put("in.prn", "1,2,3\r\n");
     const Outcome outcome = Run({"in.prn", "out.map"});
     EXPECT_EQ(outcome.code, 0);

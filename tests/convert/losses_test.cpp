@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(Losses, FeaturesThatBecomeOneAreTold) {
+TEST_F(Losses, FeaturesThatBecomeOneAreReported) {
     const std::string note = "2 features became one, \"All features\": \"Coastlines\", \"Rivers\"";
     ConvertWith({note}, {"two.map", "out.dat"});
     Convert({"two.map", "two.gpkg"});
@@ -98,7 +98,7 @@ TEST_F(Losses, LabelOfAMultiPointIsLostOnce) {
 /// Every ending of map files but the packed ones.
 class LongSteps : public ConvertTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(LongSteps, HavePointsInBetweenAndAreTold) {
+TEST_P(LongSteps, HavePointsInBetweenAndAreReported) {
     Put("in.geojson", Collection(LineFeature("", "[0,10],[50,25],[70,25]")));
     const std::string name = std::string("out") + GetParam();
     ConvertWith({"2 points put in between: steps are no longer than 20 degrees of longitude"},
@@ -125,7 +125,7 @@ TEST_F(Losses, WholeParallelHasPointsInBetween) {
     EXPECT_THAT(Get("out.mp1"), testing::StartsWith("-80.000000 -180.000000\r\n-80.000000 -160.000000\r\n"));
 }
 
-TEST_F(Losses, PackedStepsAreToldOnce) {
+TEST_F(Losses, PackedStepsAreReportedOnce) {
     Put("in.geojson", Collection(LineFeature("", "[0,0],[30,0]")));
     // 108000 seconds in steps of 127: 851 steps.
     ConvertWith({"850 points put in between: steps of .pkv are no longer than 127 seconds"},

@@ -117,7 +117,7 @@ TEST_F(ReferenceSystems, NoneIsTakenForDegreesAndTold) {
     EXPECT_EQ(Get("out.prn"), "1,50.000000,10.000000\r\n0,60.000000,20.000000\r\n");
 }
 
-TEST_F(ReferenceSystems, SquareAroundThePoleStaysASquareAndIsTold) {
+TEST_F(ReferenceSystems, SquareAroundThePoleStaysASquareAndIsReported) {
     const Outcome outcome = RunWith("3413", "[-1e6,-1e6],[1e6,-1e6],[1e6,1e6],[-1e6,1e6],[-1e6,-1e6]");
     EXPECT_EQ(outcome.code, 0);
     EXPECT_THAT(outcome.errors, HasSubstr(Told));

@@ -44,12 +44,12 @@ TEST_F(SouthernZones, HaveTheFalseNorthingThatIsAskedFor) {
     EXPECT_EQ(Get("out.utm"), "1,500000.00,10000000.00\r\n0,571666.45,15539109.82\r\n");
 }
 
-TEST_F(SouthernZones, AreToldWhereDataLieOnBothSides) {
+TEST_F(SouthernZones, AreReportedWhereDataLieOnBothSides) {
     ConvertWith({OnBothSides}, {"both.geojson", "out.utm", "--utm", "9,WGS84 1984"});
     EXPECT_THAT(Get("out.utm"), HasSubstr("\r\n0,571666.45,-5539109.82\r\n"));
 }
 
-TEST_F(SouthernZones, AreToldByWhatIsWrittenAndNotByWhatIsRead) {
+TEST_F(SouthernZones, AreReportedByWhatIsWrittenAndNotByWhatIsRead) {
     Put("in.geojson", Collection(PointFeature("", "[10,-50]") + "," + PointFeature("", "[10,60]")));
     ConvertWith({AllSouth}, {"in.geojson", "out.utm", "--utm", "9,WGS84 1984", "--bounds", "0,-60,20,0"});
     EXPECT_EQ(Get("out.utm"), "1,571666.45,4460890.18\r\n");

@@ -81,7 +81,7 @@ TEST_F(Geometries, CollectionGivesAllItsParts) {
         "1,2.000000,1.000000\r\n1,4.000000,3.000000\r\n0,6.000000,5.000000\r\n");
 }
 
-TEST_F(Geometries, HeightsAndMeasuresGoAndAreTold) {
+TEST_F(Geometries, HeightsAndMeasuresGoAndAreReported) {
     const std::string heights = "1 feature lost the heights of the points";
     const std::string measures = "1 feature lost the measures of the points";
     EXPECT_EQ(Prn(R"("type":"LineString","coordinates":[[1,2,300],[3,4,500]])", {heights}),
@@ -110,7 +110,7 @@ TEST_F(Geometries, FacesOfSurfacesArePolygons) {
     EXPECT_EQ(PrnOfWkt("TRIANGLE ((0 0,1 0,0 1,0 0))", {"1 polygon became closed lines"}), triangle);
 }
 
-TEST_F(Geometries, EmptyOnesAreToldAndGiveNothing) {
+TEST_F(Geometries, EmptyOnesAreReportedAndGiveNothing) {
     Put("in.geojson",
         Collection(R"({"type":"Feature","properties":{},"geometry":null},)" +
                    Feature("", R"("type":"LineString","coordinates":[])") + "," + PointFeature("", "[1,2]")));
@@ -120,7 +120,7 @@ TEST_F(Geometries, EmptyOnesAreToldAndGiveNothing) {
     EXPECT_EQ(outcome.errors, "quelmont-convert: 2 features without a geometry\n");
 }
 
-TEST_F(Geometries, SourceWithoutFeaturesGivesAnEmptyMapAndIsTold) {
+TEST_F(Geometries, SourceWithoutFeaturesGivesAnEmptyMapAndIsReported) {
     Put("in.geojson", Collection(""));
     const Outcome outcome = Run({"in.geojson", "out.map", "--feature", "1"});
     EXPECT_EQ(outcome.code, 0);

@@ -212,7 +212,7 @@ TEST_F(WrittenBytes, EndlessLabelIsCutBetweenItsLetters) {
     EXPECT_EQ(Run({"out.prn", "out.mp1"}).errors, "quelmont-convert: 1 label left out: .mp1 has none\n");
 }
 
-TEST_F(WrittenBytes, LabelsThatTheFormatHasNoPlaceForAreTold) {
+TEST_F(WrittenBytes, LabelsThatTheFormatHasNoPlaceForAreReported) {
     Put("in.geojson",
         Collection(PointFeature(R"("n":"A")", "[1,2]") + "," + PointFeature(R"("n":"")", "[1,2]")));
     const Outcome outcome = Run({"in.geojson", "out.dat", "--label", "n"});

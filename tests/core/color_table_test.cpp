@@ -62,7 +62,7 @@ TEST(ColorTable, NearestColourIsTheOneWithTheLeastSquares) {
     EXPECT_EQ(NearestTableColor(Rgb(0x12, 0x34, 0x56)), Rgb(0x00, 0x33, 0x66));
 }
 
-TEST(ColorTable, CellsAreToldInWords) {
+TEST(ColorTable, CellsAreReportedInWords) {
     EXPECT_EQ(CellInWords(4), "dark red: red 128, green 0, blue 0");
     EXPECT_EQ(CellInWords(15), "white: red 255, green 255, blue 255");
     EXPECT_EQ(CellInWords(17), "grey 2 of 16: red 17, green 17, blue 17");
@@ -70,7 +70,7 @@ TEST(ColorTable, CellsAreToldInWords) {
     EXPECT_EQ(CellInWords(255), "dull hue 16 of 16: red 153, green 102, blue 128");
 }
 
-TEST(ColorTable, ColorIsToldByItsCellOrByItsParts) {
+TEST(ColorTable, ColorIsReportedByItsCellOrByItsParts) {
     EXPECT_EQ(ColorInWords(SolidColor(Rgb(0, 0, 128))), "dark blue: red 0, green 0, blue 128");
     EXPECT_EQ(ColorInWords(Rgb(0x4D, 0x26, 0)), "orange 1 of 16: red 77, green 38, blue 0");
     EXPECT_EQ(ColorInWords(Rgb(1, 2, 3)), "red 1, green 2, blue 3");

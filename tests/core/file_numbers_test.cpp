@@ -231,7 +231,7 @@ TEST_F(FileNumbers, FullDiskFailsTheCloseOfWhatWaits) {
     EXPECT_FALSE(IsFileOpen(OutputFileNumber)) << "the number is free all the same";
 }
 
-TEST_F(FileNumbers, FailureIsToldOnce) {
+TEST_F(FileNumbers, FailureIsReportedOnce) {
     OpenFile(OutputFileNumber, name, OpenMode::Output);
     const FullDisk full(1000);
     Write(std::string(5000, 'b'));

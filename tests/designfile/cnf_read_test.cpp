@@ -277,7 +277,7 @@ TEST_F(RecallingDesigns, FileAboveSixtyFourMegabytesIsRefused) {
     EXPECT_EQ(Design.ProjName, "Equirectangular");
 }
 
-TEST_F(RecallingDesigns, MissingFileFolderAndForbiddenFileAreTold) {
+TEST_F(RecallingDesigns, MissingFileFolderAndForbiddenFileAreReported) {
     Design.CnfFileName = folder / "missing.cnf";
     EXPECT_FALSE(CnfRead());
     std::filesystem::create_directory(folder / "folder.cnf");
@@ -321,7 +321,7 @@ TEST_F(RecallingDesigns, ListsOfLabelsAreEmptied) {
     EXPECT_THAT(Design.MapLabels, IsEmpty());
 }
 
-TEST_F(RecallingDesigns, AreaOfAFileIsToldWithoutRecallingIt) {
+TEST_F(RecallingDesigns, AreaOfAFileIsReportedWithoutRecallingIt) {
     AcceptProjection(ProjMercator);
     const std::string file = Saved();
     StartAgain();

@@ -83,7 +83,7 @@ TEST_F(SavingDesigns, FullDiskKeepsTheEarlierFile) {
     }
 }
 
-TEST_F(SavingDesigns, FolderAndMissingFolderAreTold) {
+TEST_F(SavingDesigns, FolderAndMissingFolderAreReported) {
     std::filesystem::create_directory(folder / "folder.cnf");
     Design.CnfFileName = folder / "folder.cnf";
     EXPECT_FALSE(CnfSave());
@@ -93,7 +93,7 @@ TEST_F(SavingDesigns, FolderAndMissingFolderAreTold) {
                                                          "Error in CnfSave: Error: Path not found"));
 }
 
-TEST_F(SavingDesigns, FileWithoutPermissionIsTold) {
+TEST_F(SavingDesigns, FileWithoutPermissionIsReported) {
     const std::string earlier = Saved();
     std::filesystem::permissions(folder.Path(), std::filesystem::perms::all);
     std::filesystem::permissions(name,

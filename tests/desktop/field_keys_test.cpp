@@ -347,7 +347,7 @@ TEST_F(ColorKeys, EscapeTakesNone) {
     EXPECT_EQ(Design.BackColorIndex, 15);
 }
 
-TEST_F(ColorKeys, ColourUnderTheMouseIsToldInWords) {
+TEST_F(ColorKeys, ColourUnderTheMouseIsReportedInWords) {
     Open<Colors256>([](QDialog& dialog) {
         PaletteGrid& cells = Cells(dialog);
         QTest::mouseMove(dialog.windowHandle(), cells.mapTo(&dialog, Middle(cells, 12, 0)));

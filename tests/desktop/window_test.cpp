@@ -232,7 +232,7 @@ TEST_F(MainWindowOnScreen, ExitSavesAndCloses) {
     EXPECT_EQ(ReadProfileString(folder / "Qmnt.ini", "Quelmont", "WindowMaximized"), "0");
 }
 
-TEST_F(MainWindowOnScreen, FailedSavingIsTold) {
+TEST_F(MainWindowOnScreen, FailedSavingIsReported) {
     program.machine.places.programFolder = folder / "gone/";
     EXPECT_TRUE(Window().close());
     EXPECT_EQ(boxes.asked.size(), 4U);

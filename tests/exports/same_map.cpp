@@ -54,9 +54,10 @@ std::string DifferenceOfLines(const DrawnLine& file, const DrawnLine& screen) {
     if (!places.empty()) {
         return places;
     }
-    const bool widthsAreTold = file.width > 0 && screen.width > 0;
+    const bool widthsAreReported = file.width > 0 && screen.width > 0;
     const std::string widths =
-        widthsAreTold ? NotTheSame("width", std::to_string(file.width), std::to_string(screen.width)) : "";
+        widthsAreReported ? NotTheSame("width", std::to_string(file.width), std::to_string(screen.width))
+                          : "";
     return widths.empty() ? DifferenceOfColors(file.color, screen.color) : widths;
 }
 

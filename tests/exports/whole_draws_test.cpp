@@ -214,7 +214,7 @@ TEST_F(WholeDraw, MapFileThatIsGoneInALaterLobeLeavesNoExport) {
     }
 }
 
-TEST_F(WholeDraw, FolderThatDoesNotExistIsToldOnceAndEndsTheDraw) {
+TEST_F(WholeDraw, FolderThatDoesNotExistIsReportedOnceAndEndsTheDraw) {
     struct Case {
         const char* ending;
         const char* title;

@@ -181,7 +181,7 @@ TEST_F(CircleCommands, UndefinedTablesAreRefused) {
     EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
-TEST_F(CircleCommands, CancelledFileDialogDoesNothingAndAFailedOneIsTold) {
+TEST_F(CircleCommands, CancelledFileDialogDoesNothingAndAFailedOneIsReported) {
     for (const Table& table : Tables) {
         Choose(table.form, table.designItem);
         mnuInput_Click(table.item);

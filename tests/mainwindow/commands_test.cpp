@@ -77,7 +77,7 @@ TEST_F(Commands, LastItemUsedStaysChecked) {
     EXPECT_TRUE(window.MenuChecked(Menu::mnuAbout, 3));
 }
 
-TEST_F(Commands, PlotTimeIsToldInTenths) {
+TEST_F(Commands, PlotTimeIsReportedInTenths) {
     const auto told = [&](double seconds) {
         Design.PlotSeconds = seconds;
         mnuAbout_Click(4);

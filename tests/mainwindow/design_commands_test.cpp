@@ -96,7 +96,7 @@ TEST_F(DesignCommands, NameWithAnotherEndingIsRefusedAndTheDialogComesAgain) {
     EXPECT_EQ(Design.CnfFileName, folder / "map.cnf") << "the design's file is still that one";
 }
 
-TEST_F(DesignCommands, CancelledDialogDoesNothingAndAFailedOneIsTold) {
+TEST_F(DesignCommands, CancelledDialogDoesNothingAndAFailedOneIsReported) {
     ClickMenuItem(Menu::mnuInput, RecallDesignItem);
     ClickMenuItem(Menu::mnuInput, SaveDesignItem);
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
@@ -194,7 +194,7 @@ TEST_F(DesignCommands, RecentDesignsShowTheirAmpersands) {
     EXPECT_TRUE((window.menuTexts[{Menu::mnuRecent, 0}].ends_with("you && me.cnf")));
 }
 
-TEST_F(DesignCommands, RecentDesignThatIsGoneIsTold) {
+TEST_F(DesignCommands, RecentDesignThatIsGoneIsReported) {
     Save("map.cnf");
     std::filesystem::remove(folder / "map.cnf");
     ClickMenuItem(Menu::mnuRecent, 0);
@@ -215,7 +215,7 @@ TEST_F(DesignCommands, PictureOfTheDesignBeforeIsCleared) {
     EXPECT_EQ(window.clears, 1);
 }
 
-TEST_F(DesignCommands, AcceptedChangeIsToldUnderTheNameOfItsItem) {
+TEST_F(DesignCommands, AcceptedChangeIsReportedUnderTheNameOfItsItem) {
     machine.changes.accepted.clear();
     machine.forms.Script("LineWidthScale", [](Form& form) { form.PressCancel(); });
     ClickMenuItem(Menu::mnuDesign, LineWidthItem);

@@ -149,7 +149,7 @@ TEST_F(KeptDesigns, SavedDesignNeedsNotBeKept) {
     EXPECT_FALSE(MainWindowNow.Kept.has_value());
 }
 
-TEST_F(KeptDesigns, WhereNothingCanBeWrittenNothingIsTold) {
+TEST_F(KeptDesigns, WhereNothingCanBeWrittenNothingIsReported) {
     machine.places.programFolder = "/missing/";
     KeepDesign();
     OfferKeptDesigns();

@@ -142,7 +142,7 @@ TEST_F(LobePasses, OnlyTheFirstIsFirstAndOnlyTheLastIsLast) {
     }
 }
 
-TEST_F(LobePasses, CountThatIsNoneIsTold) {
+TEST_F(LobePasses, CountThatIsNoneIsReported) {
     Design.LobeText[LobeTextCountNorth] = "7";
     MapDraw();
     EXPECT_THAT(Told(machine.boxes.asked), ElementsAre("Error in MapDraw: Error: Subscript out of range"));

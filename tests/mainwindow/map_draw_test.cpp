@@ -188,7 +188,7 @@ TEST_F(MapDrawing, SecondDrawInsideTheFirstDoesNothing) {
     ExpectIdle();
 }
 
-TEST_F(MapDrawing, MapFileThatIsNotThereIsToldOnceAndTheGridStays) {
+TEST_F(MapDrawing, MapFileThatIsNotThereIsReportedOnceAndTheGridStays) {
     Design.InputFiles[0].MapFileName = "/program/nowhere.map";
     MapDraw();
     EXPECT_THAT(machine.boxes.asked, SizeIs(1));
@@ -255,7 +255,7 @@ INSTANTIATE_TEST_SUITE_P(Operations, FailingSurface,
                                          SurfaceOp::SetPolyFillMode),
                          [](const auto& operation) { return Name(operation.param); });
 
-TEST_F(MapDrawing, FailingRectangleIsTold) {
+TEST_F(MapDrawing, FailingRectangleIsReported) {
     surface.FailAt(SurfaceOp::Rectangle, 0);
     MapDraw();
     EXPECT_THAT(Told(machine.boxes.asked), ElementsAre("Windows API Error: Rectangle(1) error in PlotGrid"));

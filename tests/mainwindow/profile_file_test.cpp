@@ -121,7 +121,7 @@ TEST_F(ProfileFile, WritingLeavesNoOtherFile) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
-TEST_F(ProfileFile, WhatCannotBeWrittenIsToldByTheAnswer) {
+TEST_F(ProfileFile, WhatCannotBeWrittenIsReportedByTheAnswer) {
     EXPECT_FALSE(WriteProfileString(folder / "missing/Qmnt.ini", "Quelmont", "Key", "1"));
     std::filesystem::create_directory(file);
     EXPECT_FALSE(Write("Key", "1"));

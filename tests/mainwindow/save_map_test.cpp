@@ -94,7 +94,7 @@ TEST_F(SaveMap, CancelDoesNothing) {
     EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf);
 }
 
-TEST_F(SaveMap, FailureOfTheFileDialogIsTold) {
+TEST_F(SaveMap, FailureOfTheFileDialogIsReported) {
     for (const SavedAs& item : Items) {
         machine.fileDialogs.Fail(4);
         mnuInput_Click(item.index);
@@ -239,7 +239,7 @@ TEST_F(SaveMap, CancelledAsciiDialogDrawsNothing) {
     EXPECT_EQ(window.clears, 0);
 }
 
-TEST_F(SaveMap, NothingToExportIsToldAndNoDialogComes) {
+TEST_F(SaveMap, NothingToExportIsReportedAndNoDialogComes) {
     Design.GridTypeCode = 5;
     Design.GridOutputCount = 0;
     mnuInput_Click(9);

@@ -197,7 +197,7 @@ TEST_F(Settings, OnceWithTheUserAreWrittenThere) {
     EXPECT_EQ(Design.PrintUnitTwips, 300);
 }
 
-TEST_F(Settings, WithoutAnyFolderEachKeyIsTold) {
+TEST_F(Settings, WithoutAnyFolderEachKeyIsReported) {
     LoseProgramFolder();
     machine.places.settingsFolder.clear();
     WriteSettings();
@@ -209,7 +209,7 @@ TEST_F(Settings, WithoutAnyFolderEachKeyIsTold) {
                             title + "WritePrivateProfileString(4) error in Quelmont: Form_Unload"));
 }
 
-TEST_F(Settings, FolderOfTheUserThatCannotBeMadeIsToldToo) {
+TEST_F(Settings, FolderOfTheUserThatCannotBeMadeIsReportedToo) {
     LoseProgramFolder();
     WriteWholeFile(folder / "user", "a file where a folder should be");
     WriteSettings();

@@ -267,7 +267,7 @@ TEST_F(PlacingText, EscapeEndsThePlacingAndNothingElse) {
     EXPECT_EQ(TimesPutBack(), 1);
 }
 
-TEST_F(PlacingText, TextThatWasPlacedIsToldAsAChange) {
+TEST_F(PlacingText, TextThatWasPlacedIsReportedAsAChange) {
     TakeText("Nuuk");
     Form_MouseDown(3000, 4500);
     EXPECT_THAT(machine.changes.accepted, IsEmpty()) << "it is still in hand";
@@ -484,7 +484,7 @@ TEST_F(PlacingText, CaptionWithThePixelSizeComesBackWithTheSizeOfNow) {
     EXPECT_EQ(window.caption, std::string("800,924 = x, y Pixels   |") + Caption);
 }
 
-TEST_F(PlacingText, FailedMeasuresAreToldOnceForEachText) {
+TEST_F(PlacingText, FailedMeasuresAreReportedOnceForEachText) {
     machine.fonts.metricsFail = true;
     TakeText("Nuuk");
     Form_MouseMove(3000, 3000);
@@ -516,7 +516,7 @@ TEST_F(PlacingText, SizeWithoutMeasuresGivesTheTextUp) {
     ExpectNothingInHand();
 }
 
-TEST_F(PlacingText, PlaceOutsideOfAllNumbersIsToldAndIgnored) {
+TEST_F(PlacingText, PlaceOutsideOfAllNumbersIsReportedAndIgnored) {
     TakeText("Nuuk");
     Form_MouseMove(1e12, 0.0);
     EXPECT_THAT(Told(machine.boxes.Taken()), ElementsAre("Error in Form_MouseMove: Error: Overflow"));

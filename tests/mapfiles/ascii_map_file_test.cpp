@@ -81,6 +81,8 @@ TEST(AsciiMapFile, FirstNumberIsWhole) {
     EXPECT_EQ(First("-1,0,0\n").Break, -1);
     EXPECT_EQ(First("0.5,0,0\n").Break, 0) << "a half goes to the even number";
     EXPECT_EQ(First("0.6,0,0\n").Break, 1);
+    EXPECT_TRUE(First("0.6,0,0\n").BreakRounded);
+    EXPECT_FALSE(First("1.0,0,0\n").BreakRounded);
     EXPECT_EQ(ErrorOf([] { First("1E10,0,0\n"); }), ErrorOverflow);
 }
 

@@ -85,7 +85,7 @@ TEST(PackedFile, NextSegmentFollowsTheSteps) {
 
 // ---- Ranks.
 
-TEST(PackedFile, RanksOfAPartAreToldByTheThirdLetterOfTheTitle) {
+TEST(PackedFile, RanksOfAPartAreReportedByTheThirdLetterOfTheTitle) {
     EXPECT_EQ(PackedRanksOf("C:\\maps\\eucoast.pkd"), PackedRanks::Coast);
     EXPECT_EQ(PackedRanksOf("/c/xx/EUR.PKD"), PackedRanks::River);
     EXPECT_EQ(PackedRanksOf("eup.pkd"), PackedRanks::Political);

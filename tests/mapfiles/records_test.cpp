@@ -136,7 +136,7 @@ TEST_F(PackedSegmentsTest, SegmentCanBeSteppedOver) {
     EXPECT_EQ(segments.Feature(), 2);
 }
 
-TEST_F(PackedSegmentsTest, VisitEndsWhereItIsToldTo) {
+TEST_F(PackedSegmentsTest, VisitEndsWhereItIsReportedTo) {
     for (int most = 1; most <= 3; ++most) {
         PackedSegments again(Open(Segment(1, 3, {{1, 1}, {1, 1}})), PackedRanks::Whole);
         ASSERT_TRUE(again.Next());
@@ -160,7 +160,7 @@ TEST_F(PackedSegmentsTest, SegmentThatIsCutShortHasThePointsThatAreThere) {
     }
 }
 
-TEST_F(PackedSegmentsTest, HeaderThatIsCutShortIsToldWithItsFeature) {
+TEST_F(PackedSegmentsTest, HeaderThatIsCutShortIsReportedWithItsFeature) {
     PackedSegments segments(Open(Segment(9, 1, {}).substr(0, 23)), PackedRanks::Whole);
     ASSERT_TRUE(segments.Next());
     EXPECT_EQ(segments.Feature(), 9);

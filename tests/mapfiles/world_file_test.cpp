@@ -90,7 +90,7 @@ TEST(WorldFile, FloatsHaveTheirLowByteFirst) {
     EXPECT_EQ(DecodeWorldFloat(bytes), 1.5F);
 }
 
-TEST(WorldFile, MarkerIsToldByItsBits) {
+TEST(WorldFile, MarkerIsReportedByItsBits) {
     EXPECT_TRUE(IsWorldMarker(WorldMarker));
     EXPECT_EQ(DecodeWorldFloat(WorldMarker), 99.0F);
     auto next = WorldMarker;

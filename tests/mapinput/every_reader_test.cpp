@@ -264,7 +264,7 @@ TEST_P(EveryReader, PipeIsRefusedAndNotDrawnAsEmpty) {
     ExpectError("Path/File access error");
 }
 
-TEST_P(EveryReader, FileThatIsNotThereIsTold) {
+TEST_P(EveryReader, FileThatIsNotThereIsReported) {
     AddFile("other", "");
     Design.InputFiles[0].MapFileName = GetParam().name;
     PlotList();
@@ -273,7 +273,7 @@ TEST_P(EveryReader, FileThatIsNotThereIsTold) {
     ExpectCleanEnd();
 }
 
-TEST_P(EveryReader, FolderThatIsNotThereIsToldByTheFormatsOwnError) {
+TEST_P(EveryReader, FolderThatIsNotThereIsReportedByTheFormatsOwnError) {
     files.FailOpening(ErrorPathNotFound);
     AddFile(GetParam().name, "");
     Design.OutputWmf = false;
@@ -315,7 +315,7 @@ TEST_P(EveryReader, FileCutOffAnywhereEndsSoundly) {
     }
 }
 
-TEST_P(EveryReader, FileThatFailsAnywhereIsToldOnce) {
+TEST_P(EveryReader, FileThatFailsAnywhereIsReportedOnce) {
     const std::string whole = Contents();
     for (std::size_t size = 0; size < whole.size(); ++size) {
         files.FailReadingAfter(static_cast<std::int64_t>(size), ErrorDeviceIo);
@@ -324,7 +324,7 @@ TEST_P(EveryReader, FileThatFailsAnywhereIsToldOnce) {
     }
 }
 
-TEST_P(EveryReader, FileThatCannotBeOpenedIsTold) {
+TEST_P(EveryReader, FileThatCannotBeOpenedIsReported) {
     files.FailOpening(ErrorPermissionDenied);
     AddFile(GetParam().name, "");
     Design.OutputWmf = false;

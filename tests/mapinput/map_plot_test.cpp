@@ -162,7 +162,7 @@ TEST_F(MapPlotTest, MissingFolderOfABinaryFileIsAMissingFile) {
     EXPECT_EQ(machine.boxes.asked.at(0).title, "File not found error in MapPlot");
 }
 
-TEST_F(MapPlotTest, MissingFileIsToldOnceInADraw) {
+TEST_F(MapPlotTest, MissingFileIsReportedOnceInADraw) {
     AddFile("a.map", "").MapFileName = "missing.map";
     BeginDrawBoxes();
     MapPlot();

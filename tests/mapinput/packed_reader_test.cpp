@@ -108,7 +108,7 @@ TEST_F(PackedReader, EachSegmentHasThePenOfItsFeature) {
     ExpectCleanEnd();
 }
 
-TEST_F(PackedReader, PartOfTheDataBankIsToldByTheThirdLetter) {
+TEST_F(PackedReader, PartOfTheDataBankIsReportedByTheThirdLetter) {
     // Rank 1 is a coast, a river or a state; rank 12 of a river's file falls into a gap, on row 35.
     struct Part {
         const char* name;

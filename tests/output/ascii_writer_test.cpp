@@ -200,7 +200,7 @@ TEST_F(Ascii, BreakWithoutAScaleIsADivisionByZero) {
                 ElementsAre(AskedBox{"Error in PrintLineBrkDisk", "Error: Division by zero"}));
 }
 
-TEST_F(Ascii, FullDiskIsToldOnceAndTheEarlierFileStays) {
+TEST_F(Ascii, FullDiskIsReportedOnceAndTheEarlierFileStays) {
     WriteWholeFile(target, "earlier");
     {
         FailingFiles disk;

@@ -153,7 +153,7 @@ public:
     PixelImage CopyPixels() override { throw RunTimeError(ErrorOutOfMemory); }
 };
 
-TEST_F(Bmp, CopyThatFailsIsToldAndKeepsTheEarlierFile) {
+TEST_F(Bmp, CopyThatFailsIsReportedAndKeepsTheEarlierFile) {
     WriteWholeFile(target, "earlier");
     WindowThatCannotBeCopied window;
     Machine().window = &window;

@@ -50,7 +50,7 @@ TEST_F(CgmFailures, FullDiskInTheHeaderStopsTheDraw) {
     ExpectLost({"Error in CgmHeader", "Error: Disk full"});
 }
 
-TEST_F(CgmFailures, FullDiskInLinesIsToldOnce) {
+TEST_F(CgmFailures, FullDiskInLinesIsReportedOnce) {
     FailingFiles disk;
     disk.FailWritingAfter(1000, ErrorDiskFull);
     Begin();
@@ -63,7 +63,7 @@ TEST_F(CgmFailures, FullDiskInLinesIsToldOnce) {
     ExpectLost({"Error in CgmPoly", "Error: Disk full"});
 }
 
-TEST_F(CgmFailures, FullDiskInSymbolsIsToldOnce) {
+TEST_F(CgmFailures, FullDiskInSymbolsIsReportedOnce) {
     FailingFiles disk;
     disk.FailWritingAfter(1000, ErrorDiskFull);
     Begin();

@@ -411,7 +411,7 @@ TEST_F(DxfFailures, FileThatCannotBeOpenedAtTheEnd) {
     ExpectLost({"Error in DxfEnd", "Error: Permission denied"});
 }
 
-TEST_F(Dxf, FullDiskIsToldOnceAndTheEarlierFileStays) {
+TEST_F(Dxf, FullDiskIsReportedOnceAndTheEarlierFileStays) {
     WriteWholeFile(target, "earlier");
     FailingFiles disk;
     disk.FailWritingAfter(2000, ErrorDiskFull);

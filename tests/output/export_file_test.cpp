@@ -241,7 +241,7 @@ TEST_F(ExportFile, FolderInItsPlaceBeforeTheEndIsKept) {
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
 
-TEST_F(ExportFile, FullDiskIsToldOnceAndTheFileIsLost) {
+TEST_F(ExportFile, FullDiskIsReportedOnceAndTheFileIsLost) {
     WriteWholeFile(target, "earlier");
     FailingFiles disk;
     disk.FailWritingAfter(10, ErrorDiskFull);

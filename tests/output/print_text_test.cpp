@@ -167,7 +167,7 @@ TEST_F(WindowText, TextThatCannotBeDrawnGivesItsFontBack) {
     EXPECT_EQ(surface.TextColor(), 0U);
 }
 
-TEST_F(WindowText, FontThatCannotBeFreedIsTold) {
+TEST_F(WindowText, FontThatCannotBeFreedIsReported) {
     InHand("a", "0");
     surface.FailAt(SurfaceOp::DeleteObject, 0);
     PrintRotatedText();

@@ -163,13 +163,13 @@ TEST_F(Symbols, FillModeThatCannotBeSetIsNotPutBack) {
     ExpectBox("SetPolyFillMode(1) error in PrintToScreen");
 }
 
-TEST_F(Symbols, FillModeThatCannotBePutBackIsTold) {
+TEST_F(Symbols, FillModeThatCannotBePutBackIsReported) {
     surface.FailAt(SurfaceOp::SetPolyFillMode, 2);
     Draw(SymbolOpenSquare);
     ExpectBox("SetPolyFillMode(2) error in PrintToScreen");
 }
 
-TEST_F(Symbols, BrushThatCannotBeDeletedIsTold) {
+TEST_F(Symbols, BrushThatCannotBeDeletedIsReported) {
     surface.FailAt(SurfaceOp::DeleteObject, 1);
     Draw(SymbolFilledCircle);
     ExpectBox("DeleteObject(1) error in PrintToScreen");

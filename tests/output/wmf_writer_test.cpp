@@ -303,14 +303,14 @@ TEST_F(Wmf, FlagAfterTheEndOfTheRecordingWritesNothing) {
     EXPECT_THAT(Files(), IsEmpty());
 }
 
-TEST_F(Wmf, FolderThatDoesNotExistIsToldAtTheEnd) {
+TEST_F(Wmf, FolderThatDoesNotExistIsReportedAtTheEnd) {
     Design.WmfFileName = folder / "none/map";
     FinishFile();
     EXPECT_THAT(machine.boxes.asked,
                 ElementsAre(AskedBox{"Error in SaveMetafileToDisk", "Error: Path not found"}));
 }
 
-TEST_F(Wmf, FullDiskIsToldAndTheEarlierFileStays) {
+TEST_F(Wmf, FullDiskIsReportedAndTheEarlierFileStays) {
     WriteWholeFile(target, "earlier");
     FailingFiles disk;
     disk.FailWritingAfter(100, ErrorDiskFull);
@@ -325,7 +325,7 @@ TEST_F(Wmf, FullDiskIsToldAndTheEarlierFileStays) {
     EXPECT_THAT(Files(), ElementsAre("map"));
 }
 
-TEST_F(Wmf, HeaderThatCannotBeWrittenAtTheEndIsTold) {
+TEST_F(Wmf, HeaderThatCannotBeWrittenAtTheEndIsReported) {
     WriteWholeFile(target, "earlier");
     FailingFiles disk;
     Stretch(SymbolLine);

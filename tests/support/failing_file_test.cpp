@@ -26,7 +26,7 @@ TEST(FailingFiles, HoldWhatWasWritten) {
     EXPECT_EQ(files.closes, 2);
 }
 
-TEST(FailingFiles, ReadsGiveAsFewBytesAsTheyAreTold) {
+TEST(FailingFiles, ReadsGiveAsFewBytesAsTheyAreReported) {
     FailingFiles files;
     files.Put("in", "abcde");
     files.ReadAtMost(3);

@@ -162,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(StandardParallels, BoundaryFieldLeft, testing::Values(
 
 class BoundaryChecks : public FreshProgramTest {};
 
-TEST_F(BoundaryChecks, CancelIsToldApartFromRetry) {
+TEST_F(BoundaryChecks, CancelIsReportedApartFromRetry) {
     EXPECT_FALSE(CheckBoundaryField("LatLonBounds", "LatN", "91    00    00    N").Retry);
     machine.boxes.Answer(BoxAnswer::Retry);
     EXPECT_TRUE(CheckBoundaryField("LatLonBounds", "LatN", "91    00    00    N").Retry);

@@ -232,7 +232,7 @@ TEST_F(DialogFieldOnly, MercatorTakesNoPole) {
               "Mercator projection because they project to infinity.");
 }
 
-TEST_F(DialogFieldOnly, MercatorLatitudeBeyondThePoleIsToldAsSuch) {
+TEST_F(DialogFieldOnly, MercatorLatitudeBeyondThePoleIsReportedAsSuch) {
     ChooseProjection(ProjMercator);
     LatLonBounds form;
     ExpectBox(form, "LatN", "90    00    01    N", "Error: Northernmost latitude", Latitude90);

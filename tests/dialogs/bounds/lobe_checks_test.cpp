@@ -65,7 +65,7 @@ TEST_F(Interruptions, OutsideTheMapAreRefused) {
     EXPECT_EQ(Code(20, 20, {-100, 100}), 2) << "the second lies before the first, across the seam";
 }
 
-TEST_F(Interruptions, OutsideIsToldBeforeWestOf) {
+TEST_F(Interruptions, OutsideIsReportedBeforeWestOf) {
     EXPECT_EQ(Code(10, 50, {0}), 1) << "350 degrees east of the left boundary";
     EXPECT_EQ(Code(10, 50, {30, 20}), 2);
     EXPECT_EQ(Code(-180, 180, {-90, 90, 0}), 3);
@@ -111,11 +111,11 @@ TEST_F(Interruptions, OfTheSouthHaveTheNextFourteenCodes) {
     EXPECT_EQ(Code(10, 50, {20}, {20, 30, 41}), 28);
 }
 
-TEST_F(Interruptions, OfTheNorthAreToldFirst) { EXPECT_EQ(Code(10, 50, {15}, {60}), 12); }
+TEST_F(Interruptions, OfTheNorthAreReportedFirst) { EXPECT_EQ(Code(10, 50, {15}, {60}), 12); }
 
-TEST_F(Interruptions, OfTwoFaultsTheMoreWesternIntervalIsTold) { EXPECT_EQ(Code(10, 50, {15, 60}), 12); }
+TEST_F(Interruptions, OfTwoFaultsTheMoreWesternIntervalIsReported) { EXPECT_EQ(Code(10, 50, {15, 60}), 12); }
 
-TEST_F(Interruptions, OutsideIsToldBeforeTheGrid) { EXPECT_EQ(Code(10, 50, {65}), 1); }
+TEST_F(Interruptions, OutsideIsReportedBeforeTheGrid) { EXPECT_EQ(Code(10, 50, {65}), 1); }
 
 TEST_F(Interruptions, WithoutASpacingAreAFailureOfTheRoutine) {
     EXPECT_EQ(Code(10, 50, {20}, {}, 0), 0);

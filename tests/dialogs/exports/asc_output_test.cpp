@@ -163,7 +163,7 @@ TEST_F(AsciiDialog, NoTwoRowsLeadToTheSameFile) {
     EXPECT_EQ(machine.boxes.asked.at(0).title, "Error: Duplicate Filename");
 }
 
-TEST_F(AsciiDialog, EmptyNameIsToldBeforeADuplicate) {
+TEST_F(AsciiDialog, EmptyNameIsReportedBeforeADuplicate) {
     AscOutput form;
     for (const int cell : {2, 5}) {
         machine.fileDialogs.Choose({folder / "same.txt"});

@@ -228,7 +228,7 @@ TEST_F(FileList, CancelledParametersAddNothing) {
     EXPECT_EQ(Design.MapFileDefault, "/maps/1.map");
 }
 
-TEST_F(FileList, FailedFileDialogIsTold) {
+TEST_F(FileList, FailedFileDialogIsReported) {
     InputFileChoices form;
     machine.fileDialogs.Fail(12);
     form.Press("InputFileAdd");
@@ -250,7 +250,7 @@ TEST_F(FileList, DroppedFilesAreAddedWhereTheyFell) {
     EXPECT_THAT(machine.fileDialogs.asked, IsEmpty());
 }
 
-TEST_F(FileList, PixelTooLargeForAStyleIsTold) {
+TEST_F(FileList, PixelTooLargeForAStyleIsReported) {
     InputFileChoices form;
     Design.TwipsPerPixelY = 20000.0F; // three of them are more than a radius can be
     form.Drop("InputFilesOpen", 0, {"/a.map"});
