@@ -110,9 +110,14 @@ void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
         entry.Features[static_cast<std::size_t>(row)].Shown = false;
     }
     if (MayHaveLabels(entry.MapFileName)) {
-        entry.LabelFontName = options.labelFont.value_or(DefaultLabelFont);
-        entry.LabelFontSize = RoundToInt16(options.labelSize.value_or(DefaultLabelSize));
-        entry.LabelColor = options.labelColor.value_or(SolidColor(StandardColors[0]));
+        if (entry.LabelFontName.empty() || entry.LabelFontSize <= 0) { // none was chosen
+            entry.LabelFontName = DefaultLabelFont;
+            entry.LabelFontSize = DefaultLabelSize;
+            entry.LabelColor = SolidColor(StandardColors[0]);
+        }
+        entry.LabelFontName = options.labelFont.value_or(entry.LabelFontName);
+        entry.LabelFontSize = RoundToInt16(options.labelSize.value_or(entry.LabelFontSize));
+        entry.LabelColor = options.labelColor.value_or(entry.LabelColor);
     }
 }
 
@@ -162,7 +167,7 @@ bool ApplyOptions(const DrawOptions& options) {
         Design.LineWidthsScaled = !options.noLineScaling;
     }
     Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
-    Design.LabelsVisible = !options.noLabels;
+    Design.LabelsVisible = Design.LabelsVisible && !options.noLabels;
     TakeGrid(options);
     TakeMaps(options);
     PlaceTexts(options.texts);

@@ -203,7 +203,13 @@ int TakeOptions(const HeadlessMachine& machine, const DrawOptions& options, std:
         errors << Program << options.output << ": " << reason << ".\n";
         return ExitWrongUsage;
     }
-    if (const std::string reason = TablesThatCollide(options.output); !reason.empty()) {
+    FilesBeside beside{.savedDesign = options.saveDesign, .recalledDesign = options.design};
+    for (const std::string& table : {options.greatCircleLine.table, options.smallCircleLine.table}) {
+        if (!table.empty()) {
+            beside.tables.push_back(table);
+        }
+    }
+    if (const std::string reason = FilesThatCollide(options.output, beside); !reason.empty()) {
         errors << Program << reason << ".\n";
         return ExitWrongUsage;
     }

@@ -157,6 +157,8 @@ public:
     void Read(std::vector<std::string> arguments);
     std::string Help() const;
     std::string Version() const { return app.version(); }
+    /// What was given for a circle or a label that is not there; empty for nothing. A design has its own.
+    std::string OptionWithoutObject() const;
 
 private:
     using Take = std::function<void(const std::string& value)>;
@@ -182,6 +184,7 @@ private:
     void AddDesign();
 
     DrawOptions& options;
+    std::vector<std::pair<CLI::Option*, CLI::Option*>> ofCircles; ///< each beside the circle that it is for
     CLI::App app{"Draws a map without a window: coastlines, borders, rivers and a grid.", "quelmont-draw"};
     const char* group = "";
 };
@@ -202,6 +205,23 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddCircles();
     AddMaps();
     AddTexts();
+}
+
+std::string OptionTable::OptionWithoutObject() const {
+    if (options.design) {
+        return "";
+    }
+    for (const auto& [option, circle] : ofCircles) {
+        if (option->count() > 0 && circle->count() == 0) {
+            return option->get_name() + " requires " + circle->get_name();
+        }
+    }
+    for (const std::string& name : options.namesOfDefaultMap) {
+        if (name.rfind("--label-", 0) == 0) {
+            return name + ": the points of " + options.defaultMap.file + " have no labels";
+        }
+    }
+    return "";
 }
 
 std::string OptionTable::Help() const {
@@ -339,27 +359,31 @@ void OptionTable::AddCircles() {
             [this](const std::string& value) {
                 options.smallCircle = AngleValues<3>({Latitude, Longitude, Arc}, value);
             });
-    Add("--circles", "1..80", "So many circles, the others within it (3)", [this](const std::string& value) {
-        options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostSmallCircles));
-    })->needs(small);
+    CLI::Option* const count = Add(
+        "--circles", "1..80", "So many circles, the others within it (3)", [this](const std::string& value) {
+            options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostSmallCircles));
+        });
+    ofCircles.emplace_back(count, small);
     AddCircleLine(small, "small-circle", "Save the circles as a text file (.prn)", options.smallCircleLine);
 }
 
-/// The line of a kind of circles, whose own option must have been given.
+/// The line of a kind of circles.
 void OptionTable::AddCircleLine(CLI::Option* circle, const std::string& name, const char* table,
                                 CircleOptions& line) {
-    Add("--" + name + "-color", "RRGGBB", "Its colour (0000FF)", [&line](const std::string& value) {
-        line.color = ColorOf(value);
-    })->needs(circle);
-    Add("--" + name + "-width", "PX", "Its width (3)", [&line](const std::string& value) {
-        line.width = NumberValue(value, 1, LargestPixels);
-    })->needs(circle);
-    Add("--save-" + name, "FILE", table, [&line](const std::string& value) {
+    CLI::Option* const color = Add("--" + name + "-color", "RRGGBB", "Its colour (0000FF)",
+                                   [&line](const std::string& value) { line.color = ColorOf(value); });
+    CLI::Option* const width =
+        Add("--" + name + "-width", "PX", "Its width (3)",
+            [&line](const std::string& value) { line.width = NumberValue(value, 1, LargestPixels); });
+    CLI::Option* const save = Add("--save-" + name, "FILE", table, [&line](const std::string& value) {
         if (value.empty()) {
             throw BadValue("\"\" is no file");
         }
         line.table = value;
-    })->needs(circle);
+    });
+    for (CLI::Option* const option : {color, width, save}) {
+        ofCircles.emplace_back(option, circle);
+    }
 }
 
 /// An option that belongs to the --map before it, and to the default map before the first. It is taken when
@@ -380,8 +404,9 @@ void OptionTable::AddOfMap(const std::string& name, const char* type, const char
 void OptionTable::AddOfLabels(const std::string& name, const char* type, const char* description,
                               TakeOfMap take) {
     AddOfMap(name, type, description,
-             [take = std::move(take)](MapFileOptions& map, const std::string& value) {
-                 if (!MayHaveLabels(map.file)) {
+             [this, take = std::move(take)](MapFileOptions& map, const std::string& value) {
+                 // Before the first --map they may be for the files of a design, which is yet to be read.
+                 if (!options.maps.empty() && !MayHaveLabels(map.file)) {
                      throw BadValue("the points of " + map.file + " have no labels");
                  }
                  take(map, value);
@@ -471,6 +496,9 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return TextAnswer{table.Version() + "\n"};
     } catch (const CLI::ParseError& error) {
         return WrongUsage{error.what()};
+    }
+    if (const std::string fault = table.OptionWithoutObject(); !fault.empty()) {
+        return WrongUsage{fault};
     }
     if (const std::string fault = FaultOf(options.texts); !fault.empty()) {
         return WrongUsage{fault};

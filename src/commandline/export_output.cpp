@@ -117,22 +117,28 @@ OutputFormat OutputFormatOf(const std::string& name) {
     return found == Endings.end() ? OutputFormat::Unknown : found->format;
 }
 
-std::string TablesThatCollide(const std::string& output) {
+std::string FilesThatCollide(const std::string& output, const FilesBeside& beside) {
     std::vector<std::string> names;
     if (OutputFormatOf(output) == OutputFormat::Ascii) {
         names = Design.AsciiFileName;
     } else if (!output.empty()) {
         names = {output};
     }
-    std::vector<std::string> tables;
-    for (const std::string& table : {Design.GcFileName, Design.ScFileName}) {
-        if (!table.empty()) {
-            tables.push_back(table);
+    names.insert(names.end(), beside.tables.begin(), beside.tables.end());
+    std::vector<std::string> replacing = beside.tables;
+    if (beside.savedDesign) {
+        names.push_back(*beside.savedDesign);
+        replacing.push_back(*beside.savedDesign);
+    }
+    if (const std::string reason = FilesThatAreTheSame(names); !reason.empty()) {
+        return reason;
+    }
+    for (const std::string& table : beside.tables) {
+        if (beside.recalledDesign && FileIdentity(table) == FileIdentity(*beside.recalledDesign)) {
+            return "it would replace the map design " + *beside.recalledDesign;
         }
     }
-    names.insert(names.end(), tables.begin(), tables.end());
-    const std::string reason = FilesThatAreTheSame(names);
-    return reason.empty() ? MapFileThatIsLost(tables) : reason;
+    return MapFileThatIsLost(replacing);
 }
 
 std::vector<std::string> AsciiOutputs(const std::string& output) {

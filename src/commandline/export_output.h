@@ -2,6 +2,7 @@
 
 #include "commandline/draw_options.h"
 
+#include <optional>
 #include <string>
 
 namespace quelmont {
@@ -15,10 +16,16 @@ OutputFormat OutputFormatOf(const std::string& name);
 /// one that it can, text files that are the same file or that nothing would be written to.
 std::string ArmExport(const std::string& output);
 
-/// Why the tables of circles (GcFileName, ScFileName, empty for none) cannot be written beside the output,
-/// empty for none: two of them are the same file, or one is a map file of the design. To be asked after
-/// ArmExport.
-std::string TablesThatCollide(const std::string& output);
+/// Files of a command line beside its output.
+struct FilesBeside {
+    std::vector<std::string> tables = {};           ///< of circles, that are written
+    std::optional<std::string> savedDesign = {};    ///< the map design that is written
+    std::optional<std::string> recalledDesign = {}; ///< the one that was read; it may be written again
+};
+
+/// Why these files cannot be written beside the output, empty for no reason: two of them are the same file,
+/// one is a map file of the design, or a table is the recalled design. To be asked after ArmExport.
+std::string FilesThatCollide(const std::string& output, const FilesBeside& beside);
 
 /// The names of the text files that an ASCII export of the design writes: the grid's, then one for
 /// each map file. A name that is taken gets "-2" behind it, or the next number that is free.

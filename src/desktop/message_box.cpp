@@ -120,11 +120,15 @@ MessageBox::MessageBox(std::string_view title, std::string_view text, BoxButtons
     setIcon(icon == BoxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::Information);
     setStandardButtons(ButtonsOf(buttons));
     setEscapeButton(EscapeOf(buttons));
-    if (QAbstractButton* discard = button(QMessageBox::Discard)) {
-        discard->setText(QStringLiteral("&Discard"));
+    if (buttons == BoxButtons::SaveDiscardCancel) {
+        // A letter presses the button that it is the mnemonic of: none may throw work away at a slip.
+        button(QMessageBox::Save)->setText(QStringLiteral("&Save"));
+        button(QMessageBox::Discard)->setText(QStringLiteral("Discard"));
+        button(QMessageBox::Cancel)->setText(QStringLiteral("&Cancel"));
     }
     if (buttons == BoxButtons::RecallDiscard) {
         button(RecallButton)->setText(QStringLiteral("&Recall"));
+        button(QMessageBox::Discard)->setText(QStringLiteral("Discard"));
         setDefaultButton(RecallButton);
     }
     MakeRoomForTitle();

@@ -101,6 +101,10 @@ private:
     /// A step over the map from outside to outside would not be seen: it is at most this share of the map.
     static constexpr double LargestShare = 1.0 / 8.0;
 
+    /// So many places are put between those of a table before the line goes straight on: on maps of a few
+    /// seconds they would never end.
+    static constexpr std::int32_t MostPlaces = 500'000;
+
     bool Plot(const Place& place, bool first);
     bool Approach(const Place& from, const Place& to, int halvingsLeft);
     bool LeadsRound(const Vector& from, const Vector& to) const;
@@ -110,6 +114,7 @@ private:
     bool hasRim;
     MapReach reach;
     int halvings;
+    std::int32_t placesLeft = MostPlaces;
     Place before = {};
 };
 
@@ -160,9 +165,10 @@ bool CircleLine::Approach(const Place& from, const Place& to, int halvingsLeft) 
     if (!round && !LeadsOver(u, v)) {
         return Plot(to, false);
     }
-    if (halvingsLeft == 0) {
+    if (halvingsLeft == 0 || placesLeft == 0) {
         return Plot(to, round); // through the antipode itself, which is the whole rim
     }
+    --placesLeft;
     const Place middle = Middle(from, to);
     return Approach(from, middle, halvingsLeft - 1) && Approach(middle, to, halvingsLeft - 1);
 }

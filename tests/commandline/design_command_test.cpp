@@ -74,6 +74,55 @@ TEST_F(DesignCommand, OptionsChangeWhatTheyName) {
     EXPECT_EQ(Design.MapReduce, 1.0);
 }
 
+TEST_F(DesignCommand, LabelsOfADesignKeepTheirLook) {
+    const std::string towns = folder / "towns.prn";
+    WriteWholeFile(towns, "1,48.85,2.35,\"Paris\"\r\n1,41.9,12.5,\"Rome\"\r\n");
+    Do({"--window", "500x400", "--map", towns, "--symbol", "12", "--label-size", "14", "--label-color",
+        "FF0000", "--save-design", design, folder / "before.png"});
+    Do({"--design", design, folder / "after.png"});
+    EXPECT_EQ(Picture("after.png"), Picture("before.png"));
+    EXPECT_EQ(Design.InputFiles[0].LabelFontSize, 14);
+    Do({"--design", design, "--label-size", "20", folder / "larger.png"});
+    EXPECT_EQ(Design.InputFiles[0].LabelFontSize, 20);
+    EXPECT_EQ(ColorBits(Design.InputFiles[0].LabelColor), 0x0000FFU) << "still red";
+
+    Do({"--design", design, "--no-labels", "--save-design", folder / "hidden.cnf"});
+    Do({"--design", folder / "hidden.cnf", folder / "hidden.png"});
+    EXPECT_FALSE(Design.LabelsVisible) << "hidden in the design";
+    EXPECT_NE(Picture("hidden.png"), Picture("before.png"));
+}
+
+TEST_F(DesignCommand, CirclesOfADesignTakeOptions) {
+    Do({"--great-circle", "10,10,20,20", "--small-circle", "10,10,30", "--circles", "7", "--save-design",
+        design});
+    Do({"--design", design, "--circles", "2", "--great-circle-color", "FF0000", "--small-circle-width", "5",
+        "--save-great-circle", folder / "route.prn"});
+    EXPECT_EQ(Design.ScSymbolCount, 2);
+    EXPECT_EQ(Design.ScTable.ScRingEnd.size(), 2U);
+    EXPECT_EQ(ColorBits(Design.GcColor), 0x0000FFU) << "red";
+    EXPECT_EQ(Design.ScLineWidth, 5.0F * Design.TwipsPerPixelY);
+    EXPECT_TRUE(std::filesystem::exists(folder / "route.prn"));
+}
+
+TEST_F(DesignCommand, NoFileReplacesAnotherOfTheSameCommand) {
+    const auto refused = [&](std::vector<std::string> arguments) {
+        const Outcome outcome = Run(arguments);
+        EXPECT_EQ(outcome.code, ExitWrongUsage);
+        return outcome.errors;
+    };
+    EXPECT_THAT(
+        refused({"--great-circle", "0,0,10,10", "--save-great-circle", design, "--save-design", design}),
+        HasSubstr("are the same file"));
+    EXPECT_THAT(Files(), IsEmpty());
+    Do({"--save-design", design});
+    EXPECT_THAT(refused({"--design", design, "--great-circle", "0,0,10,10", "--save-great-circle", design}),
+                HasSubstr("it would replace the map design"));
+    Do({"--design", design, "--background", "102030", "--save-design", design}); // it may be saved again
+    const std::string map = folder / "towns.cnf";
+    WriteWholeFile(map, "1 10 10\r\n");
+    EXPECT_THAT(refused({"--map", map, "--save-design", map}), HasSubstr("it would replace the map file"));
+}
+
 TEST_F(DesignCommand, AnotherProjectionBeginsWithItsOwnBounds) {
     Do({"--projection", "robinson", "--north", "40N", "--lat-grid", "10", "--save-design", design});
     Do({"--design", design, "--projection", "orthographic", "--save-design", design});

@@ -183,6 +183,26 @@ TEST_F(DesignBoxes, SaveDiscardCancel) {
         BoxAnswer::Cancel);
 }
 
+TEST_F(DesignBoxes, LettersSaveAndCancelAndNeverDiscard) {
+    const auto type = [](Qt::Key key) { return [key](QMessageBox& box) { QTest::keyClick(&box, key); }; };
+    EXPECT_EQ(Ask(BoxButtons::SaveDiscardCancel, type(Qt::Key_S)), BoxAnswer::Save);
+    EXPECT_EQ(Ask(BoxButtons::SaveDiscardCancel, type(Qt::Key_C)), BoxAnswer::Cancel);
+    EXPECT_EQ(Ask(BoxButtons::SaveDiscardCancel,
+                  [](QMessageBox& box) {
+                      QTest::keyClick(&box, Qt::Key_D);
+                      EXPECT_TRUE(box.isVisible());
+                      QTest::keyClick(&box, Qt::Key_Escape);
+                  }),
+              BoxAnswer::Cancel);
+    EXPECT_EQ(Ask(BoxButtons::RecallDiscard,
+                  [](QMessageBox& box) {
+                      QTest::keyClick(&box, Qt::Key_D);
+                      EXPECT_TRUE(box.isVisible());
+                      QTest::keyClick(&box, Qt::Key_R);
+                  }),
+              BoxAnswer::Recall);
+}
+
 TEST_F(DesignBoxes, RecallDiscardOrNeither) {
     EXPECT_EQ(Ask(BoxButtons::RecallDiscard, Press(QStringLiteral("Recall"))), BoxAnswer::Recall);
     EXPECT_EQ(Ask(BoxButtons::RecallDiscard, Press(QStringLiteral("Discard"))), BoxAnswer::Discard);
