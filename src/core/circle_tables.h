@@ -15,8 +15,8 @@ struct GreatCirclePoint {
     double GcLonDiff = 0.0;          ///< eastward from the western end of the route, radians
 };
 
-/// A great circle between two places as a list of points. Its rows run eastward; the walk by GcStep from
-/// GcFirst to GcLast goes from the start to the end. Rows are counted from 1.
+/// A great circle between two places as a list of points. The walk by GcStep from GcFirst to GcLast goes from
+/// the start to the end; the rows of a route off equator and meridians run eastward. Rows count from 1.
 struct GreatCircleTable {
     std::vector<GreatCirclePoint> Rows;
     std::int16_t GcFirst = 0, GcLast = 0;
