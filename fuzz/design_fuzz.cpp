@@ -90,6 +90,7 @@ void Run(const std::string& file) {
     if (done) {
         SaveAndRecall();
     }
+    SetMemoryFile({reinterpret_cast<const std::uint8_t*>(file.data()), file.size()}); // for every map file
     Draw(machine);
     ResetOutput();
     ResetDrawBoxes();
