@@ -9,6 +9,7 @@
 
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -99,6 +100,12 @@ private:
 class HeadlessPrinters final : public Printers {
 public:
     bool Any() const override { return false; }
+    Printer* Chosen() override { return nullptr; }
+    bool SetUp(std::int16_t& /*orientation*/) override { return false; }
+    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
+                                 std::string_view /*fileName*/) override {
+        return nullptr;
+    }
 };
 
 class HeadlessHelp final : public Help {

@@ -7,6 +7,7 @@
 #include "platform/fonts.h"
 #include "platform/form.h"
 #include "platform/main_window.h"
+#include "platform/printers.h"
 #include "platform/system.h"
 
 namespace quelmont {

@@ -52,12 +52,6 @@ public:
     virtual void Beep() = 0;
 };
 
-class Printers {
-public:
-    virtual ~Printers() = default;
-    virtual bool Any() const = 0;
-};
-
 /// Commands of Help::Show.
 constexpr int HelpContents = 1;
 constexpr int HelpContext = 15;

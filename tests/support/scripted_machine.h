@@ -8,6 +8,7 @@
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -190,6 +191,12 @@ public:
 class ScriptedPrinters : public Printers {
 public:
     bool Any() const override { return any; }
+    Printer* Chosen() override { return nullptr; }
+    bool SetUp(std::int16_t& /*orientation*/) override { return false; }
+    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
+                                 std::string_view /*fileName*/) override {
+        return nullptr;
+    }
 
     bool any = false;
 };
