@@ -3,6 +3,7 @@
 #include "platform/machine.h"
 #include "support/fixed_fonts.h"
 #include "support/recording_surface.h"
+#include "support/scripted_printer.h"
 
 #include <deque>
 #include <functional>
@@ -186,19 +187,6 @@ public:
     double secondsPerReading = 0.0;
     int beeps = 0;
     std::function<void()> onBeep; ///< what happens at each one
-};
-
-class ScriptedPrinters : public Printers {
-public:
-    bool Any() const override { return any; }
-    Printer* Chosen() override { return nullptr; }
-    bool SetUp(std::int16_t& /*orientation*/) override { return false; }
-    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
-                                 std::string_view /*fileName*/) override {
-        return nullptr;
-    }
-
-    bool any = false;
 };
 
 class RecordingChanges : public Changes {

@@ -2,7 +2,9 @@
 
 #include "platform/machine.h"
 
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -130,6 +132,12 @@ private:
     double SecondsSinceMidnight() const override { return 0.0; }
     void Beep() override {}
     bool Any() const override { return false; }
+    Printer* Chosen() override { return nullptr; }
+    bool SetUp(std::int16_t& /*orientation*/) override { return false; }
+    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
+                                 std::string_view /*fileName*/) override {
+        return nullptr;
+    }
     void Show(int /*command*/, int /*context*/) override {}
     FileDialogAnswer Open(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
     FileDialogAnswer Save(const FileDialogRequest& /*request*/) override { return {FileDialogCancelled}; }
