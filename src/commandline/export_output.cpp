@@ -130,7 +130,7 @@ std::string FilesThatCollide(const std::string& output, const FilesBeside& besid
         names.push_back(*beside.savedDesign);
         replacing.push_back(*beside.savedDesign);
     }
-    if (const std::string reason = FilesThatAreTheSame(names); !reason.empty()) {
+    if (std::string reason = FilesThatAreTheSame(names); !reason.empty()) {
         return reason;
     }
     for (const std::string& table : beside.tables) {
@@ -157,7 +157,8 @@ std::vector<std::string> AsciiOutputs(const std::string& output) {
         std::string free = name + ending;
         int& number = numbers.emplace(name, 1).first->second;
         while (!taken.insert(free).second) {
-            free = name + "-" + std::to_string(++number) + ending;
+            free = name;
+            free.append("-").append(std::to_string(++number)).append(ending);
         }
         names.push_back(free);
     }

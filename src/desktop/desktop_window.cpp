@@ -207,6 +207,9 @@ void DesktopWindow::SetAutoRedraw(bool on) {
     if (on && !(area->HasPicture() && area->Fits())) {
         Cls();
     }
+    if (on) {
+        area->TakeHintOff();
+    }
     if (!on && repaintDue) {
         Repaint();
     }

@@ -17,7 +17,8 @@ constexpr float HintStrength = 0.6F;
 int FirstWhole(qreal place) { return static_cast<int>(std::ceil(place - Tolerance)); }
 int LastWhole(qreal place) { return static_cast<int>(std::floor(place + Tolerance)); }
 
-QString Hint() { return QStringLiteral("Choose a projection, then Draw Map (Alt+D)"); }
+/// How light a background is from which on dark letters can be read on it, 0 to 255.
+constexpr int LightBackground = 128;
 
 } // namespace
 
@@ -46,7 +47,14 @@ void DrawingArea::Clear(std::uint32_t color) {
     const QSize size = DeviceSize();
     surface.Resize(size.width(), size.height(), color);
     hasPicture = true;
+    hinted = true;
     ratio = devicePixelRatioF();
+    setAccessibleDescription(Hint());
+    update();
+}
+
+void DrawingArea::TakeHintOff() {
+    hinted = false;
     setAccessibleDescription(QString());
     update();
 }
@@ -60,6 +68,7 @@ void DrawingArea::PutBackPicture(std::uint32_t color) {
     if (kept.isNull()) {
         KeepPicture();
     }
+    TakeHintOff();
     const QSize whole = WholeSize().expandedTo(kept.size());
     surface.Resize(whole.width(), whole.height(), color);
     surface.Copy(kept, kept.rect(), color);
@@ -86,9 +95,18 @@ void DrawingArea::HidePreview() {
     update();
 }
 
+QString DrawingArea::Hint() const {
+    return hasPicture ? QStringLiteral("Draw Map (Alt+D) draws the map")
+                      : QStringLiteral("Choose a projection, then Draw Map (Alt+D)");
+}
+
 void DrawingArea::PaintHint() {
     QPainter painter(this);
     QColor dimmed = palette().color(QPalette::WindowText);
+    if (hasPicture) {
+        const bool light = qGray(surface.Image().pixel(0, 0)) >= LightBackground;
+        dimmed = light ? QColor(Qt::black) : QColor(Qt::white);
+    }
     dimmed.setAlphaF(HintStrength);
     painter.setPen(dimmed);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Hint());
@@ -112,7 +130,8 @@ void DrawingArea::PaintPicture() {
 void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
     if (HasPicture() || preview) {
         PaintPicture();
-    } else {
+    }
+    if (hinted && !preview) {
         PaintHint();
     }
 }

@@ -25,9 +25,11 @@ public:
     /// The whole device pixels inside the area.
     QSize DeviceSize() const;
 
-    /// Gives the back image the area's size and fills it with a colour, 0x00BBGGRR.
-    /// RunTimeError "Out of memory".
+    /// Gives the back image the area's size and fills it with a colour, 0x00BBGGRR. Until something is drawn
+    /// on it a hint stands over it. RunTimeError "Out of memory".
     void Clear(std::uint32_t color);
+    /// Something is about to be drawn on the back image.
+    void TakeHintOff();
     /// False before the first clearing.
     bool HasPicture() const { return hasPicture; }
     /// True when the back image is as large as the area.
@@ -61,6 +63,7 @@ protected:
 
 private:
     QRect DeviceRect() const;
+    QString Hint() const;
     void PaintHint();
     void PaintPicture();
     /// Large enough for the picture and for the area.
@@ -71,6 +74,7 @@ private:
     std::optional<ImageSurface> preview; ///< the picture with the preview on it
     QRect previewed;                     ///< where it differs from the picture
     bool hasPicture = false;
+    bool hinted = true; ///< nothing was drawn yet
     qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(QPointF)> pressed;
     std::function<void(QPointF)> moved;

@@ -125,30 +125,12 @@ TextItem* EditedItem() {
 
 void StoreItem(MainWindowState::Place place) {
     const TextItem* edited = EditedItem();
-    TextItem item;
-    item.TextFromLabel = edited != nullptr && edited->TextFromLabel;
-    item.TextPlaced = !item.TextFromLabel;
-    const TextLook& look = Design.CurrentLook;
-    item.TextString = Design.CurrentText;
-    item.TextAngle = RoundToInt16(ValueOf(Design.CurrentTextAngle));
-    item.TextFont = look.FontName;
-    item.TextSize = RoundToInt16(look.FontSize);
-    item.TextColour = look.FontColour;
-    item.TextBold = look.FontBold;
-    item.TextItalic = look.FontItalic;
-    item.TextUnderline = look.FontUnderline;
-    item.TextStrikeout = look.FontStrikeout;
-    item.TextX = place.x;
-    item.TextY = place.y;
-    const std::optional<FontMetrics> metrics = Machine().fonts->Metrics(WindowFont(look));
-    ReportUnless(metrics.has_value(), "GetTextMetrics error in TextDone");
-    if (metrics) {
-        const double twipsY = Design.TwipsPerPixelY;
-        item.TextWidth = RoundToInt16(static_cast<double>(Design.TwipsPerPixelX) * metrics->averageWidth);
-        item.TextHeight = RoundToInt16(twipsY * metrics->ascent);
-        item.TextDescent = RoundToInt16(twipsY * metrics->descent);
-        item.TextCellHeight = RoundToInt16(twipsY * metrics->height);
-    }
+    const bool fromLabel = edited != nullptr && edited->TextFromLabel;
+    Design.CurrentX = place.x;
+    Design.CurrentY = place.y;
+    TextItem item = TextInHandAsItem("TextDone");
+    item.TextFromLabel = fromLabel;
+    item.TextPlaced = !fromLabel;
     if (TextItem* const slot = EditedItem()) {
         *slot = std::move(item);
     } else {

@@ -19,6 +19,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 namespace quelmont {
@@ -228,7 +230,31 @@ TEST_F(DrawInWindow, HintIsPaintedButNotIntoThePicture) {
     QImage white(Picture().size(), QImage::Format_RGB32);
     white.fill(Qt::white);
     EXPECT_EQ(Picture(), white);
+    EXPECT_NE(SeenOfArea(), white);
+    Window().SetAutoRedraw(true);
     EXPECT_EQ(SeenOfArea(), white);
+}
+
+TEST_F(DrawInWindow, BlankPictureSaysHowTheMapIsDrawnOnLightAndDark) {
+    for (const int grey : {0, 255}) {
+        Design.BackColor = SolidColor(Rgb(grey, grey, grey));
+        Window().Cls();
+        const QImage seen = SeenOfArea();
+        int farthest = 0;
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < seen.width(); ++x) {
+                farthest = std::max(farthest, std::abs(qGray(seen.pixel(x, y)) - grey));
+            }
+        }
+        EXPECT_GT(farthest, 100) << grey;
+        EXPECT_EQ(Area().accessibleDescription(), QString("Draw Map (Alt+D) draws the map"));
+    }
+}
+
+TEST_F(DrawInWindow, DrawnMapHasNoHint) {
+    DrawByKeys();
+    EXPECT_EQ(SeenOfArea(), Picture());
+    EXPECT_EQ(Area().accessibleDescription(), QString());
 }
 
 TEST_F(DrawInWindow, ClsTakesTheBackgroundColourAndTheSize) {
