@@ -75,7 +75,7 @@ private:
     QRect previewed;                     ///< where it differs from the picture
     bool hasPicture = false;
     bool hinted = true; ///< nothing was drawn yet
-    qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
+    qreal ratio = 1.0;  ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(QPointF)> pressed;
     std::function<void(QPointF)> moved;
     std::function<void()> resized;
