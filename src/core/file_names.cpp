@@ -28,6 +28,14 @@ std::string WithExtension(std::string_view name, std::string_view extension) {
     return std::string(name) + ending;
 }
 
+std::string ExtensionOf(const FileDialogRequest& request, int filterIndex) {
+    std::string_view rest = request.extension;
+    for (int i = 1; i < filterIndex && rest.find('|') != std::string_view::npos; ++i) {
+        rest = rest.substr(rest.find('|') + 1);
+    }
+    return std::string(rest.substr(0, rest.find('|')));
+}
+
 FileNameParts ParseFileName(std::string_view FileName) {
     const std::size_t separator = FileName.find_last_of(Separators);
     if (separator == std::string_view::npos) {

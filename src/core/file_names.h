@@ -21,6 +21,10 @@ std::string Capitals(std::string_view text);
 /// extension are put behind it.
 std::string WithExtension(std::string_view name, std::string_view extension);
 
+/// The extension that a file dialog has for one of its filters, counted from 1: its only one, or the one of
+/// that place in "rtf|txt".
+std::string ExtensionOf(const FileDialogRequest& request, int filterIndex);
+
 struct FileNameParts {
     std::string folder; ///< without the separator at its end, but "/" for the root; may be empty
     std::string title;  ///< behind the last separator

@@ -6,6 +6,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/session_end.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -23,6 +24,12 @@ QStringList NameFilters(const std::string& filter) {
         filters.push_back(parts[i] + QLatin1String(" (") + patterns + QLatin1Char(')'));
     }
     return filters;
+}
+
+/// Of the filter in force, counted from 1.
+int FilterIndex(const QFileDialog& dialog) {
+    const auto* const types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    return types == nullptr ? 1 : types->currentIndex() + 1;
 }
 
 bool IsPattern(const QString& name) {
@@ -62,7 +69,8 @@ protected:
 private:
     bool MayReplace() {
         const std::string typed = selectedFiles().value(0).toStdString();
-        const std::string name = request.extension.empty() ? typed : WithExtension(typed, request.extension);
+        const std::string extension = ExtensionOf(request, FilterIndex(*this));
+        const std::string name = extension.empty() ? typed : WithExtension(typed, extension);
         const QFileInfo file(Text(name));
         return !file.isFile() ||
                QMessageBox::warning(
@@ -85,6 +93,7 @@ FileDialogAnswer Ask(QFileDialog& dialog) {
     for (const QString& name : dialog.selectedFiles()) {
         answer.names.push_back(name.toStdString());
     }
+    answer.filterIndex = FilterIndex(dialog);
     return answer;
 }
 
@@ -102,12 +111,16 @@ FileDialogAnswer DesktopFileDialogs::Save(const FileDialogRequest& request) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setDefaultSuffix(Text(request.extension));
+    const auto follow = [&dialog, &request] {
+        dialog.setDefaultSuffix(Text(ExtensionOf(request, FilterIndex(dialog))));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     FileDialogRequest shown = request;
     if (shown.name.ends_with('.')) {
         shown.name.pop_back(); // the dialog puts the point there itself
     }
     Prepare(dialog, shown);
+    follow();
     return Ask(dialog);
 }
 

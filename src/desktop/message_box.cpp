@@ -32,6 +32,8 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
         return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     case BoxButtons::RecallDiscard:
         return RecallButton | QMessageBox::Discard;
+    case BoxButtons::AbortRetryIgnore:
+        return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
     case BoxButtons::Ok:
         break;
     }
@@ -48,6 +50,8 @@ QMessageBox::StandardButton EscapeOf(BoxButtons buttons) {
         return QMessageBox::No;
     case BoxButtons::RecallDiscard:
         return QMessageBox::NoButton;
+    case BoxButtons::AbortRetryIgnore:
+        return QMessageBox::Abort;
     case BoxButtons::Ok:
         break;
     }
@@ -64,6 +68,10 @@ BoxAnswer AnswerOf(int pressed) {
         return BoxAnswer::Yes;
     case QMessageBox::No:
         return BoxAnswer::No;
+    case QMessageBox::Abort:
+        return BoxAnswer::Abort;
+    case QMessageBox::Ignore:
+        return BoxAnswer::Ignore;
     case QMessageBox::Save:
         return BoxAnswer::Save;
     case QMessageBox::Discard:

@@ -4,15 +4,16 @@
 
 namespace quelmont {
 
-enum class BoxButtons { Ok, RetryCancel, YesNo, SaveDiscardCancel, RecallDiscard };
+enum class BoxButtons { Ok, RetryCancel, YesNo, SaveDiscardCancel, RecallDiscard, AbortRetryIgnore };
 enum class BoxIcon { Exclamation, Information };
-enum class BoxAnswer { Ok, Retry, Cancel, Yes, No, Save, Discard, Recall };
+enum class BoxAnswer { Ok, Retry, Cancel, Yes, No, Save, Discard, Recall, Abort, Ignore };
 
 /// The answer of a message box that was closed without a button, or never shown.
 constexpr BoxAnswer AnswerOfClosed(BoxButtons buttons) {
-    return buttons == BoxButtons::Ok      ? BoxAnswer::Ok
-           : buttons == BoxButtons::YesNo ? BoxAnswer::No
-                                          : BoxAnswer::Cancel;
+    return buttons == BoxButtons::Ok                 ? BoxAnswer::Ok
+           : buttons == BoxButtons::YesNo            ? BoxAnswer::No
+           : buttons == BoxButtons::AbortRetryIgnore ? BoxAnswer::Abort
+                                                     : BoxAnswer::Cancel;
 }
 
 /// Message boxes. The only way in which the program's logic addresses the user.

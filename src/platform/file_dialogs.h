@@ -10,11 +10,12 @@ struct FileDialogRequest {
     std::string title = {};
     /// Names and patterns alternately: "WDB1 (.dat)|*.dat|WDB2 (.pkv, .pkd)|*.pkv;*.pkd".
     std::string filter = {};
-    int filterIndex = 1;        ///< of the pair that is in force at first, from 1
-    std::string name = {};      ///< proposed, without a folder; a pattern proposes none
-    std::string folder = {};    ///< where it starts; empty: where the last one was
-    bool several = false;       ///< more than one file can be chosen
-    std::string extension = {}; ///< of a file to save whose name was given without one, "txt"
+    int filterIndex = 1;     ///< of the pair that is in force at first, from 1
+    std::string name = {};   ///< proposed, without a folder; a pattern proposes none
+    std::string folder = {}; ///< where it starts; empty: where the last one was
+    bool several = false;    ///< more than one file can be chosen
+    /// Of a file to save whose name was given without one, "txt"; "rtf|txt" where each filter has its own.
+    std::string extension = {};
     /// The dialog asks before it takes the name of a file that is there, with its extension.
     bool asksToReplace = true;
 };
@@ -25,6 +26,7 @@ constexpr int FileDialogCancelled = 32755;
 struct FileDialogAnswer {
     int error = 0;                       ///< 0, FileDialogCancelled, or another error number
     std::vector<std::string> names = {}; ///< full names in their order; none after an error, else one or more
+    int filterIndex = 1;                 ///< of the filter that was in force when a file to save was named
 };
 
 /// The dialogs in which a person chooses files.

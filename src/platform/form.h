@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/masked_text.h"
+#include "platform/page_line.h"
 
 #include <cstdint>
 #include <functional>
@@ -25,6 +26,7 @@ enum class ControlKind {
     Grid,    ///< a table of cells under headings, of which one is current
     Combo,   ///< a text typed freely, or taken from a list of lines
     Sample,  ///< a text in a font, a size and a style of its own
+    Page,    ///< a text in columns, to be read
     Menu,    ///< a title on the dialog's menu bar, with items below it
     Button,
 };
@@ -92,7 +94,8 @@ struct Control {
     std::vector<std::string> dropped = {};  ///< the files dropped on a list last, full names
     int dragged = -1;                       ///< the line dragged last; it was let go before the line of value
     bool completes = false;                 ///< what is typed into a combo is completed to one of its lines
-    SampleLetters letters = {};             ///< of a sample
+    SampleLetters letters = {};             ///< of a sample or a page
+    std::vector<PageLine> page = {};        ///< the lines of a page
 };
 
 /// A modal dialog without a picture: its controls, the handlers of their events, and the focus.

@@ -15,6 +15,15 @@ TEST(FileNames, LastThreeLettersAreCapitals) {
 
 TEST(FileNames, OtherCharactersThanLettersStay) { EXPECT_EQ(Capitals("z\xC3\xBC_9[`{"), "Z\xC3\xBC_9[`{"); }
 
+TEST(FileNames, ExtensionFollowsTheFilter) {
+    EXPECT_EQ(ExtensionOf({.extension = "dxf"}, 1), "dxf");
+    EXPECT_EQ(ExtensionOf({.extension = "dxf"}, 2), "dxf") << "all filters have the same";
+    EXPECT_EQ(ExtensionOf({.extension = "rtf|txt"}, 1), "rtf");
+    EXPECT_EQ(ExtensionOf({.extension = "rtf|txt"}, 2), "txt");
+    EXPECT_EQ(ExtensionOf({.extension = "rtf|txt"}, 0), "rtf") << "no filter in force";
+    EXPECT_EQ(ExtensionOf({.extension = ""}, 2), "");
+}
+
 TEST(FileNames, TitleLiesBehindTheLastSeparator) {
     EXPECT_EQ(ParseFileName("C:\\maps\\world.map").title, "world.map");
     EXPECT_EQ(ParseFileName("C:\\maps\\world.map").folder, "C:\\maps");

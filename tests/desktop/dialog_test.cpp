@@ -269,12 +269,16 @@ TEST_F(BoxOnScreen, AnswersItsButton) {
     EXPECT_EQ(Ask(BoxButtons::RetryCancel, Click(QMessageBox::Cancel)), BoxAnswer::Cancel);
     EXPECT_EQ(Ask(BoxButtons::YesNo, Click(QMessageBox::Yes)), BoxAnswer::Yes);
     EXPECT_EQ(Ask(BoxButtons::YesNo, Click(QMessageBox::No)), BoxAnswer::No);
+    EXPECT_EQ(Ask(BoxButtons::AbortRetryIgnore, Click(QMessageBox::Abort)), BoxAnswer::Abort);
+    EXPECT_EQ(Ask(BoxButtons::AbortRetryIgnore, Click(QMessageBox::Retry)), BoxAnswer::Retry);
+    EXPECT_EQ(Ask(BoxButtons::AbortRetryIgnore, Click(QMessageBox::Ignore)), BoxAnswer::Ignore);
 }
 
 TEST_F(BoxOnScreen, ClosedWithoutAButtonItDeclines) {
     EXPECT_EQ(Ask(BoxButtons::Ok, PressEscape), BoxAnswer::Ok);
     EXPECT_EQ(Ask(BoxButtons::RetryCancel, PressEscape), BoxAnswer::Cancel);
     EXPECT_EQ(Ask(BoxButtons::YesNo, PressEscape), BoxAnswer::No);
+    EXPECT_EQ(Ask(BoxButtons::AbortRetryIgnore, PressEscape), BoxAnswer::Abort);
     EXPECT_EQ(Ask(BoxButtons::YesNo, [](QMessageBox& box) { box.close(); }), BoxAnswer::No);
 }
 

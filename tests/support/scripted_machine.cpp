@@ -21,6 +21,8 @@ std::vector<BoxAnswer> AnswersOf(BoxButtons buttons) {
         return {BoxAnswer::Save, BoxAnswer::Discard, BoxAnswer::Cancel};
     case BoxButtons::RecallDiscard:
         return {BoxAnswer::Recall, BoxAnswer::Discard};
+    case BoxButtons::AbortRetryIgnore:
+        return {BoxAnswer::Abort, BoxAnswer::Retry, BoxAnswer::Ignore};
     case BoxButtons::Ok:
         break;
     }
@@ -45,6 +47,10 @@ std::string Name(BoxAnswer answer) {
         return "Discard";
     case BoxAnswer::Recall:
         return "Recall";
+    case BoxAnswer::Abort:
+        return "Abort";
+    case BoxAnswer::Ignore:
+        return "Ignore";
     }
     return "?";
 }

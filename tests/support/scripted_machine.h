@@ -209,7 +209,9 @@ public:
     ~ScriptedFileDialogs() override;
     /// Files that are chosen in the next dialog that has no answer yet. A dialog without an answer
     /// is cancelled.
-    void Choose(std::vector<std::string> names) { answers.push_back({0, std::move(names)}); }
+    void Choose(std::vector<std::string> names, int filterIndex = 1) {
+        answers.push_back({0, std::move(names), filterIndex});
+    }
     void Fail(int error) { answers.push_back({error}); }
 
     FileDialogAnswer Open(const FileDialogRequest& request) override;
