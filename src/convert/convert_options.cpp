@@ -194,8 +194,8 @@ void ReadInto(ConvertOptions& options, std::vector<std::string> arguments) {
     CLI::App app("", "quelmont-convert");
     app.set_help_flag("-h,--help", "");
     app.set_version_flag("--version", std::string("quelmont-convert ") + ProgramVersion, "");
-    const auto add = [&](const char* name, std::function<void(const std::string&)> take) {
-        return app.add_option_function<std::string>(name, std::move(take), "");
+    const auto add = [&](const char* name, const std::function<void(const std::string&)>& take) {
+        return app.add_option_function<std::string>(name, take, "");
     };
     const auto addText = [&](const char* name, std::optional<std::string>& text) {
         add(name, [&text](const std::string& value) { text = value; });

@@ -50,7 +50,7 @@ public:
     GeoJsonEncoder(bool hasLabels_, ConvertTally& tally_) : hasLabels(hasLabels_), tally(tally_) {}
 
     void Begin(bool /*isEmpty*/, ByteSink& bytes) override {
-        bytes.Append(std::string_view("{\"type\":\"FeatureCollection\",\"features\":["));
+        bytes.Append(std::string_view(R"({"type":"FeatureCollection","features":[)"));
     }
 
     void Encode(const TargetFeature& feature, MapLine& line, ByteSink& bytes) override {

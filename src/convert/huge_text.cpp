@@ -50,7 +50,7 @@ bool IsText(VSILFILE& file, std::string& block) {
 
 /// Whether GDAL takes the features of this file one by one, if it is a collection of them.
 bool IsGeoJson(const std::string& name) {
-    GDALDriverH const driver = GDALIdentifyDriverEx(name.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+    auto* const driver = GDALIdentifyDriverEx(name.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
     return driver != nullptr && std::string_view(GDALGetDescription(driver)) == "GeoJSON";
 }
 

@@ -134,10 +134,10 @@ private:
     std::vector<std::pair<std::size_t, std::string>> labels; ///< with the index of their point
 };
 
-MapFileSource::MapFileSource(const std::string& name_, const MapFormat& format_,
+MapFileSource::MapFileSource(std::string name_, const MapFormat& format_,
                              const std::optional<std::string>& where, const UtmZone* zone_)
-    : name(name_), format(format_), zone(format_.form == MapFileForm::AsciiMetres ? zone_ : nullptr),
-      columns(NewColumns(format_)) {
+    : name(std::move(name_)), format(format_),
+      zone(format_.form == MapFileForm::AsciiMetres ? zone_ : nullptr), columns(NewColumns(format_)) {
     if (where) {
         filter = std::make_unique<OGRFeatureQuery>();
         if (filter->Compile(columns.get(), where->c_str()) != OGRERR_NONE) {

@@ -25,7 +25,7 @@ class MapFileSource : public LineSource {
 public:
     /// The zone is that of a .utm file. ConvertError when the file cannot be opened or the expression is
     /// none.
-    MapFileSource(const std::string& name, const MapFormat& format, const std::optional<std::string>& where,
+    MapFileSource(std::string name, const MapFormat& format, const std::optional<std::string>& where,
                   const UtmZone* zone);
 
     OGRFeatureDefn& Columns() override { return *columns; }

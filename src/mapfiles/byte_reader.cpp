@@ -8,7 +8,7 @@
 
 namespace quelmont {
 
-ByteReader::ByteReader() : block(std::make_unique_for_overwrite<std::byte[]>(BlockSize)) {
+ByteReader::ByteReader() : block(BlockSize) {
     if (!IsFileOpen(InputFileNumber)) {
         throw RunTimeError(ErrorBadFileNumber);
     }
@@ -19,11 +19,11 @@ bool ByteReader::Fill(std::size_t count) {
         return false;
     }
     const std::size_t kept = Buffered();
-    std::memmove(block.get(), block.get() + next, kept);
+    std::memmove(block.data(), block.data() + next, kept);
     next = 0;
     filled = kept;
     while (filled < count && !atEnd) {
-        const std::size_t got = ReadFile(InputFileNumber, std::span(block.get(), BlockSize).subspan(filled));
+        const std::size_t got = ReadFile(InputFileNumber, std::span(block).subspan(filled));
         filled += got;
         position += static_cast<std::int64_t>(got);
         atEnd = got == 0;

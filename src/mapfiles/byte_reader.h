@@ -4,8 +4,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
+#include <vector>
 
 namespace quelmont {
 
@@ -28,7 +28,7 @@ public:
         if (!Has(Size)) [[unlikely]] {
             PastEnd();
         }
-        const std::byte* bytes = block.get() + next;
+        const std::byte* bytes = block.data() + next;
         next += Size;
         return std::span<const std::byte, Size>(bytes, Size);
     }
@@ -37,7 +37,7 @@ public:
     /// stay valid until more are asked for. RunTimeError when the file cannot be read.
     std::span<const std::byte> Ahead(std::size_t least) {
         Has(std::min(least, BlockSize));
-        return {block.get() + next, Buffered()};
+        return {block.data() + next, Buffered()};
     }
 
     /// Steps over bytes, and over the end of the file if they are more than it has. What lies beyond
@@ -64,7 +64,7 @@ private:
 
     /// Of BlockSize bytes, whatever length the file reports: generated files (/proc) report none, and a file
     /// may grow or shrink while it is read.
-    std::unique_ptr<std::byte[]> block;
+    std::vector<std::byte> block;
     std::size_t next = 0;      ///< of the block's bytes, the first that was not taken
     std::size_t filled = 0;    ///< bytes in the block
     std::int64_t position = 0; ///< of the block's end in the file
