@@ -194,12 +194,9 @@ bool FieldEntry::TypeKey(char key) {
 }
 
 bool FieldEntry::Type(std::string_view characters) {
-    for (const char32_t character : Characters(characters)) {
-        if (!TypeKey(KeyOf(field, character))) {
-            return false;
-        }
-    }
-    return true;
+    const auto typed = Characters(characters);
+    return std::all_of(typed.begin(), typed.end(),
+                       [this](char32_t character) { return TypeKey(KeyOf(field, character)); });
 }
 
 bool FieldEntry::PasteColumns(const std::string& pasted) {

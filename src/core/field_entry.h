@@ -66,7 +66,7 @@ private:
     bool AllSelected() const { return selected > 0 && cursor == 0 && selected == field.Mask().size(); }
     bool TypeKey(char key);
     bool TypeIntoValue(char key);
-    bool PasteColumns(const std::string& keys);
+    bool PasteColumns(const std::string& pasted);
     bool EraseSelected();
     void EraseTyped();
     void Erase(std::size_t first, std::size_t last);

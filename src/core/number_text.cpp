@@ -382,7 +382,7 @@ void AppendFixed(std::string& text, double value, int whole, int decimals) {
     }
     auto digits = static_cast<std::int64_t>(below) + (scaled - below > 0.5 ? 1 : 0);
     std::array<char, 32> places = {};
-    auto place = places.end();
+    auto* place = places.end();
     for (int written = 0; written < whole + decimals || digits > 0; ++written) {
         if (written == decimals) {
             *--place = '.';

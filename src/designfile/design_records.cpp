@@ -295,8 +295,13 @@ std::vector<Record> OlderDesignRecords(int version) {
     std::vector<Record> records;
     for (const int number : OlderOrder) {
         if (number != RecordCellHeight || version > NoCellHeight) {
-            const Record* const older = Find(OlderTable, number);
-            records.push_back(older ? *older : *Find(Table, number));
+            const Record* record = Find(OlderTable, number);
+            if (record == nullptr) {
+                record = Find(Table, number);
+            }
+            if (record != nullptr) {
+                records.push_back(*record);
+            }
         }
     }
     return records;

@@ -34,12 +34,12 @@ BoxAnswer DesktopBoxes::AskAbout(std::string_view control, std::string_view titl
     if (SessionEnd::IsEnding()) {
         return AnswerOfClosed(buttons);
     }
-    QWidget* below = WindowInUse(parent);
-    MessageBox box(title, text, buttons, icon, below);
-    if (const auto* view = dynamic_cast<const FormView*>(below)) {
+    QWidget& below = *WindowInUse(parent);
+    MessageBox box(title, text, buttons, icon, &below);
+    if (const auto* view = dynamic_cast<const FormView*>(&below)) {
         box.StandBeside(view->PlaceOf(control));
     }
-    const KeyboardReturn keyboard(box, *below);
+    const KeyboardReturn keyboard(box, below);
     return box.Ask();
 }
 
