@@ -18,7 +18,7 @@ namespace quelmont {
 /// none of the form's.
 class FormView : public FormWidgets {
 public:
-    FormView(Form& form, QWidget* parent);
+    FormView(Form& shown, QWidget* parent);
     ~FormView() override;
 
     /// Escape and the close button.

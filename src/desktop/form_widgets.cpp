@@ -269,12 +269,14 @@ void FormWidgets::AddMenu(std::string_view name) {
     }
     QMenu* menu = bar->addMenu(Text(control.text));
     menu->setObjectName(Text(name));
-    for (std::size_t item = 0; item < control.items.size(); ++item) {
-        connect(menu->addAction(Text(control.items[item])), &QAction::triggered, this,
-                [this, own = std::string(name), index = static_cast<int>(item)] {
+    int index = 0;
+    for (const std::string& item : control.items) {
+        connect(menu->addAction(Text(item)), &QAction::triggered, this,
+                [this, own = std::string(name), index] {
                     form.Choose(own, index);
                     FollowFocus();
                 });
+        ++index;
     }
 }
 

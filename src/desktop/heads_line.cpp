@@ -15,7 +15,7 @@ HeadsLine::HeadsLine(const MaskedEdit& edit_, QWidget* parent) : QWidget(parent)
 
 QSize HeadsLine::sizeHint() const { return {edit.sizeHint().width(), fontMetrics().height()}; }
 
-void HeadsLine::paintEvent(QPaintEvent*) {
+void HeadsLine::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     for (const ColumnHead& head : ColumnHeads(edit.Mask())) {
         const QString text = Text(head.text);

@@ -95,7 +95,7 @@ void PaletteGrid::Frame(QPainter& painter, int cell, bool inUse) const {
     }
 }
 
-void PaletteGrid::paintEvent(QPaintEvent*) {
+void PaletteGrid::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     for (int cell = 0; cell < static_cast<int>(colors.size()); ++cell) {
         painter.fillRect(CellRect(cell), QColorOf(colors[static_cast<std::size_t>(cell)]));
@@ -119,7 +119,7 @@ void PaletteGrid::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-void PaletteGrid::leaveEvent(QEvent*) { hovered(-1); }
+void PaletteGrid::leaveEvent(QEvent* /*event*/) { hovered(-1); }
 
 int PaletteGrid::AfterKey(int key) const {
     const int last = static_cast<int>(colors.size()) - 1;

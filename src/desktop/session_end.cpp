@@ -42,7 +42,7 @@ void HandleEnding(void (*handler)(int)) {
 
 } // namespace
 
-SessionEnd::SessionEnd(QWidget& window_) : window(window_), notifier(nullptr) {
+SessionEnd::SessionEnd(QWidget& window_) : window(window_) {
     ending = false;
     if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
         notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);

@@ -31,7 +31,7 @@ protected:
 
 private:
     QWidget& window;
-    QSocketNotifier* notifier;
+    QSocketNotifier* notifier = nullptr;
 };
 
 } // namespace quelmont
