@@ -1,5 +1,6 @@
 #include "platform/form.h"
 
+#include "platform/help_pages.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -232,7 +233,10 @@ void Form::Hover(std::string_view name, int cell) {
     }
 }
 
-void Form::PressF1() const { Machine().help->Show(HelpContext, helpPage); }
+void Form::PressF1() const {
+    const int context = HelpContextOf(formClass, focus);
+    Machine().help->Show(HelpContext, context != 0 ? context : helpPage);
+}
 
 void Form::Close() {
     closed = true;

@@ -1,5 +1,7 @@
 #include "platform/form.h"
 
+#include "platform/help_pages.h"
+
 #include "support/scripted_machine.h"
 
 #include <gmock/gmock.h>
@@ -202,6 +204,27 @@ TEST(FormHelp, OpensThePageOfTheDialog) {
     const Recorder form;
     form.PressF1();
     EXPECT_THAT(machine.help.shown, ElementsAre(Pair(HelpContext, 42)));
+}
+
+/// As the dialog of the map's size, of which the help tells.
+class SizeOfMap : public Form {
+public:
+    SizeOfMap() : Form("MapReduce", "Select Map Size") {
+        Add({.name = "MapReduction", .kind = ControlKind::Spin, .minimum = 10, .maximum = 100});
+        Add({.name = "DrawMap", .kind = ControlKind::Button});
+    }
+};
+
+TEST(FormHelp, OpensThePageOfTheControlThatHasTheFocus) {
+    ScriptedMachine machine;
+    SizeOfMap form;
+    form.PressF1();
+    form.MoveFocus("DrawMap");
+    form.PressF1();
+    ASSERT_EQ(machine.help.shown.size(), 2U);
+    EXPECT_EQ(PlaceOfHelp(machine.help.shown[0].second).section, "percent-full-screen");
+    EXPECT_EQ(PlaceOfHelp(machine.help.shown[1].second).page, "draw-map");
+    EXPECT_EQ(PlaceOfHelp(machine.help.shown[1].second).section, "");
 }
 
 TEST(FormControls, UnknownNameIsAMistake) {

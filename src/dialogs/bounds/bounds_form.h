@@ -22,8 +22,6 @@ protected:
 
     void Cancel_Click() override;
 
-    static constexpr int HelpPageOfBoundaries = 110;
-
 private:
     DesignBounds before = Design;
 };

@@ -26,7 +26,6 @@ LatLonBounds::LatLonBounds() : BoundsForm("LatLonBounds", "Non-azimuthal Project
          .text =
              "Move within a line using cursor keys or mouse.  Move between lines with TAB key or mouse."});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfBoundaries);
     On("OK", ControlEvent::GotFocus, [this] { OK_GotFocus(); });
 }
 

@@ -52,7 +52,6 @@ LatLonBoundsAz::LatLonBoundsAz() : AzimuthalBounds("LatLonBoundsAz") {
     AddField("AzRangeDist", "&Range of map in degrees", ArcMask, Design.GridText[GridTextRange]);
     CheckWhenLeft("AzRangeDist");
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfBoundaries);
 }
 
 void LatLonBoundsAz::OK_Click() {
@@ -71,7 +70,6 @@ LatLonBoundsVp::LatLonBoundsVp() : AzimuthalBounds("LatLonBoundsVp") {
     Add({.name = "VpDistanceNM", .kind = ControlKind::Label, .text = "", .caption = "In nautical miles"});
     VpDistanceKM_Change();
     AddOkAndCancel([this] { Accept(); });
-    SetHelpPage(HelpPageOfBoundaries);
 }
 
 void LatLonBoundsVp::VpDistanceKM_Change() {

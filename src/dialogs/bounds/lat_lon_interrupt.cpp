@@ -36,7 +36,6 @@ LatLonInterrupt::LatLonInterrupt() : BoundsForm("LatLonInterrupt", "Longitudes o
     AddHemisphere(0);
     AddHemisphere(1);
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfBoundaries);
     NumInterrupt_Change(0);
     NumInterrupt_Change(1);
 }

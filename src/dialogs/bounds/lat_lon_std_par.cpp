@@ -37,7 +37,6 @@ LatLonStdPar::LatLonStdPar() : BoundsForm("LatLonStdPar", "Latitudes of Standard
          .text = Design.GridText[GridTextSouth],
          .caption = "Southernmost latitude of map"});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfBoundaries);
 }
 
 void LatLonStdPar::LatNorthStdPar_Change() {

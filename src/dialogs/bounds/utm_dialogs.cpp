@@ -13,7 +13,6 @@ namespace {
 constexpr std::string_view SevenDigits = "%,%%%,%%%";
 constexpr std::string_view EightDigits = "%%,%%%,%%%";
 constexpr std::string_view ScaleMask = "%.%%%%";
-constexpr int HelpPageOfUtm = 120;
 
 /// Line of the spheroid in use; none when the design names one that is not there.
 int LineOfSpheroid() {
@@ -36,7 +35,6 @@ UtmSpheroid::UtmSpheroid() : BoundsForm("UtmSpheroid", "Select UTM Spheroid") {
          .value = LineOfSpheroid(),
          .items = lines});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfUtm);
 }
 
 void UtmSpheroid::OK_Click() {
@@ -63,7 +61,6 @@ UtmParameters::UtmParameters() : BoundsForm("UtmParameters", "Select UTM Paramet
     CheckWhenLeft("UtmLonCentral");
     CheckWhenLeft("UtmLatOrigin");
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfUtm);
 }
 
 void UtmParameters::OK_Click() {
@@ -88,7 +85,6 @@ UtmCoords::UtmCoords() : BoundsForm("UtmCoords", "UTM Projection Boundaries") {
     add("UtmLonE", "&Eastern boundary of map", SevenDigits, 9);
     add("UtmLonGrid", "Meters between east/west &grid marks", SevenDigits, 10);
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfUtm);
 }
 
 void UtmCoords::OK_Click() {

@@ -23,7 +23,6 @@ CircleForm::CircleForm(const char* className, const char* caption, const Line& l
     : DesignFields(className, caption), line(line_), colorBefore(Design.*line_.color),
       colorIndexBefore(Design.*line_.colorIndex) {
     Design.DialogCancelled = true;
-    SetHelpPage(HelpPageOfCircles);
 }
 
 void CircleForm::AddWidth() {

@@ -40,8 +40,6 @@ protected:
 
     void Cancel_Click() override;
 
-    static constexpr int HelpPageOfCircles = 180;
-
 private:
     void ColorSpin_Change();
     void ColorPicture_Click();

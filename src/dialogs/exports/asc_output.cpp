@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::size_t Columns = 3;
 constexpr std::size_t NameColumn = 2;
-constexpr int HelpPageOfAscii = 170;
 
 constexpr const char* Explanation =
     "To export map data in ASCII format, you must enter an Output ASCII Filename for each item listed in the "
@@ -89,7 +88,6 @@ void AscOutput::Form_Load() {
     }
     On("AscGrid", ControlEvent::Click, [this] { AscGrid_Click(); });
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfAscii);
 }
 
 void AscOutput::ShowName(std::size_t row) {

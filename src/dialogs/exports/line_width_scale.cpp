@@ -15,8 +15,6 @@ constexpr const char* Explanation =
     "No scaling gives the narrowest possible lines on the exported map.  A line width increment of 1, "
     "corresponds to an increment of 1 pixel on the exported map.";
 
-constexpr int HelpPageOfLineWidths = 150;
-
 } // namespace
 
 LineWidthScale::LineWidthScale() : DesignDialog("LineWidthScale", "Line Width Scaling") {
@@ -33,7 +31,6 @@ LineWidthScale::LineWidthScale() : DesignDialog("LineWidthScale", "Line Width Sc
          .value = Design.LineWidthsScaled ? 1 : 0,
          .frame = "LineWidthFrame"});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfLineWidths);
 }
 
 void LineWidthScale::OK_Click() {

@@ -20,7 +20,6 @@ constexpr const char* Explanation =
 
 constexpr int MinPercent = 1;
 constexpr int MaxPercent = 1000;
-constexpr int HelpPageOfTextScale = 160;
 
 } // namespace
 
@@ -33,7 +32,6 @@ VectorScale::VectorScale() : DesignDialog("VectorScale", "Scale Factor for Text 
          .minimum = MinPercent,
          .maximum = MaxPercent});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfTextScale);
 }
 
 void VectorScale::OK_Click() {

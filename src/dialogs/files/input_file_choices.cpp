@@ -4,7 +4,6 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "dialogs/files/file_list_help.h"
 #include "dialogs/files/input_file_params.h"
 #include "mapfiles/feature_rows.h"
 #include "mapfiles/map_formats.h"
@@ -73,7 +72,6 @@ InputFileChoices::InputFileChoices()
     On("InputFileDelete", ControlEvent::Click, [this] { InputFileDelete_Click(); });
     AddOkAndCancel([this] { CloseAccepted(); });
     On("Cancel", ControlEvent::Click, [this] { RestoreAndCancel(); });
-    SetHelpPage(HelpPageOfMapFiles);
     RenumberLines();
     Select(Design.InputFiles.size());
 }

@@ -4,7 +4,6 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "dialogs/dialogs_state.h"
-#include "dialogs/files/file_list_help.h"
 #include "dialogs/files/label_font.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
@@ -64,7 +63,6 @@ InputFileParams::InputFileParams(std::string_view name, InputFileEntry& entry_, 
     AddSymbolTypes();
     AddFeatures();
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfMapFiles);
 }
 
 void InputFileParams::AddSymbolTypes() {

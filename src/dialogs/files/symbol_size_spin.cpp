@@ -2,7 +2,6 @@
 
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "dialogs/files/file_list_help.h"
 
 #include <algorithm>
 
@@ -48,7 +47,6 @@ SymbolSizeSpin::SymbolSizeSpin(SymbolSizeKind kind, double pixels)
     // There is no button for it: Escape and the close button leave the number as it was.
     On("Cancel", ControlEvent::Click, [this] { Cancel_Click(); });
     SetCancelButton("Cancel");
-    SetHelpPage(HelpPageOfMapFiles);
 }
 
 } // namespace quelmont

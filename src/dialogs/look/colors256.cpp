@@ -10,8 +10,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr int HelpPageOfColors = 140;
-
 constexpr const char* HelpOfMap = "Click on a color to select.  Redraw\nthe map to display the new color.";
 constexpr const char* HelpOfFeature = "     Click on a color to select.";
 
@@ -54,7 +52,6 @@ Colors256::Colors256() : DesignDialog("Colors256", "Select Color") {
     Form_Load();
     On("ColorSquare", ControlEvent::MouseMove, [this] { ColorSquare_MouseMove(); });
     On("ColorSquare", ControlEvent::Click, [this] { ColorSquare_Click(); });
-    SetHelpPage(HelpPageOfColors);
 }
 
 void Colors256::Form_Load() {

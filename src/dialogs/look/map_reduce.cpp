@@ -16,7 +16,6 @@ constexpr const char* Explanation =
     "sides of the map.  The margins allow text to be added to the map without writing over the map "
     "itself.";
 
-constexpr int HelpPageOfMapSize = 100;
 /// A design that was recalled on another screen can be smaller.
 constexpr int SmallestPercent = 10;
 constexpr int LargestPercent = 100;
@@ -35,7 +34,6 @@ MapReduceForm::MapReduceForm() : DesignDialog("MapReduce", "Select Map Size") {
     AddCancel();
     On("DrawMap", ControlEvent::Click, [this] { DrawMap_Click(); });
     SetDefaultButton("DrawMap");
-    SetHelpPage(HelpPageOfMapSize);
 }
 
 void MapReduceForm::DrawMap_Click() {

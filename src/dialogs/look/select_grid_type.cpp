@@ -14,7 +14,6 @@ namespace {
 
 constexpr int MinPixels = 1;
 constexpr int MaxPixels = 600;
-constexpr int HelpPageOfGrid = 130;
 
 std::vector<std::string> GridTypeTexts() {
     std::vector<std::string> lines;
@@ -45,7 +44,6 @@ SelectGridType::SelectGridType() : DesignDialog("SelectGridType", "Grid Color, W
          .colors = {ColorBits(Design.GridColor)}});
     On("GridColor", ControlEvent::Click, [this] { GridColor_Click(); });
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfGrid);
 }
 
 void SelectGridType::GridColor_Click() {

@@ -14,8 +14,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr int HelpPageOfFonts = 190;
-
 /// Tall letters and deep ones.
 constexpr const char* SampleText = "Ypiranga ";
 
@@ -107,7 +105,6 @@ void FontDialog::Form_Load() {
     AddColors();
     Add({.name = "SampleText", .kind = ControlKind::Sample, .text = SampleText, .caption = "Sample"});
     AddOkAndCancel([this] { cmdOK_Click(); });
-    SetHelpPage(HelpPageOfFonts);
 }
 
 void FontDialog::AddChecks() {

@@ -8,8 +8,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr int HelpPageOfLabels = 210;
-
 /// Lines of the list.
 enum LabelOptionLine { HideLabels, ShowLabels, ConvertToText, EraseFromText };
 
@@ -24,7 +22,6 @@ SelectLabelOption::SelectLabelOption() : DesignDialog("SelectLabelOption", "Sele
          .items = {" Do not display labels", " Display labels", " Convert labels to text",
                    " Erase labels converted to text"}});
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfLabels);
 }
 
 void SelectLabelOption::OK_Click() {

@@ -14,7 +14,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr int HelpPageOfTexts = 200;
 constexpr int LargestRotation = 359;
 constexpr const char* RotationPicture = "000";
 
@@ -104,7 +103,6 @@ void TextAdd::Form_Load() {
     On("DeleteText", ControlEvent::Click, [this] { DeleteText_Click(); });
     On("DeleteAllText", ControlEvent::Click, [this] { DeleteAllText_Click(); });
     AddOkAndCancel([this] { OK_Click(); });
-    SetHelpPage(HelpPageOfTexts);
 }
 
 void TextAdd::ShowLook() {
