@@ -33,8 +33,8 @@ namespace {
 /// some 25 next to a pole, where it converges linearly; rounding can keep it from ending there.
 constexpr int MollweideRounds = 200;
 
-/// Auxiliary angle theta of the Mollweide projection, 2 theta + sin 2 theta = pi sin phi, by Newton's rule
-/// from phi (radians). No number where its slope is zero.
+} // namespace
+
 double MollweideAngle(double phi) {
     const double target = std::sin(phi) * Pi;
     double t = phi;
@@ -51,6 +51,8 @@ double MollweideAngle(double phi) {
     }
     return t;
 }
+
+namespace {
 
 /// Theta between the equator and 85 degrees as cubics over quarters of a degree, to 3e-9: where one round
 /// of Newton's rule begins, and ends below the rounding of its last digits. Nearer to the pole the slope
@@ -129,21 +131,19 @@ void ForwardMollweide() {
 }
 
 void ForwardRobinson() {
-    // A polynomial in the absolute latitude in degrees that replaces the published table of
-    // Robinson 1974 (Snyder 1990): X is the relative length of the parallel, Y its height.
     const double lat = Design.ProjLat;
     const double a = std::fabs(lat);
     const double b = a * a;
     const double c = b * a;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    const double x = 1.0 - a * 0.0007658862163 + b * 6.7797484678e-05 - c * 5.2131392009e-06 +
-                     (a * 1.0474391018e-07) * c - (b * 1.066164359e-09) * c + (c * 4.2800356557e-12) * c;
-    double y = a * 0.012684924808 - b * 4.8919970056e-05 + c * 2.7603657836e-06 - (a * 6.7236660474e-08) * c +
-               (b * 7.3846103164e-10) * c - (c * 3.211233692e-12) * c;
+    const auto& l = RobinsonLengths;
+    const auto& h = RobinsonHeights;
+    const double x = l[0] + a * l[1] + b * l[2] + c * l[3] + (a * l[4]) * c + (b * l[5]) * c + (c * l[6]) * c;
+    double y = a * h[1] + b * h[2] + c * h[3] + (a * h[4]) * c + (b * h[5]) * c + (c * h[6]) * c;
     if (lat < 0.0) {
         y = -y;
     }
-    StoreProjected((x * 0.8487) * lam, y * 1.3523);
+    StoreProjected((x * RobinsonWidth) * lam, y * RobinsonHeight);
 }
 
 } // namespace quelmont

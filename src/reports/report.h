@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+/// A line of a report: labels and values, one in each column. UTF-8.
+using ReportRow = std::vector<std::string>;
+
+/// Lines whose columns stand below each other. Empty lines lie between blocks.
+struct ReportBlock {
+    std::vector<ReportRow> rows;
+};
+
+/// Lines of one text each, below each other.
+inline ReportBlock TextLines(const std::vector<std::string>& texts) {
+    ReportBlock block;
+    for (const std::string& text : texts) {
+        block.rows.push_back(ReportRow(1, text));
+    }
+    return block;
+}
+
+/// A part of a report under a heading, which may be empty.
+struct ReportSection {
+    std::string title;
+    std::vector<ReportBlock> blocks;
+};
+
+/// What a report says, without a measure: box, paper and files show the same rows.
+struct Report {
+    std::vector<ReportSection> sections;
+};
+
+} // namespace quelmont
