@@ -1,16 +1,14 @@
 #pragma once
 
-#include "platform/draw_surface.h"
 #include "platform/main_window.h"
+#include "qtsurface/object_surface.h"
 #include "qtsurface/pixel_grid.h"
 #include "qtsurface/round_pen.h"
 
 #include <QImage>
 
 #include <cstdint>
-#include <map>
 #include <optional>
-#include <variant>
 #include <vector>
 
 namespace quelmont {
@@ -18,11 +16,9 @@ namespace quelmont {
 /// A surface whose picture lies in memory: the window's back image and the picture of a file.
 /// Lines are not antialiased; text is, in shades between its colour and what lies behind.
 ///
-/// It begins with a black pen of one pixel, a white brush and a font, as GetStockObject's objects are:
-/// they can be selected for ever and are never freed. A pen is solid or null, one pixel wide or round;
-/// its width is 32767 at most. The outline of a rectangle or an ellipse runs through the centres of
+/// A pen is one pixel wide or round. The outline of a rectangle or an ellipse runs through the centres of
 /// the outermost pixels of its box, whatever the pen's width.
-class ImageSurface final : public DrawSurface {
+class ImageSurface final : public ObjectSurface {
 public:
     /// A black picture. Sizes in pixels, 0 to 32767; RunTimeError "Invalid procedure call or
     /// argument" outside that, "Out of memory".
@@ -47,43 +43,16 @@ public:
     /// Image.
     void Copy(const QImage& from, const QRect& box, std::uint32_t color);
 
-    void MoveToEx(std::int32_t x, std::int32_t y) override { position = {x, y}; }
     void LineTo(std::int32_t x, std::int32_t y) override;
     bool Polyline(std::span<const SurfacePoint> points) override;
     bool Polygon(std::span<const SurfacePoint> points) override;
     bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     bool Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     void SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) override;
-    SurfaceHandle CreatePen(int style, std::int32_t width, std::uint32_t color) override;
-    SurfaceHandle CreateSolidBrush(std::uint32_t color) override;
-    SurfaceHandle GetStockObject(int number) override;
-    SurfaceHandle SelectObject(SurfaceHandle object) override;
-    bool DeleteObject(SurfaceHandle object) override;
-    int SetPolyFillMode(int mode) override;
-    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) override;
-    bool SetTextAlign(int mode) override;
-    std::uint32_t SetTextColor(std::uint32_t color) override;
     bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text) override;
 
 private:
-    struct Pen {
-        bool draws = true;
-        std::int32_t width = 1;
-        std::uint32_t pixel = 0;
-        std::optional<RoundPen> round; ///< from two pixels on
-    };
-    struct Brush {
-        bool fills = true;
-        std::uint32_t pixel = 0;
-    };
-
-    struct Font {
-        SurfaceFont made; ///< without its face name
-        std::string face;
-    };
-    using Object = std::variant<Pen, Brush, Font>;
-
-    SurfaceHandle Keep(Object object);
+    void PenSelected() override;
     void Segment(SurfacePoint from, SurfacePoint to) const;
 
     /// Whether a shape in a box, its outline included, changes no pixel: outside of the picture, or in the
@@ -93,18 +62,8 @@ private:
     std::vector<std::uint32_t> pixels;
     PaintedSpans painted;
     PixelGrid grid;
-    std::map<SurfaceHandle, Object> objects;
-    SurfaceHandle lastHandle = 0;
-    SurfaceHandle currentPen = 0;
-    SurfaceHandle currentBrush = 0;
-    SurfaceHandle currentFont = 0;
-    const Pen* pen = nullptr; ///< the current ones; the map never moves them
-    const Brush* brush = nullptr;
-    const Font* font = nullptr;
-    std::uint32_t textColor = 0;
-    int textAlign = AlignTop;
-    SurfacePoint position;
-    int fillMode = FillAlternate;
+    std::optional<RoundPen> round; ///< of the current pen, from two pixels on
+    std::int32_t roundWidth = 0;
 };
 
 } // namespace quelmont

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QFontMetricsF>
 #include <QGlyphRun>
+#include <QPainter>
 #include <QString>
 #include <QtEndian>
 #include <QTextLayout>
@@ -131,26 +132,47 @@ QPainterPath TextFace::OutlineOf(const QRawFont& raw, std::uint32_t glyph) {
     return outline->second;
 }
 
-ShapedText TextFace::Shape(std::string_view utf8) {
+std::optional<QPointF> TextFace::LayOut(QTextLayout& layout, std::string_view utf8) const {
     const QString text = PlainText(utf8);
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
     option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     option.setUseDesignMetrics(true);
-    QTextLayout layout(text, font);
+    layout.setText(text);
+    layout.setFont(font);
     layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
+    if (line.isValid()) {
+        line.setNumColumns(std::numeric_limits<int>::max());
+    }
+    layout.endLayout();
+    return line.isValid() ? std::optional(QPointF(line.x(), line.y() + line.ascent())) : std::nullopt;
+}
+
+double TextFace::Write(QPainter& painter, std::string_view utf8) const {
+    QTextLayout layout;
+    const std::optional<QPointF> baseline = LayOut(layout, utf8);
+    if (!baseline) {
+        return 0.0;
+    }
+    const double em = 1.0 / LayoutPixels;
+    painter.save();
+    painter.scale(em, em);
+    layout.draw(&painter, -*baseline);
+    painter.restore();
+    return layout.lineAt(0).naturalTextWidth() * em;
+}
+
+ShapedText TextFace::Shape(std::string_view utf8) {
+    QTextLayout layout;
+    const std::optional<QPointF> baseline = LayOut(layout, utf8);
     ShapedText shaped;
-    if (!line.isValid()) {
-        layout.endLayout();
+    if (!baseline) {
         return shaped;
     }
-    line.setNumColumns(std::numeric_limits<int>::max());
-    layout.endLayout();
-    shaped.width = line.naturalTextWidth() / LayoutPixels;
-    const QPointF baseline(line.x(), line.y() + line.ascent());
+    shaped.width = layout.lineAt(0).naturalTextWidth() / LayoutPixels;
     const QList<QGlyphRun> runs = layout.glyphRuns();
     for (const QGlyphRun& run : runs) {
         const QList<quint32> glyphs = run.glyphIndexes();
@@ -160,7 +182,7 @@ ShapedText TextFace::Shape(std::string_view utf8) {
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
             const QPainterPath outline = OutlineOf(raw, glyphs[i]);
             if (!outline.isEmpty()) {
-                placed.push_back({outline, (places[i] - baseline) / LayoutPixels});
+                placed.push_back({outline, (places[i] - *baseline) / LayoutPixels});
             }
         }
         if (!placed.empty()) {

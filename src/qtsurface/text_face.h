@@ -8,10 +8,14 @@
 #include <QRawFont>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
+
+class QPainter;
+class QTextLayout;
 
 namespace quelmont {
 
@@ -54,10 +58,16 @@ public:
     /// A text in UTF-8 as it is read: joined, combined, each stretch in its own direction. Control
     /// characters and line ends are blanks.
     ShapedText Shape(std::string_view utf8);
+    /// Lets a painter write the same text as characters of fonts, not as outlines, along the baseline that
+    /// begins at (0, 0). Its transformation is from em. Gives the text's width in em.
+    double Write(QPainter& painter, std::string_view utf8) const;
 
 private:
     using Outlines = std::unordered_map<std::uint32_t, QPainterPath>;
 
+    /// A text on one line of a layout; where its baseline begins there, in pixels of the layout. Nothing for
+    /// what has no line.
+    std::optional<QPointF> LayOut(QTextLayout& layout, std::string_view utf8) const;
     void MeasureLines();
     QPainterPath OutlineOf(const QRawFont& raw, std::uint32_t glyph);
 

@@ -1,29 +1,13 @@
 #include "qtsurface/text_painter.h"
 
-#include "qtsurface/text_face.h"
-
 #include <QPainter>
 #include <QRectF>
-#include <QTransform>
 
 namespace quelmont {
 
 namespace {
 
 constexpr std::int32_t LargestHeight = 32767;
-
-/// From em on the baseline to pixels.
-QTransform ToPixels(const TextFace& face, const SurfaceFont& font, const TextPlace& place) {
-    const double em = face.EmPixels(font);
-    QTransform transform = QTransform::fromTranslate(place.anchor.x, place.anchor.y);
-    constexpr int turn = 3600;
-    transform.rotate(-((font.escapement % turn + turn) % turn) / 10.0);
-    transform.scale(em, em);
-    if (place.align == AlignTop) {
-        transform.translate(0.0, face.InEm().ascent);
-    }
-    return transform;
-}
 
 /// Paints what is not wholly outside.
 class Pen {
@@ -62,13 +46,25 @@ bool CanBeFont(const SurfaceFont& font) {
     return font.height >= -LargestHeight && font.height <= LargestHeight;
 }
 
+QTransform TextTransform(const TextFace& face, const SurfaceFont& font, const TextPlace& place) {
+    const double em = face.EmPixels(font);
+    QTransform transform = QTransform::fromTranslate(place.anchor.x, place.anchor.y);
+    constexpr int turn = 3600;
+    transform.rotate(-((font.escapement % turn + turn) % turn) / 10.0);
+    transform.scale(em, em);
+    if (place.align == AlignTop) {
+        transform.translate(0.0, face.InEm().ascent);
+    }
+    return transform;
+}
+
 bool PaintText(QImage& picture, const SurfaceFont& font, const TextPlace& place, std::string_view utf8) {
     if (utf8.empty() || picture.isNull()) {
         return false;
     }
     TextFace& face = TextFace::Of(font);
     const ShapedText text = face.Shape(utf8);
-    Pen pen(picture, ToPixels(face, font, place), place.color);
+    Pen pen(picture, TextTransform(face, font, place), place.color);
     for (const std::vector<PlacedOutline>& run : text.runs) {
         // One path for all: characters that join show no seam.
         QPainterPath path;

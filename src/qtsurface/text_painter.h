@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/draw_surface.h"
+#include "qtsurface/text_face.h"
 
 #include <QImage>
+#include <QTransform>
 
 #include <cstdint>
 #include <string_view>
@@ -18,6 +20,9 @@ struct TextPlace {
     int align = AlignTop;
     std::uint32_t color = 0; ///< 0xFFRRGGBB
 };
+
+/// From em on a text's baseline to pixels of the device, in a face and a font of it.
+QTransform TextTransform(const TextFace& face, const SurfaceFont& font, const TextPlace& place);
 
 /// Paints a text in UTF-8 with grey edges, never in shades of colour, turned about its anchor by the font's
 /// escapement. The baseline runs along the edges of pixels: of a text that is not turned the lowest row of

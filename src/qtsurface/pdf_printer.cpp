@@ -1,0 +1,211 @@
+#include "qtsurface/pdf_printer.h"
+
+#include "core/replaced_file.h"
+#include "core/run_time_error.h"
+#include "output/print/papers.h"
+#include "qtsurface/gui_application.h"
+#include "qtsurface/page_job.h"
+#include "qtsurface/pdf_pages.h"
+
+#include <QFile>
+#include <QHashSeed>
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QString>
+
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+constexpr double PointsPerInch = 72.0;
+constexpr double LargestPaper = 200.0; ///< inches; ISO 32000-1, annex C
+constexpr const char* PrinterName = "PDF";
+constexpr const char* ProgramName = "Quelmont";
+
+/// Vertices in one stream of a page's content. Qt keeps a stream until it is written.
+constexpr std::size_t VerticesOfStream = 250'000;
+
+QString QtText(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A file that remembers that something was not written, which its writer does not look at, and takes no more
+/// then.
+class CheckedFile final : public QFile {
+public:
+    using QFile::QFile;
+    void GiveUp() { failed = true; }
+    bool HasFailed() const { return failed || error() != NoError; }
+    /// Whether all was written.
+    bool Finish() {
+        failed = !flush() || failed;
+        const bool whole = !HasFailed();
+        close();
+        return whole && !HasFailed();
+    }
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override {
+        failed = failed || QFile::writeData(data, size) != size;
+        return size;
+    }
+
+private:
+    bool failed = false;
+};
+
+/// As long as one exists, a new table of Qt's has the same order in every run: fonts stand in a file in the
+/// order of such a table.
+class SameOrder {
+public:
+    SameOrder() { QHashSeed::setDeterministicGlobalSeed(); }
+    ~SameOrder() { QHashSeed::resetRandomGlobalSeed(); }
+    SameOrder(const SameOrder&) = delete;
+    SameOrder& operator=(const SameOrder&) = delete;
+};
+
+class PdfJob final : public PageJob {
+public:
+    PdfJob(const QPageLayout& layout_, int resolution_, std::string fileName_)
+        : PageJob(VerticesOfStream, [this] { NextStream(); }), layout(layout_), resolution(resolution_),
+          fileName(std::move(fileName_)) {}
+    ~PdfJob() override { GiveUp(); }
+    PdfJob(const PdfJob&) = delete;
+    PdfJob& operator=(const PdfJob&) = delete;
+
+    bool StartDoc(std::string_view documentName) override;
+    bool EndDoc() override;
+    void Abort() override { GiveUp(); }
+
+private:
+    bool IsSound() override { return file && !file->HasFailed(); }
+    void PageAdded() override { streams.push_back(1); }
+    void NextStream();
+    void GiveUp();
+
+    QPageLayout layout;
+    int resolution;
+    std::string fileName;
+    std::string target;
+    const SameOrder sameOrder;
+    std::optional<TemporaryFile> temporary;
+    std::optional<CheckedFile> file;
+    std::optional<QPdfWriter> writer;
+    std::vector<int> streams; ///< of each page
+};
+
+bool PdfJob::StartDoc(std::string_view documentName) {
+    if (fileName.empty() || writer) {
+        return false;
+    }
+    try {
+        target = ReplacedFileName(fileName);
+    } catch (const RunTimeError&) {
+        return false;
+    }
+    temporary.emplace(target);
+    file.emplace(QtText(temporary->Name()));
+    if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        return false;
+    }
+    writer.emplace(&*file);
+    writer->setResolution(resolution);
+    writer->setPageLayout(layout);
+    writer->setTitle(QtText(documentName));
+    writer->setCreator(QString::fromLatin1(ProgramName));
+    streams = {1};
+    return BeginPainting(*writer) && IsSound();
+}
+
+/// What a page holds so far is written; the file knows it as a page of its own until it is whole.
+void PdfJob::NextStream() {
+    if (writer->newPage()) {
+        ++streams.back();
+    }
+}
+
+bool PdfJob::EndDoc() {
+    const bool painted = EndPainting();
+    writer.reset();
+    if (!file || !file->Finish() || !painted) {
+        GiveUp();
+        return false;
+    }
+    file.reset();
+    try {
+        TidyPdf(temporary->Name(), streams);
+        temporary->MoveTo(target);
+    } catch (const RunTimeError&) {
+        GiveUp();
+        return false;
+    }
+    temporary.reset();
+    return true;
+}
+
+void PdfJob::GiveUp() {
+    if (file) {
+        file->GiveUp();
+    }
+    EndPainting();
+    writer.reset();
+    file.reset();
+    temporary.reset();
+}
+
+class PdfPrinter final : public Printer {
+public:
+    PdfPrinter(double width, double height, std::string_view fileName_)
+        : paper(QSizeF(width, height), QPageSize::Inch, QString(), QPageSize::ExactMatch),
+          resolution(
+              PageResolution(paper.size(QPageSize::Inch).width(), paper.size(QPageSize::Inch).height())),
+          fileName(fileName_) {}
+
+    std::string Name() const override { return PrinterName; }
+    PrinterLimits Limits(std::int16_t orientation) const override;
+    std::unique_ptr<PrintJob> Open(std::int16_t orientation) override {
+        return std::make_unique<PdfJob>(Layout(orientation), resolution, fileName);
+    }
+
+private:
+    QPageLayout Layout(std::int16_t orientation) const {
+        return {paper, orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                QMarginsF()};
+    }
+
+    QPageSize paper;
+    int resolution;
+    std::string fileName;
+};
+
+PrinterLimits PdfPrinter::Limits(std::int16_t orientation) const {
+    const QSize page = Layout(orientation).fullRectPixels(resolution).size();
+    PrinterLimits limits;
+    limits.pixelsPerInchX = limits.pixelsPerInchY = resolution;
+    limits.printableWidth = limits.paperWidth = page.width();
+    limits.printableHeight = limits.paperHeight = page.height();
+    return limits;
+}
+
+bool CanBePaper(double length) {
+    return std::isfinite(length) && length >= 1.0 / PointsPerInch && length <= LargestPaper;
+}
+
+} // namespace
+
+std::unique_ptr<Printer> MakePdfPrinter(double paperWidth, double paperHeight, std::string_view fileName) {
+    if (!CanBePaper(paperWidth) || !CanBePaper(paperHeight)) {
+        return nullptr;
+    }
+    NeedGuiApplication();
+    return std::make_unique<PdfPrinter>(paperWidth, paperHeight, fileName);
+}
+
+} // namespace quelmont
