@@ -2,6 +2,7 @@
 
 #include "platform/machine.h"
 #include "qtsurface/image_surface.h"
+#include "qtsurface/pdf_printer.h"
 #include "qtsurface/qt_fonts.h"
 #include "qtsurface/system_places.h"
 
@@ -102,9 +103,8 @@ public:
     bool Any() const override { return false; }
     Printer* Chosen() override { return nullptr; }
     bool SetUp(std::int16_t& /*orientation*/) override { return false; }
-    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
-                                 std::string_view /*fileName*/) override {
-        return nullptr;
+    std::unique_ptr<Printer> Pdf(double paperWidth, double paperHeight, std::string_view fileName) override {
+        return MakePdfPrinter(paperWidth, paperHeight, fileName);
     }
 };
 

@@ -42,7 +42,7 @@ int Print(const std::string& text) {
 
 } // namespace
 
-Desktop::Desktop() : boxes(window), forms(window), screen(window), fileDialogs(window) {
+Desktop::Desktop() : boxes(window), forms(window), screen(window), printers(window), fileDialogs(window) {
     InitialiseResources();
     Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
                  &clock, &printers, &help,   &fileDialogs, &fonts};

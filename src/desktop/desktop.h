@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_machine.h"
+#include "desktop/desktop_printers.h"
 #include "desktop/desktop_window.h"
 #include "desktop/dialogs.h"
 #include "desktop/file_dialogs.h"

@@ -3,12 +3,9 @@
 #include "mainwindow/kept_design.h"
 #include "platform/boxes.h"
 #include "platform/changes.h"
-#include "platform/printers.h"
 #include "platform/system.h"
 
 #include <QElapsedTimer>
-
-#include <memory>
 
 class QMainWindow;
 class QWidget;
@@ -79,18 +76,6 @@ public:
 class DesktopChanges final : public Changes {
 public:
     void Accepted(std::string_view /*name*/, ChangeKind /*kind*/) override { KeepDesign(); }
-};
-
-/// Printing is still to come, so no printer is looked for.
-class DesktopPrinters final : public Printers {
-public:
-    bool Any() const override { return false; }
-    Printer* Chosen() override { return nullptr; }
-    bool SetUp(std::int16_t& /*orientation*/) override { return false; }
-    std::unique_ptr<Printer> Pdf(double /*paperWidth*/, double /*paperHeight*/,
-                                 std::string_view /*fileName*/) override {
-        return nullptr;
-    }
 };
 
 /// There are no help pages yet.

@@ -96,7 +96,8 @@ TEST(PageSurface, DrawsLinesWhereTheWindowDoes) {
             }
         };
         SCOPED_TRACE(width);
-        ExpectAlike(OnPage(120, star), OnWindow(120, star));
+        // The window leaves the end of a line free.
+        ExpectAlike(OnPage(120, star), OnWindow(120, star), 0.005);
     }
 }
 

@@ -130,7 +130,7 @@ TEST(PdfPrinter, FileAppearsWhenItIsWhole) {
     EXPECT_THAT(folder.Names(), ElementsAre("map.pdf"));
     const PdfText text = ReadPdf(ReadWholeFile(file));
     EXPECT_EQ(text.pages, 1);
-    EXPECT_EQ(CountOf(text.contents[0], " l\n"), 10) << text.contents[0];
+    EXPECT_EQ(OperatorsOf(text.contents[0], "l"), 10) << text.contents[0];
 }
 
 TEST(PdfPrinter, GivenUpJobLeavesTheEarlierFileAndNothingElse) {
@@ -227,11 +227,12 @@ TEST(PdfPrinter, PageOfManyLinesIsOnePageWithAllOfThem) {
     const PdfText text = ReadPdf(ReadWholeFile(folder / "map.pdf"));
     EXPECT_EQ(text.pages, 1);
     ASSERT_EQ(text.contents.size(), 1U);
-    EXPECT_EQ(CountOf(text.contents[0], " l\n"), 700'000);
+    const std::string& content = text.contents[0];
+    EXPECT_EQ(OperatorsOf(content, "l"), 700'000);
     // Every stream is on its own: the unit and the clip are set in each, and none is left at its end.
-    EXPECT_EQ(CountOf(text.contents[0], " cm\n"), CountOf(text.contents[0], "W* n"));
-    EXPECT_GE(CountOf(text.contents[0], "W* n"), 3);
-    EXPECT_EQ(CountOf(" " + text.contents[0], "q\n"), CountOf(text.contents[0], "Q\n"));
+    EXPECT_GE(CountOf(content, "0 0 -0.06"), 3);
+    EXPECT_EQ(CountOf(content, "0 0 -0.06"), CountOf(content, "W* n"));
+    EXPECT_EQ(OperatorsOf(content, "q"), OperatorsOf(content, "Q"));
 }
 
 TEST(PdfPrinter, PagesOfAJobStayApart) {
@@ -247,10 +248,10 @@ TEST(PdfPrinter, PagesOfAJobStayApart) {
     const PdfText text = ReadPdf(ReadWholeFile(folder / "pages.pdf"));
     EXPECT_EQ(text.pages, 3);
     ASSERT_EQ(text.contents.size(), 3U);
-    EXPECT_EQ(CountOf(text.contents[0], " l\n"), 5);
-    EXPECT_EQ(CountOf(text.contents[1], " l\n"), 600'000);
-    EXPECT_EQ(CountOf(text.contents[1], " Tj\n"), 2) << "texts";
-    EXPECT_EQ(CountOf(text.contents[2], " l\n"), 7);
+    EXPECT_EQ(OperatorsOf(text.contents[0], "l"), 5);
+    EXPECT_EQ(OperatorsOf(text.contents[1], "l"), 600'000);
+    EXPECT_EQ(OperatorsOf(text.contents[1], "Tj"), 6) << "of each letter";
+    EXPECT_EQ(OperatorsOf(text.contents[2], "l"), 7);
 }
 
 TEST(PdfPrinter, PrinterPrintsMoreThanOnce) {

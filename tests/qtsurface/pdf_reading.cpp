@@ -4,6 +4,7 @@
 
 #include <map>
 #include <regex>
+#include <sstream>
 #include <stdexcept>
 
 namespace quelmont {
@@ -136,6 +137,19 @@ int CountOf(const std::string& text, const std::string& part) {
     int count = 0;
     for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) {
         ++count;
+    }
+    return count;
+}
+
+int OperatorsOf(const std::string& content, const std::string& name) {
+    std::istringstream words(content);
+    int count = 0;
+    int beforePath = 0; // the count before the path that may be a clip
+    for (std::string word; words >> word;) {
+        if (word == "m") {
+            beforePath = count;
+        }
+        count = word == "W*" ? beforePath : count + (word == name ? 1 : 0);
     }
     return count;
 }

@@ -17,4 +17,7 @@ PdfText ReadPdf(const std::string& bytes);
 /// How often a text stands in another.
 int CountOf(const std::string& text, const std::string& part);
 
+/// How often an operator stands in a content, those of clips left out.
+int OperatorsOf(const std::string& content, const std::string& name);
+
 } // namespace quelmont
