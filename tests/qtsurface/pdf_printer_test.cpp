@@ -175,6 +175,7 @@ TEST(PdfPrinter, JobDoesNotStartWithoutPermission) {
     std::filesystem::permissions(
         folder.Path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
                            std::filesystem::perms::others_read | std::filesystem::perms::others_exec);
+    OnPaper("A4"); // Qt starts with the privileges of who started the process, or not at all
     {
         const WithoutPrivilege nobody;
         EXPECT_FALSE(PrintOneLine(folder / "map.pdf"));

@@ -18,7 +18,8 @@ std::set<std::string> WidgetHeaders() {
     std::set<std::string> names;
     std::istringstream folders(QUELMONT_WIDGET_FOLDERS);
     for (std::string folder; std::getline(folders, folder, ',');) {
-        if (std::filesystem::path(folder).filename() == "QtWidgets") {
+        const std::string name = std::filesystem::path(folder).filename();
+        if (name == "QtWidgets" || name == "QtPrintSupport") {
             for (const auto& entry : std::filesystem::directory_iterator(folder)) {
                 names.insert(entry.path().filename().string());
             }
