@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the tests that work the program on a virtual screen with a real window manager, by the keys
 # that a person presses. Needs the packages xvfb and xdotool.
 
@@ -56,6 +57,7 @@ start_program() {
     eventually "the window" find_main
     xdotool windowactivate "$main"
     eventually "the window to be active" active_main
+    # shellcheck disable=SC2034 # the tests that source this ask for it
     alone=$(windows)
 }
 
