@@ -170,8 +170,13 @@ void DrawLabel(const MapLabel& label) {
 } // namespace
 
 void LabelPrint(std::size_t first) {
-    if (first < Design.MapLabels.size()) {
-        PlaceLabels(first);
+    if (first >= Design.MapLabels.size()) {
+        return;
+    }
+    PlaceLabels(first);
+    // What is on paper cannot be put back: the labels of the lobes come when all lobes are there.
+    const bool later = Design.PrintingNow && Design.ProjNum == ProjInterruptedMollweide;
+    if (!later) {
         DrawLabels(first);
     }
 }

@@ -5,7 +5,7 @@
 namespace quelmont {
 
 /// Places the labels of MapLabels from one on, each beside the symbol of its point, and draws them when
-/// LabelsVisible.
+/// LabelsVisible; those of an interrupted map in print are placed alone.
 ///
 /// A label stands to the right of its symbol, its upper edge level with the point; where it would leave the
 /// drawing area on the right, to the left of its symbol, but never beyond the left edge, and where it would

@@ -1,6 +1,7 @@
 #include "core/constant_defs.h"
 
 #include "core/map_design.h"
+#include "core/print_units.h"
 #include "core/rounding.h"
 #include "platform/machine.h"
 
@@ -79,7 +80,7 @@ void OutputDefaults() {
     Design.LogicalMarginX = 320;
     Design.LogicalMarginY = 320;
     Design.MaxChainPoints = 1999;
-    Design.PrintUnitTwips = 1440;
+    Design.PrintUnitTwips = InchTwips;
     Design.PrintLeft = 1.0F;
     Design.PrintTop = 1.0F;
     Design.PrintWidth = 6.5F;

@@ -4,6 +4,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/print_layer.h"
+#include "core/print_units.h"
 #include "core/replaced_file.h"
 #include "core/rounding.h"
 #include "core/unseen_boxes.h"
@@ -18,8 +19,6 @@ namespace {
 
 constexpr std::int16_t Normal = 0;
 constexpr std::int16_t Maximised = 2;
-constexpr std::int32_t CentimetreTwips = 567;
-constexpr std::int32_t InchTwips = 1440;
 
 SavedWindow WindowNow() {
     const MainWindow& window = *Machine().window;

@@ -2,6 +2,7 @@
 
 #include "core/angle_text.h"
 #include "core/number_text.h"
+#include "core/print_units.h"
 #include "core/run_time_error.h"
 #include "projection/projection_table.h"
 
@@ -41,7 +42,7 @@ FieldList AllOf(Range& range) {
 }
 
 bool IsProjection(double number) { return FindProjection(static_cast<std::int16_t>(number)) != nullptr; }
-bool IsInchOrCentimetre(double twips) { return twips == 1440.0 || twips == 567.0; }
+bool IsInchOrCentimetre(double twips) { return twips == InchTwips || twips == CentimetreTwips; }
 
 bool IsSpacing(std::string_view text) { return ArcSeconds(text) > 0; }
 

@@ -4,6 +4,7 @@
 #include "desktop/session_end.h"
 #include "mainwindow/design_commands.h"
 #include "mainwindow/kept_design.h"
+#include "mainwindow/print_commands.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
 #include "platform/machine.h"
@@ -54,6 +55,7 @@ Desktop::~Desktop() { Machine() = {}; }
 void Desktop::Start() {
     StartUp();
     ReadSettings();
+    PreparePrinting();
     window.show();
 }
 

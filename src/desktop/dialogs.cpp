@@ -6,6 +6,7 @@
 #include "desktop/keyboard_return.h"
 #include "desktop/look_layouts.h"
 #include "desktop/map_file_layouts.h"
+#include "desktop/printing_layouts.h"
 #include "desktop/session_end.h"
 #include "desktop/text_layouts.h"
 
@@ -40,6 +41,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"LatLonStdPar",     LayOutStandardParallels},
     {"LineWidthScale",   LayOutLineWidths},
     {"MapReduce",        LayOutMapSize},
+    {"PrintMap",         LayOutPrintMap},
     {"SelectGridType",   LayOutGridType},
     {"SelectLabelOption", LayOutLabelOption},
     {"SmallCircle",      LayOutSmallCircle},

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "core/standard_colors.h"
+#include "output/print/papers.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace quelmont {
@@ -15,6 +17,8 @@ struct DialogsState {
     /// Boundaries of the lobes, LobeLonText of the design in seconds. OrderLobes writes them, the test
     /// that follows reads them.
     std::array<std::int32_t, 10> LobeLonSec = {};
+    /// The paper of a map saved as PDF, of Papers.
+    std::size_t PdfPaper = IndexOfPaper(DefaultPaper);
 };
 
 /// The state.

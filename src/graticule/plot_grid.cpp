@@ -13,10 +13,10 @@
 #include "output/export_file.h"
 #include "output/fan_out.h"
 #include "output/page_scale.h"
+#include "output/print/scale_printer.h"
 #include "platform/machine.h"
 #include "projection/projection_table.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <vector>
@@ -32,14 +32,19 @@ constexpr int SiteGrid = 2;
 constexpr int SiteRelease = 3;
 constexpr int SiteError = 4;
 
-/// A rectangle of the background colour over the whole drawing area and its margins.
+/// A rectangle of the background colour over the whole drawing area and its margins; on paper a little larger
+/// than the box of the map, to which the page is clipped.
 void PaintBackground() {
     DrawSurface& surface = *Design.Surface;
     const SurfaceHandle brush = surface.CreateSolidBrush(ColorBits(Design.BackColor));
     ReportUnless(brush != 0, "CreateSolidBrush(1) error in PlotGrid");
     const SurfaceHandle before = brush == 0 ? 0 : surface.SelectObject(brush);
     MakeDevicePen(PenStyleNull, 1, Design.BackColor, SiteBackground, Routine);
-    if (Design.LobeFirst) {
+    if (Design.LobeFirst && Design.PrintingNow) {
+        const MapOnPage map = BoxOfMapOnPage();
+        ReportUnless(surface.Rectangle(map.left - 1, map.top - 1, map.right + 3, map.bottom + 3),
+                     "Rectangle(2) error in PlotGrid");
+    } else if (Design.LobeFirst) {
         ReportUnless(surface.Rectangle(-Design.LogicalMarginX, -Design.LogicalMarginY,
                                        Design.LogicalWidth + Design.LogicalMarginX,
                                        Design.LogicalHeight + Design.LogicalMarginY),
@@ -94,7 +99,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
         Design.SymbolRadiusFile = 2;
         Design.BorderWidthFile = 1;
         // A device pixel alone could hardly be seen where pixels are small.
-        Design.DotPixels = std::max(1, RoundToInt32(Machine().screen->PixelRatio()));
+        Design.DotPixels = DeviceDotPixels(Machine().screen->PixelRatio());
     }
     pass.DiskOut = OpenExport(slot);
     pass.ClipLatMax = Design.LatNorth;

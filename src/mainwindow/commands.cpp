@@ -94,7 +94,7 @@ void ClickMenuItem(Menu menu, int index) {
 }
 
 void ToggleCaption() {
-    if (MainWindowNow.MapDrawing || Design.TextPending) {
+    if (IsPlotting() || Design.TextPending) {
         return; // the caption tells something else, which ends with this
     }
     MainWindow& window = *Machine().window;

@@ -3,6 +3,7 @@
 #include "mainwindow/design_commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/menu_commands.h"
+#include "mainwindow/print_commands.h"
 #include "mainwindow/projection_menu.h"
 #include "mainwindow/save_map.h"
 #include "platform/machine.h"
@@ -27,14 +28,15 @@ constexpr std::array BarMenu = {
 constexpr std::array InputMenu = {
     MenuEntry{OpenMapFileItem,       "&Open Digital Map File",   ChooseMapFiles},
     MenuEntry{ 1},
-    MenuEntry{PrintMapItem,          "&Print Map"},
-    MenuEntry{PrintSetupItem,        "Print Set&up"},
+    MenuEntry{PrintMapItem,          "&Print Map",               AskPageAndPrint},
+    MenuEntry{PrintSetupItem,        "Print Set&up",             SetUpPrinter},
     MenuEntry{ 4},
     MenuEntry{SaveBmpItem,           "Save as &BMP",             SaveMapAs},
     MenuEntry{SaveCgmItem,           "Save as &CGM",             SaveMapAs},
     MenuEntry{SaveDxfItem,           "Save as &DXF",             SaveMapAs},
     MenuEntry{SaveWmfItem,           "Save as &WMF",             SaveMapAs},
     MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
+    MenuEntry{SavePdfItem,           "Save as PD&F",             SaveMapAs},
     MenuEntry{10},
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
     MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},

@@ -30,6 +30,7 @@ enum InputItem : int {
     SaveDesignItem = 14,
     RecallDesignItem = 15,
     ExitItem = 17,
+    SavePdfItem = 18,       ///< stands behind SaveAsciiItem
     RecentDesignsItem = 21, ///< stands behind RecallDesignItem
 };
 

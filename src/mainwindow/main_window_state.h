@@ -42,11 +42,15 @@ struct MainWindowState {
     std::string SavedDesign;      ///< what its file holds, as ComparableDesignText tells it
     std::optional<KeptFile> Kept; ///< where this process keeps the design
     std::string ToldDesign;       ///< the design as it was when Changes was told of it last
+    std::string PdfFileName;      ///< of the map saved as PDF last
     ProgramWriters writers;
 };
 
 /// The state.
 extern MainWindowState MainWindowNow;
+
+/// Whether a draw of the map or its print runs, with the menus and the caption to itself.
+bool IsPlotting();
 
 /// Makes the state that of a program's start.
 void ResetMainWindow();

@@ -7,7 +7,9 @@
 #include "mainwindow/design_commands.h"
 #include "mainwindow/file_questions.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/print_commands.h"
 #include "mainwindow/ready_to_draw.h"
 #include "output/bmp/bmp_file.h"
 #include "platform/machine.h"
@@ -21,16 +23,24 @@ namespace quelmont {
 
 namespace {
 
+template <std::string MapDesign::*Name>
+std::string& NameIn() {
+    return Design.*Name;
+}
+
+std::string& PdfName() { return MainWindowNow.PdfFileName; }
+
 /// What the file dialog of an item shows, and what becomes of the name.
 struct SaveItem {
     int index;
     const char* title;
     const char* filter;
     const char* extension;
-    std::string MapDesign::*name;
+    std::string& (*name)();
     const char* failure; ///< end of the message of a failed file dialog
     void (*save)();
-    bool draws; ///< the map, so that it has to be ready
+    bool draws;              ///< the map, so that it has to be ready
+    bool (*ask)() = nullptr; ///< what is asked before the name; false after Cancel
 };
 
 void SaveBmpPicture() {
@@ -65,20 +75,21 @@ void SaveSmallCircle() {
 
 // clang-format off
 constexpr std::array SaveItems = std::to_array<SaveItem>({
-    {SaveBmpItem, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", &MapDesign::BmpFileName, " in Save as BMP", SaveBmpPicture, false},
-    {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", &MapDesign::CgmFileName, " in Save as CGM", DrawCgm, true},
-    {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", &MapDesign::DxfFileName, " in Save as DXF", DrawDxf, true},
-    {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName, " in Save as WMF", DrawWmf, true},
-    {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::GcFileName, " in Save Great Circle", SaveGreatCircle, false},
-    {SaveSmallCircleItem, "Save Small Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", &MapDesign::ScFileName, " in Save Small Circle", SaveSmallCircle, false},
-    {SaveDesignItem, "Save Map Design", "Configuration (*.cnf)|*.cnf", "cnf", &MapDesign::CnfFileName, " in Save Map Design", [] { SaveDesign(); }, true},
+    {SaveBmpItem, "Save Map As BMP File", "BMP Files (*.bmp)|*.bmp", "bmp", NameIn<&MapDesign::BmpFileName>, " in Save as BMP", SaveBmpPicture, false},
+    {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", NameIn<&MapDesign::CgmFileName>, " in Save as CGM", DrawCgm, true},
+    {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", NameIn<&MapDesign::DxfFileName>, " in Save as DXF", DrawDxf, true},
+    {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", NameIn<&MapDesign::WmfFileName>, " in Save as WMF", DrawWmf, true},
+    {SavePdfItem, "Save Map As PDF File", "PDF Files (*.pdf)|*.pdf", "pdf", PdfName, " in Save as PDF", PrintPdf, true, AskPdfPage},
+    {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", NameIn<&MapDesign::GcFileName>, " in Save Great Circle", SaveGreatCircle, false},
+    {SaveSmallCircleItem, "Save Small Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", NameIn<&MapDesign::ScFileName>, " in Save Small Circle", SaveSmallCircle, false},
+    {SaveDesignItem, "Save Map Design", "Configuration (*.cnf)|*.cnf", "cnf", NameIn<&MapDesign::CnfFileName>, " in Save Map Design", [] { SaveDesign(); }, true},
 });
 // clang-format on
 
 /// The name that a person gives, with its extension; nothing after Cancel and after a failure.
 std::optional<std::string> AskForName(const SaveItem& item) {
     FileDialogRequest request{.title = item.title, .filter = item.filter, .extension = item.extension};
-    ParseFileName(Design.*item.name, request);
+    ParseFileName(item.name(), request);
     const FileDialogAnswer answer = Machine().fileDialogs->Save(request);
     if (answer.error == 0) {
         return WithExtension(answer.names.front(), item.extension);
@@ -112,8 +123,11 @@ void SaveMapAs(int Index) {
     if (item == SaveItems.end() || (item->draws && !ReadyToDraw())) {
         return;
     }
+    if (item->ask != nullptr && !item->ask()) {
+        return;
+    }
     if (const std::optional<std::string> name = AskForName(*item)) {
-        Design.*item->name = *name;
+        item->name() = *name;
         item->save();
     }
 }

@@ -3,7 +3,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
-#include "core/rounding.h"
+#include "core/print_units.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/profile_file.h"
 #include "platform/machine.h"
@@ -145,8 +145,10 @@ void AddRecentDesign(const std::string& name) {
 
 void ReadSettings() {
     const std::vector<double> units = Numbers(Setting("PrinterUnits"));
-    if (!units.empty() && units[0] >= 1.0 && units[0] <= LargestPlace) {
-        Design.PrintUnitTwips = RoundToInt32(units[0]);
+    for (const std::int32_t unit : {InchTwips, CentimetreTwips}) {
+        if (!units.empty() && units[0] == unit) {
+            ChangePrintUnit(unit);
+        }
     }
     if (ScreenShrank()) {
         return;

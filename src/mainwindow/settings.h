@@ -5,8 +5,8 @@
 
 namespace quelmont {
 
-/// Takes the printing unit and the window's place from "Qmnt.ini", and leaves what it does not find
-/// there as it is.
+/// Takes the printing unit, in which all lengths of pages then are, and the window's place from "Qmnt.ini",
+/// and leaves what it does not find there as it is. Pages are measured in inches or centimetres alone.
 ///
 /// The file is looked for in the settings folder first, then in the program's. The place and the
 /// maximised state count only if the screen is at least as large as it was. No fault of the file is

@@ -197,7 +197,7 @@ void TextDone() {
 }
 
 void Form_MouseDown(double x, double y) {
-    if (MainWindowNow.MapDrawing) {
+    if (IsPlotting()) {
         return;
     }
     Guarded("Form_MouseDown", [&] {

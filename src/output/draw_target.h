@@ -7,7 +7,8 @@ namespace quelmont {
 /// What each stage of a draw opens at its start: the surface in use and, when an export is armed,
 /// its file.
 
-/// Takes the window's back image as the surface in use.
+/// Takes the window's back image as the surface in use, or the page of the job that is open while a map is
+/// printed.
 /// Writes  Surface, DevicePixelX, DevicePixelY, DotPixels.
 void SelectDevice();
 

@@ -20,6 +20,15 @@ struct DevicePen {
     SurfaceHandle before = 0; ///< current until then
 };
 
+/// The paper of a printer. In units of PrintUnitTwips; edges count from those of the paper.
+struct PrinterPage {
+    float PaperWidth = 0.0F, PaperHeight = 0.0F;
+    float PrintableWidth = 0.0F, PrintableHeight = 0.0F;
+    float PrinterOffsetX = 0.0F, PrinterOffsetY = 0.0F;      ///< strips that cannot be reached, left and top
+    float PrinterRightEdge = 0.0F, PrinterBottomEdge = 0.0F; ///< ends of the printable area
+    float PrinterRightStrip = 0.0F, PrinterBottomStrip = 0.0F; ///< behind these
+};
+
 /// A file of an export that does not yet stand in its target's place.
 struct BegunFile {
     std::string target; ///< as the caller names it
@@ -44,10 +53,12 @@ struct OutputState {
     // ---- The device in use. Written by SelectDevice and SetSymbolSize, read by PrintToScreen.
     float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
     std::int32_t SymbolRadius = 0;                  ///< twips
-    float PrinterOffsetX = 0.0F,
-          PrinterOffsetY = 0.0F; ///< strip that the printer cannot reach, PrintUnitTwips
-    float PrinterTwipsPerPixelY = 0.0F;
     DevicePen pen;
+
+    // ---- The printer. Its measures are written by GetPrinterParams, its surface by MapPrint.
+    float PrinterTwipsPerPixelX = 0.0F, PrinterTwipsPerPixelY = 0.0F;
+    PrinterPage page;
+    DrawSurface* PrinterSurface = nullptr; ///< of the job that is open
 
     // ---- The file in use.
     bool LineBreakPending = false; ///< the next point opens a chain in the file

@@ -6,6 +6,8 @@
 #include "output/output_state.h"
 #include "platform/machine.h"
 
+#include <algorithm>
+
 namespace quelmont {
 
 namespace {
@@ -34,14 +36,27 @@ std::int32_t DevicePenWidth() {
         Divide((PageScale() * Design.PenWidth) * Design.TwipsPerPixelY, OutputNow.PrinterTwipsPerPixelY));
 }
 
+std::int32_t DeviceDotPixels(double windowPixels) {
+    if (!Design.PrintingNow) {
+        return std::max(1, RoundToInt32(windowPixels));
+    }
+    if (!Design.LineWidthsScaled) {
+        return 1;
+    }
+    return std::max(1, RoundToInt32(Divide((PageScale() * windowPixels) * Design.TwipsPerPixelY,
+                                           OutputNow.PrinterTwipsPerPixelY)));
+}
+
 std::int32_t PageX(std::int32_t x) {
-    return Design.PrintingNow ? OnPage(x, Design.PrintLeft, OutputNow.PrinterOffsetX, OutputNow.DevicePixelX)
-                              : x;
+    return Design.PrintingNow
+               ? OnPage(x, Design.PrintLeft, OutputNow.page.PrinterOffsetX, OutputNow.DevicePixelX)
+               : x;
 }
 
 std::int32_t PageY(std::int32_t y) {
-    return Design.PrintingNow ? OnPage(y, Design.PrintTop, OutputNow.PrinterOffsetY, OutputNow.DevicePixelY)
-                              : y;
+    return Design.PrintingNow
+               ? OnPage(y, Design.PrintTop, OutputNow.page.PrinterOffsetY, OutputNow.DevicePixelY)
+               : y;
 }
 
 } // namespace quelmont

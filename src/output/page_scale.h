@@ -14,6 +14,12 @@ double PageScale();
 /// Reads   PrintingNow, LineWidthsScaled, PenWidth, TwipsPerPixelY, PrinterTwipsPerPixelY.
 std::int32_t DevicePenWidth();
 
+/// The side of a dot of so many pixels of the window in pixels of the device in use, at least one. On paper a
+/// dot has the window's share of the map: where pixels are small, one alone could hardly be seen. On a
+/// printer without line scaling it is one pixel.
+/// Reads   PrintingNow, LineWidthsScaled, TwipsPerPixelY, PrinterTwipsPerPixelY.
+std::int32_t DeviceDotPixels(double windowPixels);
+
 /// A place in device pixels, moved to where the map lies on the page; as it stands on the screen.
 /// Reads   PrintingNow, PrintLeft, PrintTop, PrinterOffsetX, PrinterOffsetY, PrintUnitTwips,
 ///         DevicePixelX, DevicePixelY.

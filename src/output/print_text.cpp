@@ -5,8 +5,11 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "output/export_file.h"
+#include "output/output_state.h"
+#include "output/page_scale.h"
 #include "platform/machine.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,6 +66,33 @@ DeviceText TextOnMetafile() {
     const std::int32_t height = RoundToInt32(
         Divide(Design.CurrentLook.FontSize * TwipsPerPoint, Design.ClientHeight) * Design.LogicalHeight);
     return {{x, y}, FontOf(Design.CurrentLook, height, -CurrentEscapement())};
+}
+
+/// Where a place in twips of the window lies on the page, device pixels. Large papers have more twips than
+/// sixteen bits.
+std::int32_t TextPlaceOnPage(std::int32_t place, float margin, float strip, float twipsPerPixel) {
+    const std::int32_t twips =
+        RoundToInt32(((static_cast<double>(margin) - strip) * Design.PrintUnitTwips) + (place * PageScale()));
+    return RoundToInt32(Divide(twips, twipsPerPixel));
+}
+
+DeviceText TextOnPage() {
+    const PrinterPage& page = OutputNow.page;
+    const std::int32_t x = TextPlaceOnPage(Design.CurrentX, Design.PrintLeft, page.PrinterOffsetX,
+                                           OutputNow.PrinterTwipsPerPixelX);
+    const std::int32_t y = TextPlaceOnPage(Design.CurrentY, Design.PrintTop, page.PrinterOffsetY,
+                                           OutputNow.PrinterTwipsPerPixelY);
+    const std::int32_t height = RoundToInt32(
+        Divide(Design.CurrentLook.FontSize * PageScale() * TwipsPerPoint, OutputNow.PrinterTwipsPerPixelY));
+    // A height of 0 would be one of the printer's choice.
+    return {{x, y}, FontOf(Design.CurrentLook, std::min(height, -1), CurrentEscapement())};
+}
+
+DeviceText TextOnDevice() {
+    if (Design.PrintingNow) {
+        return TextOnPage();
+    }
+    return Design.TextToMetafile ? TextOnMetafile() : TextOnWindow();
 }
 
 /// Message box of a failed operation. What a metafile lacks makes it worth nothing; on the window the rest
@@ -137,7 +167,7 @@ TextItem TextInHandAsItem(std::string_view routine) {
 }
 
 void PrintRotatedText() {
-    const auto print = [] { Draw(Design.TextToMetafile ? TextOnMetafile() : TextOnWindow()); };
+    const auto print = [] { Draw(TextOnDevice()); };
     if (Design.TextToMetafile) {
         GuardedWriting("PrintRotatedText", print);
     } else {

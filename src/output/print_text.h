@@ -20,12 +20,14 @@ SurfaceFont WindowFont(const TextLook& look);
 /// "Overflow" for a number that its field does not hold.
 TextItem TextInHandAsItem(std::string_view routine);
 
-/// Draws the text in hand on the surface in use, turned about its anchor on the baseline: on the window, or
-/// on a metafile. A metafile's y grows upward, so angles are negated there, and lengths are taken as shares
+/// Draws the text in hand on the surface in use, turned about its anchor on the baseline: on the window, on
+/// the page of a printer, where it has its place on the map and keeps its share of it, or on a metafile. A
+/// metafile's y grows upward, so angles are negated there, and lengths are taken as shares
 /// of the window.
 ///
 /// Reads   CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY, Surface, TextToMetafile,
-///         TwipsPerPixelX, TwipsPerPixelY, ClientWidth, ClientHeight, LogicalWidth, LogicalHeight.
+///         TwipsPerPixelX, TwipsPerPixelY, ClientWidth, ClientHeight, LogicalWidth, LogicalHeight; while
+///         PrintingNow the margins and PrintWidth, and what GetPrinterParams took.
 /// What the surface refuses shows its message box under "Windows API Error", any other failure "Error in
 /// PrintRotatedText". On a metafile either costs the export.
 void PrintRotatedText();

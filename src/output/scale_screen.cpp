@@ -28,13 +28,31 @@ void MeasureWindow() {
     Design.ClientHeight = RoundToInt32(h - Design.TwipsPerPixelY);
 }
 
-void FitHeight(double mapAspect) {
+double MapAspect() { return Divide(Design.MapYMax - Design.MapYMin, Design.MapXMax - Design.MapXMin); }
+
+/// Whether the height governs, not the width.
+bool IsHigherThanClient(double mapAspect) {
+    return mapAspect > Divide(Design.ClientHeight, Design.ClientWidth);
+}
+
+void FitLogicalHeight(double mapAspect) {
     const double r = Design.MapReduce;
-    const double mapHeight = Design.MapYMax - Design.MapYMin;
-    Design.LogicalScale = Divide(Design.LogicalHeight * r, mapHeight);
+    Design.LogicalScale = Divide(Design.LogicalHeight * r, Design.MapYMax - Design.MapYMin);
     Design.LogicalOriginX =
         RoundToInt16((Design.LogicalWidth - Divide(Design.LogicalHeight * r, mapAspect)) / 2.0);
     Design.LogicalOriginY = RoundToInt16((1.0 - r) * Design.LogicalHeight / 2.0);
+}
+
+void FitLogicalWidth(double mapAspect) {
+    const double r = Design.MapReduce;
+    Design.LogicalScale = Divide(Design.LogicalWidth * r, Design.MapXMax - Design.MapXMin);
+    Design.LogicalOriginX = RoundToInt16((1.0 - r) * Design.LogicalWidth / 2.0);
+    Design.LogicalOriginY = RoundToInt16((Design.LogicalHeight - mapAspect * r * Design.LogicalWidth) / 2.0);
+}
+
+void FitHeight(double mapAspect) {
+    const double r = Design.MapReduce;
+    const double mapHeight = Design.MapYMax - Design.MapYMin;
     Design.ScreenOriginX = (Design.ClientWidth - Divide(Design.ClientHeight * r, mapAspect)) / 2.0;
     Design.ScreenScaleX = Divide(Design.ClientHeight * r, mapHeight);
     Design.ScreenOriginY = ((r + 1.0) / 2.0) * Design.ClientHeight;
@@ -44,9 +62,6 @@ void FitHeight(double mapAspect) {
 void FitWidth(double mapAspect) {
     const double r = Design.MapReduce;
     const double mapWidth = Design.MapXMax - Design.MapXMin;
-    Design.LogicalScale = Divide(Design.LogicalWidth * r, mapWidth);
-    Design.LogicalOriginX = RoundToInt16((1.0 - r) * Design.LogicalWidth / 2.0);
-    Design.LogicalOriginY = RoundToInt16((Design.LogicalHeight - mapAspect * r * Design.LogicalWidth) / 2.0);
     Design.ScreenOriginX = ((1.0 - r) / 2.0) * Design.ClientWidth;
     Design.ScreenScaleX = Divide(Design.ClientWidth * r, mapWidth);
     Design.ScreenOriginY =
@@ -59,7 +74,7 @@ void FitWidth(double mapAspect) {
 bool ScaleScreen() {
     return Guarded("ScaleScreen", [] {
         MeasureWindow();
-        const double mapAspect = Divide(Design.MapYMax - Design.MapYMin, Design.MapXMax - Design.MapXMin);
+        const double mapAspect = MapAspect();
         const double winAspect = Divide(Design.ClientHeight, Design.ClientWidth);
         const double logAspect = Divide(Design.LogicalHeight, Design.LogicalWidth);
         if (winAspect > logAspect) {
@@ -67,12 +82,22 @@ bool ScaleScreen() {
         } else {
             Design.LogicalHeight = RoundToInt32(winAspect * Design.LogicalWidth);
         }
-        if (mapAspect > winAspect) {
-            FitHeight(mapAspect);
+        if (IsHigherThanClient(mapAspect)) {
+            FitLogicalHeight(mapAspect);
         } else {
-            FitWidth(mapAspect);
+            FitLogicalWidth(mapAspect);
         }
+        FitMapToClient();
     });
+}
+
+void FitMapToClient() {
+    const double mapAspect = MapAspect();
+    if (IsHigherThanClient(mapAspect)) {
+        FitHeight(mapAspect);
+    } else {
+        FitWidth(mapAspect);
+    }
 }
 
 } // namespace quelmont

@@ -12,4 +12,11 @@ namespace quelmont {
 /// A failure shows "Error in ScaleScreen" and ends the routine. Returns false then.
 bool ScaleScreen();
 
+/// Fits the map into an area of twips, the part of ScaleScreen that a page on paper shares with the window.
+///
+/// Reads   MapXMin to MapYMax, MapReduce, ClientWidth, ClientHeight.
+/// Writes  ScreenOriginX, ScreenOriginY, ScreenScaleX, ScreenScaleY.
+/// RunTimeError "Division by zero" for a map or an area without a width or a height.
+void FitMapToClient();
+
 } // namespace quelmont

@@ -22,6 +22,9 @@ void SetSymbolSize(std::int16_t Feature, std::int32_t FileIndex) {
     if (IsOpenShape(type)) {
         OutputNow.SymbolRadius = std::max(0, style.SymbolSize - style.BorderWidth / 2);
     }
+    if (Design.PrintingNow) {
+        return; // no file is written, and the area is that of the page
+    }
     const double fileUnits = Divide(Design.LogicalWidth, Design.ClientWidth);
     Design.SymbolRadiusFile =
         type == SymbolDot ? std::int16_t{2} : RoundToInt16(fileUnits * OutputNow.SymbolRadius);

@@ -19,12 +19,17 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
+#include "dialogs/printing/print_map.h"
 #include "dialogs/text/font_dialog.h"
 #include "dialogs/text/select_label_option.h"
 #include "dialogs/text/text_add.h"
 #include "graticule/calc_graticule.h"
 #include "mapfiles/feature_rows.h"
+#include "platform/machine.h"
 #include "projection/projection_table.h"
+#include "support/scripted_printer.h"
+
+#include <utility>
 
 namespace quelmont {
 
@@ -53,6 +58,26 @@ std::function<std::unique_ptr<Form>()> OfPurpose(std::int16_t purpose) {
         Design.ColorPurpose = purpose;
         return std::make_unique<Dialog>();
     };
+}
+
+/// With the scripted printer in the place of the desktop's.
+template <typename MakeForm>
+std::unique_ptr<Form> WithPrinter(MakeForm make) {
+    static ScriptedPrinters printers;
+    printers.printer.name = "Office LaserJet 4";
+    printers.printer.stripMillimetres = 6.0;
+    Printers* const before = std::exchange(Machine().printers, &printers);
+    std::unique_ptr<Form> form = make(printers.printer);
+    Machine().printers = before;
+    return form;
+}
+
+std::unique_ptr<Form> PrinterPage() {
+    return WithPrinter([](const Printer& printer) { return std::make_unique<PrintMap>(printer); });
+}
+
+std::unique_ptr<Form> PdfPage() {
+    return WithPrinter([](const Printer& /*printer*/) { return std::make_unique<PrintMapOnPdf>(); });
 }
 
 /// A list of files with long and short names.
@@ -147,6 +172,8 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"asc-output", Of<AscOutput>()},
         {"font-dialog", FontChoice},
         {"text-add", TextChoice},
+        {"print-map", PrinterPage},
+        {"print-map-pdf", PdfPage},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

@@ -122,8 +122,17 @@ TEST_F(Settings, PlacesOutOfReasonAreIgnored) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(Settings, PrintingUnitOutOfReasonIsIgnored) {
-    for (const std::string unit : {"0", "-5", "1e12", "1E999", "x", ""}) {
+TEST_F(Settings, LengthsOfPagesAreTakenAlongIntoTheUnit) {
+    Keep("PrinterUnits=567\n");
+    ReadSettings();
+    // An inch is 1440 / 567 cm.
+    EXPECT_FLOAT_EQ(Design.PrintLeft, 2.5396825F);
+    EXPECT_FLOAT_EQ(Design.PrintWidth, 16.507936F);
+    EXPECT_FLOAT_EQ(Design.ReportBottom, 2.5396825F);
+}
+
+TEST_F(Settings, PrintingUnitThatIsNoInchAndNoCentimetreIsIgnored) {
+    for (const std::string unit : {"0", "-5", "1e12", "1E999", "x", "", "1", "566", "1439", "2880"}) {
         Keep("PrinterUnits=" + unit + "\n");
         ReadSettings();
         EXPECT_EQ(Design.PrintUnitTwips, 1440) << unit;
@@ -180,21 +189,21 @@ TEST_F(Settings, GoToTheUserWhenTheProgramsFolderCannotBeWritten) {
 }
 
 TEST_F(Settings, OfTheUserAreReadFirst) {
-    Keep("PrinterUnits=100\nMainWindow=300 450 12000 9000\n");
-    KeepForUser("PrinterUnits=200\n");
+    Keep("PrinterUnits=1440\nMainWindow=300 450 12000 9000\n");
+    KeepForUser("PrinterUnits=567\n");
     ReadSettings();
-    EXPECT_EQ(Design.PrintUnitTwips, 200);
+    EXPECT_EQ(Design.PrintUnitTwips, 567);
     EXPECT_EQ(window.place.width, 12000.0) << "what the user's file does not have";
 }
 
 TEST_F(Settings, OnceWithTheUserAreWrittenThere) {
     // A folder that could not be written may be writable today; the user's file is read first.
-    KeepForUser("PrinterUnits=200\n");
-    Design.PrintUnitTwips = 300;
+    KeepForUser("PrinterUnits=1440\n");
+    Design.PrintUnitTwips = 567;
     WriteSettings();
     Design.PrintUnitTwips = 1440;
     ReadSettings();
-    EXPECT_EQ(Design.PrintUnitTwips, 300);
+    EXPECT_EQ(Design.PrintUnitTwips, 567);
 }
 
 TEST_F(Settings, WithoutAnyFolderEachKeyIsReported) {

@@ -40,6 +40,27 @@ protected:
     WmfWriter wmf;
 };
 
+TEST_F(DrawTarget, DeviceIsThePageOfTheJobWhileAMapIsPrinted) {
+    RecordingSurface page;
+    machine.window.scaleWidth = 9360.0; // as wide as the map
+    Design.PrintUnitTwips = 1440;
+    Design.PrintWidth = 6.5F;
+    OutputNow.PrinterSurface = &page;
+    OutputNow.PrinterTwipsPerPixelX = 4.8F;
+    OutputNow.PrinterTwipsPerPixelY = 2.4F;
+    Design.PrintingNow = true;
+    Design.LineWidthsScaled = true;
+    SelectDevice();
+    EXPECT_EQ(Design.Surface, &page);
+    EXPECT_EQ(OutputNow.DevicePixelX, 4.8F);
+    EXPECT_EQ(OutputNow.DevicePixelY, 2.4F);
+    EXPECT_EQ(Design.DotPixels, 6) << "a pixel of 15 twips";
+    Design.PrintingNow = false;
+    SelectDevice();
+    EXPECT_EQ(Design.Surface, &machine.window.surface);
+    EXPECT_EQ(Design.DotPixels, 1);
+}
+
 TEST_F(DrawTarget, DeviceIsTheWindowWithTheScreensPixels) {
     Design.TwipsPerPixelX = 7.5F;
     Design.TwipsPerPixelY = 6.0F;

@@ -24,8 +24,8 @@ protected:
         Design.PrintWidth = 3.0F;
         Design.PrintLeft = 1.25F;
         Design.PrintTop = 2.0F;
-        OutputNow.PrinterOffsetX = 0.25F;
-        OutputNow.PrinterOffsetY = 0.5F;
+        OutputNow.page.PrinterOffsetX = 0.25F;
+        OutputNow.page.PrinterOffsetY = 0.5F;
         OutputNow.PrinterTwipsPerPixelY = 2.5F;
         OutputNow.DevicePixelX = 2.5F;
         OutputNow.DevicePixelY = 2.5F;
@@ -52,6 +52,17 @@ TEST_F(Page, LinesCountDevicePixelsWithoutScalingAndOnTheScreen) {
     Design.LineWidthsScaled = true;
     Design.PrintingNow = false;
     EXPECT_EQ(DevicePenWidth(), 2);
+}
+
+TEST_F(Page, DotsKeepTheirShareOfTheMapButAreNeverLessThanOnePixel) {
+    // Two pixels of 15 twips, one and a half times as wide, on pixels of 2.5 twips.
+    EXPECT_EQ(DeviceDotPixels(2.0), 18);
+    EXPECT_EQ(DeviceDotPixels(0.01), 1);
+    Design.LineWidthsScaled = false;
+    EXPECT_EQ(DeviceDotPixels(2.0), 1);
+    Design.PrintingNow = false;
+    EXPECT_EQ(DeviceDotPixels(2.0), 2);
+    EXPECT_EQ(DeviceDotPixels(0.4), 1);
 }
 
 TEST_F(Page, MapLiesAtItsMarginsLessWhatThePrinterCannotReach) {

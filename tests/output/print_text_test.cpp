@@ -53,6 +53,74 @@ TEST_F(WindowText, TextStandsOnItsBaselineAtItsPixel) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
+/// Text of a window of 19200 twips on a map of 6.5 inches, at 300 dots with strips of 71 dots.
+class PageText : public WindowText {
+protected:
+    PageText() {
+        machine.window.scaleWidth = 19200.0;
+        Design.PrintUnitTwips = 1440;
+        Design.PrintWidth = 6.5F;
+        Design.PrintLeft = 1.0F;
+        Design.PrintTop = 2.0F;
+        OutputNow.PrinterTwipsPerPixelX = 4.8F;
+        OutputNow.PrinterTwipsPerPixelY = 4.8F;
+        OutputNow.page.PrinterOffsetX = 71.0F / 300.0F;
+        OutputNow.page.PrinterOffsetY = 71.0F / 300.0F;
+        Design.PrintingNow = true;
+    }
+};
+
+TEST_F(PageText, StandsAtItsPlaceOnTheMapAndKeepsItsShareOfIt) {
+    Design.TextItems = {Item("Nuuk")};
+    PrintText();
+    // The map is 0.4875 times as large as in the window. x: 1099.2 + 731.25 twips, 1830, 381.25 dots;
+    // y: 2539.2 + 365.625, 2905, 605.2. 12 points: 117 twips, 24.4 dots.
+    ASSERT_EQ(surface.Texts().size(), 1U);
+    EXPECT_EQ(surface.Texts()[0].anchor, (SurfacePoint{381, 605}));
+    EXPECT_EQ(surface.Texts()[0].font.font.height, -24);
+    EXPECT_EQ(surface.Texts()[0].align, AlignBaseline);
+}
+
+TEST_F(PageText, IsTurnedTheSameWayAsInTheWindow) {
+    InHand("turned", "30");
+    PrintRotatedText();
+    EXPECT_EQ(surface.Texts()[0].font.font.escapement, 300);
+    EXPECT_EQ(surface.Texts()[0].font.font.orientation, 300);
+}
+
+TEST_F(PageText, ReachesTheFarEndOfALargePaper) {
+    // 46 inches are 66240 twips.
+    Design.PrintWidth = 44.0F;
+    TextItem item = Item("far");
+    item.TextX = 19200;
+    Design.TextItems = {item};
+    PrintText();
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+    // 1099.2 + 63360 twips are 64459, 13429 dots.
+    EXPECT_EQ(surface.Texts()[0].anchor.x, 13429);
+}
+
+TEST_F(PageText, TooSmallToBeReadIsStillOfOneDot) {
+    Design.PrintWidth = 0.05F;
+    InHand("tiny", "0");
+    PrintRotatedText();
+    EXPECT_EQ(surface.Texts()[0].font.font.height, -1) << "0 would be a height of the printer's choice";
+}
+
+TEST_F(PageText, FailureOfThePageIsReported) {
+    InHand("a", "0");
+    surface.FailAt(SurfaceOp::CreateFontIndirectA, 1);
+    surface.FailAt(SurfaceOp::TextOutA, 1);
+    PrintRotatedText();
+    EXPECT_THAT(machine.boxes.Taken(),
+                ElementsAre(AskedBox{"Windows API Error", "CreateFontIndirect error(1) in PrintRotatedText"},
+                            AskedBox{"Windows API Error", "TextOut error(1) in PrintRotatedText"}));
+    surface.FailAt(SurfaceOp::DeleteObject, 1);
+    PrintRotatedText();
+    EXPECT_THAT(machine.boxes.Taken(),
+                ElementsAre(AskedBox{"Windows API Error", "DeleteObject error(2) in PrintRotatedText"}));
+}
+
 TEST_F(WindowText, PositionsAreRoundedToTheNearestPixelTiesToEven) {
     TextItem item = Item("a");
     item.TextX = 22; // 1.47

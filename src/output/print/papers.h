@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace quelmont {
@@ -36,6 +37,12 @@ constexpr const Paper* PaperOf(std::string_view name) {
     const auto* const found =
         std::find_if(Papers.begin(), Papers.end(), [&](const Paper& paper) { return paper.name == name; });
     return found == Papers.end() ? nullptr : found;
+}
+
+/// The place of a name in Papers; past their end when there is no such paper.
+constexpr std::size_t IndexOfPaper(std::string_view name) {
+    const Paper* const paper = PaperOf(name);
+    return paper == nullptr ? Papers.size() : static_cast<std::size_t>(paper - Papers.data());
 }
 
 /// The finest resolution of a page, dots per inch.

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quelmont {
+
+/// Twips in the units of a page.
+constexpr std::int32_t InchTwips = 1440;
+constexpr std::int32_t CentimetreTwips = 567;
+
+/// Measures pages in another unit from now on, with which they stay as large as they were.
+///
+/// Reads   PrintUnitTwips. Writes  it; PrintLeft, PrintTop, PrintWidth, PrintHeight, ReportLeft,
+///         ReportRight, ReportTop, ReportBottom.
+void ChangePrintUnit(std::int32_t twips);
+
+} // namespace quelmont

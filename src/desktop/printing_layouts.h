@@ -1,0 +1,11 @@
+#pragma once
+
+/// How the controls of the dialogs that print are arranged.
+
+namespace quelmont {
+
+class FormView;
+
+void LayOutPrintMap(FormView& view);
+
+} // namespace quelmont

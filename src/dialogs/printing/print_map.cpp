@@ -1,0 +1,286 @@
+#include "dialogs/printing/print_map.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/number_text.h"
+#include "core/print_units.h"
+#include "dialogs/dialogs_state.h"
+#include "dialogs/printing/page_checks.h"
+#include "output/output_state.h"
+#include "output/print/page_layout.h"
+#include "output/print/papers.h"
+#include "output/print/printer_params.h"
+#include "platform/machine.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* Explanation =
+    "The Print Map option prints the entire area of the screen beneath the Menu Bar.\n\n"
+    "Map Height is controlled by Map Width.  The Map Margins are automatically calculated when the Center "
+    "Map items are checked.";
+
+constexpr const char* LengthMask = "%%%.%%";
+constexpr const char* LengthPicture = "000.00";
+constexpr float LargestShown = 999.99F;
+
+std::array<float*, 8> Lengths() {
+    return {&Design.PrintLeft,  &Design.PrintTop,    &Design.PrintWidth, &Design.PrintHeight,
+            &Design.ReportLeft, &Design.ReportRight, &Design.ReportTop,  &Design.ReportBottom};
+}
+
+void ShowCannotCenter(const char* title, const char* why, const char* remedy) {
+    Machine().boxes->Ask(title, std::string(why) + "\n\n" + remedy, BoxButtons::Ok, BoxIcon::Exclamation);
+}
+
+std::vector<std::string> NamesOfPapers() {
+    std::vector<std::string> names;
+    for (const Paper& paper : Papers) {
+        names.emplace_back(paper.name);
+    }
+    return names;
+}
+
+} // namespace
+
+PrintMap::PrintMap(const Printer& printer_) : PrintMap(&printer_, printer_.Name()) {
+    AddControls();
+    Form_Load();
+}
+
+PrintMap::PrintMap(std::string_view printerName, std::vector<std::string> papers, std::size_t paper)
+    : PrintMap(nullptr, printerName) {
+    Add({.name = "PaperList",
+         .kind = ControlKind::List,
+         .caption = "Pap&er",
+         .value = static_cast<int>(paper),
+         .items = std::move(papers)});
+    AddControls();
+    Form_Load();
+}
+
+PrintMap::PrintMap(const Printer* printer_, std::string_view printerName)
+    : DesignDialog("PrintMap", "Print Map on " + std::string(printerName)),
+      printer(printer_), left{"LeftMap", &Design.PrintLeft}, top{"TopMap", &Design.PrintTop},
+      width{"WidthMap", &Design.PrintWidth}, height{"HeightMap", &Design.PrintHeight} {
+    Design.DialogCancelled = true;
+}
+
+PrintMap::Before PrintMap::BeforeNow() {
+    Before now{
+        Design.PrintUnitTwips, {}, Design.PrinterOrientation, Design.CenterHorizontal, Design.CenterVertical};
+    const auto lengths = Lengths();
+    std::transform(lengths.begin(), lengths.end(), now.lengths.begin(),
+                   [](const float* length) { return *length; });
+    return now;
+}
+
+void PrintMap::AddControls() {
+    Add({.name = "Help", .kind = ControlKind::Label, .text = Explanation});
+    AddOptions();
+    AddLengths();
+    AddOkAndCancel([this] { OK_Click(); });
+}
+
+void PrintMap::Form_Load() {
+    Guarded(ClassName(), [this] {
+        SetPrintWidth(Design.PrintWidth); // the window may have other proportions now
+        TakePrinter(printer);
+    });
+    ShowUnit();
+}
+
+void PrintMap::AddOptions() {
+    const auto add = [this](const char* name, const char* text, const char* frame, bool chosen) {
+        Add({.name = name,
+             .kind = ControlKind::Option,
+             .text = text,
+             .value = chosen ? 1 : 0,
+             .frame = frame});
+    };
+    Add({.name = "MapOrientation", .kind = ControlKind::Frame, .text = "Paper Orientation"});
+    const bool turned = Design.PrinterOrientation == Landscape;
+    add("Portrait", "&Portrait", "MapOrientation", !turned);
+    add("Landscape", "L&andscape", "MapOrientation", turned);
+    Add({.name = "PrintUnits", .kind = ControlKind::Frame, .text = "Units"});
+    const bool centimetres = Design.PrintUnitTwips == CentimetreTwips;
+    add("Inches", "&Inches", "PrintUnits", !centimetres);
+    add("Centimeters", "Centi&meters", "PrintUnits", centimetres);
+    On("Portrait", ControlEvent::Click, [this] { TakeOrientation(Portrait); });
+    On("Landscape", ControlEvent::Click, [this] { TakeOrientation(Landscape); });
+    On("Inches", ControlEvent::Click, [this] { TakeUnit(InchTwips); });
+    On("Centimeters", ControlEvent::Click, [this] { TakeUnit(CentimetreTwips); });
+}
+
+void PrintMap::AddLengths() {
+    const auto addField = [this](const LengthField& field, const char* caption, void (PrintMap::*change)()) {
+        Add({.name = field.name, .kind = ControlKind::Edit, .caption = caption, .mask = LengthMask});
+        On(field.name, ControlEvent::Change, [this, change] { (this->*change)(); });
+    };
+    const auto addCheck = [this](const char* name, const char* text, bool on, void (PrintMap::*click)()) {
+        Add({.name = name, .kind = ControlKind::Check, .text = text, .value = on ? 1 : 0});
+        On(name, ControlEvent::Click, [this, click] { (this->*click)(); });
+    };
+    Add({.name = "MapSize", .kind = ControlKind::Frame});
+    addField(width, "&Width", &PrintMap::WidthMap_Change);
+    addField(height, "&Height", &PrintMap::HeightMap_Change);
+    Add({.name = "MapMargins", .kind = ControlKind::Frame});
+    addField(left, "&Left", &PrintMap::LeftMap_Change);
+    addField(top, "&Top", &PrintMap::TopMap_Change);
+    Add({.name = "CenterMap", .kind = ControlKind::Frame, .text = "Center Map"});
+    addCheck("HorizontalMap", "Hori&zontally", Design.CenterHorizontal, &PrintMap::HorizontalMap_Click);
+    addCheck("VerticalMap", "&Vertically", Design.CenterVertical, &PrintMap::VerticalMap_Click);
+}
+
+void PrintMap::ShowLength(LengthField& field) {
+    field.exact = *field.length;
+    SetText(field.name, FormatNumber(std::clamp(field.exact, 0.0F, LargestShown), LengthPicture));
+    field.written = At(field.name).text;
+}
+
+void PrintMap::ShowLengths() {
+    for (LengthField* const field : {&left, &top, &width, &height}) {
+        ShowLength(*field);
+    }
+    Edit(left.name).enabled = !Design.CenterHorizontal;
+    Edit(top.name).enabled = !Design.CenterVertical;
+}
+
+void PrintMap::ShowUnit() {
+    const std::string unit = Design.PrintUnitTwips == CentimetreTwips ? "(cm)" : "(inch)";
+    Edit("MapSize").text = "Map Size " + unit;
+    Edit("MapMargins").text = "Map Margins " + unit;
+}
+
+float PrintMap::Length(const LengthField& field) const {
+    const std::string& text = At(field.name).text;
+    return text == field.written ? field.exact : static_cast<float>(ValueOf(text));
+}
+
+void PrintMap::TakePrinter(const Printer* newPrinter) {
+    printer = newPrinter;
+    if (printer == nullptr) {
+        OutputNow.page = {};
+    } else if (GetPrinterParams(*printer)) {
+        CalcPrnLeft();
+        CalcPrnTop();
+    }
+    ShowLengths();
+}
+
+void PrintMap::LeftMap_Change() { Design.PrintLeft = Length(left); }
+void PrintMap::TopMap_Change() { Design.PrintTop = Length(top); }
+
+// What is being typed need not fit: only margins of a centred map, which are not typed, go with it.
+void PrintMap::WidthMap_Change() {
+    SetPrintWidth(Length(width));
+    ShowLength(height);
+    FollowSize();
+}
+
+void PrintMap::HeightMap_Change() {
+    SetPrintHeight(Length(height));
+    ShowLength(width);
+    FollowSize();
+}
+
+void PrintMap::FollowSize() {
+    if (Design.CenterHorizontal) {
+        CalcPrnLeft();
+        ShowLength(left);
+    }
+    if (Design.CenterVertical) {
+        CalcPrnTop();
+        ShowLength(top);
+    }
+}
+
+void PrintMap::HorizontalMap_Click() {
+    if (At("HorizontalMap").value != 0 && !CanCenterHorizontally()) {
+        ShowCannotCenter("Error: Map cannot be centered horizontally",
+                         "The map cannot be centered horizontally, because the map width is too large.",
+                         "To center the map horizontally, reduce the map width!");
+        Edit("HorizontalMap").value = 0;
+    }
+    Design.CenterHorizontal = At("HorizontalMap").value != 0;
+    FollowSize();
+    Edit(left.name).enabled = !Design.CenterHorizontal;
+}
+
+void PrintMap::VerticalMap_Click() {
+    if (At("VerticalMap").value != 0 && !CanCenterVertically()) {
+        ShowCannotCenter("Error: Map cannot be centered vertically",
+                         "The map cannot be centered vertically, because the map height is too large.",
+                         "To center the map vertically, reduce the map width!");
+        Edit("VerticalMap").value = 0;
+    }
+    Design.CenterVertical = At("VerticalMap").value != 0;
+    FollowSize();
+    Edit(top.name).enabled = !Design.CenterVertical;
+}
+
+void PrintMap::TakeUnit(std::int32_t twips) {
+    ChangePrintUnit(twips);
+    TakePrinter(printer);
+    ShowUnit();
+}
+
+void PrintMap::TakeOrientation(std::int16_t orientation) {
+    Design.PrinterOrientation = orientation;
+    TakePrinter(printer);
+}
+
+void PrintMap::OK_Click() {
+    if (printer != nullptr) {
+        GetPrinterParams(*printer); // it may have been set up anew meanwhile
+    }
+    const std::optional<PageRefusal> refusal = CheckPage();
+    if (!refusal) {
+        CloseAccepted();
+        return;
+    }
+    const char* const field = At(refusal->field).enabled ? refusal->field : width.name;
+    Machine().boxes->AskAbout(field, refusal->title, refusal->text, BoxButtons::Ok, BoxIcon::Exclamation);
+    SetFocus(field);
+}
+
+void PrintMap::Cancel_Click() {
+    Design.PrintUnitTwips = before.unit;
+    const auto lengths = Lengths();
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        *lengths[i] = before.lengths[i];
+    }
+    Design.PrinterOrientation = before.orientation;
+    Design.CenterHorizontal = before.centerHorizontal;
+    Design.CenterVertical = before.centerVertical;
+    DesignDialog::Cancel_Click();
+}
+
+// ---- A page in a file.
+
+PrintMapOnPdf::PrintMapOnPdf()
+    : PrintMap("PDF", NamesOfPapers(), DialogsNow.PdfPaper), paperBefore(DialogsNow.PdfPaper) {
+    On("PaperList", ControlEvent::Click, [this] { PaperList_Click(); });
+    Guarded(ClassName(), [this] { PaperList_Click(); });
+}
+
+void PrintMapOnPdf::PaperList_Click() {
+    DialogsNow.PdfPaper = static_cast<std::size_t>(At("PaperList").value);
+    const Paper& paper = Papers.at(DialogsNow.PdfPaper);
+    std::unique_ptr<Printer> chosen = Machine().printers->Pdf(paper.width, paper.height, "");
+    TakePrinter(chosen.get());
+    page = std::move(chosen);
+}
+
+void PrintMapOnPdf::Cancel_Click() {
+    DialogsNow.PdfPaper = paperBefore;
+    PrintMap::Cancel_Click();
+}
+
+} // namespace quelmont

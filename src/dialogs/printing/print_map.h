@@ -1,0 +1,101 @@
+#pragma once
+
+#include "dialogs/design_dialog.h"
+#include "platform/printers.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelmont {
+
+/// "Print Map on ...": how the paper lies, the size of the map and its margins, in inches or centimetres.
+/// Width and height follow each other in the proportions of the window; the margins of a map in the middle of
+/// the paper follow its size and cannot be typed. OK accepts what fits on the paper (page_checks.h); a
+/// refusal leaves the dialog open.
+///
+/// A length that the program wrote into a field counts as it is, not as it is shown with two decimals.
+///
+/// Reads   the window's drawing area.
+/// Writes  PrintLeft, PrintTop, PrintWidth, PrintHeight, CenterHorizontal, CenterVertical,
+///         PrinterOrientation; PrintUnitTwips, with which the margins of reports go; DialogCancelled. Cancel
+///         gives all of them back.
+class PrintMap : public DesignDialog {
+public:
+    /// The printer outlives the dialog.
+    explicit PrintMap(const Printer& printer_);
+
+protected:
+    /// A list of papers, the control PaperList. It waits for TakePrinter.
+    PrintMap(std::string_view printerName, std::vector<std::string> papers, std::size_t paper);
+
+    /// Takes the measures of a printer, or of none that would hold a map; margins follow.
+    void TakePrinter(const Printer* newPrinter);
+    void Cancel_Click() override;
+
+private:
+    /// A field for a length of the design.
+    struct LengthField {
+        const char* name;
+        float* length;
+        std::string written = {}; ///< by the program
+        float exact = 0.0F;       ///< what that stands for
+    };
+    /// What Cancel gives back.
+    struct Before {
+        std::int32_t unit;
+        std::array<float, 8> lengths;
+        std::int16_t orientation;
+        bool centerHorizontal, centerVertical;
+    };
+    static Before BeforeNow();
+
+    PrintMap(const Printer* printer_, std::string_view printerName);
+    void AddControls();
+    void Form_Load();
+    void AddOptions();
+    void AddLengths();
+    void ShowLength(LengthField& field);
+    void ShowLengths();
+    void ShowUnit();
+    /// What a field says.
+    float Length(const LengthField& field) const;
+
+    void LeftMap_Change();
+    void TopMap_Change();
+    void WidthMap_Change();
+    void HeightMap_Change();
+    /// The margins of a centred map after its size.
+    void FollowSize();
+    void HorizontalMap_Click();
+    void VerticalMap_Click();
+    void TakeUnit(std::int32_t twips);
+    void TakeOrientation(std::int16_t orientation);
+    void OK_Click();
+
+    const Printer* printer;
+    LengthField left, top, width, height;
+    Before before = BeforeNow();
+};
+
+/// "Print Map on PDF": the same for a page in a file, with a list of papers. The paper that was accepted last
+/// is proposed the next time.
+///
+/// Writes  PdfPaper of DialogsNow as well.
+class PrintMapOnPdf : public PrintMap {
+public:
+    PrintMapOnPdf();
+
+private:
+    void PaperList_Click();
+    void Cancel_Click() override;
+
+    std::size_t paperBefore;
+    std::unique_ptr<Printer> page; ///< of the paper chosen
+};
+
+} // namespace quelmont
