@@ -13,6 +13,7 @@
 #include "designfile/cnf_save.h"
 #include "graticule/plot_grid.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/map_print.h"
 #include "mainwindow/start_up.h"
 #include "mapinput/map_input_state.h"
 #include "output/bmp/bmp_file.h"
@@ -27,6 +28,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <new>
 #include <ostream>
 #include <utility>
@@ -154,15 +156,27 @@ bool SaveDesignAs(const std::string& name) {
     return saved;
 }
 
-/// Draws the map and writes the picture.
-int DrawPicture(HeadlessMachine& machine, const DrawOptions& options, Timer::time_point start,
-                std::ostream& output, std::ostream& errors) {
-    NoteLargeGrid(errors);
+/// Draws the map: on a page that a printer takes, or else in the window. False when a page failed.
+bool DrawMap(HeadlessMachine& machine, Printer* printer) {
+    if (printer != nullptr) {
+        return MapPrint(*printer);
+    }
     machine.window.Cls();
     MapDraw();
+    return true;
+}
+
+/// Draws the map and writes the picture. Without a printer it is that of the window.
+int DrawPicture(HeadlessMachine& machine, const DrawOptions& options, Printer* printer,
+                Timer::time_point start, std::ostream& output, std::ostream& errors) {
+    NoteLargeGrid(errors);
+    const bool done = DrawMap(machine, printer);
     if (StopSignals::Came()) {
         errors << Program << "stopped\n";
         return ExitFailed;
+    }
+    if (!done) {
+        errors << Program << options.output << ": not written\n";
     }
     const StopSignals stopSignals;
     for (const std::string& name : MapInputNow.FilesWithoutLineStarts) {
@@ -181,7 +195,7 @@ int DrawPicture(HeadlessMachine& machine, const DrawOptions& options, Timer::tim
     const int answer = options.stats
                            ? Answer(StatisticsLine(SecondsSince(drawn), SecondsSince(start)), output, errors)
                            : ExitDone;
-    return machine.boxes.Count() > 0 ? ExitFailed : answer;
+    return !done || machine.boxes.Count() > 0 ? ExitFailed : answer;
 }
 
 /// Takes the options into the design. Gives the exit code of what refused them.
@@ -227,6 +241,13 @@ int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
     if (const int refused = TakeOptions(machine, options, errors); refused != ExitDone) {
         return refused;
     }
+    std::unique_ptr<Printer> printer;
+    if (OutputFormatOf(options.output) == OutputFormat::Pdf) {
+        printer = LayOutPage(options.page, options.output);
+        if (printer == nullptr) {
+            return ExitFailed;
+        }
+    }
     if (options.saveDesign && !SaveDesignAs(*options.saveDesign)) {
         return ExitFailed;
     }
@@ -234,7 +255,7 @@ int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
     if (options.output.empty()) {
         return machine.boxes.Count() > 0 ? ExitFailed : ExitDone;
     }
-    return DrawPicture(machine, options, start, output, errors);
+    return DrawPicture(machine, options, printer.get(), start, output, errors);
 }
 
 int Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {

@@ -119,6 +119,9 @@ Examples:
   quelmont-draw --design trip.cnf --background E0F0FF trip.png
       A design made in the window, on another background.
 
+  quelmont-draw --projection robinson --landscape --paper A3 --map-width 38cm world.pdf
+      A page to print, or to send.
+
 Exit status: 0 done; 1 the design was refused, or a map file, the picture or a table
 failed, as the messages tell; 2 the command line is wrong, or its circles were refused.)";
 
@@ -181,6 +184,7 @@ private:
     void AddLabels();
     void AddTexts();
     void AddPicture();
+    void AddPage();
     void AddDesign();
 
     DrawOptions& options;
@@ -198,6 +202,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     app.set_version_flag("--version", "quelmont-draw " + version, "Print the version and exit");
     app.footer(Lists() + Notes);
     AddPicture();
+    AddPage();
     AddDesign();
     AddProjection();
     AddUtm();
@@ -264,11 +269,12 @@ void OptionTable::AddDigits(const DigitsOption& option, const char* type,
 void OptionTable::AddPicture() {
     group = "Picture";
     Add("OUTPUT", "",
-        "The file to write, by its ending: .png .bmp .cgm .dxf .wmf, or .txt for a text file\n"
+        "The file to write, by its ending: .png .bmp .cgm .dxf .wmf .pdf, or .txt for a text file\n"
         "of each part of the map; nothing is drawn when it is left out and circles are saved",
         [this](const std::string& value) {
             if (OutputFormatOf(value) == OutputFormat::Unknown) {
-                throw BadValue("\"" + value + "\" does not end in .png, .bmp, .cgm, .dxf, .wmf or .txt");
+                throw BadValue("\"" + value +
+                               "\" does not end in .png, .bmp, .cgm, .dxf, .wmf, .pdf or .txt");
             }
             options.output = value;
         });
@@ -291,6 +297,16 @@ void OptionTable::AddPicture() {
     Add("--text-scale", "1..1000", "Size of text in .cgm and .dxf, percent (100)",
         [this](const std::string& value) { options.textScale = NumberValue(value, 1, 1000); });
     app.add_flag("--stats", options.stats, "Print points and seconds as a line of JSON")->group(group);
+}
+
+void OptionTable::AddPage() {
+    group = "Page of a PDF file";
+    AddPageOptions(
+        app, group,
+        [this](const std::string& name, const char* type, const char* description, Take take) {
+            return Add(name, type, description, std::move(take));
+        },
+        options.page);
 }
 
 void OptionTable::AddDesign() {
@@ -502,6 +518,10 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
     }
     if (const std::string fault = FaultOf(options.texts); !fault.empty()) {
         return WrongUsage{fault};
+    }
+    if (options.page.Any() && OutputFormatOf(options.output) != OutputFormat::Pdf) {
+        return WrongUsage{
+            "--paper, --landscape, --map-width, --left and --top are for an OUTPUT that ends in .pdf"};
     }
     const bool savesTables = !options.greatCircleLine.table.empty() || !options.smallCircleLine.table.empty();
     if (options.output.empty() && !savesTables && !options.saveDesign) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/page_options.h"
 #include "commandline/text_options.h"
 #include "core/map_design.h"
 #include "core/standard_colors.h"
@@ -63,6 +64,7 @@ struct DrawOptions {
     MapFileOptions defaultMap;        ///< its style; the file is the one that comes with the program
     std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it
     std::vector<PlacedTextOptions> texts;       ///< each with its place
+    PageOptions page;                           ///< of a PDF file
     SurfacePoint window{1280, 924};             ///< drawing area, pixels
     bool windowGiven = false;
     std::optional<SurfacePoint> screen;

@@ -27,6 +27,7 @@ constexpr std::array Endings = std::to_array<Ending>({
     {"DXF", OutputFormat::Dxf},
     {"WMF", OutputFormat::Wmf},
     {"BMP", OutputFormat::Bmp},
+    {"PDF", OutputFormat::Pdf},
     {"TXT", OutputFormat::Ascii},
 });
 

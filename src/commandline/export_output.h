@@ -8,10 +8,10 @@
 namespace quelmont {
 
 /// What the ending of the output asks for.
-enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Ascii, Unknown };
+enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Pdf, Ascii, Unknown };
 OutputFormat OutputFormatOf(const std::string& name);
 
-/// Arms the export of the output's format for the next draw; the pictures need none. Returns why it
+/// Arms the export of the output's format for the next draw; pictures and pages need none. Returns why it
 /// cannot be: an output that is one of the map files, a colour that a DXF file cannot have, with the nearest
 /// one that it can, text files that are the same file or that nothing would be written to.
 std::string ArmExport(const std::string& output);

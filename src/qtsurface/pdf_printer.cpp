@@ -15,7 +15,6 @@
 #include <QPdfWriter>
 #include <QString>
 
-#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,8 +23,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr double PointsPerInch = 72.0;
-constexpr double LargestPaper = 200.0; ///< inches; ISO 32000-1, annex C
 constexpr const char* PrinterName = "PDF";
 constexpr const char* ProgramName = "Quelmont";
 
@@ -194,14 +191,10 @@ PrinterLimits PdfPrinter::Limits(std::int16_t orientation) const {
     return limits;
 }
 
-bool CanBePaper(double length) {
-    return std::isfinite(length) && length >= 1.0 / PointsPerInch && length <= LargestPaper;
-}
-
 } // namespace
 
 std::unique_ptr<Printer> MakePdfPrinter(double paperWidth, double paperHeight, std::string_view fileName) {
-    if (!CanBePaper(paperWidth) || !CanBePaper(paperHeight)) {
+    if (!CanBePageSide(paperWidth) || !CanBePageSide(paperHeight)) {
         return nullptr;
     }
     NeedGuiApplication();

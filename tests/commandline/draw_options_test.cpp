@@ -225,7 +225,7 @@ TEST(WrongUsageOf, OptionsOfMapFiles) {
     EXPECT_NE(Fault({"a.png", "--map"}), "");
 }
 
-TEST(HelpText, NamesEveryOptionAndShowsFiveExamples) {
+TEST(HelpText, NamesEveryOptionAndShowsSixExamples) {
     const auto result = ReadDrawOptions({"--help"}, "3.00");
     ASSERT_TRUE(std::holds_alternative<TextAnswer>(result));
     const std::string& help = std::get<TextAnswer>(result).text;
@@ -296,7 +296,7 @@ TEST(HelpText, NamesEveryOptionAndShowsFiveExamples) {
          at = help.find("\n  quelmont-draw ", at + 1)) {
         ++examples;
     }
-    EXPECT_EQ(examples, 5U);
+    EXPECT_EQ(examples, 6U);
 }
 
 TEST(HelpText, ShowsTheColumnsOfAFileOfOnesOwn) {

@@ -85,6 +85,17 @@ TEST_F(Program, DrawsTheSameBytesAgain) {
     EXPECT_EQ(ReadWholeFile(folder / "a.png"), ReadWholeFile(folder / "b.png"));
 }
 
+TEST_F(Program, WritesTheSamePagesInEveryRun) {
+    // Fonts of three families: their order in the file is the same, too.
+    const std::string line =
+        "--text One --at 10%,10% --font 'Liberation Sans' --text Two --at 20%,20% --font "
+        "'Liberation Serif' --text Three --at 30%,30% --font 'DejaVu Sans' ";
+    ASSERT_EQ(Run(line + "a.pdf"), 0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // another second
+    ASSERT_EQ(Run(line + "b.pdf"), 0);
+    EXPECT_TRUE(ReadWholeFile(folder / "a.pdf") == ReadWholeFile(folder / "b.pdf"));
+}
+
 TEST_F(Program, FindsItsMapThroughALink) {
     std::filesystem::create_symlink(QUELMONT_DRAW, folder / "draw");
     const std::string command = "cd '" + folder.Path() + "' && ./draw world.png";
@@ -186,6 +197,7 @@ TEST_F(Program, FileThatOutgrowsItsLimitIsAFullDisk) {
         {"wmf", "Windows API Error\nhwrite error in SaveMetafileToDisk\n"},
         {"bmp", "Error in BmpSave\nError: Disk full\n"},
         {"png", "quelmont-draw: a.png: Disk full\n"},
+        {"pdf", "quelmont-draw: a.pdf: not written\n"},
     };
     for (const auto& [ending, failure] : failures) {
         EXPECT_EQ(Run("a." + ending, "ulimit -f 8 && "), 1) << ending; // 4 or 8 kB, by the shell
@@ -245,7 +257,8 @@ TEST_P(LongDraw, SignalStopsItAndLeavesTheEarlierFile) {
 
 INSTANTIATE_TEST_SUITE_P(Exports, LongDraw,
                          testing::Values(std::pair("a.cgm", "a.cgm"), std::pair("a.dxf", "a.dxf"),
-                                         std::pair("a.wmf", "a.wmf"), std::pair("a.txt", "a-big.map.txt")),
+                                         std::pair("a.wmf", "a.wmf"), std::pair("a.pdf", "a.pdf"),
+                                         std::pair("a.txt", "a-big.map.txt")),
                          [](const auto& test) { return std::string(test.param.first).substr(2); });
 
 TEST_F(Program, LargeGridIsNotedBeforeItIsDrawnAndCanBeStopped) {

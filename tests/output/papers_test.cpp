@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace quelmont {
 namespace {
 
@@ -29,6 +31,14 @@ TEST(Papers, OfAnISeriesHaveSidesInTheRatioOfASquaresDiagonal) {
         if (paper.name.size() == 2) {
             EXPECT_NEAR(paper.height / paper.width, 1.41421356, 0.006) << paper.name;
         }
+    }
+}
+
+TEST(Papers, SidesAreFromAPointTo200Inches) {
+    EXPECT_TRUE(CanBePageSide(1.0 / 72.0));
+    EXPECT_TRUE(CanBePageSide(200.0));
+    for (const double length : {0.0, -1.0, 0.0138, 200.001, std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_FALSE(CanBePageSide(length)) << length;
     }
 }
 

@@ -45,6 +45,10 @@ constexpr std::size_t IndexOfPaper(std::string_view name) {
     return paper == nullptr ? Papers.size() : static_cast<std::size_t>(paper - Papers.data());
 }
 
+/// Whether a side of a page in a file can have a length, inches: a page is measured in points of 1/72 inch,
+/// and ISO 32000-1 (annex C) ends at 200 inches. False for what is no number.
+constexpr bool CanBePageSide(double length) { return length >= 1.0 / 72.0 && length <= 200.0; }
+
 /// The finest resolution of a page, dots per inch.
 constexpr int FinestResolution = 1200;
 
