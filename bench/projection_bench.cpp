@@ -1,4 +1,6 @@
 #include "core/map_design.h"
+#include "projection/inverse_select.h"
+#include "projection/inverse_utm.h"
 #include "projection/param_select.h"
 #include "projection/project_select.h"
 #include "projection/utm.h"
@@ -15,8 +17,8 @@
 #include <string>
 #include <vector>
 
-/// Nanoseconds per point of each forward projection, beside PROJ's array call on the same points in
-/// the same run. The last lines give the ratio; less than a half is what we want.
+/// Nanoseconds per point of each projection, forward and inverse, beside PROJ's array call on the same points
+/// in the same run. The last lines give the ratios; forward, less than a half is what we want.
 
 namespace {
 
@@ -25,10 +27,16 @@ using namespace quelmont;
 constexpr std::size_t PointCount = 100'000;
 constexpr double Degree = std::numbers::pi / 180.0;
 constexpr double CentralLatitude = 40.0;
+/// Behind the name of a projection in that of a benchmark.
+constexpr const char* Inverse = "Inverse";
 
 /// Degrees; lon from the centre of the map.
 struct Point {
     double lat, lon;
+};
+
+struct Plane {
+    double x, y;
 };
 
 struct Contest {
@@ -122,7 +130,30 @@ void Ours(benchmark::State& state, const Contest& contest) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(PointCount));
 }
 
-void Theirs(benchmark::State& state, const Contest& contest) {
+void OursInverse(benchmark::State& state, const Contest& contest) {
+    SetDesign(contest.projNum);
+    const bool zone = contest.projNum == ProjUtm;
+    std::vector<Plane> places;
+    for (const Point& point : RandomPoints(contest)) {
+        Design.ProjLat = point.lat;
+        Design.ProjLon = point.lon + Design.LonCentral;
+        zone ? UtmForward() : ProjectSelect();
+        places.push_back(zone ? Plane{Design.ProjLon, Design.ProjLat} : Plane{Design.ProjX, Design.ProjY});
+    }
+    for (auto _ : state) {
+        for (const Plane& place : places) {
+            if (zone) {
+                benchmark::DoNotOptimize(UtmInverse(place.x, place.y));
+            } else {
+                benchmark::DoNotOptimize(InverseSelect(place.x, place.y));
+            }
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(PointCount));
+}
+
+/// Forward from the points, or inverse from their places.
+void Theirs(benchmark::State& state, const Contest& contest, PJ_DIRECTION direction) {
     const std::unique_ptr<PJ_CONTEXT, decltype(&proj_context_destroy)> context(proj_context_create(),
                                                                                proj_context_destroy);
     const std::unique_ptr<PJ, decltype(&proj_destroy)> operation(
@@ -135,12 +166,15 @@ void Theirs(benchmark::State& state, const Contest& contest) {
     for (const Point& point : RandomPoints(contest)) {
         points.push_back(proj_coord(point.lon * Degree, point.lat * Degree, 0.0, 0.0));
     }
+    if (direction == PJ_INV) {
+        proj_trans_array(operation.get(), PJ_FWD, points.size(), points.data());
+    }
     std::vector<PJ_COORD> work;
     for (auto _ : state) {
         state.PauseTiming();
         work = points; // the call works in place
         state.ResumeTiming();
-        proj_trans_array(operation.get(), PJ_FWD, work.size(), work.data());
+        proj_trans_array(operation.get(), direction, work.size(), work.data());
         benchmark::DoNotOptimize(work.data());
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(PointCount));
@@ -160,10 +194,17 @@ public:
     }
 
     void Finalize() override {
-        std::printf("\n%-22s %14s %14s %7s\n", "nanoseconds per point", "Quelmont", "PROJ", "ratio");
+        PrintRatios("ns per point, forward", "");
+        PrintRatios("ns per point, inverse", Inverse);
+    }
+
+private:
+    void PrintRatios(const char* title, const char* direction) const {
+        std::printf("\n%-22s %14s %14s %7s\n", title, "Quelmont", "PROJ", "ratio");
         for (const Contest& contest : Contests) {
-            const auto ours = nanoseconds.find(std::string(contest.name) + "/Quelmont");
-            const auto theirs = nanoseconds.find(std::string(contest.name) + "/PROJ");
+            const std::string name = std::string(contest.name) + direction;
+            const auto ours = nanoseconds.find(name + "/Quelmont");
+            const auto theirs = nanoseconds.find(name + "/PROJ");
             if (ours != nanoseconds.end() && theirs != nanoseconds.end()) {
                 std::printf("%-22s %14.1f %14.1f %7.2f\n", contest.name, ours->second, theirs->second,
                             ours->second / theirs->second);
@@ -171,7 +212,6 @@ public:
         }
     }
 
-private:
     std::map<std::string, double> nanoseconds;
 };
 
@@ -180,10 +220,14 @@ private:
 int main(int argc, char** argv) {
     for (const Contest& contest : Contests) {
         const std::string name = contest.name;
-        benchmark::RegisterBenchmark((name + "/Quelmont").c_str(), Ours, contest)
-            ->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark((name + "/PROJ").c_str(), Theirs, contest)
-            ->Unit(benchmark::kMillisecond);
+        const std::string inverse = name + Inverse;
+        for (benchmark::internal::Benchmark* registered :
+             {benchmark::RegisterBenchmark((name + "/Quelmont").c_str(), Ours, contest),
+              benchmark::RegisterBenchmark((name + "/PROJ").c_str(), Theirs, contest, PJ_FWD),
+              benchmark::RegisterBenchmark((inverse + "/Quelmont").c_str(), OursInverse, contest),
+              benchmark::RegisterBenchmark((inverse + "/PROJ").c_str(), Theirs, contest, PJ_INV)}) {
+            registered->Unit(benchmark::kMillisecond);
+        }
     }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {

@@ -12,10 +12,6 @@ namespace quelmont {
 
 namespace {
 
-/// A cosine this near to -1 is the antipode itself: rounding puts it to either side of -1, and at
-/// -1 exactly the scale of the three whole-globe projections has no value.
-constexpr double AntipodeCosine = -1.0 + 1e-12;
-
 AzimuthalTerms TermsOfPoint() {
     AzimuthalTerms terms;
     const double phi = Design.ProjLat * DegToRad;

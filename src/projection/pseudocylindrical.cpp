@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "projection/forward.h"
+#include "projection/robinson_polynomials.h"
 #include "projection/sine_cosine.h"
 
 #include <array>
@@ -133,17 +134,12 @@ void ForwardMollweide() {
 void ForwardRobinson() {
     const double lat = Design.ProjLat;
     const double a = std::fabs(lat);
-    const double b = a * a;
-    const double c = b * a;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    const auto& l = RobinsonLengths;
-    const auto& h = RobinsonHeights;
-    const double x = l[0] + a * l[1] + b * l[2] + c * l[3] + (a * l[4]) * c + (b * l[5]) * c + (c * l[6]) * c;
-    double y = a * h[1] + b * h[2] + c * h[3] + (a * h[4]) * c + (b * h[5]) * c + (c * h[6]) * c;
+    double y = RobinsonDistance(a);
     if (lat < 0.0) {
         y = -y;
     }
-    StoreProjected((x * RobinsonWidth) * lam, y * RobinsonHeight);
+    StoreProjected((RobinsonLength(a) * RobinsonWidth) * lam, y * RobinsonHeight);
 }
 
 } // namespace quelmont

@@ -5,6 +5,7 @@
 #include "core/map_design.h"
 #include "projection/interval.h"
 #include "projection/sine_cosine.h"
+#include "projection/sloped.h"
 
 namespace quelmont {
 
@@ -36,8 +37,11 @@ inline LatitudeTerms<double> TermsOfLatitude(double p) {
 inline LatitudeTerms<Interval> TermsOfLatitude(Interval p) {
     return {sin(p), cos(p), tan(p), sin(2.0 * p), cos(2.0 * p)};
 }
+inline LatitudeTerms<Sloped> TermsOfLatitude(Sloped p) {
+    return {sin(p), cos(p), sin(p) / cos(p), sin(2.0 * p), cos(2.0 * p)};
+}
 
-/// The forward series of the zone, for numbers or for intervals of them.
+/// The forward series of the zone, for numbers, for intervals of them or for numbers with slopes.
 ///
 /// p: latitude, radians. dl: longitude from the central meridian, degrees.
 /// Reads the spheroid and zone of the design. Source: Snyder 1987, eq. 8-9 to 8-15.

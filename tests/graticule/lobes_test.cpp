@@ -3,7 +3,11 @@
 #include "graticule/calc_graticule.h"
 #include "graticule/grid_texts.h"
 #include "graticule/lobes.h"
+#include "projection/inverse_place.h"
 #include "projection/lobe_row.h"
+#include "projection/param_select.h"
+#include "projection/project_select.h"
+#include "projection/reference_projection.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
@@ -238,6 +242,29 @@ TEST_F(LobePlaces, OffsetOfAnEarlierLobePlaysNoPart) {
     LonInterruptOffset();
     EXPECT_NEAR(Design.LobeCentral[1], Place(120.0), 1e-14);
     EXPECT_EQ(Design.LobeOffsetX, 0.0);
+}
+
+/// Where the pointer is, asked while each lobe is drawn: the design then holds the bounds of that lobe.
+TEST_F(LobePlaces, EveryPointOfALobeIsFoundAgainWhileItIsDrawn) {
+    CalcGraticule();
+    LonInterruptOffset();
+    ParamSelect();
+    for (const std::size_t lobe : {1U, 2U, 3U, 5U, 6U, 7U}) {
+        CalcGraticuleInterrupt(static_cast<std::int16_t>(lobe));
+        Design.LobeOffsetX = Design.LobeCentral[lobe];
+        for (double lat = Design.LatSouth; lat <= Design.LatNorth; lat += 7.5) {
+            for (int i = 0; i <= 20; ++i) {
+                Design.ProjLat = lat;
+                Design.ProjLon = Design.LonSpan * i / 20.0;
+                ProjectSelect();
+                const auto place = PlaceAt(Design.ProjX, Design.ProjY);
+                ASSERT_TRUE(place) << lobe << ": " << lat << ", " << Design.ProjLon;
+                EXPECT_LE(DistanceDegrees({place->lat, place->lon}, {lat, Design.LonWest + Design.ProjLon}),
+                          1e-9)
+                    << lobe << ": " << lat << ", " << Design.ProjLon;
+            }
+        }
+    }
 }
 
 TEST_F(LobePlaces, BadCountShowsTheBoxOfTheRoutine) {

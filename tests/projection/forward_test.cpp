@@ -1,6 +1,6 @@
 #include "core/map_design.h"
 #include "projection/map_fields.h"
-#include "projection/param_select.h"
+#include "projection/map_sweep.h"
 #include "projection/projection_table.h"
 #include "projection/reference_projection.h"
 #include "support/fresh_program.h"
@@ -12,6 +12,7 @@
 #include <cmath>
 #include <numbers>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 /// Every projection on the unit sphere, over dense grids of points and of designs, beside PROJ. The
@@ -23,26 +24,15 @@ namespace {
 
 using testing::IsEmpty;
 
-/// Degrees; a rectangle by its bounds and standard parallels, or a disc by its centre.
-struct MapOfSweep {
-    double north = 90.0, south = -90.0, span = 360.0;
-    double std1 = 0.0, std2 = 0.0;
-    double centre = 0.0;
-    double height = 0.0; ///< of a view point, kilometres
-};
-
 struct ForwardCase {
-    const char* name;
-    std::int16_t projNum;
-    std::vector<MapOfSweep> maps;
-    std::string (*definition)(const MapOfSweep& map);
+    SweptProjection swept;
     /// Beyond what a formula needs at an ordinary point, see Tolerance.
     double (*extra)(const MapOfSweep& map, const PlanePoint& expected);
     /// Furthest distance from the centre that is compared, degrees; discs only.
     double furthest = 180.0;
 };
 
-void PrintTo(const ForwardCase& forward, std::ostream* stream) { *stream << forward.name; }
+void PrintTo(const ForwardCase& forward, std::ostream* stream) { PrintTo(forward.swept, stream); }
 
 constexpr double Degree = std::numbers::pi / 180.0;
 
@@ -67,35 +57,6 @@ double Stretch(const ReferenceProjection& reference, const GlobePoint& point, co
 /// dozen operations, 1.1e-16 each, in both programs.
 double Tolerance(double stretch, const PlanePoint& place) {
     return 8e-15 * (1.0 + stretch + std::fabs(place.x) + std::fabs(place.y));
-}
-
-// ---- Maps between parallels and meridians.
-
-std::vector<MapOfSweep> Cylinders(double pole) {
-    return {{pole, -pole, 360.0},
-            {pole, -pole, 360.0, 45.0},
-            {60.0, 10.0, 75.5, 35.0},
-            {-10.0, -50.0, 20.0, 30.0},
-            {20.25, 20.0, 0.5, 89.0}};
-}
-
-std::vector<MapOfSweep> Ovals(double pole) {
-    return {{pole, -pole, 360.0}, {75.0, 0.0, 100.0}, {-20.0, -20.5, 0.25}, {pole, 89.0, 359.0}};
-}
-
-/// The proposals for six maps, and odd parallels: as far apart as can be, close together, nearly
-/// symmetric about the equator, one beyond the map.
-std::vector<MapOfSweep> Cones() {
-    return {{89.5, -89.5, 360.0, 60.0, 0.0},    {80.0, 10.0, 130.0, 68.3, 21.6},
-            {-5.0, -75.0, 200.0, -16.6, -63.3}, {50.0, 25.0, 60.0, 45.0, 29.5},
-            {55.0, 45.0, 20.0, 50.1, 50.0},     {89.0, -60.0, 360.0, 89.0, -10.0},
-            {60.0, -60.0, 180.0, 30.0, -29.0},  {85.0, 60.0, 360.0, 20.0, 80.0},
-            {-30.0, -60.0, 90.0, 10.0, -80.0}};
-}
-
-std::string Cone(const char* name, const MapOfSweep& map) {
-    return Definition(name,
-                      {{"lat_1", map.std1}, {"lat_2", map.std2}, {"lat_0", (map.north + map.south) / 2.0}});
 }
 
 /// The cosine of the latitude of true scale is off by 1e-15 of the angle, 1.6e-15 times the tangent
@@ -125,20 +86,6 @@ double MollweideExtra(const MapOfSweep&, const PlanePoint& expected) {
 
 // ---- Discs.
 
-std::vector<MapOfSweep> Discs(std::initializer_list<double> heights = {0.0}) {
-    std::vector<MapOfSweep> maps;
-    for (const double height : heights) {
-        for (const double centre :
-             {90.0, -90.0, 89.0, 60.0, 40.0, 37.783333, 1.0, 0.0, -0.5, -33.25, -86.0}) {
-            MapOfSweep map;
-            map.centre = centre;
-            map.height = height;
-            maps.push_back(map);
-        }
-    }
-    return maps;
-}
-
 /// The equidistant radius is an arc cosine over a sine, and the scale of the equal-area projection
 /// has 1 + cos(c) below its root: 4e-16 of the cosine become 1/s + c/s^2 times as much, where s is
 /// the sine of the distance from the centre.
@@ -155,62 +102,44 @@ double EqualAreaExtra(const MapOfSweep&, const PlanePoint& expected) {
 }
 
 std::vector<ForwardCase> Cases() {
-    using Map = const MapOfSweep&;
-    const auto merc = [](Map) { return Definition("merc"); };
-    const auto eqc = [](Map map) { return Definition("eqc", {{"lat_ts", map.std1}}); };
-    const auto cea = [](Map map) { return Definition("cea", {{"lat_ts", map.std1}}); };
-    const auto hammer = [](Map) { return Definition("hammer"); };
-    const auto moll = [](Map) { return Definition("moll"); };
-    const auto eqdc = [](Map map) { return Cone("eqdc", map); };
-    const auto lcc = [](Map map) { return Cone("lcc", map); };
-    const auto aea = [](Map map) { return Cone("aea", map); };
-    const auto gnom = [](Map map) { return Definition("gnom", {{"lat_0", map.centre}}); };
-    const auto stere = [](Map map) { return Definition("stere", {{"lat_0", map.centre}}); };
-    const auto ortho = [](Map map) { return Definition("ortho", {{"lat_0", map.centre}}); };
-    const auto nsper = [](Map map) {
-        return Definition("nsper", {{"lat_0", map.centre}, {"h", map.height / 6371.0}});
+    const auto byNumber = [](SweptProjection swept) -> ForwardCase {
+        switch (swept.projNum) {
+        case ProjEquirectangular:
+        case ProjCylindricalEqualArea:
+            return {std::move(swept), TrueScaleExtra};
+        case ProjMollweide:
+        case ProjInterruptedMollweide:
+            return {std::move(swept), MollweideExtra};
+        case ProjEquidistantConic:
+        case ProjConformalConic:
+        case ProjAlbers:
+            return {std::move(swept), ConeExtra};
+        case ProjGnomonic:
+            return {std::move(swept), NoExtra, 85.0};
+        case ProjStereographic:
+            return {std::move(swept), NoExtra, 150.0};
+        case ProjOrthographic:
+            return {std::move(swept), NoExtra, 90.0};
+        case ProjAzimuthalEquidistant:
+            return {std::move(swept), EquidistantExtra, 179.5};
+        case ProjAzimuthalEqualArea:
+            return {std::move(swept), EqualAreaExtra, 179.5};
+        default:
+            return {std::move(swept), NoExtra};
+        }
     };
-    const auto aeqd = [](Map map) { return Definition("aeqd", {{"lat_0", map.centre}}); };
-    const auto laea = [](Map map) { return Definition("laea", {{"lat_0", map.centre}}); };
-    return {
-        {"Mercator", ProjMercator, Cylinders(89.5), merc, NoExtra},
-        {"Equirectangular", ProjEquirectangular, Cylinders(90.0), eqc, TrueScaleExtra},
-        {"CylindricalEqualArea", ProjCylindricalEqualArea, Cylinders(90.0), cea, TrueScaleExtra},
-        {"Hammer", ProjHammer, Ovals(90.0), hammer, NoExtra},
-        {"Mollweide", ProjMollweide, Ovals(89.9), moll, MollweideExtra},
-        {"InterruptedMollweide", ProjInterruptedMollweide, Ovals(89.9), moll, MollweideExtra},
-        {"EquidistantConic", ProjEquidistantConic, Cones(), eqdc, ConeExtra},
-        {"ConformalConic", ProjConformalConic, Cones(), lcc, ConeExtra},
-        {"Albers", ProjAlbers, Cones(), aea, ConeExtra},
-        {"Gnomonic", ProjGnomonic, Discs(), gnom, NoExtra, 85.0},
-        {"Stereographic", ProjStereographic, Discs(), stere, NoExtra, 150.0},
-        {"Orthographic", ProjOrthographic, Discs(), ortho, NoExtra, 90.0},
-        {"VerticalPerspective", ProjVerticalPerspective, Discs({1.0, 400.0, 35840.0, 1e7}), nsper, NoExtra},
-        {"AzimuthalEquidistant", ProjAzimuthalEquidistant, Discs(), aeqd, EquidistantExtra, 179.5},
-        {"AzimuthalEqualArea", ProjAzimuthalEqualArea, Discs(), laea, EqualAreaExtra, 179.5}};
+    std::vector<ForwardCase> cases;
+    for (SweptProjection& swept : SweptProjections()) {
+        cases.push_back(byNumber(std::move(swept)));
+    }
+    return cases;
 }
 
 class ForwardAgainstProj : public testing::TestWithParam<ForwardCase> {
 protected:
-    void Prepare(const MapOfSweep& map) const {
-        const std::int16_t projNum = GetParam().projNum;
-        if (IsAzimuthal(projNum)) {
-            SetDisc(projNum, map.centre, 60.0);
-            Design.VpDistanceKm = map.height;
-        } else {
-            SetRectangle(projNum, map.north, map.south, map.span);
-            Design.StdParNorth = map.std1;
-            Design.StdParSouth = map.std2;
-        }
-        ParamSelect();
-        // x of the cylinders is counted from the western boundary.
-        fromWest =
-            projNum == ProjMercator || projNum == ProjEquirectangular || projNum == ProjCylindricalEqualArea;
-    }
-
     /// The furthest distance from the centre at which a point has a place, degrees.
     double Horizon() const {
-        switch (GetParam().projNum) {
+        switch (GetParam().swept.projNum) {
         case ProjGnomonic:
         case ProjOrthographic:
             return 90.0;
@@ -226,7 +155,7 @@ protected:
     double Compare(const ReferenceProjection& reference, const MapOfSweep& map, double lat, double lon) {
         ProjectAt(lat, lon);
         const GlobePoint point{lat, lon - Design.LonCentral};
-        if (IsAzimuthal(GetParam().projNum)) {
+        if (IsAzimuthal(GetParam().swept.projNum)) {
             const double distance = DistanceDegrees({map.centre, 0.0}, point);
             // At the horizon itself rounding decides.
             if (std::fabs(distance - Horizon()) > 1e-5) {
@@ -244,7 +173,7 @@ protected:
         }
         const double tolerance =
             Tolerance(Stretch(reference, point, *expected), *expected) + GetParam().extra(map, *expected);
-        if (fromWest) {
+        if (CountsFromWest(GetParam().swept.projNum)) {
             expected->x -= reference.Forward(0.0, -Design.LonCentral)->x;
         }
         ++compared;
@@ -254,8 +183,8 @@ protected:
     }
 
     void SweepMap(const MapOfSweep& map) {
-        Prepare(map);
-        const ReferenceProjection reference(GetParam().definition(map));
+        SetSweptMap(GetParam().swept.projNum, map);
+        const ReferenceProjection reference(GetParam().swept.definition(map));
         constexpr int Steps = 72;
         for (int i = 0; i <= Steps; ++i) {
             for (int j = 0; j <= Steps; ++j) {
@@ -270,14 +199,13 @@ protected:
     }
 
     FreshProgram program;
-    bool mutable fromWest = false;
     int compared = 0;
     double worst = 0.0;
 };
 
 TEST_P(ForwardAgainstProj, AgreesOverDenseGrids) {
-    for (const MapOfSweep& map : GetParam().maps) {
-        SCOPED_TRACE(GetParam().definition(map));
+    for (const MapOfSweep& map : GetParam().swept.maps) {
+        SCOPED_TRACE(GetParam().swept.definition(map));
         ASSERT_NO_FATAL_FAILURE(SweepMap(map));
     }
     EXPECT_THAT(program.machine.boxes.asked, IsEmpty());
@@ -286,7 +214,7 @@ TEST_P(ForwardAgainstProj, AgreesOverDenseGrids) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Projections, ForwardAgainstProj, testing::ValuesIn(Cases()),
-                         [](const auto& forward) { return std::string(forward.param.name); });
+                         [](const auto& forward) { return std::string(forward.param.swept.name); });
 
 } // namespace
 } // namespace quelmont

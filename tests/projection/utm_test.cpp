@@ -1,6 +1,7 @@
 #include "projection/utm.h"
 
 #include "core/map_design.h"
+#include "projection/inverse_utm.h"
 #include "projection/map_fields.h"
 #include "projection/reference_projection.h"
 #include "support/fresh_program.h"
@@ -260,6 +261,33 @@ TEST_P(UtmAgainstProj, DiffersByTheSixthOrderTermAlone) {
                 const SeriesError error = OmittedTerms(lat, dLon);
                 ASSERT_NEAR(Design.ProjLon, expected->x, error.easting + 1e-7);
                 ASSERT_NEAR(Design.ProjLat - SixthOrderShift(lat), expected->y, error.northing + 1e-7);
+            }
+        }
+    }
+}
+
+/// The inverse of the northing without the sixth order term, which is worth less than 1.2e-6 degrees of the
+/// latitude that it is taken at.
+TEST_P(UtmAgainstProj, InverseDiffersByTheSixthOrderTermAlone) {
+    for (const char* origin : {"00    00    00    N", "30    30    00    S"}) {
+        Zone("123    00    00    W", origin);
+        const ReferenceProjection reference = Reference();
+        for (double easting = 200000.0; easting <= 800000.0; easting += 50000.0) {
+            for (double arc = -9000000.0; arc <= 9000000.0; arc += 250000.0) {
+                const double northing = 10000000.0 + arc - Design.UtmM0 * Design.UtmK0;
+                const auto found = UtmInverse(easting, northing);
+                ASSERT_TRUE(found);
+                if (std::fabs(found->lat) > 84.0) {
+                    continue;
+                }
+                const auto expected = reference.Inverse(easting, northing - SixthOrderShift(found->lat));
+                ASSERT_TRUE(expected);
+                const double dLon = found->lon - Design.LonCentral;
+                const SeriesError error = OmittedTerms(found->lat, dLon);
+                // A degree is 110 kilometres at least.
+                ASSERT_LE(DistanceDegrees({found->lat, dLon}, *expected),
+                          1e-9 + 1.001 * std::hypot(error.easting, error.northing) / 110000.0)
+                    << origin << ": " << easting << ", " << northing;
             }
         }
     }

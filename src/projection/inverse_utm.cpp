@@ -1,0 +1,152 @@
+#include "projection/inverse_utm.h"
+
+#include "core/degrees.h"
+#include "core/map_design.h"
+#include "core/run_time_error.h"
+#include "projection/sine_cosine.h"
+#include "projection/sloped.h"
+#include "projection/true_longitude.h"
+#include "projection/utm_series.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace quelmont {
+
+namespace {
+
+/// Degrees from the central meridian.
+constexpr double Furthest = 90.0;
+constexpr double QuarterTurn = 90.0 * DegToRad;
+
+/// A place as the series takes it: latitude in radians, longitude from the central meridian in degrees.
+struct SeriesPlace {
+    double p, dl;
+};
+
+struct Target {
+    double easting, northing;
+    /// What rounding leaves of the metres.
+    double Rounding() const { return 1e-8 + 8e-16 * (std::fabs(easting) + std::fabs(northing)); }
+};
+
+/// Metres between the target and where the series puts a place; no number counts as endless.
+double Miss(const Target& target, const SeriesPlace& place) {
+    const UtmPlace<double> at = UtmSeries(place.p, place.dl);
+    const double miss = std::hypot(at.east - target.easting, at.north - target.northing);
+    return std::isnan(miss) ? std::numeric_limits<double>::infinity() : miss;
+}
+
+SeriesPlace Moved(const SeriesPlace& place, double p, double dl) {
+    return {std::clamp(place.p + p, -QuarterTurn, QuarterTurn),
+            std::clamp(place.dl + dl, -Furthest, Furthest)};
+}
+
+/// Newton's rule from a start; a step that leads away from the target is halved until it does not.
+std::optional<SeriesPlace> Solve(const Target& target, SeriesPlace place) {
+    constexpr double smallestPart = 1e-3;
+    constexpr double enough = 2e-7; // metres
+    double miss = Miss(target, place);
+    for (int round = 0; round < 50 && miss > target.Rounding(); ++round) {
+        const UtmPlace<Sloped> at = UtmSeries(Sloped(place.p, 1.0, 0.0), Sloped(place.dl, 0.0, 1.0));
+        const double east = target.easting - at.east.value;
+        const double north = target.northing - at.north.value;
+        const double determinant = at.north.first * at.east.second - at.north.second * at.east.first;
+        const double p = (north * at.east.second - east * at.north.second) / determinant;
+        const double dl = (east * at.north.first - north * at.east.first) / determinant;
+        if (!std::isfinite(p) || !std::isfinite(dl)) {
+            break;
+        }
+        double part = 1.0;
+        SeriesPlace next = Moved(place, p, dl);
+        double nextMiss = Miss(target, next);
+        while (!(nextMiss < miss) && part > smallestPart) {
+            part /= 2.0;
+            next = Moved(place, p * part, dl * part);
+            nextMiss = Miss(target, next);
+        }
+        if (!(nextMiss < miss)) {
+            break;
+        }
+        place = next;
+        miss = nextMiss;
+    }
+    return miss <= std::max(enough, 4.0 * target.Rounding()) ? std::optional(place) : std::nullopt;
+}
+
+/// The target without scale and false origin, in equatorial radii.
+struct Reduced {
+    double east, arc;
+};
+
+Reduced Reduce(const Target& target) {
+    const double unit = Design.UtmK0 * Design.SpheroidA;
+    return {(target.easting - Design.UtmFalseEasting) / unit,
+            (target.northing - Design.UtmFalseNorthing) / unit + Design.UtmM0 / Design.SpheroidA};
+}
+
+/// Latitude on the central meridian at a length of it in equatorial radii; it goes on beyond the pole.
+double FootLatitude(double arc) {
+    double p = arc / Design.UtmMeridianC0;
+    // The sines are a hundredth of the whole, and so is what each round leaves of the error.
+    for (int round = 0; round < 5; ++round) {
+        const double here = MeridianArc(p, std::sin(p + p), std::cos(p + p)) / Design.SpheroidA;
+        p += (arc - here) / Design.UtmMeridianC0;
+    }
+    return p;
+}
+
+/// The place on a sphere that touches the meridian's foot point. Snyder 1987, eq. 8-6, 8-7.
+SeriesPlace SphericalStart(const Reduced& reduced) {
+    const double p = FootLatitude(reduced.arc);
+    const auto [sine, cosine] = SineCosineOf(p);
+    const double away = std::sinh(reduced.east * std::sqrt(1.0 - Design.SpheroidE2 * sine * sine));
+    return Moved({0.0, 0.0}, std::atan2(sine, std::hypot(cosine, away)), InDegrees(std::atan2(away, cosine)));
+}
+
+/// The nearest of places five degrees apart: tens of degrees from the central meridian the series is far from
+/// any sphere.
+SeriesPlace NearestStart(const Target& target) {
+    constexpr int step = 5; // degrees
+    SeriesPlace nearest = {0.0, 0.0};
+    double least = std::numeric_limits<double>::infinity();
+    for (int lat = -90; lat <= 90; lat += step) {
+        for (int dl = -90; dl <= 90; dl += step) {
+            const SeriesPlace place = {lat * DegToRad, static_cast<double>(dl)};
+            const double miss = Miss(target, place);
+            if (miss < least) {
+                least = miss;
+                nearest = place;
+            }
+        }
+    }
+    return nearest;
+}
+
+std::optional<SeriesPlace> Find(const Target& target) {
+    const Reduced reduced = Reduce(target);
+    // The eastings of places within 90 degrees reach 2.63 radii, at the equator, the northings 1.70.
+    if (!(std::fabs(reduced.east) < 2.7 && std::fabs(reduced.arc) < 1.8)) {
+        return std::nullopt;
+    }
+    const auto place = Solve(target, SphericalStart(reduced));
+    return place ? place : Solve(target, NearestStart(target));
+}
+
+} // namespace
+
+std::optional<GlobePlace> UtmInverse(double easting, double northing) {
+    try {
+        const auto place = Find({easting, northing});
+        if (!place) {
+            return std::nullopt;
+        }
+        return GlobePlace{std::clamp(InDegrees(place->p), -90.0, 90.0),
+                          TrueLongitude(Design.LonCentral + place->dl)};
+    } catch (const RunTimeError&) {
+        return std::nullopt; // constants that are no zone's
+    }
+}
+
+} // namespace quelmont
