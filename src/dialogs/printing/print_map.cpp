@@ -41,6 +41,7 @@ void ShowCannotCenter(const char* title, const char* why, const char* remedy) {
 
 std::vector<std::string> NamesOfPapers() {
     std::vector<std::string> names;
+    names.reserve(Papers.size());
     for (const Paper& paper : Papers) {
         names.emplace_back(paper.name);
     }

@@ -3,6 +3,7 @@
 #include "core/constant_defs.h"
 #include "core/map_design.h"
 #include "mapfiles/feature_rows.h"
+#include "platform/help_pages.h"
 #include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
@@ -574,7 +575,8 @@ TEST_F(FileParameters, CancelledFontDialogGivesANewEntryArialOfTenPointsInBlack)
 TEST_F(FileParameters, HelpHasItsPage) {
     Add("a.map");
     form->PressF1();
-    EXPECT_THAT(machine.help.shown, ElementsAre(testing::Pair(HelpContext, 170)));
+    EXPECT_THAT(machine.help.shown,
+                ElementsAre(testing::Pair(HelpContext, HelpContextOf("InputFileParams", form->Focus()))));
 }
 
 } // namespace
