@@ -7,12 +7,40 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrintEngine>
+#include <QVariant>
 
 #include <algorithm>
 
 namespace quelmont {
 
 namespace {
+
+/// What a job tells the print service beside its paper, in pairs of name and value: a property of Qt's
+/// printers that no header names.
+constexpr auto JobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+
+/// The paper of a printer in dots.
+struct PaperDots {
+    QSize paper;
+    QRect printable;
+};
+
+/// What a queue cannot print on is told for paper that stands upright. Paper that lies may have been turned
+/// either way.
+PaperDots DotsOf(const QPrinter& printer) {
+    const QPageLayout layout = printer.pageLayout();
+    const int resolution = printer.resolution();
+    QPageLayout upright = layout;
+    upright.setOrientation(QPageLayout::Portrait);
+    upright.setMode(QPageLayout::StandardMode);
+    upright.setMargins(upright.minimumMargins());
+    const QMargins strips = upright.marginsPixels(resolution);
+    const int besides = std::max(strips.top(), strips.bottom());
+    const int above = std::max(strips.left(), strips.right());
+    const bool lies = layout.orientation() == QPageLayout::Landscape;
+    const QRect paper = layout.fullRectPixels(resolution);
+    return {paper.size(), paper.marginsRemoved(lies ? QMargins(besides, above, besides, above) : strips)};
+}
 
 class QueueJob final : public PageJob {
 public:
@@ -23,41 +51,39 @@ public:
 
     bool StartDoc(std::string_view documentName) override {
         printer.setDocName(Text(documentName));
-        return BeginPainting(printer);
+        return BeginPainting(printer, DotsOf(printer).printable.topLeft());
     }
     bool EndDoc() override { return EndPainting() && printer.printerState() != QPrinter::Error; }
     void Abort() override { GiveUp(); }
 
 private:
-    /// Qt hands the job over when its painter ends, abort() or not; without a queue it drops it.
+    /// Qt hands a job over when its painter ends, even after QPrinter::abort(). The print service refuses
+    /// pages that end before they begin, and one that took them would hold the job.
     void GiveUp() {
         if (!IsPainting()) {
             return;
         }
-        const QString queue = printer.printerName();
-        printer.printEngine()->setProperty(QPrintEngine::PPK_PrinterName, QString());
+        QPrintEngine& engine = *printer.printEngine();
+        const QVariant options = engine.property(JobOptions);
+        engine.setProperty(JobOptions,
+                           QStringList{QStringLiteral("page-ranges"), QStringLiteral("2-1"),
+                                       QStringLiteral("job-hold-until"), QStringLiteral("indefinite")});
         EndPainting();
-        printer.setPrinterName(queue);
+        engine.setProperty(JobOptions, options);
     }
 
     QPrinter& printer;
 };
 
-/// All of the paper that can be printed on, as finely as the numbers of a page allow.
-void TakeWholePaper(QPrinter& printer) {
-    printer.setFullPage(false);
-    QPageLayout layout = printer.pageLayout();
-    layout.setMargins(layout.minimumMargins());
-    printer.setPageLayout(layout);
-    const QSizeF paper = layout.pageSize().size(QPageSize::Inch);
+/// Turns the paper, and takes as many dots as the numbers of a page allow. The page is the whole paper, as Qt
+/// does not turn the strips at its edges.
+void Turn(QPrinter& printer, std::int16_t orientation) {
+    printer.setPageOrientation(orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer.setFullPage(true);
+    const QSizeF paper = printer.pageLayout().pageSize().size(QPageSize::Inch);
     if (!paper.isEmpty()) {
         printer.setResolution(PageResolution(paper.width(), paper.height()));
     }
-}
-
-void Turn(QPrinter& printer, std::int16_t orientation) {
-    printer.setPageOrientation(orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-    TakeWholePaper(printer);
 }
 
 } // namespace
@@ -73,18 +99,15 @@ std::string QueuePrinter::Name() const { return printer->printerName().toStdStri
 
 PrinterLimits QueuePrinter::Limits(std::int16_t orientation) const {
     Turn(*printer, orientation);
-    const QPageLayout layout = printer->pageLayout();
-    const int resolution = printer->resolution();
-    const QRect paper = layout.fullRectPixels(resolution);
-    const QRect printable = layout.paintRectPixels(resolution);
+    const PaperDots dots = DotsOf(*printer);
     PrinterLimits limits;
-    limits.pixelsPerInchX = limits.pixelsPerInchY = resolution;
-    limits.printableWidth = printable.width();
-    limits.printableHeight = printable.height();
-    limits.paperWidth = paper.width();
-    limits.paperHeight = paper.height();
-    limits.stripLeft = printable.left();
-    limits.stripTop = printable.top();
+    limits.pixelsPerInchX = limits.pixelsPerInchY = printer->resolution();
+    limits.printableWidth = dots.printable.width();
+    limits.printableHeight = dots.printable.height();
+    limits.paperWidth = dots.paper.width();
+    limits.paperHeight = dots.paper.height();
+    limits.stripLeft = dots.printable.left();
+    limits.stripTop = dots.printable.top();
     return limits;
 }
 

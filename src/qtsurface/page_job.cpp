@@ -18,11 +18,12 @@ bool PageJob::SelectClip(std::int32_t left, std::int32_t top, std::int32_t right
     return true;
 }
 
-bool PageJob::BeginPainting(QPagedPaintDevice& onto) {
+bool PageJob::BeginPainting(QPagedPaintDevice& onto, QPointF printableCorner) {
     if (IsPainting() || !painter.begin(&onto)) {
         return false;
     }
     device = &onto;
+    corner = printableCorner;
     return true;
 }
 
@@ -34,7 +35,7 @@ bool PageJob::StartPage() {
         PageAdded();
     }
     hasPages = true;
-    surface.Begin(painter, clip);
+    surface.Begin(painter, corner, clip);
     return IsSound();
 }
 

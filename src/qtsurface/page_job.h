@@ -4,6 +4,7 @@
 #include "qtsurface/page_surface.h"
 
 #include <QPainter>
+#include <QPointF>
 #include <QRectF>
 
 #include <cstddef>
@@ -31,8 +32,8 @@ protected:
     explicit PageJob(std::size_t vertices = 0, std::function<void()> afterVertices = {})
         : surface(vertices, std::move(afterVertices)) {}
 
-    /// Begins on the device, which must outlive the painting.
-    bool BeginPainting(QPagedPaintDevice& onto);
+    /// Begins on the device, which must outlive the painting. The corner of the printable area in its dots.
+    bool BeginPainting(QPagedPaintDevice& onto, QPointF printableCorner = {});
     bool IsPainting() const { return painter.isActive(); }
     /// Ends what was begun; true when there was something to end.
     bool EndPainting();
@@ -45,6 +46,7 @@ private:
     QPainter painter;
     PageSurface surface;
     QPagedPaintDevice* device = nullptr;
+    QPointF corner;
     QRectF clip;
     bool hasPages = false;
 };

@@ -40,9 +40,10 @@ PageSurface::PageSurface(std::size_t vertices_, std::function<void()> afterVerti
     PageSurface::PenSelected();
 }
 
-void PageSurface::Begin(QPainter& to, const QRectF& clip) {
+void PageSurface::Begin(QPainter& to, QPointF corner, const QRectF& clip) {
     painter = &to;
     painter->resetTransform();
+    painter->translate(corner);
     painter->setClipping(false);
     if (!clip.isNull()) {
         painter->setClipRect(clip);

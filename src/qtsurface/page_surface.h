@@ -4,6 +4,7 @@
 
 #include <QPainterPath>
 #include <QPen>
+#include <QPointF>
 #include <QRectF>
 
 #include <cstddef>
@@ -28,9 +29,9 @@ public:
     /// afterVertices is called each time that about so many vertices have gone to the page.
     explicit PageSurface(std::size_t vertices = 0, std::function<void()> afterVertices_ = {});
 
-    /// From here on everything goes to a painter, in dots from its origin, and nothing outside of the clip if
+    /// From here on everything goes to a painter, in dots from a corner, and nothing outside of the clip if
     /// there is one.
-    void Begin(QPainter& to, const QRectF& clip);
+    void Begin(QPainter& to, QPointF corner, const QRectF& clip);
     /// Draws what is in hand, and forgets the painter.
     void End();
 

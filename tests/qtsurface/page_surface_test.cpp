@@ -26,7 +26,7 @@ QImage OnPage(int side, const Drawing& draw, const QRectF& clip = {}, bool smoot
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing, smooth);
     PageSurface page;
-    page.Begin(painter, clip);
+    page.Begin(painter, {}, clip);
     draw(page);
     page.End();
     return picture;
@@ -254,6 +254,21 @@ TEST(PageSurface, DrawsNothingOutsideOfItsClip) {
     EXPECT_TRUE(IsInked(picture, 11, 13));
 }
 
+TEST(PageSurface, CountsFromTheCornerThatItIsGiven) {
+    QImage picture(30, 30, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    PageSurface page;
+    page.Begin(painter, {10, 5}, QRectF(2, 0, 8, 8));
+    SelectBrush(page, Black);
+    page.Rectangle(0, 1, 20, 20);
+    page.SetPixel(1, 0, Black);
+    page.End();
+    EXPECT_EQ(Inked(picture), 8 * 7);
+    EXPECT_TRUE(IsInked(picture, 12, 6));
+    EXPECT_TRUE(IsInked(picture, 19, 12));
+}
+
 TEST(PageSurface, WritesWhereTheWindowDoes) {
     struct Case {
         int degrees;
@@ -314,7 +329,7 @@ TEST(PageSurface, TellsEachTimeThatSoManyVerticesAreDrawn) {
     QImage picture(10, 10, QImage::Format_RGB32);
     QPainter painter(&picture);
     PageSurface page(10'000, [&] { ++told; });
-    page.Begin(painter, {});
+    page.Begin(painter, {}, {});
     for (int i = 0; i < 100'000; ++i) {
         page.LineTo(i % 10, i / 10 % 10);
     }

@@ -1,0 +1,51 @@
+#!/bin/bash
+# Maps printed on a real print queue, whose jobs are read back:
+#
+#   printing.sh PROGRAM WORLD_MAP PRINT_QUEUE_TEST LIKENESS
+#
+# First print_queue_test, on a screen that nobody sees; then the whole program under a virtual screen: the map is
+# drawn in the window, printed by "Print Map", and the page compared with the window's picture (likeness.py).
+# Needs the packages xvfb, openbox, xdotool, imagemagick, poppler-utils, cups-daemon, cups-client.
+# shellcheck source=tests/desktop/virtual_screen.sh
+# shellcheck source=tests/desktop/print_queue.sh
+# shellcheck disable=SC2154 # of the files that are sourced
+set -euo pipefail
+folder=$(dirname "$0")
+. "$folder/virtual_screen.sh"
+. "$folder/print_queue.sh"
+program=$1
+worldMap=$2
+queueTest=$3
+likeness=$4
+
+start_screen 1280x1024x24 openbox
+start_queue Paper
+QUELMONT_JOB=$job "$queueTest"
+rm -f "$job"
+
+install_program "$program" "$worldMap"
+start_program
+xdotool key alt+d
+eventually "the dialog of the size" active_named "Select Map Size"
+xdotool key Return
+eventually "the dialog to close" dialog_gone "Select Map Size"
+eventually "the map to be drawn" active_main
+sleep 2
+import -window "$main" "$work/window.png"
+
+xdotool key alt+f
+eventually "the file menu" more_windows "$alone"
+xdotool key p
+eventually "the dialog of printing" active_named "Print Map on Paper"
+import -window "$(xdotool getactivewindow)" "$work/dialog.png"
+xdotool key Return
+job_whole() { [ -s "$job" ] && [ "$(tail -c 6 "$job")" = "%%EOF" ]; }
+eventually "the job" job_whole
+pdftoppm -r 200 -png -singlefile "$job" "$work/page"
+cp "$work"/{window,page,dialog}.png "${QUELMONT_KEEP:-$work/cups}/"
+python3 -B "$likeness" "$work/window.png" "$work/page.png"
+echo "print: the page looks like the window"
+
+eventually "the window to be active" active_main
+xdotool key alt+F4
+expect_good_end
