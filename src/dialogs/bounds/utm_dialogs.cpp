@@ -26,6 +26,7 @@ int LineOfSpheroid() {
 
 UtmSpheroid::UtmSpheroid() : BoundsForm("UtmSpheroid", "Select UTM Spheroid") {
     std::vector<std::string> lines;
+    lines.reserve(Spheroids.size());
     for (const Spheroid& spheroid : Spheroids) {
         lines.push_back(" " + std::string(spheroid.name));
     }

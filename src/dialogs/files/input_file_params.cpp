@@ -67,6 +67,7 @@ InputFileParams::InputFileParams(std::string_view name, InputFileEntry& entry_, 
 
 void InputFileParams::AddSymbolTypes() {
     std::vector<GridCell> cells;
+    cells.reserve(SymbolNames.size());
     for (const char* const name : SymbolNames) {
         cells.push_back({.text = name, .picture = static_cast<int>(cells.size()) + 1});
     }
