@@ -13,10 +13,10 @@ namespace quelmont {
 
 namespace {
 
-void SelectProjection(int index, int mollweideIndex) {
+void SelectProjection(int item, int itemBelow) {
     const auto* const found =
         std::find_if(Projections.begin(), Projections.end(), [&](const ProjectionEntry& entry) {
-            return entry.menuIndex == index && entry.mollweideIndex == mollweideIndex;
+            return entry.menuIndex == item && entry.mollweideIndex == itemBelow;
         });
     if (found == Projections.end()) {
         return;

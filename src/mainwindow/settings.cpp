@@ -110,8 +110,8 @@ std::string RecentKey(std::size_t i) { return "RecentDesign" + std::to_string(i 
 } // namespace
 
 std::string SettingsFileFolder() {
-    const std::string program = Machine().places->ProgramFolder();
-    const std::string user = Machine().places->SettingsFolder();
+    std::string program = Machine().places->ProgramFolder();
+    std::string user = Machine().places->SettingsFolder();
     if (user.empty() || access(program.c_str(), W_OK) == 0) {
         return program;
     }
