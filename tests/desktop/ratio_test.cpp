@@ -21,6 +21,7 @@ protected:
     /// Single pixels of every kind of neighbour, which no scaling would leave alone.
     void PaintPattern() {
         Window().Cls();
+        Window().SetAutoRedraw(true);
         for (int y = 0; y < Area().Surface().Height(); ++y) {
             for (int x = 0; x < Area().Surface().Width(); ++x) {
                 if ((x * 7 + y * 13 + x * y) % 3 == 0) {

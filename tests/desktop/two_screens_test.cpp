@@ -30,6 +30,7 @@ protected:
 
 TEST_F(TwoScreens, PictureOfTheFirstIsShownScaledOnTheSecond) {
     Window().Cls();
+    Window().SetAutoRedraw(true);
     // Four quarters of one colour each.
     const int width = Area().Surface().Width();
     const int height = Area().Surface().Height();

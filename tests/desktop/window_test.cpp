@@ -131,6 +131,8 @@ TEST_F(MainWindowOnScreen, MapHasAnAccessibleName) {
     EXPECT_EQ(map->text(QAccessible::Description),
               QStringLiteral("Choose a projection, then Draw Map (Alt+D)"));
     Window().Cls();
+    EXPECT_EQ(map->text(QAccessible::Description), QStringLiteral("Draw Map (Alt+D) draws the map"));
+    Window().SetAutoRedraw(true);
     EXPECT_TRUE(map->text(QAccessible::Description).isEmpty());
 }
 
