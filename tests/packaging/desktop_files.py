@@ -112,7 +112,7 @@ class DesktopFiles(unittest.TestCase):
                    if file.is_file() and (file.suffix in (".sh", ".bash") or
                                           re.match(rb"#!/bin/(ba)?sh", file.read_bytes()[:12]))]
         self.assertGreater(len(scripts), 8)
-        self.succeed("shellcheck", "--severity=warning", *sorted(scripts))
+        self.succeed("shellcheck", "--severity=warning", "--external-sources", f"--source-path={SOURCES}", *sorted(scripts))
 
 
 if __name__ == "__main__":
