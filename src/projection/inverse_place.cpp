@@ -90,7 +90,7 @@ std::optional<GlobePlace> PlaceOnLobes(double x, double y) {
 } // namespace
 
 std::optional<GlobePlace> PlaceAt(double x, double y) {
-    if (Design.BoundsProjNum != Design.ProjNum || !std::isfinite(x) || !std::isfinite(y)) {
+    if (Design.BoundsProjNum != Design.ProjNum) {
         return std::nullopt;
     }
     try {

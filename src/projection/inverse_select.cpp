@@ -51,11 +51,8 @@ std::optional<RelativePlace> Inverse(double x, double y) {
 } // namespace
 
 std::optional<RelativePlace> InverseSelect(double x, double y) {
-    if (!std::isfinite(x) || !std::isfinite(y)) {
-        return std::nullopt;
-    }
     const auto place = Inverse(x, y);
-    // A design without its constants must not make a place either.
+    // Neither no number nor a design without its constants makes a place.
     return place && std::isfinite(place->lat) && std::isfinite(place->lon) ? place : std::nullopt;
 }
 

@@ -43,9 +43,9 @@ SeriesPlace Moved(const SeriesPlace& place, double p, double dl) {
             std::clamp(place.dl + dl, -Furthest, Furthest)};
 }
 
-/// Newton's rule from a start; a step that leads away from the target is halved until it does not.
+/// Newton's rule from a start, as long as it leads nearer to the target. From a sphere it always does: the
+/// series bends nowhere back within the furthest degrees.
 std::optional<SeriesPlace> Solve(const Target& target, SeriesPlace place) {
-    constexpr double smallestPart = 1e-3;
     constexpr double enough = 2e-7; // metres
     double miss = Miss(target, place);
     for (int round = 0; round < 50 && miss > target.Rounding(); ++round) {
@@ -58,14 +58,8 @@ std::optional<SeriesPlace> Solve(const Target& target, SeriesPlace place) {
         if (!std::isfinite(p) || !std::isfinite(dl)) {
             break;
         }
-        double part = 1.0;
-        SeriesPlace next = Moved(place, p, dl);
-        double nextMiss = Miss(target, next);
-        while (!(nextMiss < miss) && part > smallestPart) {
-            part /= 2.0;
-            next = Moved(place, p * part, dl * part);
-            nextMiss = Miss(target, next);
-        }
+        const SeriesPlace next = Moved(place, p, dl);
+        const double nextMiss = Miss(target, next);
         if (!(nextMiss < miss)) {
             break;
         }
@@ -105,33 +99,13 @@ SeriesPlace SphericalStart(const Reduced& reduced) {
     return Moved({0.0, 0.0}, std::atan2(sine, std::hypot(cosine, away)), InDegrees(std::atan2(away, cosine)));
 }
 
-/// The nearest of places five degrees apart: tens of degrees from the central meridian the series is far from
-/// any sphere.
-SeriesPlace NearestStart(const Target& target) {
-    constexpr int step = 5; // degrees
-    SeriesPlace nearest = {0.0, 0.0};
-    double least = std::numeric_limits<double>::infinity();
-    for (int lat = -90; lat <= 90; lat += step) {
-        for (int dl = -90; dl <= 90; dl += step) {
-            const SeriesPlace place = {lat * DegToRad, static_cast<double>(dl)};
-            const double miss = Miss(target, place);
-            if (miss < least) {
-                least = miss;
-                nearest = place;
-            }
-        }
-    }
-    return nearest;
-}
-
 std::optional<SeriesPlace> Find(const Target& target) {
     const Reduced reduced = Reduce(target);
     // The eastings of places within 90 degrees reach 2.63 radii, at the equator, the northings 1.70.
     if (!(std::fabs(reduced.east) < 2.7 && std::fabs(reduced.arc) < 1.8)) {
         return std::nullopt;
     }
-    const auto place = Solve(target, SphericalStart(reduced));
-    return place ? place : Solve(target, NearestStart(target));
+    return Solve(target, SphericalStart(reduced));
 }
 
 } // namespace

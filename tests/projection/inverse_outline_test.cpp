@@ -160,6 +160,26 @@ TEST_F(Outline, NothingBeyondTheRimOfADisc) {
     }
 }
 
+/// High up the horizon that the forward tests lies nearer to the true one than a rounding.
+TEST_F(Outline, HorizonOfAnyViewPointIsSeen) {
+    for (const double height : {1.0, 400.0, 35840.0, 384400.0, 9999999.0, 99999999.0}) {
+        for (const double centre : {90.0, -90.0, 0.0, 37.0, -61.5}) {
+            MapOfSweep map;
+            map.centre = centre;
+            map.height = height;
+            SetSweptMap(ProjVerticalPerspective, map);
+            for (double around = 0.0; around < 6.28; around += 0.01) {
+                const PlanePoint rim{Design.MapXMax * std::sin(around), Design.MapXMax * std::cos(around)};
+                const auto found = InverseSelect(rim.x, rim.y);
+                ASSERT_TRUE(found) << height << " over " << centre;
+                const auto back = ForwardOf(*found);
+                ASSERT_TRUE(back) << height << " over " << centre << ", " << around;
+                ASSERT_LE(Apart(rim, *back), 1e-12) << height << " over " << centre << ", " << around;
+            }
+        }
+    }
+}
+
 TEST_F(Outline, FarPlacesOfEndlessDiscsEndBeforeHorizonAndAntipode) {
     SetWorld(ProjGnomonic);
     ASSERT_TRUE(InverseSelect(1e9, 0.0));
