@@ -7,6 +7,7 @@
 #include "desktop/look_layouts.h"
 #include "desktop/map_file_layouts.h"
 #include "desktop/printing_layouts.h"
+#include "desktop/report_layouts.h"
 #include "desktop/session_end.h"
 #include "desktop/text_layouts.h"
 
@@ -31,6 +32,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AscOutput",       LayOutAsciiOutputs},
     {"Colors256",        LayOutColors},
     {"FontDialog",       LayOutFonts},
+    {"GcReport",         LayOutReportBox},
     {"GCircleEnds",      LayOutGreatCircle},
     {"InputFileChoices", LayOutFileList},
     {"InputFileParams",  LayOutFileParameters},
@@ -42,6 +44,8 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"LineWidthScale",   LayOutLineWidths},
     {"MapReduce",        LayOutMapSize},
     {"PrintMap",         LayOutPrintMap},
+    {"ReportMargins",    LayOutReportMargins},
+    {"ReportParam",      LayOutReportBox},
     {"SelectGridType",   LayOutGridType},
     {"SelectLabelOption", LayOutLabelOption},
     {"SmallCircle",      LayOutSmallCircle},

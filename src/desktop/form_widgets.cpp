@@ -6,6 +6,7 @@
 #include "desktop/heads_line.h"
 #include "desktop/letter_sample.h"
 #include "desktop/masked_edit.h"
+#include "desktop/page_view.h"
 #include "desktop/palette_grid.h"
 #include "desktop/qt_text.h"
 
@@ -257,6 +258,12 @@ LetterSample* FormWidgets::AddSample(std::string_view name) {
         sample->Show(control);
     });
     return sample;
+}
+
+PageView* FormWidgets::AddPage(std::string_view name) {
+    auto* page = new PageView(Room(), this);
+    Bind(name, page, [page](const Control& control) { page->Show(control); });
+    return page;
 }
 
 void FormWidgets::AddMenu(std::string_view name) {

@@ -25,6 +25,7 @@ class ComboField;
 class FittingArea;
 class LetterSample;
 class MaskedEdit;
+class PageView;
 
 /// The widgets that show the controls of a form, one function for each kind of control. A widget and its
 /// control are bound: the widget shows what the control has, and what is done to the widget is told to the
@@ -55,6 +56,7 @@ public:
     GridTable* AddGrid(std::string_view name, GridTable::Painter painter);
     ComboField* AddCombo(std::string_view name);
     LetterSample* AddSample(std::string_view name);
+    PageView* AddPage(std::string_view name);
     /// A title and its items on the dialog's menu bar.
     void AddMenu(std::string_view name);
     /// The widget of a field, by its kind.

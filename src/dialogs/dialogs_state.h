@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace quelmont {
 
@@ -19,6 +20,7 @@ struct DialogsState {
     std::array<std::int32_t, 10> LobeLonSec = {};
     /// The paper of a map saved as PDF, of Papers.
     std::size_t PdfPaper = IndexOfPaper(DefaultPaper);
+    std::string ReportFileName; ///< of the report that was saved last
 };
 
 /// The state.

@@ -5,7 +5,7 @@
 #include "designfile/cnf_read.h"
 #include "designfile/cnf_save.h"
 #include "mainwindow/commands.h"
-#include "mainwindow/file_questions.h"
+#include "dialogs/file_questions.h"
 #include "mainwindow/kept_design.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"

@@ -61,8 +61,8 @@ constexpr std::array DesignMenu = {
     MenuEntry{LineWidthItem,         "Line &Width Scaling",      ChooseLineWidths},
     MenuEntry{PixelSizeItem,         "Show Window &Pixel Size",  TogglePixelSize,   {}, true},
     MenuEntry{11},
-    MenuEntry{ParameterReportItem,   "&Map Parameter Report"},
-    MenuEntry{GreatCircleReportItem, "G&reat Circle Report"},
+    MenuEntry{ParameterReportItem,   "&Map Parameter Report",    ShowParameterReport},
+    MenuEntry{GreatCircleReportItem, "G&reat Circle Report",     ShowGreatCircleReport},
 };
 
 constexpr std::array AboutMenu = {

@@ -12,6 +12,7 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
+#include "dialogs/reports/report_dialog.h"
 #include "dialogs/text/select_label_option.h"
 #include "dialogs/text/text_add.h"
 #include "mainwindow/commands.h"
@@ -91,6 +92,24 @@ void TogglePixelSize(int index) {
     MainWindow& window = *Machine().window;
     window.SetMenuChecked(Menu::mnuDesign, index, !window.MenuChecked(Menu::mnuDesign, index));
     ToggleCaption();
+}
+
+void ShowParameterReport(int /*index*/) {
+    if (ReadyToDraw()) {
+        ShowDialog<ReportParam>();
+    }
+}
+
+void ShowGreatCircleReport(int /*index*/) {
+    if (Design.GcDefined) {
+        ShowDialog<GcReport>();
+        return;
+    }
+    Machine().boxes->Ask("Great Circle Not Defined",
+                         "You have not defined the endpoints\nof the great circle.\n"
+                         "To define the endpoints, press OK,\nthen select the Great Circle option\n"
+                         "from the Design Map menu.",
+                         BoxButtons::Ok, BoxIcon::Exclamation);
 }
 
 void ShowAbout(int /*index*/) { ShowDialog<AboutQMNT>(); }

@@ -28,6 +28,11 @@ void AddText(int index);
 /// Turns the mark of the pixel size item, and the size in the window's caption with it.
 void TogglePixelSize(int index);
 
+/// The reports. The one of a design that cannot be drawn opens the dialogs of its bounds; the one of a great
+/// circle that is not defined shows a message box instead.
+void ShowParameterReport(int index);
+void ShowGreatCircleReport(int index);
+
 /// The about box, and the message box that tells how long the last draw took.
 void ShowAbout(int index);
 void ShowPlotTime(int index);

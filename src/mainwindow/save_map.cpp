@@ -5,7 +5,7 @@
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
 #include "mainwindow/design_commands.h"
-#include "mainwindow/file_questions.h"
+#include "dialogs/file_questions.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"

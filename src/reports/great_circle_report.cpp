@@ -22,15 +22,15 @@ Distances DistancesOf(double minutes) {
             FormatNumber(KilometresOf(minutes), DistancePicture)};
 }
 
-ReportBlock EndOfRoute(const std::string& which, const GreatCirclePoint& point) {
+std::vector<ReportRow> EndOfRoute(const std::string& which, const GreatCirclePoint& point) {
     const Distances distances = DistancesOf(point.GcDist);
-    return {{
+    return {
         ReportRow{which + " latitude:", AngleText(point.GcLat, "LAT")},
         ReportRow{which + " longitude:", AngleText(point.GcLon, "LON")},
         ReportRow{which + " course:", FormatNumber(point.GcAzimuth, "000") + " Degrees"},
         ReportRow{which + " distance:", distances.nauticalMiles + " NM", distances.statuteMiles + " SM",
                   distances.kilometres + " KM"},
-    }};
+    };
 }
 
 ReportRow PointRow(int number, const GreatCirclePoint& point) {
@@ -48,8 +48,11 @@ Report GreatCircleReport() {
     ReportSection section;
     section.blocks.push_back(TextLines({"Quelmont Version " + Design.VersionText + " Great Circle Report"}));
     if (!table.Rows.empty()) {
-        section.blocks.push_back(EndOfRoute("Starting", table.Row(table.GcFirst)));
-        section.blocks.push_back(EndOfRoute("Ending", table.Row(table.GcLast)));
+        ReportBlock ends{EndOfRoute("Starting", table.Row(table.GcFirst))};
+        ends.rows.emplace_back(); // an empty line; the columns go on below it
+        const std::vector<ReportRow> ending = EndOfRoute("Ending", table.Row(table.GcLast));
+        ends.rows.insert(ends.rows.end(), ending.begin(), ending.end());
+        section.blocks.push_back(std::move(ends));
         ReportBlock points{{ReportRow{"#", "Latitude", "Longitude", "Course", "Distance"},
                             ReportRow{"", "", "", "Degrees", "NM", "SM", "KM"}}};
         int number = 0;

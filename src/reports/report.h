@@ -5,7 +5,7 @@
 
 namespace quelmont {
 
-/// A line of a report: labels and values, one in each column. UTF-8.
+/// A line of a report: labels and values, one in each column; empty for an empty line. UTF-8.
 using ReportRow = std::vector<std::string>;
 
 /// Lines whose columns stand below each other. Empty lines lie between blocks.
@@ -17,7 +17,7 @@ struct ReportBlock {
 inline ReportBlock TextLines(const std::vector<std::string>& texts) {
     ReportBlock block;
     for (const std::string& text : texts) {
-        block.rows.push_back(ReportRow(1, text));
+        block.rows.emplace_back(1, text);
     }
     return block;
 }

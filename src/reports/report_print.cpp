@@ -47,9 +47,15 @@ SurfaceFont PrinterFont(const TextLook& look, std::int32_t pixelsPerInch) {
             .faceName = look.FontName};
 }
 
+/// Why nothing is printed.
+struct PrintFailure {
+    const char* title;
+    const char* text;
+};
+
 void Need(bool done, const char* failure) {
     if (!done) {
-        throw failure;
+        throw PrintFailure{"Windows API Error", failure};
     }
 }
 
@@ -73,10 +79,9 @@ public:
         }
     }
 
-    bool SelectClip() const {
-        return job.SelectClip(box.left, box.top, std::max(box.left, box.right),
-                              std::max(box.top, box.bottom));
-    }
+    bool HasRoom() const { return box.left < box.right && box.top < box.bottom; }
+
+    bool SelectClip() const { return job.SelectClip(box.left, box.top, box.right, box.bottom); }
 
     static constexpr const char* Failure = "Error in EM_FORMATRANGE";
 
@@ -122,6 +127,9 @@ void PrintPages(const std::vector<PageLine>& lines, Printer& printer, std::uniqu
     job = printer.Open(Design.PrinterOrientation);
     Need(job != nullptr, "Error in OpenPrinter");
     Pages pages(*job, limits);
+    if (!pages.HasRoom()) {
+        throw PrintFailure{"Error: Margins too large", "The margins leave no room on the paper."};
+    }
     Need(pages.SelectClip(), "Error in SelectClipRgn");
     Need(job->StartDoc("Quelmont"), "Error in StartDoc");
     try {
@@ -144,9 +152,9 @@ bool PrintReport(const std::vector<PageLine>& lines, Printer& printer) {
     try {
         PrintPages(lines, printer, job);
         return true;
-    } catch (const char* failure) {
+    } catch (const PrintFailure& failure) {
         job.reset();
-        ShowFailure("Windows API Error", failure);
+        ShowFailure(failure.title, failure.text);
     } catch (const RunTimeError& error) {
         job.reset();
         ShowFailure("Error in PrintReport", "Error: " + error.Description());

@@ -9,7 +9,8 @@ namespace quelmont {
 class Printer;
 
 /// Prints the lines of a report, as many on each page as fit between the margins; what is too long for a line
-/// is cut at the right margin. At least one line stands on each page.
+/// is cut at the right margin. At least one line stands on each page. Margins that leave no room are a
+/// failure.
 ///
 /// Reads   Fonts (the font of the reports), ReportLeft, ReportRight, ReportTop, ReportBottom, PrintUnitTwips,
 ///         PrinterOrientation.

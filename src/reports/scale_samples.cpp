@@ -6,6 +6,7 @@
 #include "reports/dist_err_select.h"
 #include "reports/reports_state.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -51,12 +52,7 @@ public:
         return true;
     }
     bool AddColumn(const std::vector<double>& latitudes, double lon) {
-        for (const double lat : latitudes) {
-            if (!Add(lat, lon)) {
-                return false;
-            }
-        }
-        return true;
+        return std::all_of(latitudes.begin(), latitudes.end(), [&](double lat) { return Add(lat, lon); });
     }
     std::size_t Rows() const { return rows; }
 

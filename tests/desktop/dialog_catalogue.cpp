@@ -1,7 +1,10 @@
 #include "desktop/dialog_catalogue.h"
 
+#include "circles/great_circle.h"
+#include "circles/small_circle.h"
 #include "core/map_design.h"
 #include "dialogs/about_qmnt.h"
+#include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_defaults.h"
 #include "dialogs/bounds/lat_lon_bounds.h"
 #include "dialogs/bounds/lat_lon_bounds_az.h"
@@ -20,6 +23,8 @@
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "dialogs/printing/print_map.h"
+#include "dialogs/reports/report_dialog.h"
+#include "dialogs/reports/report_margins.h"
 #include "dialogs/text/font_dialog.h"
 #include "dialogs/text/select_label_option.h"
 #include "dialogs/text/text_add.h"
@@ -126,6 +131,39 @@ std::unique_ptr<Form> TextChoice() {
     return form;
 }
 
+/// The report of a map with everything that a report can tell of.
+std::unique_ptr<Form> FullReport() {
+    Design.ProjNum = ProjRobinson;
+    Design.ProjName = FindProjection(ProjRobinson)->ProjName;
+    ProposeBounds();
+    AcceptProjection();
+    Design.GcDefined = true;
+    GcCalc();
+    Design.ScDefined = true;
+    return std::make_unique<ReportParam>();
+}
+
+std::unique_ptr<Form> RouteReport() {
+    GcCalc();
+    return std::make_unique<GcReport>();
+}
+
+/// A printer of A4 paper.
+class SheetPrinter : public Printer {
+public:
+    std::string Name() const override { return "Office"; }
+    PrinterLimits Limits(std::int16_t /*orientation*/) const override {
+        return {300, 300, 2480, 3508, 2480, 3508, 0, 0};
+    }
+    std::unique_ptr<PrintJob> Open(std::int16_t /*orientation*/) override { return nullptr; }
+};
+
+std::unique_ptr<Form> MarginChoice() {
+    constexpr double reportWidth = 8000.0;
+    static const SheetPrinter printer;
+    return std::make_unique<ReportMargins>(printer, reportWidth);
+}
+
 /// The parameters of a new file, some of whose features are not shown.
 std::function<std::unique_ptr<Form>()> OfFile(const char* name, std::int16_t symbolType) {
     return [name, symbolType] {
@@ -174,6 +212,9 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"text-add", TextChoice},
         {"print-map", PrinterPage},
         {"print-map-pdf", PdfPage},
+        {"report-param", FullReport},
+        {"gc-report", RouteReport},
+        {"report-margins", MarginChoice},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

@@ -46,7 +46,7 @@ TEST_F(GreatCircleReportTest, ListsThePointsWithCourseAndDistance) {
 }
 
 TEST_F(GreatCircleReportTest, RouteOfOneStepHasTwoRows) {
-    EXPECT_THAT(Route(10.0, 20.0, 11.0, 20.0), SizeIs(11 + 2));
+    EXPECT_THAT(Route(10.0, 20.0, 11.0, 20.0), SizeIs(12 + 2));
 }
 
 TEST_F(GreatCircleReportTest, RowsGoTheWayThatIsTravelled) {
@@ -54,10 +54,10 @@ TEST_F(GreatCircleReportTest, RowsGoTheWayThatIsTravelled) {
     const std::vector<ReportRow> rows = Route(10.0, 22.0, 12.0, 20.0);
     EXPECT_EQ(rows[1][1], "10 00 00 N");
     EXPECT_EQ(rows[2][1], "022 00 00 E");
-    EXPECT_EQ(rows[5][1], "12 00 00 N");
-    EXPECT_EQ(rows[11][0], "001");
-    EXPECT_EQ(rows[11][2], "022 00 00 E");
-    EXPECT_EQ(rows[11][4], "00,000");
+    EXPECT_EQ(rows[6][1], "12 00 00 N");
+    EXPECT_EQ(rows[12][0], "001");
+    EXPECT_EQ(rows[12][2], "022 00 00 E");
+    EXPECT_EQ(rows[12][4], "00,000");
     EXPECT_EQ(rows.back()[2], "020 00 00 E");
 }
 

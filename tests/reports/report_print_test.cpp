@@ -103,15 +103,21 @@ TEST_F(PrintedReport, HasTheFontAndColourOfReports) {
 TEST_F(PrintedReport, LettersOf200PointsOnAPaperOfAMillimetreHaveAPageForEachLine) {
     Design.Fonts[ReportFontSlot].FontSize = 200;
     printer.sheet = {1.0 / 25.4, 1.0 / 25.4};
+    Design.ReportLeft = Design.ReportRight = Design.ReportTop = Design.ReportBottom = 0.0F;
     EXPECT_TRUE(PrintReport(Lines(3), printer));
     EXPECT_THAT(printer.pages, SizeIs(3));
 }
 
 TEST_F(PrintedReport, MarginsThatLeaveNoRoomPrintNothing) {
     Design.ReportLeft = 5.0F;
-    Design.ReportRight = 5.0F;
-    EXPECT_TRUE(PrintReport(Lines(1), printer));
-    EXPECT_EQ(printer.log[1], "SelectClip 1500 300 1500 3000");
+    Design.ReportRight = 3.5F;
+    EXPECT_FALSE(PrintReport(Lines(1), printer));
+    EXPECT_EQ(BoxText(), "Error printing \n\nThe margins leave no room on the paper.");
+    Design.ReportRight = 1.0F;
+    Design.ReportBottom = 10.0F;
+    EXPECT_FALSE(PrintReport(Lines(1), printer));
+    EXPECT_EQ(BoxText(), "Error printing \n\nThe margins leave no room on the paper.");
+    EXPECT_THAT(printer.log, ElementsAre("Open portrait", "Close", "Open portrait", "Close"));
 }
 
 TEST_F(PrintedReport, EachFailureHasItsBoxAndNothingIsPrinted) {

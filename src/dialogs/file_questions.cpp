@@ -1,4 +1,4 @@
-#include "mainwindow/file_questions.h"
+#include "dialogs/file_questions.h"
 
 #include "platform/machine.h"
 
