@@ -217,7 +217,13 @@ int TakeOptions(const HeadlessMachine& machine, const DrawOptions& options, std:
         errors << Program << options.output << ": " << reason << ".\n";
         return ExitWrongUsage;
     }
-    FilesBeside beside{.savedDesign = options.saveDesign, .recalledDesign = options.design};
+    if (const std::string reason = FaultOf(options.reports); !reason.empty()) {
+        errors << Program << reason << ".\n";
+        return ExitWrongUsage;
+    }
+    FilesBeside beside{.tables = FilesOf(options.reports),
+                       .savedDesign = options.saveDesign,
+                       .recalledDesign = options.design};
     for (const std::string& table : {options.greatCircleLine.table, options.smallCircleLine.table}) {
         if (!table.empty()) {
             beside.tables.push_back(table);
@@ -252,6 +258,10 @@ int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
         return ExitFailed;
     }
     SaveTables(options);
+    if (const std::string fault = WriteReports(options.reports); !fault.empty()) {
+        errors << Program << fault << '\n';
+        return ExitFailed;
+    }
     if (options.output.empty()) {
         return machine.boxes.Count() > 0 ? ExitFailed : ExitDone;
     }

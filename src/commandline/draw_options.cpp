@@ -183,6 +183,7 @@ private:
     void AddMaps();
     void AddLabels();
     void AddTexts();
+    void AddReports();
     void AddPicture();
     void AddPage();
     void AddDesign();
@@ -210,6 +211,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddCircles();
     AddMaps();
     AddTexts();
+    AddReports();
 }
 
 std::string OptionTable::OptionWithoutObject() const {
@@ -492,6 +494,13 @@ void OptionTable::AddTexts() {
         options.texts);
 }
 
+void OptionTable::AddReports() {
+    group = "Reports; OUTPUT may then be left out";
+    AddReportOptions([this](const std::string& name, const char* type, const char* description,
+                            Take take) { return Add(name, type, description, std::move(take)); },
+                     options.reports);
+}
+
 void OptionTable::Read(std::vector<std::string> arguments) {
     // The parser takes them from the back.
     std::reverse(arguments.begin(), arguments.end());
@@ -523,7 +532,8 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return WrongUsage{
             "--paper, --landscape, --map-width, --left and --top are for an OUTPUT that ends in .pdf"};
     }
-    const bool savesTables = !options.greatCircleLine.table.empty() || !options.smallCircleLine.table.empty();
+    const bool savesTables = !options.greatCircleLine.table.empty() ||
+                             !options.smallCircleLine.table.empty() || !FilesOf(options.reports).empty();
     if (options.output.empty() && !savesTables && !options.saveDesign) {
         return WrongUsage{"OUTPUT is required"};
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline/page_options.h"
+#include "commandline/report_options.h"
 #include "commandline/text_options.h"
 #include "core/map_design.h"
 #include "core/standard_colors.h"
@@ -58,6 +59,7 @@ struct DrawOptions {
     std::optional<std::array<std::string, 3>> smallCircle; ///< ScText
     std::optional<std::int16_t> circles;                   ///< ScSymbolCount
     CircleOptions smallCircleLine;
+    ReportOptions reports;
     bool noMap = false;
     bool noLabels = false;
     std::vector<MapFileOptions> maps; ///< empty: the default map

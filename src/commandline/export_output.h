@@ -18,7 +18,7 @@ std::string ArmExport(const std::string& output);
 
 /// Files of a command line beside its output.
 struct FilesBeside {
-    std::vector<std::string> tables = {};           ///< of circles, that are written
+    std::vector<std::string> tables = {};           ///< of circles, and reports, that are written
     std::optional<std::string> savedDesign = {};    ///< the map design that is written
     std::optional<std::string> recalledDesign = {}; ///< the one that was read; it may be written again
 };

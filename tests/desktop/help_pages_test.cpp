@@ -169,8 +169,9 @@ std::set<std::string> TextsOfBoxes() {
 }
 
 void AddButtonsOfBoxes(std::set<std::string>& texts) {
-    for (const BoxButtons buttons : {BoxButtons::Ok, BoxButtons::RetryCancel, BoxButtons::YesNo,
-                                     BoxButtons::SaveDiscardCancel, BoxButtons::RecallDiscard}) {
+    for (const BoxButtons buttons :
+         {BoxButtons::Ok, BoxButtons::RetryCancel, BoxButtons::YesNo, BoxButtons::SaveDiscardCancel,
+          BoxButtons::RecallDiscard, BoxButtons::AbortRetryIgnore}) {
         MessageBox box("Title", "Text", buttons, BoxIcon::Information, nullptr);
         for (const QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
             texts.insert(Shown(button->text().toStdString()));

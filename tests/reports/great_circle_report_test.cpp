@@ -34,7 +34,7 @@ TEST_F(GreatCircleReportTest, ListsThePointsWithCourseAndDistance) {
                     ReportRow{"Starting latitude:", "00 00 00 N"},
                     ReportRow{"Starting longitude:", "010 00 00 E"},
                     ReportRow{"Starting course:", "090 Degrees"},
-                    ReportRow{"Starting distance:", "00,000 NM", "00,000 SM", "00,000 KM"},
+                    ReportRow{"Starting distance:", "00,000 NM", "00,000 SM", "00,000 KM"}, ReportRow{},
                     ReportRow{"Ending latitude:", "00 00 00 N"},
                     ReportRow{"Ending longitude:", "011 30 00 E"}, ReportRow{"Ending course:", "090 Degrees"},
                     ReportRow{"Ending distance:", "00,090 NM", "00,104 SM", "00,167 KM"},
