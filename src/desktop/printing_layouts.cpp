@@ -105,4 +105,16 @@ void LayOutPrintMap(FormView& view) {
     view.AddButtons({"OK", "Cancel"});
 }
 
+void LayOutReportMargins(FormView& view) {
+    view.Column()->addWidget(view.AddExplanation("Help"));
+    auto* const boxes = new QGridLayout;
+    boxes->setSpacing(view.Gap());
+    boxes->addWidget(BoxOfOptions(view, "ReportOrientation", {"Portrait", "Landscape"}), 0, 0);
+    boxes->addWidget(BoxOfOptions(view, "ReportUnits", {"Inches", "Centimeters"}), 0, 1);
+    boxes->addWidget(BoxOfFields(view, "ReportFrame", {"RptTbLeft", "RptTbRight", "RptTbTop", "RptTbBottom"}),
+                     1, 0, 1, 2);
+    view.Column()->addLayout(boxes);
+    view.AddButtons({"OK", "Cancel"});
+}
+
 } // namespace quelmont

@@ -7,5 +7,6 @@ namespace quelmont {
 class FormView;
 
 void LayOutPrintMap(FormView& view);
+void LayOutReportMargins(FormView& view);
 
 } // namespace quelmont

@@ -4,8 +4,7 @@ namespace quelmont {
 
 class FormView;
 
-/// How the controls of the dialogs of reports lie.
+/// How the controls of the dialogs that show reports lie.
 void LayOutReportBox(FormView& view);
-void LayOutReportMargins(FormView& view);
 
 } // namespace quelmont

@@ -42,14 +42,17 @@ ReportRow CentralLongitude(const char* label, std::string text) {
     return {"Central Longitude:", AngleText(Design.LonMiddle, "LON"), label, std::move(text)};
 }
 
+/// By the texts of the design: behind a draw of the interrupted projection the numbers are those of its last
+/// lobe.
 std::vector<ReportBlock> DegreeBounds() {
+    const auto& text = Design.GridText;
     ReportBlock block{{
-        ReportRow{"Northernmost Latitude:", AngleText(Design.LatNorth, "LAT"),
-                  "Westernmost Longitude:", AngleText(Design.LonWest, "LON")},
-        ReportRow{"Southernmost Latitude:", AngleText(Design.LatSouth, "LAT"),
-                  "Easternmost Longitude:", AngleText(Design.LonEast, "LON")},
-        ReportRow{"Latitude Spacing:", AngleText(Design.LatGrid, "ARC"),
-                  "Longitude Spacing:", AngleText(Design.LonGrid, "ARC")},
+        ReportRow{"Northernmost Latitude:", CompactLatitude(text[GridTextNorth]),
+                  "Westernmost Longitude:", CompactLongitude(text[GridTextWest])},
+        ReportRow{"Southernmost Latitude:", CompactLatitude(text[GridTextSouth]),
+                  "Easternmost Longitude:", CompactLongitude(text[GridTextEast])},
+        ReportRow{"Latitude Spacing:", CompactArc(text[GridTextLatSpacing]),
+                  "Longitude Spacing:", CompactArc(text[GridTextLonSpacing])},
     }};
     if (IsConic(Design.ProjNum)) {
         block.rows.push_back(CentralLatitude("Northern Std Parallel:", AngleText(Design.StdParNorth, "LAT")));

@@ -148,20 +148,12 @@ std::unique_ptr<Form> RouteReport() {
     return std::make_unique<GcReport>();
 }
 
-/// A printer of A4 paper.
-class SheetPrinter : public Printer {
-public:
-    std::string Name() const override { return "Office"; }
-    PrinterLimits Limits(std::int16_t /*orientation*/) const override {
-        return {300, 300, 2480, 3508, 2480, 3508, 0, 0};
-    }
-    std::unique_ptr<PrintJob> Open(std::int16_t /*orientation*/) override { return nullptr; }
-};
+/// Width of a report, twips.
+constexpr double ReportWidth = 8000.0;
 
 std::unique_ptr<Form> MarginChoice() {
-    constexpr double reportWidth = 8000.0;
-    static const SheetPrinter printer;
-    return std::make_unique<ReportMargins>(printer, reportWidth);
+    return WithPrinter(
+        [](const Printer& printer) { return std::make_unique<ReportMargins>(printer, ReportWidth); });
 }
 
 /// The parameters of a new file, some of whose features are not shown.

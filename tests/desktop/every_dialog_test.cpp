@@ -244,7 +244,9 @@ TEST_F(EveryDialog, TabGoesThroughTheControlsInTheirOrder) {
         for (const Control& control : form->Controls()) {
             // Of options, Tab reaches the one that is chosen.
             const bool option = control.kind == ControlKind::Option;
-            if (CanHaveFocus(control.kind) && control.enabled && (!option || control.value != 0)) {
+            // A page gives the focus away.
+            const bool page = control.kind == ControlKind::Page;
+            if (CanHaveFocus(control.kind) && !page && control.enabled && (!option || control.value != 0)) {
                 wanted.push_back(control.name);
             }
         }

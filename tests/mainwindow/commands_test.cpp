@@ -105,6 +105,7 @@ TEST_F(Commands, PixelSizeStandsBeforeTheCaptionWhileItIsChecked) {
 }
 
 TEST_F(Commands, OtherItemsLeaveTheMarkOfThePixelSize) {
+    machine.forms.Script("ReportParam", [](Form& dialog) { dialog.PressCancel(); });
     mnuDesign_Click(10);
     mnuDesign_Click(12);
     EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 10));

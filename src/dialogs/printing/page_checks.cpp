@@ -10,10 +10,6 @@ namespace quelmont {
 
 namespace {
 
-std::string InWords(float length) {
-    return FormatNumber(length, "##0.00 ") + (Design.PrintUnitTwips == CentimetreTwips ? "cm." : "inches.");
-}
-
 bool Exceeds(double length, float limit) { return length > limit + PageSlack; }
 
 bool SumExceeds(float size, float margin, float edge) {
@@ -24,39 +20,45 @@ bool IsOnStrip(float margin, float strip) { return margin < strip - PageSlack; }
 
 } // namespace
 
+std::string LengthInWords(double length) {
+    return FormatNumber(length, "##0.00 ") + (Design.PrintUnitTwips == CentimetreTwips ? "cm." : "inches.");
+}
+
 std::optional<PageRefusal> CheckPage() {
     const PrinterPage& page = OutputNow.page;
     if (Exceeds(Design.PrintWidth, page.PrintableWidth)) {
         return PageRefusal{"Error: Map width too large",
-                           "The map width cannot exceed " + InWords(page.PrintableWidth), "WidthMap"};
+                           "The map width cannot exceed " + LengthInWords(page.PrintableWidth), "WidthMap"};
     }
     if (SumExceeds(Design.PrintWidth, Design.PrintLeft, page.PrinterRightEdge)) {
         return PageRefusal{"Error: (Map width + left margin) too large",
                            "The sum (map width + left margin) cannot exceed " +
-                               InWords(page.PrinterRightEdge) +
+                               LengthInWords(page.PrinterRightEdge) +
                                "\n\nReduce the map width and/or the left margin!",
                            "LeftMap"};
     }
     if (IsOnStrip(Design.PrintLeft, page.PrinterOffsetX)) {
         return PageRefusal{"Error: Left margin too small",
-                           "The left margin must be greater than " + InWords(page.PrinterOffsetX), "LeftMap"};
+                           "The left margin must be greater than " + LengthInWords(page.PrinterOffsetX),
+                           "LeftMap"};
     }
     if (Exceeds(Design.PrintHeight, page.PrintableHeight)) {
         return PageRefusal{"Error: Map height too large",
-                           "The map height cannot exceed " + InWords(page.PrintableHeight) +
+                           "The map height cannot exceed " + LengthInWords(page.PrintableHeight) +
                                "\n\nReduce the map width to reduce the map height!",
                            "WidthMap"};
     }
     if (SumExceeds(Design.PrintHeight, Design.PrintTop, page.PrinterBottomEdge)) {
         return PageRefusal{"Error: (Map height + top margin) too large",
                            "The sum (map height + top margin)  cannot exceed " +
-                               InWords(page.PrinterBottomEdge) +
+                               LengthInWords(page.PrinterBottomEdge) +
                                "\n\nReduce the map width and/or the top margin!",
                            "TopMap"};
     }
     if (IsOnStrip(Design.PrintTop, page.PrinterOffsetY)) {
         return PageRefusal{"Error: Top margin too small",
-                           "The top margin must be greater than " + InWords(page.PrinterOffsetY), "TopMap"};
+                           "The top margin must be greater than " + LengthInWords(page.PrinterOffsetY),
+                           "TopMap"};
     }
     return std::nullopt;
 }

@@ -5,6 +5,9 @@
 
 namespace quelmont {
 
+/// A length on a page in its unit: "6.50 inches.", "16.51 cm.". Reads  PrintUnitTwips.
+std::string LengthInWords(double length);
+
 /// Why a map cannot be printed where it is to stand.
 struct PageRefusal {
     std::string title;

@@ -3,6 +3,10 @@
 #include "core/checked_math.h"
 #include "core/number_text.h"
 #include "core/print_units.h"
+#include "dialogs/printing/page_checks.h"
+#include "output/output_state.h"
+#include "output/print/page_layout.h"
+#include "output/print/printer_params.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -17,14 +21,7 @@ constexpr const char* LengthMask = "%%%.%%";
 constexpr const char* LengthPicture = "000.00";
 constexpr float LargestShown = 999.99F;
 
-/// Converted lengths lose their last digits.
-constexpr double WidthSlack = 1e-5;
-
 bool InCentimetres() { return Design.PrintUnitTwips == CentimetreTwips; }
-
-std::string InWords(double length) {
-    return FormatNumber(length, "##0.00 ") + (InCentimetres() ? "cm." : "inches.");
-}
 
 } // namespace
 
@@ -95,9 +92,8 @@ void ReportMargins::TakeUnit(std::int32_t twips) {
 }
 
 double ReportMargins::AvailableWidth() const {
-    const PrinterLimits limits = printer.Limits(Design.PrinterOrientation);
-    const double inches = Divide(limits.paperWidth, limits.pixelsPerInchX);
-    const double paper = Divide(inches * InchTwips, Design.PrintUnitTwips);
+    GetPrinterParams(printer); // as it lies now; it may have been set up anew meanwhile
+    const double paper = OutputNow.page.PaperWidth;
     return std::max(0.0, paper - Design.ReportLeft - Design.ReportRight);
 }
 
@@ -105,14 +101,14 @@ void ReportMargins::OK_Click() {
     TakeMargins();
     const double width = Divide(reportWidth, Design.PrintUnitTwips);
     const double available = AvailableWidth();
-    if (width <= available + WidthSlack) {
+    if (width <= available + PageSlack) {
         CloseAccepted();
         return;
     }
     const BoxAnswer answer = Machine().boxes->AskAbout(
         "RptTbLeft", "Information: Font too large, or margins too wide.",
-        "The width of the report (about " + InWords(width) + ") may be greater than the\navailable width (" +
-            InWords(available) +
+        "The width of the report (about " + LengthInWords(width) +
+            ") may be greater than the\navailable width (" + LengthInWords(available) +
             ") between the left and right margins.\n\nYou can decrease the margins, or reduce the font "
             "size.\n\nPress Abort to cancel printing the report.\nPress Retry to change the report "
             "margins.\nPress Ignore to continue printing the report.",

@@ -149,11 +149,12 @@ TEST_F(Margins, ThatLeaveNoWidthHaveNoneInTheQuestion) {
                 testing::AllOf(testing::HasSubstr("(about 17.78 cm.)"), testing::HasSubstr("(0.00 cm.)")));
 }
 
-TEST_F(Margins, PrinterWithoutAResolutionIsReported) {
+TEST_F(Margins, PrinterWithoutAResolutionLeavesNoRoom) {
     printer.dotsPerInch = 0;
-    ReportMargins dialog(printer, 1.0);
+    ReportMargins dialog(printer, TwipsPerInch);
+    machine.boxes.Answer(BoxAnswer::Retry);
     dialog.Press("OK");
-    EXPECT_EQ(machine.boxes.Taken().at(0).title, "Error in ReportMargins");
+    EXPECT_THAT(machine.boxes.Taken().at(0).text, testing::HasSubstr("(0.00 inches.)"));
     EXPECT_FALSE(dialog.Closed());
 }
 
