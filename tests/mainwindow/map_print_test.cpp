@@ -524,5 +524,59 @@ TEST_F(PrintingTexts, StoppedPrintHasNoTextsAndTheNextDrawHasThem) {
     EXPECT_THAT(TextsOn(surface), ElementsAre("Oslo", "Sydney", "title"));
 }
 
+// ---- Every printer.
+
+/// What a map of 6.5 inches an inch from the edges comes to, whatever the paper and however it lies.
+struct PrintedMap {
+    std::int32_t dots;
+    double strip;     ///< millimetres
+    const char* clip; ///< right and bottom edge two dots beyond the map
+    std::int32_t pen; ///< of a line of one pixel: 7.3125 twips
+    double circle;    ///< across, of a radius of 45 twips: 43.875 twips
+    SurfacePoint text;
+    std::int32_t letters; ///< of 10 points: 97.5 twips
+};
+
+std::ostream& operator<<(std::ostream& stream, const PrintedMap& map) {
+    return stream << map.dots << " dots, strips of " << map.strip << " mm";
+}
+
+class OnEveryPrinter : public PrintingTexts, public testing::WithParamInterface<PrintedMap> {};
+
+TEST_P(OnEveryPrinter, MapHasItsPlaceItsLinesItsSymbolsAndItsTexts) {
+    const PrintedMap& expected = GetParam();
+    Design.TextItems[0].TextSize = 10;
+    printer.dotsPerInch = expected.dots;
+    printer.stripMillimetres = expected.strip;
+    for (const PaperSheet& sheet : {SheetA4, SheetLetter}) {
+        for (const std::int16_t orientation : {Portrait, Landscape}) {
+            printer.sheet = sheet;
+            printer.log.clear();
+            page.Forget();
+            Design.PrinterOrientation = orientation;
+            ASSERT_TRUE(MapPrint(printer));
+            EXPECT_EQ(printer.log[1], std::string("SelectClip ") + expected.clip);
+            EXPECT_EQ(page.Segments().front().pen.width, expected.pen);
+            const SurfaceCall circle = page.CallsOf(SurfaceOp::Ellipse).front();
+            EXPECT_NEAR(static_cast<double>(circle.numbers[2] - circle.numbers[0]), expected.circle, 1.0);
+            EXPECT_EQ(page.Texts().back().anchor, expected.text);
+            EXPECT_EQ(page.Texts().back().font.font.height, -expected.letters);
+        }
+    }
+}
+
+// The height of 6757 twips is 1407.7, 2815.4, 5630.8 dots; the strips are 71, 142, 283 dots. The text stands
+// 936 and 675.7 twips from the map's corner, which is 1440, 1099.2, 1099.2, 1100.4 twips from the printable
+// area's.
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Resolutions, OnEveryPrinter, testing::Values(
+    PrintedMap{ 300, 0.0, "300 300 2252 1710",     2,  9.14, { 495,  441}, 20},
+    PrintedMap{ 300, 6.0, "229 229 2181 1639",     2,  9.14, { 424,  370}, 20},
+    PrintedMap{ 600, 0.0, "600 600 4502 3417",     3, 18.28, { 990,  882}, 41},
+    PrintedMap{ 600, 6.0, "458 458 4360 3275",     3, 18.28, { 848,  740}, 41},
+    PrintedMap{1200, 0.0, "1200 1200 9002 6833",   6, 36.56, {1980, 1763}, 81},
+    PrintedMap{1200, 6.0, "917 917 8719 6550",     6, 36.56, {1697, 1480}, 81}));
+// clang-format on
+
 } // namespace
 } // namespace quelmont
