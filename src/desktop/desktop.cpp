@@ -55,13 +55,13 @@ Desktop::~Desktop() { Machine() = {}; }
 void Desktop::Start() {
     StartUp();
     ReadSettings();
-    PreparePrinting();
     window.show();
 }
 
 void Desktop::BeginWith(const std::string& design) {
     window.Run([&] {
         window.Settle();
+        PreparePrinting(); // a print service may take its time, in which the window is seen already
         if (design.empty()) {
             OfferKeptDesigns();
         } else {

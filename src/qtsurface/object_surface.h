@@ -22,7 +22,7 @@ public:
     SurfaceHandle SelectObject(SurfaceHandle object) override;
     bool DeleteObject(SurfaceHandle object) override;
     int SetPolyFillMode(int mode) override;
-    SurfaceHandle CreateFontIndirectA(const SurfaceFont& font) override;
+    SurfaceHandle CreateFontIndirectA(const SurfaceFont& made) override;
     bool SetTextAlign(int mode) override;
     std::uint32_t SetTextColor(std::uint32_t color) override;
 

@@ -4,7 +4,8 @@
 #   printing.sh PROGRAM WORLD_MAP PRINT_QUEUE_TEST LIKENESS
 #
 # First print_queue_test, on a screen that nobody sees; then the whole program under a virtual screen: the map is
-# drawn in the window, printed by "Print Map", and the page compared with the window's picture (likeness.py).
+# drawn in the window, printed by "Print Map" and saved by "Save as PDF", and both pages are compared with the
+# window's picture (likeness.py).
 # Needs the packages xvfb, openbox, xdotool, imagemagick, poppler-utils, cups-daemon, cups-client.
 # shellcheck source=tests/desktop/virtual_screen.sh
 # shellcheck source=tests/desktop/print_queue.sh
@@ -45,6 +46,31 @@ pdftoppm -r 200 -png -singlefile "$job" "$work/page"
 cp "$work"/{window,page,dialog}.png "${QUELMONT_KEEP:-$work/cups}/"
 python3 -B "$likeness" "$work/window.png" "$work/page.png"
 echo "print: the page looks like the window"
+
+eventually "the window to be active" active_main
+xdotool key alt+f
+eventually "the file menu" more_windows "$alone"
+xdotool key u
+eventually "the dialog of the printer" active_named "Print Setup"
+import -window "$(xdotool getactivewindow)" "$work/setup.png"
+xdotool key Escape
+eventually "the dialog to close" dialog_gone "Print Setup"
+
+eventually "the window to be active" active_main
+xdotool key alt+f
+eventually "the file menu" more_windows "$alone"
+xdotool key f
+eventually "the dialog of pages" active_named "Print Map on PDF"
+xdotool key Return
+eventually "the dialog of files" active_named "Save Map As PDF File"
+xdotool type "$work/saved.pdf"
+xdotool key Return
+saved_whole() { [ -s "$work/saved.pdf" ] && active_main; }
+eventually "the file" saved_whole
+pdftoppm -r 200 -png -singlefile "$work/saved.pdf" "$work/saved"
+cp "$work"/{setup,saved}.png "${QUELMONT_KEEP:-$work/cups}/"
+python3 -B "$likeness" "$work/window.png" "$work/saved.png"
+echo "print: so does the page in a file"
 
 eventually "the window to be active" active_main
 xdotool key alt+F4
