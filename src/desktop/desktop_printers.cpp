@@ -62,7 +62,7 @@ bool DesktopPrinters::SetUp(std::int16_t& orientation) {
     QWidget* const below = WindowInUse(window);
     QPrintDialog dialog(printer.get(), below);
     dialog.setWindowTitle(QStringLiteral("Print Setup"));
-    dialog.setOptions(QAbstractPrintDialog::PrintCollateCopies);
+    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
     // Nothing is printed yet.
     if (auto* const buttons = dialog.findChild<QDialogButtonBox*>()) {
         for (QAbstractButton* const button : buttons->buttons()) {
