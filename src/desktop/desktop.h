@@ -20,8 +20,8 @@ public:
 
     /// Brings up the default design, puts the window where it last was, and shows it.
     void Start();
-    /// Looks for a printer, whose paper the map is to fit; recalls the map design of that name or, without one,
-    /// offers those that were kept when the program ended by accident.
+    /// Looks for a printer, whose paper the map is to fit; recalls the map design of that name or, without
+    /// one, offers those that were kept when the program ended by accident.
     void BeginWith(const std::string& design);
 
     DesktopWindow& Window() { return window; }
