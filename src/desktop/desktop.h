@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/desktop_help.h"
 #include "desktop/desktop_machine.h"
 #include "desktop/desktop_printers.h"
 #include "desktop/desktop_window.h"
@@ -25,6 +26,8 @@ public:
     void BeginWith(const std::string& design);
 
     DesktopWindow& Window() { return window; }
+    /// The window of the help, nullptr before it was asked for.
+    HelpWindow* WindowOfHelp() const { return help.Window(); }
 
 private:
     DesktopWindow window;

@@ -78,10 +78,4 @@ public:
     void Accepted(std::string_view /*name*/, ChangeKind /*kind*/) override { KeepDesign(); }
 };
 
-/// There are no help pages yet.
-class DesktopHelp final : public Help {
-public:
-    void Show(int /*command*/, int /*context*/) override {}
-};
-
 } // namespace quelmont

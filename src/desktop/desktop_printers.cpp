@@ -72,6 +72,7 @@ bool DesktopPrinters::SetUp(std::int16_t& orientation) {
         }
     }
     const KeyboardReturn keyboard(dialog, *below);
+    dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() != QDialog::Accepted) {
         return false;
     }

@@ -72,7 +72,11 @@ const DialogEntry& EntryOf(const Form& form) {
 
 QWidget* WindowInUse(QWidget& window) {
     QWidget* dialog = QApplication::activeModalWidget();
-    return dialog == nullptr ? &window : dialog;
+    const QWidget* below = dialog;
+    while (below != nullptr && below != &window) {
+        below = below->parentWidget();
+    }
+    return below == nullptr ? &window : dialog; // the help may have a dialog of its own
 }
 
 void DesktopForms::Show(Form& form) {
@@ -84,6 +88,7 @@ void DesktopForms::Show(Form& form) {
     FormView view(form, below);
     EntryOf(form).layOut(view);
     const KeyboardReturn keyboard(view, *below);
+    view.setWindowModality(Qt::WindowModal); // the help stays in use
     view.exec();
     if (!form.Closed()) {
         form.PressCancel();

@@ -86,6 +86,7 @@ FileDialogAnswer Ask(QFileDialog& dialog) {
         return {FileDialogCancelled};
     }
     const KeyboardReturn keyboard(dialog, *dialog.parentWidget());
+    dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {FileDialogCancelled};
     }

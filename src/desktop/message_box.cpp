@@ -157,7 +157,10 @@ void MessageBox::MakeRoomForTitle() {
                   grid->columnCount());
 }
 
-BoxAnswer MessageBox::Ask() { return AnswerOf(exec()); }
+BoxAnswer MessageBox::Ask() {
+    setWindowModality(Qt::WindowModal);
+    return AnswerOf(exec());
+}
 
 void MessageBox::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Cancel) && escapeButton() == nullptr) {

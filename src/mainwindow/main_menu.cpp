@@ -66,8 +66,8 @@ constexpr std::array DesignMenu = {
 };
 
 constexpr std::array AboutMenu = {
-    MenuEntry{ContentsItem,          "&Contents"},
-    MenuEntry{SearchItem,            "&Search for Help on ..."},
+    MenuEntry{ContentsItem,          "&Contents",               ShowHelpContents},
+    MenuEntry{SearchItem,            "&Search for Help on ...", ShowHelpSearch},
     MenuEntry{ 2},
     MenuEntry{AboutBoxItem,          "&About Quelmont",          ShowAbout},
     MenuEntry{PlotTimeItem,          "Plot &Time",               ShowPlotTime},

@@ -21,6 +21,7 @@
 #include "mainwindow/ready_to_draw.h"
 #include "mainwindow/text_placing.h"
 #include "mainwindow/told_changes.h"
+#include "platform/help_pages.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -111,6 +112,10 @@ void ShowGreatCircleReport(int /*index*/) {
                          "from the Design Map menu.",
                          BoxButtons::Ok, BoxIcon::Exclamation);
 }
+
+void ShowHelpContents(int /*index*/) { Machine().help->Show(HelpContents, 0); }
+
+void ShowHelpSearch(int /*index*/) { Machine().help->Show(HelpSearch, 0); }
 
 void ShowAbout(int /*index*/) { ShowDialog<AboutQMNT>(); }
 

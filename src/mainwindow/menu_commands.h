@@ -33,6 +33,10 @@ void TogglePixelSize(int index);
 void ShowParameterReport(int index);
 void ShowGreatCircleReport(int index);
 
+/// The help at its contents, and at its search.
+void ShowHelpContents(int index);
+void ShowHelpSearch(int index);
+
 /// The about box, and the message box that tells how long the last draw took.
 void ShowAbout(int index);
 void ShowPlotTime(int index);

@@ -40,7 +40,7 @@ void StartUp() {
     MainWindowNow.SavedCaption = FindProjection(ProjEquirectangular)->caption;
     Machine().window->SetCaption(MainWindowNow.SavedCaption);
     Design.AppPath = Machine().places->ProgramFolder();
-    Design.HelpFile = Design.AppPath + "Qmnt.chm";
+    Design.HelpFile = Design.AppPath + "Qmnt.qch";
     ResetMenus();
     InstallWriters();
     Design.MapFileDefault = Design.AppPath + DefaultMapTitle;

@@ -9,6 +9,9 @@
 
 namespace quelmont {
 
+/// The command of Help::Show that opens the search; the others stand beside that interface.
+constexpr int HelpSearch = 2;
+
 /// The page that leads to every other one.
 constexpr std::string_view HelpContentsPage = "README";
 

@@ -73,7 +73,7 @@ TEST_F(StartingUp, WindowIsFittedOnce) {
 TEST_F(StartingUp, WorldMapLiesInTheProgramsFolder) {
     EXPECT_EQ(Design.AppPath, "/program/");
     EXPECT_EQ(Design.MapFileDefault, "/program/Qmnt4.map");
-    EXPECT_EQ(Design.HelpFile, "/program/Qmnt.chm");
+    EXPECT_EQ(Design.HelpFile, "/program/Qmnt.qch");
     EXPECT_EQ(Design.MapFileCount, 1);
     ASSERT_THAT(Design.InputFiles, SizeIs(1));
     EXPECT_EQ(Design.InputFiles[0].MapFileName, "/program/Qmnt4.map");

@@ -24,7 +24,7 @@ if [ "$(id -u)" != 0 ]; then
     echo "Not root: the package is not installed in a bare system."
     exit 0
 fi
-mirror=$(apt-cache policy | sed -n 's/^ *[0-9]* \(http[^ ]*\) .*/\1/p' | head -1)
+mirror=$(apt-cache policy | sed -n 's/^ *[0-9]* \(http[^ ]*\) .*/\1/p' | grep -v security | head -1)
 if ! debootstrap --variant=minbase bookworm "$work/root" "$mirror" >"$work/debootstrap.log" 2>&1; then
     tail -3 "$work/debootstrap.log"
     echo "No bare system could be made: the package is not installed in one."
@@ -34,7 +34,15 @@ within() { chroot "$work/root" env DEBIAN_FRONTEND=noninteractive "$@"; }
 cp "$package" "$work/root/tmp/quelmont.deb"
 within apt-get -q -o Dpkg::Use-Pty=0 install -y --no-install-recommends /tmp/quelmont.deb >"$work/install.log" 2>&1 ||
     { tail -20 "$work/install.log"; exit 1; }
-within quelmont-draw /tmp/world.png
+# The programs find their folder through /proc.
+if mount --bind /proc "$work/root/proc" 2>/dev/null; then
+    trap 'umount "$work/root/proc"; rm -rf "$work"' EXIT
+    map=
+else
+    echo "There is no /proc in the bare system: drawing the grid alone."
+    map=--no-map
+fi
+within quelmont-draw $map /tmp/world.png
 within test -s /tmp/world.png
 within quelmont --version
 within quelmont-convert --version

@@ -1,0 +1,226 @@
+// The window of the help beside the program's window and its dialogs.
+
+#include "desktop/desktop_fixture.h"
+
+#include "core/map_design.h"
+#include "desktop/help_browser.h"
+#include "desktop/help_window.h"
+#include "mainwindow/main_menu.h"
+
+#include <QApplication>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTest>
+#include <QToolBar>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace quelmont {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class HelpInWindow : public DesktopTest {
+protected:
+    /// The help file is that of the build; its search index goes to the tests' folder.
+    HelpInWindow() {
+        qputenv("XDG_CACHE_HOME", QByteArray::fromStdString(folder.Path()));
+        Start();
+        Design.HelpFile = QUELMONT_HELP_FILE;
+    }
+
+    HelpWindow& Help() { return *desktop->WindowOfHelp(); }
+    QUrl Page() { return Help().Browser().source(); }
+    std::string PageName() { return Page().path().toStdString(); }
+    QString PageText() { return Help().Browser().toPlainText(); }
+    template <typename Widget>
+    Widget* Part(const char* name = "") {
+        return Help().findChild<Widget*>(QLatin1String(name));
+    }
+};
+
+TEST_F(HelpInWindow, F1OfTheWindowOpensTheContents) {
+    Activate();
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_TRUE(Help().isVisible());
+    EXPECT_EQ(PageName(), "/help/README.html");
+    EXPECT_TRUE(PageText().startsWith(QStringLiteral("Quelmont help")));
+    EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
+TEST_F(HelpInWindow, ItemsOfTheMenuOpenContentsAndSearch) {
+    Window().Action(Menu::mnuAbout, ContentsItem)->trigger();
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_EQ(PageName(), "/help/README.html");
+    Window().Action(Menu::mnuAbout, SearchItem)->trigger();
+    EXPECT_TRUE(Part<QLineEdit>("SearchText")->isVisible());
+}
+
+TEST_F(HelpInWindow, F1OfAFieldOpensItsPageWhileTheDialogStaysAsItIs) {
+    InDialog([&](QDialog& dialog) {
+        auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("LatGr"));
+        ASSERT_NE(field, nullptr);
+        field->setFocus();
+        QTest::qWait(20);
+        QTest::keyClicks(field, QStringLiteral("7"));
+        const QString typed = field->text();
+        QTest::keyClick(field, Qt::Key_F1);
+        ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+        EXPECT_EQ(PageName(), "/help/bounds.html");
+        EXPECT_EQ(Page().fragment().toStdString(), "degrees-of-latitude-between-grid-marks");
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(field->text(), typed);
+        EXPECT_THAT(boxes.asked, IsEmpty()) << "no field is checked";
+        // The help can be used meanwhile.
+        QTest::mouseClick(Help().Browser().viewport(), Qt::LeftButton);
+        Help().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Help()));
+        QTest::keyClick(&Help(), Qt::Key_Home, Qt::AltModifier);
+        EXPECT_EQ(PageName(), "/help/README.html");
+        EXPECT_FALSE(QApplication::activeModalWidget()->isAncestorOf(&Help()));
+        EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
+        dialog.reject();
+    });
+    Window().Action(Menu::mnuDesign, BoundariesItem)->trigger();
+    EXPECT_TRUE(Help().isVisible()) << "it stays when the dialog has closed";
+}
+
+TEST_F(HelpInWindow, AMissingFileIsNamedInOneBox) {
+    Design.HelpFile = "/nowhere/Qmnt.qch";
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    EXPECT_EQ(desktop->WindowOfHelp(), nullptr);
+    ASSERT_EQ(boxes.asked.size(), 1U);
+    EXPECT_THAT(boxes.asked[0].text, HasSubstr("/nowhere/Qmnt.qch"));
+}
+
+TEST_F(HelpInWindow, AFileThatIsNoHelpIsNamedInOneBox) {
+    Design.HelpFile = folder.Path() + "/Qmnt.qch";
+    std::ofstream(Design.HelpFile) << "no help";
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    EXPECT_EQ(desktop->WindowOfHelp(), nullptr);
+    ASSERT_EQ(boxes.asked.size(), 1U);
+    EXPECT_THAT(boxes.asked[0].text, HasSubstr("Qmnt.qch"));
+}
+
+TEST_F(HelpInWindow, ACacheThatCannotBeWrittenIsNoHindrance) {
+    qputenv("XDG_CACHE_HOME", "/proc/nowhere");
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_TRUE(PageText().startsWith(QStringLiteral("Quelmont help")));
+}
+
+TEST_F(HelpInWindow, ThePageOpenedAgainIsThatOfTheCache) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    Restart();
+    Design.HelpFile = QUELMONT_HELP_FILE;
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_TRUE(PageText().startsWith(QStringLiteral("Quelmont help")));
+    EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
+TEST_F(HelpInWindow, ContentsAndIndexListThePages) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    auto* contents = Help().findChild<QHelpContentWidget*>();
+    ASSERT_NE(contents, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contents->model()->rowCount() == 1; }));
+    const QModelIndex top = contents->model()->index(0, 0);
+    EXPECT_TRUE(contents->isExpanded(top));
+    EXPECT_GT(contents->model()->rowCount(top), 25);
+    auto* index = Help().findChild<QHelpIndexWidget*>();
+    ASSERT_NE(index, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return index->model()->rowCount() > 100; }));
+}
+
+TEST_F(HelpInWindow, SearchFindsThePagesThatHaveTheWords) {
+    Window().Action(Menu::mnuAbout, SearchItem)->trigger();
+    auto* results = Part<QListWidget>("SearchResults");
+    const auto found = [&] {
+        QStringList titles;
+        for (int row = 0; row < results->count(); ++row) {
+            titles << results->item(row)->text();
+        }
+        return titles;
+    };
+    // The index is made when the help is opened first.
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            Part<QLineEdit>("SearchText")->setText(QStringLiteral("Krasovsky"));
+            QTest::keyClick(Part<QLineEdit>("SearchText"), Qt::Key_Return);
+            QTest::qWait(100);
+            return found() == QStringList{QStringLiteral("Zone and bounds of a UTM map")};
+        },
+        20000))
+        << found().join(u';').toStdString();
+    emit results->itemActivated(results->item(0));
+    EXPECT_EQ(PageName(), "/help/utm-zone.html");
+}
+
+TEST_F(HelpInWindow, BackAndForwardReturnToPages) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    Help().ShowPlace({"angles", ""});
+    Help().Browser().backward();
+    EXPECT_EQ(PageName(), "/help/README.html");
+    Help().Browser().forward();
+    EXPECT_EQ(PageName(), "/help/angles.html");
+}
+
+TEST_F(HelpInWindow, FindSelectsTheNextPlaceAndBeginsAgain) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    Help().ShowPlace({"angles", ""});
+    auto* text = Part<QLineEdit>("FindText");
+    text->setText(QStringLiteral("latitude"));
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Help().Browser().textCursor().selectedText().toLower(), QStringLiteral("latitude"));
+    const int first = Help().Browser().textCursor().position();
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_GT(Help().Browser().textCursor().position(), first);
+    for (int again = 0; again < 40 && Help().Browser().textCursor().position() != first; ++again) {
+        QTest::keyClick(text, Qt::Key_Return);
+    }
+    EXPECT_EQ(Help().Browser().textCursor().position(), first);
+}
+
+TEST_F(HelpInWindow, PicturesAreNoWiderThanThePage) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    Help().ShowPlace({"first-map", ""});
+    for (const int width : {400, 1000}) {
+        Help().resize(width, 600);
+        QTest::qWait(200);
+        HelpBrowser& browser = Help().Browser();
+        EXPECT_LE(browser.document()->size().width(), browser.viewport()->width()) << width;
+        const QVariant picture =
+            browser.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("look/europe.png")));
+        EXPECT_FALSE(picture.value<QImage>().isNull());
+    }
+}
+
+TEST_F(HelpInWindow, LinksCanBeReadOnADarkGround) {
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Link, Qt::blue);
+    QApplication::setPalette(dark);
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    EXPECT_GT(qGray(Help().Browser().palette().color(QPalette::Link).rgb()), 128);
+    QApplication::setPalette(before);
+}
+
+TEST_F(HelpInWindow, ClosesWithTheProgram) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    EXPECT_FALSE(Help().testAttribute(Qt::WA_QuitOnClose));
+    QTest::keyClick(&Help(), Qt::Key_Escape);
+    EXPECT_FALSE(Help().isVisible());
+}
+
+} // namespace
+} // namespace quelmont
