@@ -177,6 +177,22 @@ TEST_F(PageOfCommand, OptionsOfAPageAreForPdfFilesAlone) {
     EXPECT_EQ(RunWith({"--paper", "A4 "}).code, ExitWrongUsage);
 }
 
+TEST_F(PageOfCommand, DesignBringsItsOrientationAndItsPlaceOnThePage) {
+    const std::string design = folder / "a.cnf";
+    const std::string page = folder / "a.pdf";
+    ASSERT_EQ(Run({"--no-map", "--window", "1200x800", "--paper", "Letter", "--landscape", "--left", "2in",
+                   "--save-design", design, page})
+                  .code,
+              ExitDone);
+    ASSERT_EQ(Run({"--design", design, "--paper", "Letter", "--top", "1.5in", page}).code, ExitDone);
+    EXPECT_EQ(Design.PrinterOrientation, Landscape);
+    EXPECT_FALSE(Design.CenterHorizontal);
+    EXPECT_FLOAT_EQ(Design.PrintLeft, 2.0F);
+    EXPECT_FALSE(Design.CenterVertical);
+    EXPECT_FLOAT_EQ(Design.PrintTop, 1.5F);
+    EXPECT_FLOAT_EQ(Design.PrintWidth, 7.0F); // 11 inches but for twice the margin at the left
+}
+
 TEST_F(PageOfCommand, FileThatCannotBeWrittenIsReported) {
     const Outcome outcome = RunWith({}, "missing/a.pdf");
     EXPECT_EQ(outcome.code, ExitFailed);
