@@ -80,20 +80,10 @@ Reduced Reduce(const Target& target) {
             (target.northing - Design.UtmFalseNorthing) / unit + Design.UtmM0 / Design.SpheroidA};
 }
 
-/// Latitude on the central meridian at a length of it in equatorial radii; it goes on beyond the pole.
-double FootLatitude(double arc) {
-    double p = arc / Design.UtmMeridianC0;
-    // The sines are a hundredth of the whole, and so is what each round leaves of the error.
-    for (int round = 0; round < 5; ++round) {
-        const double here = MeridianArc(p, std::sin(p + p), std::cos(p + p)) / Design.SpheroidA;
-        p += (arc - here) / Design.UtmMeridianC0;
-    }
-    return p;
-}
-
-/// The place on a sphere that touches the meridian's foot point. Snyder 1987, eq. 8-6, 8-7.
+/// The place on a sphere that touches the meridian at the same northing, whose latitude is nearly in
+/// proportion to the arc. Snyder 1987, eq. 8-6, 8-7.
 SeriesPlace SphericalStart(const Reduced& reduced) {
-    const double p = FootLatitude(reduced.arc);
+    const double p = reduced.arc / Design.UtmMeridianC0;
     const auto [sine, cosine] = SineCosineOf(p);
     const double away = std::sinh(reduced.east * std::sqrt(1.0 - Design.SpheroidE2 * sine * sine));
     return Moved({0.0, 0.0}, std::atan2(sine, std::hypot(cosine, away)), InDegrees(std::atan2(away, cosine)));

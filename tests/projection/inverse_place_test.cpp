@@ -307,6 +307,21 @@ TEST_F(PlaceOnLobes, OneLobeWithoutInterruptions) {
     EXPECT_NEAR(place->lon, 170.0, 1e-9);
 }
 
+/// Equal boundaries are a whole turn.
+TEST_F(PlaceOnLobes, OneLobeAllTheWayRound) {
+    Design.LobeText[LobeTextCountNorth] = "0";
+    Design.LobeText[LobeTextCountSouth] = "0";
+    Design.LobeLonDeg = {20.0, 20.0, 20.0, 20.0};
+    Design.LobeCentral = {};
+    for (const double lat : {40.0, -40.0}) {
+        const PlanePoint point = *mollweide.Forward(lat, 170.0);
+        const auto place = PlaceAt(point.x, point.y);
+        ASSERT_TRUE(place);
+        EXPECT_NEAR(place->lat, lat, 1e-9);
+        EXPECT_NEAR(place->lon, 10.0, 1e-9) << "20 + 180 + 170 degrees";
+    }
+}
+
 TEST_F(PlaceOnLobes, NothingForACountThatIsNone) {
     Design.LobeText[LobeTextCountNorth] = "4";
     EXPECT_FALSE(PlaceAt(0.1, 0.1));
