@@ -54,13 +54,15 @@ private:
     QList<qint64> offsets; ///< by number
 };
 
+qsizetype LengthOf(const char* text) { return static_cast<qsizetype>(qstrlen(text)); }
+
 /// The number behind a key of a dictionary: of the object referred to, or the number itself.
 int NumberOf(const QByteArray& dictionary, const char* key) {
     const qsizetype at = dictionary.indexOf(key);
     if (at < 0) {
         NotOfQt();
     }
-    const QByteArray rest = dictionary.mid(at + qstrlen(key)).trimmed();
+    const QByteArray rest = dictionary.mid(at + LengthOf(key)).trimmed();
     const auto* const end =
         std::find_if(rest.begin(), rest.end(), [](char letter) { return letter < '0' || letter > '9'; });
     bool isNumber = false;
@@ -78,7 +80,7 @@ QByteArray Between(const QByteArray& text, const char* from, const char* to) {
     if (end < 0) {
         NotOfQt();
     }
-    return text.mid(begin + qstrlen(from), end - begin - qstrlen(from));
+    return text.mid(begin + LengthOf(from), end - begin - LengthOf(from));
 }
 
 PdfFile::PdfFile(const std::string& name) : file(QString::fromStdString(name)) {
@@ -139,7 +141,7 @@ void PdfFile::Blank(qint64 from, qint64 to, const char* key, const char* end) {
     const qsizetype begin = text.indexOf(key);
     const qsizetype last = begin < 0 ? -1 : text.indexOf(end, begin);
     if (last >= 0) {
-        Write(from + begin, QByteArray(last + static_cast<qsizetype>(qstrlen(end)) - begin, ' '));
+        Write(from + begin, QByteArray(last + LengthOf(end) - begin, ' '));
     }
 }
 
@@ -217,7 +219,7 @@ public:
     QByteArray Resources(int first) const {
         QByteArray text = Dictionary(first);
         const qsizetype at = text.indexOf(FontsBegin);
-        const qsizetype begin = at + static_cast<qsizetype>(qstrlen(FontsBegin));
+        const qsizetype begin = at + LengthOf(FontsBegin);
         text.replace(begin, text.indexOf(DictionaryEnds, begin) - begin, "\n" + fonts.join('\n') + "\n");
         return text;
     }
