@@ -3,7 +3,6 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
-#include "core/print_units.h"
 #include "dialogs/dialogs_state.h"
 #include "dialogs/printing/page_checks.h"
 #include "output/output_state.h"
@@ -25,15 +24,6 @@ constexpr const char* Explanation =
     "The Print Map option prints the entire area of the screen beneath the Menu Bar.\n\n"
     "Map Height is controlled by Map Width.  The Map Margins are automatically calculated when the Center "
     "Map items are checked.";
-
-constexpr const char* LengthMask = "%%%.%%";
-constexpr const char* LengthPicture = "000.00";
-constexpr float LargestShown = 999.99F;
-
-std::array<float*, 8> Lengths() {
-    return {&Design.PrintLeft,  &Design.PrintTop,    &Design.PrintWidth, &Design.PrintHeight,
-            &Design.ReportLeft, &Design.ReportRight, &Design.ReportTop,  &Design.ReportBottom};
-}
 
 void ShowCannotCenter(const char* title, const char* why, const char* remedy) {
     Machine().boxes->Ask(title, std::string(why) + "\n\n" + remedy, BoxButtons::Ok, BoxIcon::Exclamation);
@@ -67,24 +57,13 @@ PrintMap::PrintMap(std::string_view printerName, std::vector<std::string> papers
 }
 
 PrintMap::PrintMap(const Printer* printer_, std::string_view printerName)
-    : DesignDialog("PrintMap", "Print Map on " + std::string(printerName)),
+    : PageDialog("PrintMap", "Print Map on " + std::string(printerName)),
       printer(printer_), left{"LeftMap", &Design.PrintLeft}, top{"TopMap", &Design.PrintTop},
-      width{"WidthMap", &Design.PrintWidth}, height{"HeightMap", &Design.PrintHeight} {
-    Design.DialogCancelled = true;
-}
-
-PrintMap::Before PrintMap::BeforeNow() {
-    Before now{
-        Design.PrintUnitTwips, {}, Design.PrinterOrientation, Design.CenterHorizontal, Design.CenterVertical};
-    const auto lengths = Lengths();
-    std::transform(lengths.begin(), lengths.end(), now.lengths.begin(),
-                   [](const float* length) { return *length; });
-    return now;
-}
+      width{"WidthMap", &Design.PrintWidth}, height{"HeightMap", &Design.PrintHeight} {}
 
 void PrintMap::AddControls() {
     Add({.name = "Help", .kind = ControlKind::Label, .text = Explanation});
-    AddOptions();
+    AddPageOptions("MapOrientation", "PrintUnits");
     AddLengths();
     AddOkAndCancel([this] { OK_Click(); });
 }
@@ -97,31 +76,9 @@ void PrintMap::Form_Load() {
     ShowUnit();
 }
 
-void PrintMap::AddOptions() {
-    const auto add = [this](const char* name, const char* text, const char* frame, bool chosen) {
-        Add({.name = name,
-             .kind = ControlKind::Option,
-             .text = text,
-             .value = chosen ? 1 : 0,
-             .frame = frame});
-    };
-    Add({.name = "MapOrientation", .kind = ControlKind::Frame, .text = "Paper Orientation"});
-    const bool turned = Design.PrinterOrientation == Landscape;
-    add("Portrait", "&Portrait", "MapOrientation", !turned);
-    add("Landscape", "L&andscape", "MapOrientation", turned);
-    Add({.name = "PrintUnits", .kind = ControlKind::Frame, .text = "Units"});
-    const bool centimetres = Design.PrintUnitTwips == CentimetreTwips;
-    add("Inches", "&Inches", "PrintUnits", !centimetres);
-    add("Centimeters", "Centi&meters", "PrintUnits", centimetres);
-    On("Portrait", ControlEvent::Click, [this] { TakeOrientation(Portrait); });
-    On("Landscape", ControlEvent::Click, [this] { TakeOrientation(Landscape); });
-    On("Inches", ControlEvent::Click, [this] { TakeUnit(InchTwips); });
-    On("Centimeters", ControlEvent::Click, [this] { TakeUnit(CentimetreTwips); });
-}
-
 void PrintMap::AddLengths() {
     const auto addField = [this](const LengthField& field, const char* caption, void (PrintMap::*change)()) {
-        Add({.name = field.name, .kind = ControlKind::Edit, .caption = caption, .mask = LengthMask});
+        AddLength(field.name, caption);
         On(field.name, ControlEvent::Change, [this, change] { (this->*change)(); });
     };
     const auto addCheck = [this](const char* name, const char* text, bool on, void (PrintMap::*click)()) {
@@ -139,22 +96,21 @@ void PrintMap::AddLengths() {
     addCheck("VerticalMap", "&Vertically", Design.CenterVertical, &PrintMap::VerticalMap_Click);
 }
 
-void PrintMap::ShowLength(LengthField& field) {
+void PrintMap::Show(LengthField& field) {
     field.exact = *field.length;
-    SetText(field.name, FormatNumber(std::clamp(field.exact, 0.0F, LargestShown), LengthPicture));
-    field.written = At(field.name).text;
+    field.written = ShowLength(field.name, field.exact);
 }
 
 void PrintMap::ShowLengths() {
     for (LengthField* const field : {&left, &top, &width, &height}) {
-        ShowLength(*field);
+        Show(*field);
     }
     Edit(left.name).enabled = !Design.CenterHorizontal;
     Edit(top.name).enabled = !Design.CenterVertical;
 }
 
 void PrintMap::ShowUnit() {
-    const std::string unit = Design.PrintUnitTwips == CentimetreTwips ? "(cm)" : "(inch)";
+    const std::string unit = InCentimetres() ? "(cm)" : "(inch)";
     Edit("MapSize").text = "Map Size " + unit;
     Edit("MapMargins").text = "Map Margins " + unit;
 }
@@ -181,24 +137,24 @@ void PrintMap::TopMap_Change() { Design.PrintTop = Length(top); }
 // What is being typed need not fit: only margins of a centred map, which are not typed, go with it.
 void PrintMap::WidthMap_Change() {
     SetPrintWidth(Length(width));
-    ShowLength(height);
+    Show(height);
     FollowSize();
 }
 
 void PrintMap::HeightMap_Change() {
     SetPrintHeight(Length(height));
-    ShowLength(width);
+    Show(width);
     FollowSize();
 }
 
 void PrintMap::FollowSize() {
     if (Design.CenterHorizontal) {
         CalcPrnLeft();
-        ShowLength(left);
+        Show(left);
     }
     if (Design.CenterVertical) {
         CalcPrnTop();
-        ShowLength(top);
+        Show(top);
     }
 }
 
@@ -227,13 +183,13 @@ void PrintMap::VerticalMap_Click() {
 }
 
 void PrintMap::TakeUnit(std::int32_t twips) {
-    ChangePrintUnit(twips);
+    PageDialog::TakeUnit(twips);
     TakePrinter(printer);
     ShowUnit();
 }
 
 void PrintMap::TakeOrientation(std::int16_t orientation) {
-    Design.PrinterOrientation = orientation;
+    PageDialog::TakeOrientation(orientation);
     TakePrinter(printer);
 }
 
@@ -249,18 +205,6 @@ void PrintMap::OK_Click() {
     const char* const field = At(refusal->field).enabled ? refusal->field : width.name;
     Machine().boxes->AskAbout(field, refusal->title, refusal->text, BoxButtons::Ok, BoxIcon::Exclamation);
     SetFocus(field);
-}
-
-void PrintMap::Cancel_Click() {
-    Design.PrintUnitTwips = before.unit;
-    const auto lengths = Lengths();
-    for (std::size_t i = 0; i < lengths.size(); ++i) {
-        *lengths[i] = before.lengths[i];
-    }
-    Design.PrinterOrientation = before.orientation;
-    Design.CenterHorizontal = before.centerHorizontal;
-    Design.CenterVertical = before.centerVertical;
-    DesignDialog::Cancel_Click();
 }
 
 // ---- A page in a file.
@@ -281,7 +225,7 @@ void PrintMapOnPdf::PaperList_Click() {
 
 void PrintMapOnPdf::Cancel_Click() {
     DialogsNow.PdfPaper = paperBefore;
-    PrintMap::Cancel_Click();
+    PageDialog::Cancel_Click();
 }
 
 } // namespace quelmont

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "dialogs/design_dialog.h"
+#include "dialogs/printing/page_dialog.h"
 #include "platform/printers.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -24,7 +23,7 @@ namespace quelmont {
 /// Writes  PrintLeft, PrintTop, PrintWidth, PrintHeight, CenterHorizontal, CenterVertical,
 ///         PrinterOrientation; PrintUnitTwips, with which the margins of reports go; DialogCancelled. Cancel
 ///         gives all of them back.
-class PrintMap : public DesignDialog {
+class PrintMap : public PageDialog {
 public:
     /// The printer outlives the dialog.
     explicit PrintMap(const Printer& printer_);
@@ -35,7 +34,6 @@ protected:
 
     /// Takes the measures of a printer, or of none that would hold a map; margins follow.
     void TakePrinter(const Printer* newPrinter);
-    void Cancel_Click() override;
 
 private:
     /// A field for a length of the design.
@@ -45,21 +43,11 @@ private:
         std::string written = {}; ///< by the program
         float exact = 0.0F;       ///< what that stands for
     };
-    /// What Cancel gives back.
-    struct Before {
-        std::int32_t unit;
-        std::array<float, 8> lengths;
-        std::int16_t orientation;
-        bool centerHorizontal, centerVertical;
-    };
-    static Before BeforeNow();
-
     PrintMap(const Printer* printer_, std::string_view printerName);
     void AddControls();
     void Form_Load();
-    void AddOptions();
     void AddLengths();
-    void ShowLength(LengthField& field);
+    void Show(LengthField& field);
     void ShowLengths();
     void ShowUnit();
     /// What a field says.
@@ -73,13 +61,12 @@ private:
     void FollowSize();
     void HorizontalMap_Click();
     void VerticalMap_Click();
-    void TakeUnit(std::int32_t twips);
-    void TakeOrientation(std::int16_t orientation);
+    void TakeUnit(std::int32_t twips) override;
+    void TakeOrientation(std::int16_t orientation) override;
     void OK_Click();
 
     const Printer* printer;
     LengthField left, top, width, height;
-    Before before = BeforeNow();
 };
 
 /// "Print Map on PDF": the same for a page in a file, with a list of papers. The paper that was accepted last
