@@ -31,7 +31,7 @@ std::unique_ptr<Printer> OnPaper(std::string_view paper, const std::string& file
 void DrawLines(DrawSurface& surface, int points) {
     surface.MoveToEx(0, 0);
     for (int i = 1; i <= points; ++i) {
-        surface.LineTo(i * 7919 % 9000, i * 104729 % 9000);
+        surface.LineTo(static_cast<int>(i * 7919LL % 9000), static_cast<int>(i * 104729LL % 9000));
     }
 }
 
