@@ -67,7 +67,7 @@ std::string Header(const TextLook& font) {
     const auto margin = [](const char* word, float length) {
         return Word(word, RoundToInt32(static_cast<double>(length) * Design.PrintUnitTwips));
     };
-    return "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil " + FontName(font.FontName) +
+    return R"({\rtf1\ansi\ansicpg1252\deff0{\fonttbl{\f0\fnil )" + FontName(font.FontName) +
            ";}}\r\n{\\colortbl ;" + Word("red", part(0)) + Word("green", part(8)) + Word("blue", part(16)) +
            ";}\r\n" + margin("margl", Design.ReportLeft) + margin("margr", Design.ReportRight) +
            margin("margt", Design.ReportTop) + margin("margb", Design.ReportBottom) + "\r\n" +

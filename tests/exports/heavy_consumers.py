@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Other programs read what quelmont-draw writes: LibreOffice CGM, Inkscape and libwmf WMF, LibreCAD DXF.
+"""Other programs read what quelmont-draw writes: LibreOffice CGM and RTF, Inkscape and libwmf WMF, LibreCAD DXF.
 
     heavy_consumers.py PROGRAM
 
@@ -106,6 +106,20 @@ def libwmf(file):
     return found
 
 
+def printed_words(file):
+    """Words of the pages that LibreOffice makes of a text, each with its left edge in points, line by line."""
+    run("soffice", "--headless", "--convert-to", "pdf", file, folder=file.parent)
+    page = subprocess.run(["pdftotext", "-bbox", file.with_suffix(".pdf"), "-"], check=True,
+                          capture_output=True).stdout
+    lines = {}
+    pages = (element for element in tree.fromstring(page).iter() if element.tag.endswith("}page"))
+    for number, sheet in enumerate(pages):
+        for word in sheet:
+            place = (number, round(float(word.get("yMax"))))
+            lines.setdefault(place, []).append((float(word.get("xMin")), word.text))
+    return [sorted(lines[place]) for place in sorted(lines)]
+
+
 def librecad(file):
     run("librecad", "dxf2pdf", "-a", "-c", "-o", file.with_suffix(".pdf"), file, folder=file.parent)
     return painted(file, file.with_suffix(".pdf"))
@@ -175,6 +189,31 @@ class Consumers(shapes.ConsumerTest):
         told = file.with_suffix(".fodp").read_text(encoding="utf-8")
         self.assertRegex(told, r">Caf\S<")
         self.assertIn(">Second<", told)
+
+    def test_libreoffice_prints_the_lines_of_a_report_and_its_columns_below_each_other(self):
+        route = ["--no-map", "--projection", "robinson", "--great-circle", "37:47N,122:26W,29:20N,47:59E",
+                 "--small-circle", "37:47N,122:26W,15"]
+        for option in ("--report", "--great-circle-report"):
+            plain = self.draw(route + [option], "report.txt").read_text(encoding="utf-8")
+            lines = printed_words(self.draw(route + [option], "report.rtf"))
+            told = [" ".join(re.sub("-+", "-", word) if set(word) == {"-"} else word for _, word in line)
+                    for line in lines]
+            expected = [" ".join(re.sub("^-+$", "-", line.strip()).split()) for line in plain.splitlines()]
+            self.assertEqual(told, [line for line in expected if line])
+            # The rows of the table begin with two or three digits and the angles of a place.
+            rows = [line for line in lines if len(line) > 9 and line[0][1].isdigit()]
+            self.assertGreater(len(rows), 11)
+            for column in (0, 1, 5, 9, 10, 11):
+                edges = [row[column][0] for row in rows]
+                self.assertLess(max(edges) - min(edges), 0.5, f"column {column}")
+            words = [right - left for row in rows for (left, _), (right, _) in zip(row, row[1:])]
+            self.assertGreater(min(words), 5, "no cell runs into the next one")
+
+    def test_libreoffice_reads_letters_that_rich_text_uses_itself(self):
+        name = self.folder / "{map} \\ \u0391\u03b8\u03ae\u03bd\u03b1 \u6771\u4eac \u00fc.prn"
+        name.write_text("-1 10 10\n0 20 20\n")
+        lines = printed_words(self.draw(["--map", str(name), "--report"], "report.rtf"))
+        self.assertTrue(any(" ".join(word for _, word in line).endswith(name.name) for line in lines), lines)
 
     def test_librecad_prints_dxf(self):
         file = self.draw(shapes.sheet(self.folder), "sheet.dxf")
