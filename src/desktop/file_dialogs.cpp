@@ -26,11 +26,12 @@ QStringList NameFilters(const std::string& filter) {
     return filters;
 }
 
-/// Of the filter in force, counted from 1.
-int FilterIndex(const QFileDialog& dialog) {
-    const auto* const types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    return types == nullptr ? 1 : types->currentIndex() + 1;
+QComboBox* FilterList(const QFileDialog& dialog) {
+    return dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
 }
+
+/// Of the filter in force, counted from 1.
+int FilterIndex(const QFileDialog& dialog) { return FilterList(dialog)->currentIndex() + 1; }
 
 bool IsPattern(const QString& name) {
     return name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
@@ -115,7 +116,7 @@ FileDialogAnswer DesktopFileDialogs::Save(const FileDialogRequest& request) {
     const auto follow = [&dialog, &request] {
         dialog.setDefaultSuffix(Text(ExtensionOf(request, FilterIndex(dialog))));
     };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    QObject::connect(FilterList(dialog), &QComboBox::currentIndexChanged, &dialog, follow);
     FileDialogRequest shown = request;
     if (shown.name.ends_with('.')) {
         shown.name.pop_back(); // the dialog puts the point there itself

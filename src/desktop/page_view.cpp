@@ -82,7 +82,13 @@ void PageView::Fill() {
         }
         cursor.insertText(cells.join(QLatin1Char('\t')), look);
     }
-    moveCursor(QTextCursor::Start);
+    setTextCursor(QTextCursor(document()));
+    verticalScrollBar()->setValue(0);
+}
+
+void PageView::showEvent(QShowEvent* event) {
+    QTextEdit::showEvent(event);
+    verticalScrollBar()->setValue(0); // the edge above the first line is seen, too
 }
 
 QSize PageView::sizeHint() const {

@@ -16,6 +16,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void Fill();
 

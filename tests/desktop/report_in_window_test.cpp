@@ -115,9 +115,10 @@ TEST_F(ReportInWindow, ExtensionFollowsTheFilter) {
         SaveAs(dialog, folder / "plain", 1);
         SaveAs(dialog, folder / "rich", 0);
     });
+    EXPECT_THAT(boxes.asked, IsEmpty());
+    ASSERT_THAT(folder.Names(), testing::UnorderedElementsAre("Qmnt4.map", "plain.txt", "rich.rtf"));
     EXPECT_THAT(ReadWholeFile(folder / "plain.txt"), StartsWith("Quelmont Version "));
     EXPECT_THAT(ReadWholeFile(folder / "rich.rtf"), StartsWith("{\\rtf1"));
-    EXPECT_THAT(boxes.asked, IsEmpty());
 }
 
 TEST_F(ReportInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
