@@ -2,11 +2,47 @@
 
 #include "desktop/qt_text.h"
 #include "mainwindow/main_menu.h"
+#include "platform/help_pages.h"
+#include "platform/machine.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
 namespace quelmont {
+
+namespace {
+
+/// F1 on an item of an open menu closes the menu and opens the item's page of the help.
+class HelpKey final : public QObject {
+public:
+    HelpKey(QMenu& target_, Menu menu_, std::map<const QAction*, int> indices_)
+        : QObject(&target_), target(target_), menu(menu_), indices(std::move(indices_)) {
+        target.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto index = indices.find(target.activeAction());
+        if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1 ||
+            index == indices.end()) {
+            return QObject::eventFilter(watched, event);
+        }
+        const int context = HelpContextOf(menu, index->second);
+        while (QWidget* const open = QApplication::activePopupWidget()) {
+            open->close();
+        }
+        Machine().help->Show(HelpContext, context);
+        return true;
+    }
+
+private:
+    QMenu& target;
+    Menu menu;
+    std::map<const QAction*, int> indices;
+};
+
+} // namespace
 
 WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(clicked_)) {
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
@@ -34,6 +70,7 @@ void WindowMenus::Keep(Menu menu, const MenuEntry& entry, QAction* action) {
 }
 
 void WindowMenus::Fill(QMenu& target, Menu menu) {
+    std::map<const QAction*, int> indices;
     for (const MenuEntry& entry : MenuEntries(menu)) {
         if (entry.IsSeparator()) {
             target.addSeparator();
@@ -47,7 +84,9 @@ void WindowMenus::Fill(QMenu& target, Menu menu) {
             AddItem(target, menu, entry);
         }
         SetEnabled(menu, entry.index, true);
+        indices[Action(menu, entry.index)] = entry.index;
     }
+    new HelpKey(target, menu, std::move(indices));
 }
 
 void WindowMenus::AddItem(QMenu& target, Menu menu, const MenuEntry& entry) {

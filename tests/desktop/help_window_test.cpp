@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QTest>
 #include <QToolBar>
 
@@ -92,6 +93,17 @@ TEST_F(HelpInWindow, F1OfAFieldOpensItsPageWhileTheDialogStaysAsItIs) {
     });
     Window().Action(Menu::mnuDesign, BoundariesItem)->trigger();
     EXPECT_TRUE(Help().isVisible()) << "it stays when the dialog has closed";
+}
+
+TEST_F(HelpInWindow, F1OnAnItemOfAMenuOpensItsPage) {
+    QMenu* const file = Window().Action(Menu::mnuBar, FileTitle)->menu();
+    ASSERT_NE(file, nullptr);
+    file->popup(Window().mapToGlobal(QPoint(10, 10)));
+    file->setActiveAction(Window().Action(Menu::mnuInput, SaveDxfItem));
+    QTest::keyClick(file, Qt::Key_F1);
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_EQ(PageName(), "/help/save-dxf.html");
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(HelpInWindow, AMissingFileIsNamedInOneBox) {
