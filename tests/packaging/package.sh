@@ -31,6 +31,11 @@ if ! debootstrap --variant=minbase bookworm "$work/root" "$mirror" >"$work/deboo
     exit 0
 fi
 within() { chroot "$work/root" env DEBIAN_FRONTEND=noninteractive "$@"; }
+if ! within apt-get -q update >"$work/update.log" 2>&1; then
+    tail -3 "$work/update.log"
+    echo "The bare system has no packages to choose from: the package is not installed in one."
+    exit 0
+fi
 cp "$package" "$work/root/tmp/quelmont.deb"
 within apt-get -q -o Dpkg::Use-Pty=0 install -y --no-install-recommends /tmp/quelmont.deb >"$work/install.log" 2>&1 ||
     { tail -20 "$work/install.log"; exit 1; }
