@@ -249,7 +249,7 @@ int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
     }
     std::unique_ptr<Printer> printer;
     if (OutputFormatOf(options.output) == OutputFormat::Pdf) {
-        printer = LayOutPage(options.page, options.output);
+        printer = LayOutPage(options.page, options.output, options.design.has_value());
         if (printer == nullptr) {
             return ExitFailed;
         }

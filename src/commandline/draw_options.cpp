@@ -272,7 +272,8 @@ void OptionTable::AddPicture() {
     group = "Picture";
     Add("OUTPUT", "",
         "The file to write, by its ending: .png .bmp .cgm .dxf .wmf .pdf, or .txt for a text file\n"
-        "of each part of the map; nothing is drawn when it is left out and circles are saved",
+        "of each part of the map; nothing is drawn when it is left out and tables,\n"
+        "reports or the design are saved",
         [this](const std::string& value) {
             if (OutputFormatOf(value) == OutputFormat::Unknown) {
                 throw BadValue("\"" + value +
@@ -293,7 +294,8 @@ void OptionTable::AddPicture() {
             options.percentGiven = true;
         });
     app.add_flag("--no-line-scaling", options.noLineScaling,
-                 "Narrowest lines in .cgm, .dxf, .wmf, not a share of the map")
+                 "Narrowest lines in .cgm, .dxf, .wmf, lines of as many\ndots as pixels in .pdf, not a share "
+                 "of the map")
         ->disable_flag_override()
         ->group(group);
     Add("--text-scale", "1..1000", "Size of text in .cgm and .dxf, percent (100)",

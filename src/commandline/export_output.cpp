@@ -136,10 +136,15 @@ std::string FilesThatCollide(const std::string& output, const FilesBeside& besid
     }
     for (const std::string& table : beside.tables) {
         if (beside.recalledDesign && FileIdentity(table) == FileIdentity(*beside.recalledDesign)) {
-            return "it would replace the map design " + *beside.recalledDesign;
+            return table + ": it would replace the map design " + *beside.recalledDesign;
         }
     }
-    return MapFileThatIsLost(replacing);
+    for (const std::string& file : replacing) {
+        if (const std::string reason = MapFileThatIsLost({file}); !reason.empty()) {
+            return file + ": " + reason;
+        }
+    }
+    return "";
 }
 
 std::vector<std::string> AsciiOutputs(const std::string& output) {

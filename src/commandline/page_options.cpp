@@ -64,8 +64,30 @@ bool Refuse(const std::string& title, const std::string& text) {
     return false;
 }
 
+/// A margin that was asked for is tested, not made to fit.
+void FindMargins(const PageOptions& page) {
+    if (!page.left) {
+        CalcPrnLeft();
+    }
+    if (!page.top) {
+        CalcPrnTop();
+    }
+}
+
+/// Whether the map has room on the paper in the width that it has. The margins stay as they are.
+bool StandsOnPaper(const PageOptions& page) {
+    const float left = Design.PrintLeft;
+    const float top = Design.PrintTop;
+    SetPrintWidth(Design.PrintWidth);
+    FindMargins(page);
+    const bool stands = !CheckPage();
+    Design.PrintLeft = left;
+    Design.PrintTop = top;
+    return stands;
+}
+
 /// Size and margins of the map, in the unit of the design.
-bool PlaceMap(const PageOptions& page) {
+bool PlaceMap(const PageOptions& page, bool ofDesign) {
     const double unit = TwipsPerInch / Design.PrintUnitTwips;
     const auto take = [unit](const std::optional<double>& inches, float& length) {
         length = inches ? static_cast<float>(*inches * unit) : length;
@@ -74,18 +96,16 @@ bool PlaceMap(const PageOptions& page) {
     take(page.top, Design.PrintTop);
     Design.CenterHorizontal = Design.CenterHorizontal && !page.left;
     Design.CenterVertical = Design.CenterVertical && !page.top;
+    // A margin of a map in the middle was worked out for another paper.
+    const auto usual = static_cast<float>(unit);
+    Design.PrintLeft = Design.CenterHorizontal ? usual : Design.PrintLeft;
+    Design.PrintTop = Design.CenterVertical ? usual : Design.PrintTop;
     if (page.mapWidth) {
         SetPrintWidth(static_cast<float>(*page.mapWidth * unit));
-    } else if (!FitPrintToPaper()) {
+    } else if (!(ofDesign && StandsOnPaper(page)) && !FitPrintToPaper()) {
         return Refuse("Error: Margins too large", "The margins leave no room for the map on this paper.");
     }
-    // A margin that was asked for is tested, not made to fit.
-    if (!page.left) {
-        CalcPrnLeft();
-    }
-    if (!page.top) {
-        CalcPrnTop();
-    }
+    FindMargins(page);
     const std::optional<PageRefusal> refusal = CheckPage();
     return !refusal || Refuse(refusal->title, refusal->text);
 }
@@ -124,12 +144,15 @@ PaperSize PaperValue(std::string_view value) {
 
 void AddPageOptions(CLI::App& app, const std::string& group, const AddOption& add, PageOptions& page) {
     add("--paper", "NAME|WxH",
-        "A5 to A0, Letter, Legal, Tabloid, or its sides such as\n210x297mm, 8.5x11in (A4)",
+        "A5 to A0, Letter, Legal, Tabloid, or its sides such as\n210x297mm, 11x8.5in, which lies on its long "
+        "side (A4)",
         [&page](const std::string& value) { page.paper = PaperValue(value); });
     app.add_flag("--landscape", page.landscape, "The paper lies on its long side")
         ->disable_flag_override()
         ->group(group);
-    add("--map-width", "W", "Width of the map, 6.5in or 16.5cm; its height follows\n(what the margins leave)",
+    add("--map-width", "W",
+        "Width of the map, 6.5in or 16.5cm; its height follows\n(that of the design, or what the margins "
+        "leave)",
         [&page](const std::string& value) {
             page.mapWidth = LengthValue(value);
             if (!(*page.mapWidth > 0.0)) {
@@ -142,14 +165,15 @@ void AddPageOptions(CLI::App& app, const std::string& group, const AddOption& ad
         [&page](const std::string& value) { page.top = LengthValue(value); });
 }
 
-std::unique_ptr<Printer> LayOutPage(const PageOptions& page, const std::string& output) {
+std::unique_ptr<Printer> LayOutPage(const PageOptions& page, const std::string& output, bool ofDesign) {
     const Paper& usual = *PaperOf(DefaultPaper);
     const PaperSize paper = page.paper.value_or(PaperSize{usual.width, usual.height});
-    std::unique_ptr<Printer> printer = Machine().printers->Pdf(paper.width, paper.height, output);
-    if (page.landscape) {
+    const auto [shorter, longer] = std::minmax(paper.width, paper.height);
+    std::unique_ptr<Printer> printer = Machine().printers->Pdf(shorter, longer, output);
+    if (page.landscape || paper.width > paper.height) {
         Design.PrinterOrientation = Landscape;
     }
-    if (!printer || !GetPrinterParams(*printer) || !PlaceMap(page)) {
+    if (!printer || !GetPrinterParams(*printer) || !PlaceMap(page, ofDesign)) {
         return nullptr;
     }
     return printer;

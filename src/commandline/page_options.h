@@ -10,7 +10,7 @@
 
 namespace quelmont {
 
-/// A paper's size upright, inches.
+/// A paper's size, inches; one that is wider than high lies on its long side.
 struct PaperSize {
     double width = 0.0, height = 0.0;
     bool operator==(const PaperSize&) const = default;
@@ -35,13 +35,13 @@ double LengthValue(std::string_view value);
 /// Adds the options of a page to the command line.
 void AddPageOptions(CLI::App& app, const std::string& group, const AddOption& add, PageOptions& page);
 
-/// Opens a PDF file as a printer and gives the map its place on the paper. Of a recalled design the
-/// orientation, margins and centring hold where no option names them. What cannot stand on the paper shows
-/// the message box of the dialog of printing, and gives nullptr.
+/// Opens a PDF file as a printer and gives the map its place on the paper. Of a recalled design (ofDesign)
+/// the orientation, margins and centring hold where no option names them, and the map's width where it has
+/// room. What cannot stand on the paper shows the message box of the dialog of printing, and gives nullptr.
 ///
 /// Reads   PrintUnitTwips, the window's drawing area.
 /// Writes  PrinterOrientation, PrintLeft, PrintTop, PrintWidth, PrintHeight, CenterHorizontal, CenterVertical
 ///         and what GetPrinterParams takes.
-std::unique_ptr<Printer> LayOutPage(const PageOptions& page, const std::string& output);
+std::unique_ptr<Printer> LayOutPage(const PageOptions& page, const std::string& output, bool ofDesign);
 
 } // namespace quelmont

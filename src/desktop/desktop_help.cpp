@@ -6,6 +6,8 @@
 #include "desktop/qt_text.h"
 #include "platform/machine.h"
 
+#include <QApplication>
+
 namespace quelmont {
 
 DesktopHelp::DesktopHelp() = default;
@@ -24,6 +26,9 @@ bool DesktopHelp::Open() {
         return false;
     }
     window = std::make_unique<HelpWindow>(*collection);
+    if (const QWidget* const used = QApplication::activeWindow()) {
+        window->StandBeside(*used);
+    }
     return true;
 }
 

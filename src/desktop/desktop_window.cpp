@@ -15,6 +15,7 @@
 #include "mainwindow/text_placing.h"
 #include "platform/machine.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QIcon>
@@ -58,6 +59,7 @@ std::string DroppedDesign(const QDropEvent& event) {
 
 DesktopWindow::DesktopWindow()
     : area(new DrawingArea), menus(*menuBar(), [this](Menu menu, int index) { Clicked(menu, index); }) {
+    QApplication::setWindowIcon(ProgramIcon());
     setWindowIcon(ProgramIcon());
     setMinimumSize(SmallestWindow);
     resize(DesignedSize(screen()->availableSize()));

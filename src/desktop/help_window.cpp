@@ -23,6 +23,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quelmont {
 
 namespace {
@@ -30,6 +32,9 @@ namespace {
 constexpr int Width = 940;
 constexpr int Height = 680;
 constexpr int SideWidth = 270;
+/// Beside another window: the narrowest that can be read, and what two frames take.
+constexpr int LeastWidth = 360;
+constexpr int FrameRoom = 16;
 /// A narrower window has the contents above the page.
 constexpr int NarrowWidth = 600;
 constexpr int MostResults = 100;
@@ -76,6 +81,22 @@ HelpWindow::HelpWindow(HelpCollection& collection_)
     collection.Engine().searchEngine()->scheduleIndexDocumentation();
     const QSize room = screen()->availableSize();
     resize(QSize(Width, Height).boundedTo(room * 4 / 5));
+}
+
+void HelpWindow::StandBeside(const QWidget& used) {
+    const QRect screen = used.screen()->availableGeometry();
+    const QRect taken = used.frameGeometry();
+    const int atRight = screen.right() - taken.right() - FrameRoom;
+    const int atLeft = taken.left() - screen.left() - FrameRoom;
+    const int room = std::max(atLeft, atRight);
+    if (room < LeastWidth) {
+        return;
+    }
+    resize(std::min(room, width()), height());
+    const int left =
+        atRight >= atLeft ? taken.right() + FrameRoom / 2 : taken.left() - width() - FrameRoom / 2;
+    move(left, std::clamp(taken.top(), screen.top(),
+                          std::max(screen.top(), screen.bottom() - height() - FrameRoom)));
 }
 
 QWidget* HelpWindow::MakeIndex() {

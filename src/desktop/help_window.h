@@ -23,6 +23,8 @@ public:
     /// The collection is open and outlives the window.
     explicit HelpWindow(HelpCollection& collection);
 
+    /// Takes the room beside a window, where there is enough for a page.
+    void StandBeside(const QWidget& used);
     /// Shows a page, and the window above the others.
     void ShowPlace(const HelpPlace& place);
     /// Shows the search, ready to be typed into.

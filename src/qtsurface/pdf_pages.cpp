@@ -2,10 +2,10 @@
 
 #include "core/run_time_error.h"
 
+#include <fcntl.h>
 #include <QByteArray>
 #include <QFile>
 #include <QList>
-#include <QString>
 
 #include <algorithm>
 #include <numeric>
@@ -83,8 +83,9 @@ QByteArray Between(const QByteArray& text, const char* from, const char* to) {
     return text.mid(begin + LengthOf(from), end - begin - LengthOf(from));
 }
 
-PdfFile::PdfFile(const std::string& name) : file(QString::fromStdString(name)) {
-    if (!file.open(QIODevice::ReadWrite)) {
+PdfFile::PdfFile(const std::string& name) {
+    const int handle = ::open(name.c_str(), O_RDWR | O_CLOEXEC); // Qt has no name for one that is no UTF-8
+    if (handle < 0 || !file.open(handle, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle)) {
         throw RunTimeError(ErrorDeviceIo);
     }
     constexpr qint64 lastBytes = 64;

@@ -15,6 +15,9 @@
 #include <QPdfWriter>
 #include <QString>
 
+#include <fcntl.h>
+
+#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +28,7 @@ namespace {
 
 constexpr const char* PrinterName = "PDF";
 constexpr const char* ProgramName = "Quelmont";
+constexpr mode_t NewFileMode = 0666; ///< as far as the umask lets
 
 /// Vertices in one stream of a page's content. Qt keeps a stream until it is written.
 constexpr std::size_t VerticesOfStream = 250'000;
@@ -108,8 +112,11 @@ bool PdfJob::StartDoc(std::string_view documentName) {
         return false;
     }
     temporary.emplace(target);
-    file.emplace(QtText(temporary->Name()));
-    if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+    // By its handle: Qt has no name for a file whose name is no UTF-8.
+    const int handle =
+        ::open(temporary->Name().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, NewFileMode);
+    file.emplace();
+    if (handle < 0 || !file->open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle)) {
         return false;
     }
     writer.emplace(&*file);
@@ -159,11 +166,10 @@ void PdfJob::GiveUp() {
 
 class PdfPrinter final : public Printer {
 public:
-    PdfPrinter(double width, double height, std::string_view fileName_)
-        : paper(QSizeF(width, height), QPageSize::Inch, QString(), QPageSize::ExactMatch),
-          resolution(
-              PageResolution(paper.size(QPageSize::Inch).width(), paper.size(QPageSize::Inch).height())),
-          fileName(fileName_) {}
+    PdfPrinter(double width_, double height_, std::string_view fileName_)
+        : width(width_), height(height_),
+          paper(QSizeF(width, height), QPageSize::Inch, QString(), QPageSize::ExactMatch),
+          resolution(PageResolution(width, height)), fileName(fileName_) {}
 
     std::string Name() const override { return PrinterName; }
     PrinterLimits Limits(std::int16_t orientation) const override;
@@ -177,17 +183,25 @@ private:
                 QMarginsF()};
     }
 
+    /// In pixels, of which the last may reach over the paper's edge: a map as wide as the paper stands on it.
+    /// Qt's pages are of whole points, up to half a point off.
+    std::int32_t Pixels(double length) const {
+        constexpr double rounding = 1e-6;
+        return static_cast<std::int32_t>(std::ceil(length * resolution - rounding));
+    }
+
+    double width, height; ///< of the paper upright, inches
     QPageSize paper;
     int resolution;
     std::string fileName;
 };
 
 PrinterLimits PdfPrinter::Limits(std::int16_t orientation) const {
-    const QSize page = Layout(orientation).fullRectPixels(resolution).size();
+    const bool lies = orientation == Landscape;
     PrinterLimits limits;
     limits.pixelsPerInchX = limits.pixelsPerInchY = resolution;
-    limits.printableWidth = limits.paperWidth = page.width();
-    limits.printableHeight = limits.paperHeight = page.height();
+    limits.printableWidth = limits.paperWidth = Pixels(lies ? height : width);
+    limits.printableHeight = limits.paperHeight = Pixels(lies ? width : height);
     return limits;
 }
 

@@ -6,11 +6,15 @@
 #include "core/text_encoding.h"
 #include "reports/report_page.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace quelmont {
 
 namespace {
+
+/// Twips: 22 inches, where the paper of word processors ends.
+constexpr std::int32_t FarthestTabStop = 31680;
 
 constexpr std::string_view HexDigits = "0123456789abcdef";
 
@@ -86,7 +90,7 @@ std::string RichText(const Report& report) {
             stops = line.stops;
             text += "\\pard";
             for (const std::int32_t stop : stops) {
-                text += Word("tx", stop);
+                text += Word("tx", std::min(stop, FarthestTabStop));
             }
             text += "\r\n";
         }

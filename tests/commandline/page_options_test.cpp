@@ -3,6 +3,7 @@
 #include "commandline/option_values.h"
 #include "core/map_design.h"
 #include "draw_command_fixture.h"
+#include "output/output_state.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -82,8 +83,8 @@ TEST_F(PageOfCommand, MapStandsInTheMiddleBetweenMarginsOfAnInch) {
 
 TEST_F(PageOfCommand, PaperIsA4WhenNothingIsSaid) {
     ExpectDone({});
-    // 595 points between two inches.
-    EXPECT_NEAR(Design.PrintWidth, 595.0 / 72.0 - 2.0, 0.001);
+    // 210 millimetres but for two inches.
+    EXPECT_NEAR(Design.PrintWidth, 210.0 / 25.4 - 2.0, 0.001);
 }
 
 TEST_F(PageOfCommand, MapThatWouldBeHigherThanThePaperIsNarrower) {
@@ -99,6 +100,18 @@ TEST_F(PageOfCommand, LandscapeTurnsThePaper) {
     EXPECT_EQ(Design.PrinterOrientation, Landscape);
     EXPECT_FLOAT_EQ(Design.PrintWidth, 9.0F);
     EXPECT_FLOAT_EQ(Design.PrintHeight, 6.0F);
+}
+
+TEST_F(PageOfCommand, SidesOfWhichTheFirstIsLongerMakeThePaperLie) {
+    for (const std::vector<std::string>& turned :
+         std::vector<std::vector<std::string>>{{}, {"--landscape"}}) {
+        std::vector<std::string> options{"--paper", "420x297mm", "--map-width", "42cm"};
+        options.insert(options.end(), turned.begin(), turned.end());
+        ExpectDone(options);
+        EXPECT_EQ(Design.PrinterOrientation, Landscape);
+        EXPECT_NEAR(OutputNow.page.PaperWidth, 420.0 / 25.4, 0.001);
+        EXPECT_NEAR(OutputNow.page.PaperHeight, 297.0 / 25.4, 0.001);
+    }
 }
 
 TEST_F(PageOfCommand, WidthIsThatOfTheOptionInEitherUnit) {
@@ -130,6 +143,8 @@ TEST_F(PageOfCommand, WidthFollowsAMarginThatWasAskedFor) {
 
 TEST_F(PageOfCommand, MapAsWideAsThePaperPassesAndAWiderOneIsRefused) {
     ExpectDone({"--paper", "Letter", "--map-width", "8.5in"});
+    ExpectDone({"--map-width", "21cm"});
+    ExpectDone({"--paper", "210x297mm", "--map-width", "210mm"});
     std::filesystem::remove(folder / "a.pdf");
     ExpectRefused({"--paper", "Letter", "--map-width", "8.51in"},
                   "Error: Map width too large\nThe map width cannot exceed 8.50 inches.\n");
@@ -191,6 +206,23 @@ TEST_F(PageOfCommand, DesignBringsItsOrientationAndItsPlaceOnThePage) {
     EXPECT_FALSE(Design.CenterVertical);
     EXPECT_FLOAT_EQ(Design.PrintTop, 1.5F);
     EXPECT_FLOAT_EQ(Design.PrintWidth, 7.0F); // 11 inches but for twice the margin at the left
+}
+
+TEST_F(PageOfCommand, DesignKeepsItsWidthWhereThatHasRoomAndElseIsFitted) {
+    const std::string design = folder / "a.cnf";
+    const std::string page = folder / "a.pdf";
+    ASSERT_EQ(Run({"--no-map", "--window", "1200x800", "--paper", "A2", "--map-width", "30cm",
+                   "--save-design", design, page})
+                  .code,
+              ExitDone);
+    ASSERT_EQ(Run({"--design", design, "--paper", "A3", "--landscape", page}).code, ExitDone);
+    EXPECT_NEAR(Design.PrintWidth, 30.0 / 2.54, 1e-5);
+    EXPECT_NEAR(Design.PrintLeft, (42.0 - 30.0) / 2.0 / 2.54, 0.001);
+    EXPECT_NEAR(Design.PrintTop, (29.7 - 20.0) / 2.0 / 2.54, 0.001);
+    // Too wide for a letter: an inch is left on both sides, as without the design.
+    ASSERT_EQ(Run({"--design", design, "--paper", "Letter", page}).code, ExitDone);
+    EXPECT_FLOAT_EQ(Design.PrintWidth, 6.5F);
+    EXPECT_FLOAT_EQ(Design.PrintLeft, 1.0F);
 }
 
 TEST_F(PageOfCommand, FileThatCannotBeWrittenIsReported) {

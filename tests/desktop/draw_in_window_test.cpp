@@ -236,14 +236,14 @@ TEST_F(DrawInWindow, HintIsPaintedButNotIntoThePicture) {
 }
 
 TEST_F(DrawInWindow, BlankPictureSaysHowTheMapIsDrawnOnLightAndDark) {
-    for (const int grey : {0, 255}) {
+    for (const unsigned grey : {0U, 255U}) {
         Design.BackColor = SolidColor(Rgb(grey, grey, grey));
         Window().Cls();
         const QImage seen = SeenOfArea();
         int farthest = 0;
         for (int y = 0; y < seen.height(); ++y) {
             for (int x = 0; x < seen.width(); ++x) {
-                farthest = std::max(farthest, std::abs(qGray(seen.pixel(x, y)) - grey));
+                farthest = std::max(farthest, std::abs(qGray(seen.pixel(x, y)) - static_cast<int>(grey)));
             }
         }
         EXPECT_GT(farthest, 100) << grey;

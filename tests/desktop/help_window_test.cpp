@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 #include <QToolBar>
 
@@ -21,6 +22,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <vector>
 
 namespace quelmont {
 namespace {
@@ -93,6 +95,30 @@ TEST_F(HelpInWindow, F1OfAFieldOpensItsPageWhileTheDialogStaysAsItIs) {
     });
     Window().Action(Menu::mnuDesign, BoundariesItem)->trigger();
     EXPECT_TRUE(Help().isVisible()) << "it stays when the dialog has closed";
+}
+
+TEST_F(HelpInWindow, StandsBesideTheDialogAndNotOverIt) {
+    InDialog([&](QDialog& dialog) {
+        const QRect screen = dialog.screen()->availableGeometry();
+        // At ratio 2 the screen has no room beside a dialog, and the help stays where it is.
+        const bool hasRoom = screen.width() > dialog.width() + 500;
+        EXPECT_EQ(hasRoom, dialog.devicePixelRatioF() < 2.0);
+        for (const bool atRight : hasRoom ? std::vector<bool>{false, true} : std::vector<bool>{}) {
+            dialog.move(atRight ? screen.right() - dialog.width() - 50 : screen.left() + 50,
+                        screen.top() + 60);
+            QTest::qWait(20);
+            HelpWindow& help = Help();
+            help.StandBeside(dialog);
+            EXPECT_FALSE(help.frameGeometry().intersects(dialog.frameGeometry())) << atRight;
+            EXPECT_TRUE(screen.contains(help.frameGeometry())) << atRight;
+        }
+        dialog.reject();
+    });
+    Activate();
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+    EXPECT_FALSE(Help().windowIcon().isNull());
+    Window().Action(Menu::mnuDesign, BoundariesItem)->trigger();
 }
 
 TEST_F(HelpInWindow, F1OnAnItemOfAMenuOpensItsPage) {

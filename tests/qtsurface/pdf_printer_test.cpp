@@ -79,11 +79,21 @@ TEST(PdfPrinter, PaperIsAllPrintableAt1200DotsAnInch) {
     EXPECT_EQ(across.printableWidth, 13200);
 }
 
-TEST(PdfPrinter, A4HasItsSizeInWholePoints) {
-    // 210 by 297 millimetres are 595.28 by 841.89 points.
+TEST(PdfPrinter, PaperHasRoomForAMapOfItsOwnSize) {
+    // 210 by 297 millimetres are 9921.26 by 14031.5 dots.
     const PrinterLimits limits = OnPaper("A4")->Limits(Portrait);
-    EXPECT_NEAR(limits.paperWidth, 595 * 1200 / 72.0, 0.51);
-    EXPECT_NEAR(limits.paperHeight, 842 * 1200 / 72.0, 0.51);
+    EXPECT_EQ(limits.paperWidth, 9922);
+    EXPECT_EQ(limits.paperHeight, 14032);
+    EXPECT_EQ(OnPaper("A4")->Limits(Landscape).printableWidth, 14032);
+}
+
+TEST(PdfPrinter, NameThatIsNoUtf8IsWritten) {
+    const TemporaryFolder folder;
+    const std::string file = folder / "q\xFF.pdf";
+    EXPECT_TRUE(Print(*OnPaper("A4", file), {[](DrawSurface& surface) { DrawLines(surface, 3); }}));
+    EXPECT_EQ(ReadPdf(ReadWholeFile(file)).pages, 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 1)
+        << "nothing stays beside it";
 }
 
 TEST(PdfPrinter, LargePapersStayBelow32000Dots) {
@@ -109,7 +119,7 @@ TEST(PdfPrinter, PaperOfAMillimetreHasAPage) {
     const TemporaryFolder folder;
     const std::unique_ptr<Printer> printer = MakePdfPrinter(1.0 / 25.4, 1.0 / 25.4, folder / "small.pdf");
     ASSERT_NE(printer, nullptr);
-    EXPECT_NEAR(printer->Limits(Portrait).paperWidth, 3.0 / 72.0 * 1200.0, 0.51); // three points
+    EXPECT_EQ(printer->Limits(Portrait).paperWidth, 48); // 47.2 dots
     EXPECT_TRUE(Print(*printer, {[](DrawSurface& surface) { DrawLines(surface, 3); }}));
     EXPECT_EQ(ReadPdf(ReadWholeFile(folder / "small.pdf")).pages, 1);
 }

@@ -26,6 +26,10 @@ std::string LengthInWords(double length) {
 
 std::optional<PageRefusal> CheckPage() {
     const PrinterPage& page = OutputNow.page;
+    if (!(Design.PrintWidth > 0.0F)) {
+        return PageRefusal{"Error: Map width too small",
+                           "The map width must be greater than " + LengthInWords(0.0), "WidthMap"};
+    }
     if (Exceeds(Design.PrintWidth, page.PrintableWidth)) {
         return PageRefusal{"Error: Map width too large",
                            "The map width cannot exceed " + LengthInWords(page.PrintableWidth), "WidthMap"};

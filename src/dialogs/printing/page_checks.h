@@ -17,7 +17,8 @@ struct PageRefusal {
 };
 
 /// Tests the size of the map and its margins against the paper that GetPrinterParams took: the first of
-/// width, width and left margin, left margin, height, height and top margin, top margin that does not fit.
+/// no width, width, width and left margin, left margin, height, height and top margin, top margin that does
+/// not fit.
 ///
 /// Reads   PrintLeft, PrintTop, PrintWidth, PrintHeight, PrintUnitTwips.
 std::optional<PageRefusal> CheckPage();

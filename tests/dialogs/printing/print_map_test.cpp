@@ -209,6 +209,13 @@ TEST_F(PrintMapDialog, WidthMayBeThatOfThePrintableAreaButNotMore) {
     ExpectAccepted(form);
 }
 
+TEST_F(PrintMapDialog, MapHasAWidth) {
+    PrintMap form(printer);
+    form.Type("WidthMap", "000.00");
+    ExpectRefused(form, "Error: Map width too small", "The map width must be greater than 0.00 inches.",
+                  "WidthMap");
+}
+
 TEST_F(PrintMapDialog, WidthAndLeftMarginMayReachTheEndOfThePrintableArea) {
     printer.dotsPerInch = 1200;
     printer.stripMillimetres = 0.0;
