@@ -141,7 +141,8 @@ std::string FilesThatCollide(const std::string& output, const FilesBeside& besid
     }
     for (const std::string& file : replacing) {
         if (const std::string reason = MapFileThatIsLost({file}); !reason.empty()) {
-            return file + ": " + reason;
+            std::string named = file;
+            return named.append(": ").append(reason);
         }
     }
     return "";
