@@ -3,6 +3,7 @@
 #include "core/circle_tables.h"
 #include "core/coordinates.h"
 #include "core/design_values.h"
+#include "core/map_extras.h"
 #include "core/map_file_entry.h"
 
 #include <array>
@@ -76,7 +77,14 @@ struct TextLook {
 };
 
 /// The font slots, by what is written in their fonts.
-enum FontSlotIndex : std::int16_t { ReportFontSlot, CgmFontSlot, LabelFontSlot, TextFontSlot, FontSlotCount };
+enum FontSlotIndex : std::int16_t {
+    ReportFontSlot,
+    CgmFontSlot,
+    LabelFontSlot,
+    TextFontSlot,
+    GridLabelFontSlot, ///< no design file has it
+    FontSlotCount,
+};
 
 /// What the map shows, as texts and as the numbers made of them: all that the dialogs of the
 /// boundaries change. A copy keeps it while they are open, so that a cancelled dialog leaves no
@@ -271,6 +279,12 @@ struct MapDesign : DesignBounds {
     // passes; place and measures are those of LabelPrint. LabelsVisible is written by its dialog.
     std::vector<MapLabel> MapLabels;
     bool LabelsVisible = true; ///< labels are drawn
+
+    // ---- Besides the map. Written by their dialogs, the settings and the command line; read by whoever
+    // draws them.
+    GridLabelChoice GridLabels;
+    FrameChoice Frame;
+    FillChoice Fill;
 
     // ---- Page of a printed map. In units of PrintUnitTwips.
     std::int32_t PrintUnitTwips = 0;

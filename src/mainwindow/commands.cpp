@@ -26,6 +26,8 @@ struct ClickHandler {
 constexpr std::array ClickHandlers = std::to_array<ClickHandler>({
     {Menu::mnuBar, "mnuBar_Click", mnuBar_Click},
     {Menu::mnuInput, "mnuInput_Click", mnuInput_Click},
+    {Menu::mnuEdit, "mnuEdit_Click", mnuEdit_Click},
+    {Menu::mnuView, "mnuView_Click", mnuView_Click},
     {Menu::mnuProj, "mnuProj_Click", mnuProj_Click},
     {Menu::mnuProjMollweide, "mnuProjMollweide_Click", mnuProjMollweide_Click},
     {Menu::mnuDesign, "mnuDesign_Click", mnuDesign_Click},
@@ -52,7 +54,9 @@ ChangeKind KindOf(Menu menu) {
         return ChangeKind::MapFiles;
     case Menu::mnuBar:
         return ChangeKind::Size;
+    case Menu::mnuEdit:
     case Menu::mnuDesign:
+    case Menu::mnuView:
     case Menu::mnuAbout:
         break;
     }
@@ -62,6 +66,10 @@ ChangeKind KindOf(Menu menu) {
 } // namespace
 
 void mnuBar_Click(int Index) { RunMenuItem(Menu::mnuBar, Index); }
+
+void mnuEdit_Click(int Index) { RunMenuItem(Menu::mnuEdit, Index); }
+
+void mnuView_Click(int Index) { RunMenuItem(Menu::mnuView, Index); }
 
 void mnuInput_Click(int Index) {
     MarkMenuItem(Menu::mnuInput, Index);

@@ -7,6 +7,10 @@ namespace quelmont {
 /// A click on a title of the menu bar.
 void mnuBar_Click(int Index);
 
+/// The items of the Edit and View menus, which only mark what is on.
+void mnuEdit_Click(int Index);
+void mnuView_Click(int Index);
+
 /// The items of the File, Design Map and Help menus. The item that was clicked last stays marked.
 void mnuInput_Click(int Index);
 void mnuDesign_Click(int Index);

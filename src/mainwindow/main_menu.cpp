@@ -18,9 +18,11 @@ namespace {
 // clang-format off
 constexpr std::array BarMenu = {
     MenuEntry{FileTitle,             "&File",                    EnablePrinting,    Menu::mnuInput},
+    MenuEntry{EditTitle,             "&Edit",                    nullptr,           Menu::mnuEdit},
     MenuEntry{ProjectionTitle,       "&Projection",              nullptr,           Menu::mnuProj},
     MenuEntry{DesignTitle,           "Design &Map",              nullptr,           Menu::mnuDesign},
     MenuEntry{DrawTitle,             "&Draw Map",                AskSizeAndDraw},
+    MenuEntry{ViewTitle,             "&View",                    nullptr,           Menu::mnuView},
     MenuEntry{HelpTitle,             "&Help",                    nullptr,           Menu::mnuAbout},
     MenuEntry{StopTitle,             "&Stop",                    [](int) { StopDrawing(); }},
 };
@@ -37,6 +39,8 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveWmfItem,           "Save as &WMF",             SaveMapAs},
     MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
     MenuEntry{SavePdfItem,           "Save as PD&F",             SaveMapAs},
+    MenuEntry{SavePngItem,           "Save as P&NG"},
+    MenuEntry{SaveSvgItem,           "Save as S&VG"},
     MenuEntry{10},
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
     MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},
@@ -63,6 +67,23 @@ constexpr std::array DesignMenu = {
     MenuEntry{11},
     MenuEntry{ParameterReportItem,   "&Map Parameter Report",    ShowParameterReport},
     MenuEntry{GreatCircleReportItem, "G&reat Circle Report",     ShowGreatCircleReport},
+    MenuEntry{14},
+    MenuEntry{GridLabelsItem,        "Gr&id Labels..."},
+    MenuEntry{FrameItem,             "&Frame and Scale..."},
+    MenuEntry{FillItem,              "Fill La&nd and Water..."},
+};
+
+constexpr std::array EditMenu = {
+    MenuEntry{UndoItem,              "&Undo"},
+    MenuEntry{RedoItem,              "&Redo"},
+    MenuEntry{ 2},
+    MenuEntry{CopyMapItem,           "&Copy Map"},
+};
+
+constexpr std::array ViewMenu = {
+    MenuEntry{SmoothLinesItem,       "&Smooth Lines",            nullptr,           {}, true},
+    MenuEntry{StatusLineItem,        "Status &Line",             nullptr,           {}, true},
+    MenuEntry{RedrawItem,            "&Redraw by Itself",        nullptr,           {}, true},
 };
 
 constexpr std::array AboutMenu = {
@@ -115,12 +136,16 @@ std::span<const MenuEntry> MenuEntries(Menu menu) {
         return BarMenu;
     case Menu::mnuInput:
         return InputMenu;
+    case Menu::mnuEdit:
+        return EditMenu;
     case Menu::mnuProj:
         return ProjMenu;
     case Menu::mnuProjMollweide:
         return MollweideMenu;
     case Menu::mnuDesign:
         return DesignMenu;
+    case Menu::mnuView:
+        return ViewMenu;
     case Menu::mnuAbout:
         return AboutMenu;
     case Menu::mnuRecent:

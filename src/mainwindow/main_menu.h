@@ -13,7 +13,16 @@ namespace quelmont {
 constexpr int NoItem = -1;
 
 /// Indices of mnuBar, the titles on the menu bar.
-enum BarItem : int { FileTitle, ProjectionTitle, DesignTitle, DrawTitle, HelpTitle, StopTitle };
+enum BarItem : int {
+    FileTitle,
+    ProjectionTitle,
+    DesignTitle,
+    DrawTitle,
+    HelpTitle,
+    StopTitle,
+    ViewTitle, ///< stands behind DrawTitle
+    EditTitle, ///< stands behind FileTitle
+};
 
 /// Indices of mnuInput, the File menu.
 enum InputItem : int {
@@ -31,6 +40,8 @@ enum InputItem : int {
     RecallDesignItem = 15,
     ExitItem = 17,
     SavePdfItem = 18,       ///< stands behind SaveAsciiItem
+    SavePngItem = 19,       ///< stands behind SavePdfItem
+    SaveSvgItem = 20,       ///< stands behind SavePngItem
     RecentDesignsItem = 21, ///< stands behind RecallDesignItem
 };
 
@@ -53,7 +64,16 @@ enum DesignItem : int {
     PixelSizeItem = 10,
     ParameterReportItem = 12,
     GreatCircleReportItem = 13,
+    GridLabelsItem = 15,
+    FrameItem = 16,
+    FillItem = 17,
 };
+
+/// Indices of mnuEdit, the Edit menu.
+enum EditItem : int { UndoItem = 0, RedoItem = 1, CopyMapItem = 3 };
+
+/// Indices of mnuView, the View menu.
+enum ViewItem : int { SmoothLinesItem = 0, StatusLineItem = 1, RedrawItem = 2 };
 
 /// Indices of mnuAbout, the Help menu.
 enum AboutItem : int { ContentsItem = 0, SearchItem = 1, AboutBoxItem = 3, PlotTimeItem = 4 };

@@ -11,7 +11,17 @@ namespace quelmont {
 class DrawSurface;
 
 /// The menus of the main window. mnuBar holds the titles on the menu bar itself.
-enum class Menu { mnuBar, mnuInput, mnuProj, mnuProjMollweide, mnuDesign, mnuAbout, mnuRecent };
+enum class Menu {
+    mnuBar,
+    mnuInput,
+    mnuEdit,
+    mnuProj,
+    mnuProjMollweide,
+    mnuDesign,
+    mnuView,
+    mnuAbout,
+    mnuRecent,
+};
 
 /// Shapes of the mouse pointer.
 enum class MousePointer {

@@ -192,8 +192,8 @@ void AddMapFormats(std::set<std::string>& texts) {
 }
 
 void AddMenus(std::set<std::string>& texts) {
-    for (const Menu menu : {Menu::mnuBar, Menu::mnuInput, Menu::mnuProj, Menu::mnuProjMollweide,
-                            Menu::mnuDesign, Menu::mnuAbout}) {
+    for (const Menu menu : {Menu::mnuBar, Menu::mnuInput, Menu::mnuEdit, Menu::mnuView, Menu::mnuProj,
+                            Menu::mnuProjMollweide, Menu::mnuDesign, Menu::mnuAbout}) {
         for (const MenuEntry& entry : MenuEntries(menu)) {
             texts.insert(Shown(entry.text));
         }
@@ -245,8 +245,8 @@ TEST_F(HelpPages, TellOfEveryDialogAndEveryControlThatCanHaveTheFocus) {
 }
 
 TEST_F(HelpPages, TellOfEveryItemOfTheMenus) {
-    for (const Menu menu : {Menu::mnuBar, Menu::mnuInput, Menu::mnuProj, Menu::mnuProjMollweide,
-                            Menu::mnuDesign, Menu::mnuAbout, Menu::mnuRecent}) {
+    for (const Menu menu : {Menu::mnuBar, Menu::mnuInput, Menu::mnuEdit, Menu::mnuView, Menu::mnuProj,
+                            Menu::mnuProjMollweide, Menu::mnuDesign, Menu::mnuAbout, Menu::mnuRecent}) {
         for (const MenuEntry& entry : MenuEntries(menu)) {
             if (entry.IsSeparator() || !entry.Ready()) {
                 continue;

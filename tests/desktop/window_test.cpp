@@ -79,9 +79,11 @@ void ExpectItems(DesktopWindow& window, const QMenu& shown, Menu menu) {
 
 TEST_F(MainWindowOnScreen, MenusAreThoseOfTheTable) {
     const QList<QAction*> titles = Window().menuBar()->actions();
-    ASSERT_EQ(titles.size(), 6);
-    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
-        const QAction& title = *titles[entry.index];
+    const auto entries = MenuEntries(Menu::mnuBar);
+    ASSERT_EQ(static_cast<std::size_t>(titles.size()), entries.size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const MenuEntry& entry = entries[i];
+        const QAction& title = *titles[static_cast<qsizetype>(i)];
         EXPECT_EQ(title.text().toStdString(), entry.text);
         EXPECT_EQ(title.menu() != nullptr, entry.below.has_value()) << entry.text;
         if (title.menu() != nullptr) {
