@@ -69,7 +69,7 @@ void LineClipping::BeginClipping() {
     EdgeLon = 0;
 }
 
-void LineClipping::Clip() {
+void LineClipping::ClipByFamily() {
     switch (family) {
     case ClippingFamily::Rectangle:
         ClipRectangle();
@@ -136,7 +136,7 @@ void LineClipping::ClipRectangle() {
 
 void LineClipping::JoinInside() {
     const std::int64_t LonStep = StepInLongitude();
-    if (std::abs(LonStep) < SecPer340) {
+    if (StaysOffTheSeam()) {
         PlotPoint();
     } else if (std::abs(LonStep) == SecPerCircle && std::abs(Design.LonWestSec) == SecPerHalfCircle) {
         // Both edges are the 180th meridian. The pen stays where it is, and so does the point: the

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/coordinates.h"
+#include "core/map_design.h"
 #include "projection/project_select.h"
 
 #include <cstdint>
@@ -37,7 +39,13 @@ protected:
 
     /// Draws what lies on the map of the segment that ends at the current point; a point that begins a line
     /// is drawn by itself. Whether it lies on a map bounded by a circle is tested here.
-    void Clip();
+    void Clip() {
+        if (family == ClippingFamily::Rectangle && PointInBounds && PrevInBounds && StaysOffTheSeam()) {
+            PlotPoint();
+        } else {
+            ClipByFamily();
+        }
+    }
 
     /// The next point that is drawn begins a new line.
     static void BreakLine();
@@ -51,6 +59,14 @@ private:
     /// Projects the point and hands it to the devices.
     void PlotPoint();
     void PlotEdge(std::int32_t lon);
+
+    /// The segment is too short to go around the globe: between two points inside nothing of it is cut.
+    static bool StaysOffTheSeam() {
+        const std::int64_t step = static_cast<std::int64_t>(Design.PointLonSec) - Design.PointLonSecPrev;
+        return -SecPer340 < step && step < SecPer340;
+    }
+
+    void ClipByFamily();
 
     // A family each: both ends of the segment inside, entering the map, leaving it.
     void ClipRectangle();

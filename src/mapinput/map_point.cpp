@@ -8,21 +8,7 @@
 #include "platform/machine.h"
 #include "projection/utm.h"
 
-#include <limits>
-
 namespace quelmont {
-
-namespace {
-
-std::int32_t FitInt32(std::int64_t value) {
-    if (value < std::numeric_limits<std::int32_t>::min() ||
-        value > std::numeric_limits<std::int32_t>::max()) {
-        throw RunTimeError(ErrorOverflow);
-    }
-    return static_cast<std::int32_t>(value);
-}
-
-} // namespace
 
 void MapPoint::BeginFile() {
     BeginClipping();
@@ -37,21 +23,6 @@ void MapPoint::ConvertToMetres() {
     UtmForward();
     Design.PointLonSec = RoundToInt32(Design.ProjLon);
     Design.PointLatSec = RoundToInt32(Design.ProjLat);
-}
-
-void MapPoint::TestBounds() {
-    if (Family() == ClippingFamily::Metres) {
-        ConvertToMetres();
-    } else {
-        const std::int64_t lon = static_cast<std::int64_t>(Design.PointLonSec) - Design.LonWestSec;
-        Design.PointLonSec = FitInt32(lon < 0 ? lon + SecPerCircle : lon);
-    }
-    CompareBounds();
-}
-
-void MapPoint::CompareBounds() {
-    PointInBounds = Design.LatSouthSec <= Design.PointLatSec && Design.PointLatSec <= Design.LatNorthSec &&
-                    Design.LonZeroSec <= Design.PointLonSec && Design.PointLonSec <= Design.LonSpanSec;
 }
 
 void MapPoint::StartNewLine() {
@@ -71,30 +42,11 @@ void MapPoint::EndLine() {
     }
 }
 
-bool MapPoint::PlotStep() {
-    if (!CountPoint()) {
-        return false;
-    }
-    if (MapInputNow.StartLine) {
-        PrevInBounds = false;
-        Design.PointLatSecPrev = Design.PointLatSec;
-        Design.PointLonSecPrev = Design.PointLonSec;
-    }
-    Clip();
-    MapInputNow.StartLine = false;
-    hasPrevious = true;
-    PrevInBounds = PointInBounds;
-    Design.PointLatSecPrev = Design.PointLatSec;
-    Design.PointLonSecPrev = Design.PointLonSec;
-    return true;
-}
-
 void MapPoint::PassOutside(std::int64_t count) {
     TestBounds();
     PointsRead += count;
     PrevInBounds = PointInBounds;
-    Design.PointLatSecPrev = Design.PointLatSec;
-    Design.PointLonSecPrev = Design.PointLonSec;
+    RememberPoint();
 }
 
 bool MapPoint::LetEventsRun() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/map_design.h"
+#include "core/run_time_error.h"
 #include "mapinput/line_clipping.h"
 #include "mapinput/map_input_state.h"
 
@@ -26,10 +28,22 @@ public:
 
     /// Turns the point into the map's frame and tests it against its bounds, which are inside.
     /// A full circle is added once at most: on a map from 180 west, 180 east is the eastern edge.
-    void TestBounds();
+    void TestBounds() {
+        if (Family() == ClippingFamily::Metres) {
+            ConvertToMetres();
+        } else {
+            const std::int64_t lon = static_cast<std::int64_t>(Design.PointLonSec) - Design.LonWestSec;
+            Design.PointLonSec = FitInt32(lon < 0 ? lon + SecPerCircle : lon);
+        }
+        CompareBounds();
+    }
 
     /// The same for a point that is in metres already.
-    void CompareBounds();
+    void CompareBounds() {
+        PointInBounds = Design.LatSouthSec <= Design.PointLatSec &&
+                        Design.PointLatSec <= Design.LatNorthSec && Design.LonZeroSec <= Design.PointLonSec &&
+                        Design.PointLonSec <= Design.LonSpanSec;
+    }
 
     /// The point begins a line of its source.
     void StartNewLine();
@@ -40,7 +54,21 @@ public:
 
     /// Draws to the point from the one before it, or as much of that as lies on the map; the point
     /// is the previous one then. False when Escape was pressed.
-    bool PlotStep();
+    bool PlotStep() {
+        if (!CountPoint()) {
+            return false;
+        }
+        if (MapInputNow.StartLine) {
+            PrevInBounds = false;
+            RememberPoint();
+        }
+        Clip();
+        MapInputNow.StartLine = false;
+        hasPrevious = true;
+        PrevInBounds = PointInBounds;
+        RememberPoint();
+        return true;
+    }
 
     /// Counts a point that was read. Every 800th lets the picture be shown and events run; false
     /// when Escape was pressed meanwhile.
@@ -69,7 +97,19 @@ private:
 
     static bool LetEventsRun();
     static bool RunEvents();
-    void ConvertToMetres();
+    static void ConvertToMetres();
+    static std::int32_t FitInt32(std::int64_t value) {
+        const auto fitting = static_cast<std::int32_t>(value);
+        if (fitting != value) {
+            throw RunTimeError(ErrorOverflow);
+        }
+        return fitting;
+    }
+    /// The current point is the previous one.
+    static void RememberPoint() {
+        Design.PointLatSecPrev = Design.PointLatSec;
+        Design.PointLonSecPrev = Design.PointLonSec;
+    }
 
     bool hasPrevious = false; ///< a point of this map's files has passed PlotStep
 };

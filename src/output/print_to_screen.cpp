@@ -29,8 +29,12 @@ void DrawPoint() {
     const double deviceY = (Design.ScreenOriginY - ((Design.ProjY - Design.MapYMin) * Design.ScreenScaleY)) /
                            OutputNow.DevicePixelY;
     // Sixteen bits hold a place on the map; its place on a page may lie beyond.
-    const std::int32_t x = PageX(RoundToInt16(deviceX));
-    const std::int32_t y = PageY(RoundToInt16(deviceY));
+    std::int32_t x = RoundToInt16(deviceX);
+    std::int32_t y = RoundToInt16(deviceY);
+    if (Design.PrintingNow) {
+        x = PageX(x);
+        y = PageY(y);
+    }
     switch (Design.CurrentSymbolType) {
     case SymbolLine:
         if (Design.PointStatus == PointBeginsLine || Design.LineStart == LineMoves) {

@@ -2,6 +2,7 @@
 
 #include "core/map_design.h"
 #include "projection/forward.h"
+#include "projection/log_tangent.h"
 #include "projection/sine_cosine.h"
 
 #include <cmath>
@@ -11,9 +12,15 @@ namespace quelmont {
 void ForwardMercator() {
     const double x = (Design.ProjLon - Design.LonZero) * DegToRad;
     // Snyder 1987, eq. 7-2. The poles lie at infinity; the boundary dialog keeps them off the map.
-    // The logarithm is 0 at the equator, where the last digits of the tangent would show in it: the tangent
-    // is the C library's.
-    const double tangent = std::tan(Design.ProjLat * HalfDegToRad + QuarterPi);
+    const double angle = Design.ProjLat * HalfDegToRad + QuarterPi;
+    // Between 15 and 85 degrees, north or south.
+    if (std::fabs(std::fabs(Design.ProjLat) - 50.0) <= 35.0) {
+        StoreProjected(x, LogTangentOf(angle));
+        return;
+    }
+    // The logarithm is 0 at the equator, where the last digits of the tangent show in it: the tangent is the
+    // C library's.
+    const double tangent = std::tan(angle);
     if (!(tangent > 0.0)) {
         StoreX(x);
         ReportProjectSelect(ErrorInvalidCall);

@@ -69,6 +69,10 @@ void ImageSurface::Copy(const QImage& from, const QRect& box, std::uint32_t colo
 }
 
 void ImageSurface::LineTo(std::int32_t x, std::int32_t y) {
+    // On a large map most points fall on the pixel of the one before.
+    if (position.x == x && position.y == y) {
+        return;
+    }
     const SurfacePoint from = std::exchange(position, SurfacePoint{x, y});
     Segment(from, position);
 }

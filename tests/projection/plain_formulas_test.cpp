@@ -1,5 +1,6 @@
 #include "core/map_design.h"
 #include "projection/arctangent.h"
+#include "projection/log_tangent.h"
 #include "projection/map_fields.h"
 #include "projection/param_select.h"
 #include "projection/project_select.h"
@@ -34,6 +35,10 @@ struct Plane {
 };
 
 // ---- The formulas as they stand in the literature, by the C library alone.
+
+Plane PlainMercator(double lat, double lon) {
+    return {(lon - Design.LonZero) * DegToRad, std::log(std::tan(lat * HalfDegToRad + QuarterPi))};
+}
 
 Plane PlainCylindricalEqualArea(double lat, double lon) {
     return {((lon - Design.LonZero) * DegToRad) * Design.CosStdPar,
@@ -179,7 +184,28 @@ TEST(Arctangent, OfADivisorOfZeroIsARightAngleAndTheDivisorGivesTheSign) {
     EXPECT_TRUE(std::isnan(ArctangentOf(std::numeric_limits<double>::quiet_NaN(), 1.0)));
 }
 
+TEST(LogTangent, IsNearerThanEightTenthsOfAUnitToTheTrueValue) {
+    std::mt19937_64 generator(17);
+    std::uniform_real_distribution<double> degrees(7.5, 42.5);
+    for (int i = 0; i < 1'000'000; ++i) {
+        const double drawn = degrees(generator);
+        const double angle = (i % 2 == 0 ? 45.0 - drawn : 45.0 + drawn) * DegToRad;
+        const long double truth = std::log(std::tan(static_cast<long double>(angle)));
+        ASSERT_LE(UnitsFrom(truth, LogTangentOf(angle)), 0.8) << angle;
+    }
+}
+
 using PlainFormulas = FreshProgramTest;
+
+/// Of the ordinate itself, however small; below 15 degrees and beyond 85 it is the plain formula's.
+TEST_F(PlainFormulas, MercatorStaysWithinFourUnits) {
+    SetRectangle(ProjMercator, 89.0, -89.0, 360.0);
+    const auto ordinate = [](Plane at) { return at.y; };
+    EXPECT_LE(WorstUnits(15.0, 85.0, PlainMercator, ordinate), 4.0);
+    EXPECT_LE(WorstUnits(-85.0, -15.0, PlainMercator, ordinate), 4.0);
+    EXPECT_EQ(WorstUnits(-14.9, 14.9, PlainMercator, ordinate), 0.0);
+    EXPECT_EQ(WorstUnits(85.1, 89.0, PlainMercator, ordinate), 0.0);
+}
 
 TEST_F(PlainFormulas, CylindricalEqualAreaAndHammerStayWithinFourUnits) {
     const auto larger = [](Plane at) { return std::max(std::fabs(at.x), std::fabs(at.y)); };
