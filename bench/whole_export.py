@@ -17,7 +17,7 @@ import tempfile
 
 from whole_draw import ROBINSON, best, minute_grid_lines, read_arguments, run, write_for_gdal
 
-FORMATS = ("dxf", "cgm", "wmf", "txt", "bmp")
+FORMATS = ("dxf", "cgm", "wmf", "svg", "txt", "bmp")
 
 
 def written(work, ending):

@@ -271,13 +271,13 @@ void OptionTable::AddDigits(const DigitsOption& option, const char* type,
 void OptionTable::AddPicture() {
     group = "Picture";
     Add("OUTPUT", "",
-        "The file to write, by its ending: .png .bmp .cgm .dxf .wmf .pdf, or .txt for a text file\n"
-        "of each part of the map; nothing is drawn when it is left out and tables,\n"
+        "The file to write, by its ending: .png .bmp .cgm .dxf .wmf .svg .pdf, or .txt for a text\n"
+        "file of each part of the map; nothing is drawn when it is left out and tables,\n"
         "reports or the design are saved",
         [this](const std::string& value) {
             if (OutputFormatOf(value) == OutputFormat::Unknown) {
                 throw BadValue("\"" + value +
-                               "\" does not end in .png, .bmp, .cgm, .dxf, .wmf, .pdf or .txt");
+                               "\" does not end in .png, .bmp, .cgm, .dxf, .wmf, .svg, .pdf or .txt");
             }
             options.output = value;
         });

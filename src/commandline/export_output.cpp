@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -26,18 +25,11 @@ constexpr std::array Endings = std::to_array<Ending>({
     {"CGM", OutputFormat::Cgm},
     {"DXF", OutputFormat::Dxf},
     {"WMF", OutputFormat::Wmf},
+    {"SVG", OutputFormat::Svg},
     {"BMP", OutputFormat::Bmp},
     {"PDF", OutputFormat::Pdf},
     {"TXT", OutputFormat::Ascii},
 });
-
-/// A colour as RRGGBB.
-std::string Written(ColorValue color) {
-    std::array<char, 8> text = {};
-    std::snprintf(text.data(), text.size(), "%02X%02X%02X", color & 0xFFU, color >> 8U & 0xFFU,
-                  color >> 16U & 0xFFU);
-    return text.data();
-}
 
 /// Strict readers refuse a colour without a number. Those of the picker all have one, and so have other
 /// shades.
@@ -46,8 +38,8 @@ std::string ColorWithoutNumber(ColorValue color) {
         return "";
     }
     const ColorValue bits = ColorBits(color);
-    return "a DXF file cannot have the colour " + Written(bits) + "; the nearest that it can have is " +
-           Written(NearestTableColor(bits));
+    return "a DXF file cannot have the colour " + ColorDigits(bits) + "; the nearest that it can have is " +
+           ColorDigits(NearestTableColor(bits));
 }
 
 /// Colours of what will be drawn.
@@ -187,6 +179,9 @@ std::string ArmExport(const std::string& output) {
     case OutputFormat::Wmf:
         Design.WmfFileName = output;
         break;
+    case OutputFormat::Svg:
+        Design.SvgFileName = output;
+        break;
     case OutputFormat::Ascii:
         outputs = Design.AsciiFileName = AsciiOutputs(output);
         reason = TextFilesThatCollide();
@@ -203,6 +198,7 @@ std::string ArmExport(const std::string& output) {
     Design.OutputCgm = format == OutputFormat::Cgm;
     Design.OutputDxf = format == OutputFormat::Dxf;
     Design.OutputWmf = format == OutputFormat::Wmf;
+    Design.OutputSvg = format == OutputFormat::Svg;
     Design.OutputAscii = format == OutputFormat::Ascii;
     return "";
 }

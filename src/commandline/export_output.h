@@ -8,7 +8,7 @@
 namespace quelmont {
 
 /// What the ending of the output asks for.
-enum class OutputFormat { Png, Cgm, Dxf, Wmf, Bmp, Pdf, Ascii, Unknown };
+enum class OutputFormat { Png, Cgm, Dxf, Wmf, Svg, Bmp, Pdf, Ascii, Unknown };
 OutputFormat OutputFormatOf(const std::string& name);
 
 /// Arms the export of the output's format for the next draw; pictures and pages need none. Returns why it

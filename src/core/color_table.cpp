@@ -37,6 +37,17 @@ std::string PartsInWords(ColorValue color) {
 
 } // namespace
 
+std::string ColorDigits(ColorValue color) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const ColorValue part = color >> shift & 0xFFU;
+        text += digits[part >> 4U];
+        text += digits[part & 0xFU];
+    }
+    return text;
+}
+
 ColorValue NearestTableColor(ColorValue color) {
     const auto* const nearest =
         std::min_element(ColorTable.begin(), ColorTable.end(), [&](std::uint32_t a, std::uint32_t b) {

@@ -19,6 +19,9 @@ constexpr ColorValue FromRedGreenBlue(std::uint32_t value) {
     return Rgb(value >> 16U & 0xFFU, value >> 8U & 0xFFU, value & 0xFFU);
 }
 
+/// The same of a colour: six digits and capitals. The bits above the colour's own do not count.
+std::string ColorDigits(ColorValue color);
+
 // clang-format off
 /// As RRGGBB, a row of cells to a line. The first row holds the standard colours, the second greys,
 /// the others ramps of a hue, and at the end browns and dull colours.

@@ -206,10 +206,12 @@ struct MapDesign : DesignBounds {
     std::int32_t FullScreenX = 0, FullScreenY = 0; ///< drawing area of a maximised window, pixels
 
     // ---- Output. Flags armed by the File menu, cleared at the end of a draw.
-    bool OutputCgm = false, OutputDxf = false, OutputWmf = false, OutputAscii = false;
+    bool OutputCgm = false, OutputDxf = false, OutputWmf = false, OutputSvg = false, OutputAscii = false;
     bool OutputGc = false, OutputSc = false;
     bool PrintingNow = false; ///< the surface is the printer
     std::string CgmFileName, DxfFileName, WmfFileName, BmpFileName, GcFileName, ScFileName, CnfFileName;
+    std::string SvgFileName, PngFileName;   ///< not kept in design files
+    std::string MapTitle, MapDescription;   ///< in a drawing that is saved; made as its draw begins
     std::string OutputFileName;             ///< file that this draw has open, empty when none
     std::vector<std::string> AsciiFileName; ///< output names: of the grid, then of each map file
     std::int16_t GridOutputCount = 0;       ///< entries of AsciiFileName that the grid takes

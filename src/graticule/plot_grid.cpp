@@ -102,6 +102,7 @@ bool RunPass(SymbolType mode, const GridSteps& steps, std::size_t slot) {
         Design.DotPixels = DeviceDotPixels(Machine().screen->PixelRatio());
     }
     pass.DiskOut = OpenExport(slot);
+    BeginFilePart(MapPart::Grid, mode == SymbolDot ? "Grid points" : "Grid");
     pass.ClipLatMax = Design.LatNorth;
     pass.ClipLatMin = Design.LatSouth;
     pass.ClipLonMax = Design.LonSpan;

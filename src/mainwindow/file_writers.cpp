@@ -8,7 +8,7 @@ namespace quelmont {
 void InstallWriters() {
     ProgramWriters& writers = MainWindowNow.writers;
     writers = ProgramWriters{};
-    Writers() = {&writers.ascii, &writers.cgm, &writers.dxf, &writers.wmf};
+    Writers() = {&writers.ascii, &writers.cgm, &writers.dxf, &writers.wmf, &writers.svg};
 }
 
 } // namespace quelmont

@@ -40,7 +40,7 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
     MenuEntry{SavePdfItem,           "Save as PD&F",             SaveMapAs},
     MenuEntry{SavePngItem,           "Save as P&NG"},
-    MenuEntry{SaveSvgItem,           "Save as S&VG"},
+    MenuEntry{SaveSvgItem,           "Save as S&VG",             SaveMapAs},
     MenuEntry{10},
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
     MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},

@@ -4,6 +4,7 @@
 #include "output/ascii/ascii_writer.h"
 #include "output/cgm/cgm_writer.h"
 #include "output/dxf/dxf_writer.h"
+#include "output/svg/svg_writer.h"
 #include "output/wmf/wmf_writer.h"
 
 #include <cstdint>
@@ -18,6 +19,7 @@ struct ProgramWriters {
     CgmWriter cgm;
     DxfWriter dxf;
     WmfWriter wmf;
+    SvgWriter svg;
 };
 
 /// What the main window keeps between its commands.

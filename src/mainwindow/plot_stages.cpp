@@ -17,6 +17,7 @@
 #include "output/fan_out.h"
 #include "platform/machine.h"
 #include "projection/lobe_row.h"
+#include "reports/map_description.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -145,6 +146,10 @@ void BeginStages() {
     ResetLineState();
     Design.MapLabels.clear(); // those of the draw before
     Design.Statistics = {};
+    if (Design.OutputSvg) {
+        Design.MapTitle = MapTitleText();
+        Design.MapDescription = MapDescriptionText();
+    }
     Design.PlotSeconds = Now();
     EnableMenuBar(true);
     Design.LobeOffsetX = 0.0;

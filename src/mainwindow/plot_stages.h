@@ -14,7 +14,7 @@ void ScaleAscii();
 /// Disables the menus but for "&Stop" and sets the run state of a draw. EndStages and GiveWindowBack have to
 /// follow, whatever fails.
 /// Writes  SavedCaption, AsciiFileName (it grows to its outputs), MapLabels, Statistics, PlotSeconds, the
-/// lobe.
+/// lobe; for a drawing MapTitle, MapDescription.
 void BeginStages();
 
 /// The grid and the map files, once, or once per lobe of the interrupted projection, under a caption that

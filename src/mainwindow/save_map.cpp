@@ -63,6 +63,11 @@ void DrawWmf() {
     MapDraw();
 }
 
+void DrawSvg() {
+    Design.OutputSvg = true;
+    MapDraw();
+}
+
 void SaveGreatCircle() {
     Design.OutputGc = true;
     GcSave();
@@ -79,6 +84,7 @@ constexpr std::array SaveItems = std::to_array<SaveItem>({
     {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", NameIn<&MapDesign::CgmFileName>, " in Save as CGM", DrawCgm, true},
     {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", NameIn<&MapDesign::DxfFileName>, " in Save as DXF", DrawDxf, true},
     {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", NameIn<&MapDesign::WmfFileName>, " in Save as WMF", DrawWmf, true},
+    {SaveSvgItem, "Save Map As SVG File", "SVG Files (*.svg)|*.svg", "svg", NameIn<&MapDesign::SvgFileName>, " in Save as SVG", DrawSvg, true},
     {SavePdfItem, "Save Map As PDF File", "PDF Files (*.pdf)|*.pdf", "pdf", PdfName, " in Save as PDF", PrintPdf, true, AskPdfPage},
     {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", NameIn<&MapDesign::GcFileName>, " in Save Great Circle", SaveGreatCircle, false},
     {SaveSmallCircleItem, "Save Small Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", NameIn<&MapDesign::ScFileName>, " in Save Small Circle", SaveSmallCircle, false},

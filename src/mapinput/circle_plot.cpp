@@ -217,6 +217,8 @@ struct CircleKind {
     ColorValue color;
     float width; ///< twips
     bool (*plot)(MapPoint& point);
+    MapPart part;
+    const char* title;
 };
 
 /// Takes the export in text off while circles are drawn.
@@ -252,6 +254,7 @@ bool PlotKind(MapPoint& point, const CircleKind& kind) {
     DeleteMapPen(SitesCircles.deleteObject);
     MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, SitesCircles.createPen, "MapPlot");
     if (OpenExport(1)) {
+        BeginFilePart(kind.part, kind.title);
         StartCircles(kind.color);
     }
     if (!kind.plot(point)) {
@@ -265,8 +268,10 @@ bool PlotKind(MapPoint& point, const CircleKind& kind) {
 } // namespace
 
 bool PlotCircles(MapPoint& point) {
-    return (!Design.ScDefined || PlotKind(point, {Design.ScColor, Design.ScLineWidth, PlotSmallCircles})) &&
-           (!Design.GcDefined || PlotKind(point, {Design.GcColor, Design.GcLineWidth, PlotGreatCircle}));
+    return (!Design.ScDefined || PlotKind(point, {Design.ScColor, Design.ScLineWidth, PlotSmallCircles,
+                                                  MapPart::SmallCircles, "Small circles"})) &&
+           (!Design.GcDefined || PlotKind(point, {Design.GcColor, Design.GcLineWidth, PlotGreatCircle,
+                                                  MapPart::GreatCircle, "Great circle"}));
 }
 
 } // namespace quelmont

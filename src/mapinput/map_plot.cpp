@@ -156,6 +156,7 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
     Design.CurrentSymbolType = file.MapFileType;
     // The first names belong to the grid.
     OpenExport(static_cast<std::size_t>(Design.GridOutputCount + index));
+    BeginFilePart(MapPart::MapFile, ParseFileName(fileName).title);
     StartFileStretch();
 
     const double start = Machine().clock->SecondsSinceMidnight();

@@ -14,6 +14,7 @@ Export ArmedExport() {
            : Design.OutputCgm ? Export::Cgm
            : Design.OutputDxf ? Export::Dxf
            : Design.OutputWmf ? Export::Wmf
+           : Design.OutputSvg ? Export::Svg
                               : Export::None;
 }
 
@@ -28,6 +29,8 @@ FileWriter* ArmedWriter() {
         return writers.dxf;
     case Export::Wmf:
         return writers.wmf;
+    case Export::Svg:
+        return writers.svg;
     case Export::None:
         break;
     }
@@ -74,6 +77,18 @@ void StartCircles(ColorValue color) {
     }
 }
 
+void BeginFilePart(MapPart part, std::string_view title) {
+    if (FileWriter* writer = ArmedWriter()) {
+        writer->BeginPart(part, title);
+    }
+}
+
+void BeginFileFeature(std::int16_t feature, std::string_view title) {
+    if (FileWriter* writer = ArmedWriter()) {
+        writer->BeginFeature(feature, title);
+    }
+}
+
 void FinishFile() {
     if (FileWriter* writer = ArmedWriter()) {
         writer->Finish();
@@ -82,6 +97,7 @@ void FinishFile() {
     Design.OutputCgm = false;
     Design.OutputDxf = false;
     Design.OutputWmf = false;
+    Design.OutputSvg = false;
 }
 
 void DisarmWriters() {
@@ -89,12 +105,14 @@ void DisarmWriters() {
     Design.OutputCgm = false;
     Design.OutputDxf = false;
     Design.OutputWmf = false;
+    Design.OutputSvg = false;
 }
 
 void ResetLineState() {
     OutputNow.LineBreakPending = true;
     Design.PointCount = 0;
-    for (FileWriter* writer : {Writers().ascii, Writers().cgm, Writers().dxf, Writers().wmf}) {
+    const FileWriters& writers = Writers();
+    for (FileWriter* writer : {writers.ascii, writers.cgm, writers.dxf, writers.wmf, writers.svg}) {
         if (writer != nullptr) {
             writer->ResetLine();
         }

@@ -3,8 +3,14 @@
 #include "core/standard_colors.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <string_view>
 
 namespace quelmont {
+
+/// The parts of a map, which a file with groups keeps apart.
+enum class MapPart : std::uint8_t { Grid, MapFile, SmallCircles, GreatCircle };
+constexpr std::size_t MapPartCount = 4;
 
 /// A writer of one file format: what the fan-out asks of it. A draw begins the file, writes it in
 /// stretches, one for the grid and one for each map file, and finishes it.
@@ -21,6 +27,10 @@ public:
     virtual void StartStretch() {}
     /// Circles of a colour begin; the file is open.
     virtual void StartCircles(ColorValue /*color*/) { StartStretch(); }
+    /// What comes is another part of the map; the title is for people.
+    virtual void BeginPart(MapPart /*part*/, std::string_view /*title*/) {}
+    /// What comes of a map file is this feature of it, a row of the file's styles. It may be the one before.
+    virtual void BeginFeature(std::int16_t /*feature*/, std::string_view /*title*/) {}
     /// Takes the point in ProjX, ProjY.
     virtual void Point() = 0;
     /// Ends the current line.
@@ -39,13 +49,14 @@ struct FileWriters {
     FileWriter* cgm = nullptr;
     FileWriter* dxf = nullptr;
     FileWriter* wmf = nullptr;
+    FileWriter* svg = nullptr;
 };
 FileWriters& Writers();
 
 /// What a draw is exported to.
-enum class Export { None, Ascii, Cgm, Dxf, Wmf };
+enum class Export { None, Ascii, Cgm, Dxf, Wmf, Svg };
 
-/// The armed export: of OutputAscii, OutputCgm, OutputDxf, OutputWmf the first that is true.
+/// The armed export: of OutputAscii, OutputCgm, OutputDxf, OutputWmf, OutputSvg the first that is true.
 Export ArmedExport();
 
 /// The writer of the armed export; nullptr without one.
@@ -70,6 +81,10 @@ void StartFileStretch();
 
 /// The same of the lines of circles, and their colour.
 void StartCircles(ColorValue color);
+
+/// Tells the armed writer which part of the map, and which feature of a map file, comes next.
+void BeginFilePart(MapPart part, std::string_view title);
+void BeginFileFeature(std::int16_t feature, std::string_view title);
 
 /// Finishes the files of the armed writer and disarms it, but for ASCII, which stays armed to the end of
 /// the draw. RunTimeError as FinishExports, from ASCII alone.

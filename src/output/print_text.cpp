@@ -126,16 +126,20 @@ void TakeInHand(const TextItem& item) {
     Design.CurrentTextAngle = std::to_string(item.TextAngle);
     Design.CurrentX = item.TextX;
     Design.CurrentY = item.TextY;
-    Design.CurrentLook = {.FontName = item.TextFont,
-                          .FontSize = item.TextSize,
-                          .FontColour = item.TextColour,
-                          .FontBold = item.TextBold,
-                          .FontItalic = item.TextItalic,
-                          .FontUnderline = item.TextUnderline,
-                          .FontStrikeout = item.TextStrikeout};
+    Design.CurrentLook = LookOf(item);
 }
 
 } // namespace
+
+TextLook LookOf(const TextItem& item) {
+    return {.FontName = item.TextFont,
+            .FontSize = item.TextSize,
+            .FontColour = item.TextColour,
+            .FontBold = item.TextBold,
+            .FontItalic = item.TextItalic,
+            .FontUnderline = item.TextUnderline,
+            .FontStrikeout = item.TextStrikeout};
+}
 
 SurfaceFont WindowFont(const TextLook& look) { return FontOf(look, WindowHeight(look), 0); }
 

@@ -13,6 +13,9 @@ namespace quelmont {
 /// Reads   TwipsPerPixelY. RunTimeError "Overflow" for a size without a height.
 SurfaceFont WindowFont(const TextLook& look);
 
+/// The look of a text item.
+TextLook LookOf(const TextItem& item);
+
 /// The text in hand as a text item placed by hand, with the measures of its font on the window.
 ///
 /// Reads   CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY, TwipsPerPixelX, TwipsPerPixelY.

@@ -267,7 +267,7 @@ TEST_F(ExportCommand, TextScaleIsAShareOfTheHeightOfTexts) {
 }
 
 TEST_F(ExportCommand, FolderThatDoesNotExistFailsAndLeavesNothing) {
-    for (const std::string ending : {"cgm", "dxf", "wmf", "bmp", "txt", "png"}) {
+    for (const std::string ending : {"cgm", "dxf", "wmf", "svg", "bmp", "txt", "png"}) {
         const Outcome outcome = Run({"--no-map", folder / ("none/a." + ending)});
         EXPECT_EQ(outcome.code, ExitFailed) << ending;
         EXPECT_EQ(outcome.output, "") << ending;
@@ -277,7 +277,7 @@ TEST_F(ExportCommand, FolderThatDoesNotExistFailsAndLeavesNothing) {
 }
 
 TEST_F(ExportCommand, FolderInPlaceOfTheFileFailsAndStays) {
-    for (const std::string ending : {"cgm", "dxf", "wmf", "bmp", "png"}) {
+    for (const std::string ending : {"cgm", "dxf", "wmf", "svg", "bmp", "png"}) {
         const std::string name = folder / ("a." + ending);
         std::filesystem::create_directory(name);
         const Outcome outcome = Run({"--no-map", name});

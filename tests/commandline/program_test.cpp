@@ -195,6 +195,7 @@ TEST_F(Program, FileThatOutgrowsItsLimitIsAFullDisk) {
         {"cgm", "Error: Disk full\n"},
         {"dxf", "Error: Disk full\n"},
         {"wmf", "Windows API Error\nhwrite error in SaveMetafileToDisk\n"},
+        {"svg", "Error: Disk full\n"},
         {"bmp", "Error in BmpSave\nError: Disk full\n"},
         {"png", "quelmont-draw: a.png: Disk full\n"},
         {"pdf", "quelmont-draw: a.pdf: not written\n"},
@@ -257,8 +258,8 @@ TEST_P(LongDraw, SignalStopsItAndLeavesTheEarlierFile) {
 
 INSTANTIATE_TEST_SUITE_P(Exports, LongDraw,
                          testing::Values(std::pair("a.cgm", "a.cgm"), std::pair("a.dxf", "a.dxf"),
-                                         std::pair("a.wmf", "a.wmf"), std::pair("a.pdf", "a.pdf"),
-                                         std::pair("a.txt", "a-big.map.txt")),
+                                         std::pair("a.wmf", "a.wmf"), std::pair("a.svg", "a.svg"),
+                                         std::pair("a.pdf", "a.pdf"), std::pair("a.txt", "a-big.map.txt")),
                          [](const auto& test) { return std::string(test.param.first).substr(2); });
 
 TEST_F(Program, LargeGridIsNotedBeforeItIsDrawnAndCanBeStopped) {

@@ -50,7 +50,7 @@ TEST_F(SaveInWindow, EachFormatGetsItsExtensionAndLeavesThePicture) {
         const char* begins;
     };
     for (const Format& format : {Format{5, "bmp", "BM"}, Format{6, "cgm", ""}, Format{7, "dxf", "  0\r\n"},
-                                 Format{8, "wmf", "\xD7\xCD\xC6\x9A"}}) {
+                                 Format{8, "wmf", "\xD7\xCD\xC6\x9A"}, Format{20, "svg", "<?xml"}}) {
         TypeName(folder / "map");
         Choose(format.item);
         const std::string name = folder / ("map." + std::string(format.extension));
@@ -90,8 +90,8 @@ TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
 }
 
 TEST_F(SaveInWindow, QuestionIsAboutTheNameThatWillBeWritten) {
-    for (const auto& [item, extension] :
-         {std::pair{5, "bmp"}, std::pair{6, "cgm"}, std::pair{7, "dxf"}, std::pair{8, "wmf"}}) {
+    for (const auto& [item, extension] : {std::pair{5, "bmp"}, std::pair{6, "cgm"}, std::pair{7, "dxf"},
+                                          std::pair{8, "wmf"}, std::pair{20, "svg"}}) {
         const std::string name = folder / ("coast.v2." + std::string(extension));
         WriteWholeFile(name, "earlier");
         QString text;

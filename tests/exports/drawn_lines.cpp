@@ -4,6 +4,7 @@
 #include "output/output_state.h"
 #include "support/cgm_file.h"
 #include "support/dxf_file.h"
+#include "support/svg_file.h"
 #include "support/wmf_file.h"
 
 #include <algorithm>
@@ -409,6 +410,72 @@ private:
 } // namespace
 
 DrawnMap MapOfWmf(std::string_view bytes) { return WmfReader().Read(bytes); }
+
+// ---- SVG
+
+namespace {
+
+/// Middles of pixels are their places on the screen.
+SurfacePoint LogicalOfSvg(double x, double y) { return Logical(x - 0.5, y - 0.5); }
+
+std::vector<SurfacePoint> PointsOfPath(const SvgElement& path) {
+    std::vector<SurfacePoint> points;
+    const std::vector<double> numbers = path.Numbers("d");
+    for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) {
+        points.push_back(LogicalOfSvg(numbers[i], numbers[i + 1]));
+    }
+    return points;
+}
+
+std::vector<SurfacePoint> BoxOf(const SvgElement& element) {
+    const auto number = [&](const char* name) { return element.Numbers(name).at(0); };
+    if (element.name == "circle") {
+        const double r = number("r");
+        return {LogicalOfSvg(number("cx") - r, number("cy") - r),
+                LogicalOfSvg(number("cx") + r, number("cy") + r)};
+    }
+    return {LogicalOfSvg(number("x"), number("y")),
+            LogicalOfSvg(number("x") + number("width"), number("y") + number("height"))};
+}
+
+void TakeSvg(DrawnMap& map, const SvgElement& element) {
+    const bool filled = element.At("fill") != "none";
+    const std::uint32_t rgb =
+        static_cast<std::uint32_t>(std::stoul(element.At(filled ? "fill" : "stroke").substr(1), nullptr, 16));
+    const DrawnColor color = ColorOf((rgb & 0xFFU) << 16U | (rgb & 0xFF00U) | rgb >> 16U);
+    const int width = element.At("stroke").empty() ? 0 : std::stoi(element.At("stroke-width"));
+    const std::string path = element.At("d");
+    if (element.name == "circle") {
+        AddShape(map, Around(Shape(filled, "circle"), BoxOf(element), color, width));
+    } else if (element.name == "rect" && width == 0) {
+        const std::vector<SurfacePoint> box = BoxOf(element);
+        map.dots.push_back({(box[0].x + box[1].x) / 2, (box[0].y + box[1].y) / 2});
+    } else if (element.name == "rect") {
+        AddShape(map, Around(Shape(filled, "square"), BoxOf(element), color, width));
+    } else if (path.ends_with("z")) {
+        const std::vector<SurfacePoint> corners = PointsOfPath(element);
+        AddShape(map, Around(Shape(filled, Corners(corners)), corners, color, width));
+    } else if (path.rfind('M') > 0) {
+        const std::vector<SurfacePoint> arms = PointsOfPath(element);
+        AddShape(map, Around(Strokes(arms[0], arms[1]), arms, color, width));
+    } else {
+        map.lines.push_back({PointsOfPath(element), color, width});
+    }
+}
+
+} // namespace
+
+DrawnMap MapOfSvg(std::string_view bytes) {
+    DrawnMap map;
+    for (const SvgElement& element : ReadSvg(bytes)) {
+        if (!element.group.empty() &&
+            (element.name == "path" || element.name == "rect" || element.name == "circle")) {
+            TakeSvg(map, element);
+        }
+    }
+    Mend(map.lines);
+    return map;
+}
 
 // ---- Text
 

@@ -44,10 +44,12 @@ struct DrawnMap {
 DrawnMap MapOfSurface(const RecordingSurface& surface);
 
 /// What the bytes of a file say. Chains that were cut for their length are one line again; a lone point is
-/// one point in each format. Plus and cross are two lines in CGM and DXF files.
+/// one point in each format. Plus and cross are two lines in CGM and DXF files. A dot of a drawing is one of
+/// its squares that have no outline.
 DrawnMap MapOfCgm(std::string_view bytes);
 DrawnMap MapOfDxf(std::string_view bytes);
 DrawnMap MapOfWmf(std::string_view bytes);
+DrawnMap MapOfSvg(std::string_view bytes);
 /// Of a text file; a file of dots is one line.
 DrawnMap MapOfText(std::string_view bytes);
 

@@ -1,6 +1,7 @@
 #include "exports/whole_draw.h"
 #include "support/cgm_file.h"
 #include "support/dxf_file.h"
+#include "support/svg_file.h"
 #include "support/wmf_file.h"
 
 #include <gmock/gmock.h>
@@ -59,6 +60,16 @@ std::vector<PlacedText> TextsOfWmf(std::string_view bytes) {
         if (record.name == "TextOut") {
             texts.push_back({record.text, record.numbers.at(1), record.numbers.at(0)});
         }
+    }
+    return texts;
+}
+
+/// A pixel is a twip, 32000 of which are 31999 units; one row of pixels lies below the map.
+std::vector<PlacedText> TextsOfSvg(std::string_view bytes) {
+    std::vector<PlacedText> texts;
+    for (const SvgElement& element : SvgElements(bytes, "text")) {
+        texts.push_back({element.text, std::lround(element.Numbers("x").at(0)),
+                         std::lround(23100.0 - element.Numbers("y").at(0))});
     }
     return texts;
 }
@@ -151,7 +162,7 @@ TEST_P(LabelsInFiles, WithOddCharactersLeaveTheFileWhole) {
 
 INSTANTIATE_TEST_SUITE_P(All, LabelsInFiles,
                          testing::Values(TextFormat{"cgm", TextsOfCgm}, TextFormat{"dxf", TextsOfDxf},
-                                         TextFormat{"wmf", TextsOfWmf}),
+                                         TextFormat{"wmf", TextsOfWmf}, TextFormat{"svg", TextsOfSvg}),
                          [](const auto& test) { return std::string(test.param.ending); });
 
 class LabelDraw : public WholeDraw {
@@ -184,13 +195,14 @@ TEST_F(LabelDraw, UtmLabelsStandBesideTheirSymbols) {
 
 TEST_F(LabelDraw, TenThousandCharactersFitWhereAFormatHasNoLimit) {
     const std::string towns = Towns("1 10 10 \"" + std::string(10'000, 'x') + "\"\n");
-    for (const char* const ending : {"dxf", "wmf", "png"}) {
+    for (const char* const ending : {"dxf", "wmf", "svg", "png"}) {
         Draw({"--map", towns}, ending);
         ASSERT_THAT(machine.window.surface.Texts(), SizeIs(1));
         EXPECT_EQ(machine.window.surface.Texts()[0].anchor.x, 0) << "begins at the left edge";
     }
     EXPECT_EQ(TextsOfDxf(File("map.dxf")).at(0).text, std::string(10'000, 'x'));
     EXPECT_EQ(TextsOfWmf(File("map.wmf")).at(0).text, std::string(10'000, 'x'));
+    EXPECT_EQ(TextsOfSvg(File("map.svg")).at(0).text, std::string(10'000, 'x'));
     // A string of a CGM has 248 characters at most: the file is given up, and that is told.
     Prepare({"--map", towns}, folder / "map.cgm");
     MapDraw();

@@ -69,7 +69,8 @@ protected:
         EXPECT_THAT(machine.boxes.Taken(), testing::IsEmpty());
         EXPECT_FALSE(IsFileOpen(InputFileNumber));
         EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
+        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputSvg ||
+                     Design.OutputAscii);
     }
     /// All that the window was asked to do, with the same pens and brushes. (Printing what differs would take
     /// longer than the draws.)
@@ -83,7 +84,7 @@ protected:
         const std::vector<SurfaceCall> picture = machine.window.surface.Calls();
         const DrawnMap screen = Screen();
         const std::pair<const char*, DrawnMap (*)(std::string_view)> formats[] = {
-            {"cgm", MapOfCgm}, {"dxf", MapOfDxf}, {"wmf", MapOfWmf}};
+            {"cgm", MapOfCgm}, {"dxf", MapOfDxf}, {"wmf", MapOfWmf}, {"svg", MapOfSvg}};
         for (const auto& [ending, map] : formats) {
             Draw(arguments, ending);
             ExpectPicture(picture);

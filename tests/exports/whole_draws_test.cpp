@@ -38,7 +38,7 @@ protected:
 
 TEST_P(ExportOfEachProjection, HasTheLinesOfThePictureInEveryFormat) {
     EXPECT_GT(ExpectSameInEachFormat(projection).lines.size(), 50U);
-    EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map.dxf", "map.wmf"));
+    EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map.dxf", "map.svg", "map.wmf"));
 }
 
 TEST_P(ExportOfEachProjection, HasTheLinesOfThePictureAsText) {
@@ -115,12 +115,13 @@ INSTANTIATE_TEST_SUITE_P(All, ExportOfEachGrid, testing::Range(1, 6),
                          [](const auto& test) { return "Type" + std::to_string(test.param); });
 
 TEST_F(WholeDraw, MapWithNeitherGridNorFilesIsAWholeFileAllTheSame) {
-    for (const char* ending : {"cgm", "dxf", "wmf"}) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "svg"}) {
         Draw({"--grid-type", "5", "--no-map"}, ending);
     }
     EXPECT_THAT(MapOfCgm(File("map.cgm")).lines, IsEmpty());
     EXPECT_THAT(MapOfDxf(File("map.dxf")).lines, IsEmpty());
     EXPECT_THAT(MapOfWmf(File("map.wmf")).lines, IsEmpty());
+    EXPECT_THAT(MapOfSvg(File("map.svg")).lines, IsEmpty());
 }
 
 TEST_F(WholeDraw, MapFilesWithoutAGrid) {
@@ -128,7 +129,8 @@ TEST_F(WholeDraw, MapFilesWithoutAGrid) {
     const DrawnMap screen = ExpectSameInEachFormat(arguments);
     Draw(arguments, "txt");
     EXPECT_EQ(Difference(MapOfText(File("map-Qmnt4.map.txt")), screen), "");
-    EXPECT_THAT(Files(), UnorderedElementsAre("map.cgm", "map.dxf", "map.wmf", "map-Qmnt4.map.txt"));
+    EXPECT_THAT(Files(),
+                UnorderedElementsAre("map.cgm", "map.dxf", "map.svg", "map.wmf", "map-Qmnt4.map.txt"));
 }
 
 TEST_F(WholeDraw, NothingCrossesAMapThatIsCutInTheMiddleOfTheOcean) {
@@ -162,7 +164,7 @@ TEST_F(WholeDraw, GridPointsOfALaterLobeAreDotsWhateverWasDrawnBefore) {
 }
 
 TEST_F(WholeDraw, EscapeLeavesNothingAndKeepsTheEarlierFile) {
-    for (const char* ending : {"cgm", "dxf", "wmf", "txt"}) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "svg", "txt"}) {
         for (const int nth : {1, 20, 200}) {
             const std::string earlier =
                 ending == std::string("txt") ? "map-Qmnt4.map.txt" : "map." + std::string(ending);
@@ -172,7 +174,8 @@ TEST_F(WholeDraw, EscapeLeavesNothingAndKeepsTheEarlierFile) {
             MapDraw();
             EXPECT_EQ(File(earlier), "earlier") << ending << " " << nth;
             EXPECT_FALSE(IsFileOpen(OutputFileNumber));
-            EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
+            EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputSvg ||
+                         Design.OutputAscii);
             std::filesystem::remove(folder / earlier);
             // A text file of the grid is whole before the map file begins.
             std::filesystem::remove(folder / "map-grid.txt");
@@ -183,7 +186,7 @@ TEST_F(WholeDraw, EscapeLeavesNothingAndKeepsTheEarlierFile) {
 }
 
 TEST_F(WholeDraw, MapFileThatFailsLeavesNoExport) {
-    for (const char* ending : {"cgm", "dxf", "wmf", "txt"}) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "svg", "txt"}) {
         Prepare({}, folder / ("map." + std::string(ending)));
         Design.InputFiles[0].MapFileName = folder / "missing.map";
         MapDraw();
@@ -198,7 +201,7 @@ TEST_F(WholeDraw, MapFileThatFailsLeavesNoExport) {
 }
 
 TEST_F(WholeDraw, MapFileThatIsGoneInALaterLobeLeavesNoExport) {
-    for (const char* ending : {"cgm", "dxf", "wmf", "txt"}) {
+    for (const char* ending : {"cgm", "dxf", "wmf", "svg", "txt"}) {
         std::filesystem::copy_file(QUELMONT_PROGRAMS "/Qmnt4.map", folder / "gone.map");
         Prepare({"--projection", "42", "--map", folder / "gone.map"},
                 folder / ("map." + std::string(ending)));
@@ -210,7 +213,8 @@ TEST_F(WholeDraw, MapFileThatIsGoneInALaterLobeLeavesNoExport) {
         std::filesystem::remove(folder / "map-grid.txt");
         EXPECT_THAT(Files(), IsEmpty()) << ending;
         EXPECT_FALSE(machine.boxes.Taken().empty());
-        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputAscii);
+        EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputSvg ||
+                     Design.OutputAscii);
     }
 }
 
@@ -220,7 +224,8 @@ TEST_F(WholeDraw, FolderThatDoesNotExistIsReportedOnceAndEndsTheDraw) {
         const char* title;
     };
     for (const Case& test : {Case{"cgm", "Error in CgmHeader"}, Case{"dxf", "Error in DxfHeader"},
-                             Case{"wmf", "Error in SaveMetafileToDisk"}, Case{"txt", "Error in PlotGrid"}}) {
+                             Case{"wmf", "Error in SaveMetafileToDisk"},
+                             Case{"svg", "Error in PrintFileHeader"}, Case{"txt", "Error in PlotGrid"}}) {
         Prepare({}, folder / ("none/map." + std::string(test.ending)));
         MapDraw();
         EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{test.title, "Error: Path not found"}));

@@ -39,6 +39,8 @@ const std::array Items = std::to_array<SavedAs>({
      "Error 4 in Save as DXF", "  0\r\nSECTION\r\n"},
     {8, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName,
      "Error 4 in Save as WMF", "\xD7\xCD\xC6\x9A"},
+    {20, "Save Map As SVG File", "SVG Files (*.svg)|*.svg", "svg", &MapDesign::SvgFileName,
+     "Error 4 in Save as SVG", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "},
 });
 
 /// The started program, its files in a folder of the system.
@@ -57,12 +59,13 @@ protected:
         return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
     }
 
-    /// Names for all four.
+    /// Names for all.
     void NameAll() const {
         Design.AsciiFileName = {folder / "grid.txt"};
         Design.CgmFileName = folder / "map.cgm";
         Design.DxfFileName = folder / "map.dxf";
         Design.WmfFileName = folder / "map.wmf";
+        Design.SvgFileName = folder / "map.svg";
     }
 
     TemporaryFolder folder;
@@ -91,7 +94,7 @@ TEST_F(SaveMap, CancelDoesNothing) {
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
     EXPECT_EQ(machine.clock.beeps, 0);
-    EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf);
+    EXPECT_FALSE(Design.OutputCgm || Design.OutputDxf || Design.OutputWmf || Design.OutputSvg);
 }
 
 TEST_F(SaveMap, FailureOfTheFileDialogIsReported) {
@@ -112,7 +115,7 @@ TEST_F(SaveMap, WritesTheFileUnderTheNameWithItsExtension) {
         EXPECT_THAT(machine.boxes.asked, IsEmpty());
     }
     EXPECT_EQ(Files(), Items.size());
-    EXPECT_EQ(machine.clock.beeps, 3) << "a bitmap is saved without a draw";
+    EXPECT_EQ(machine.clock.beeps, 4) << "a bitmap is saved without a draw";
     ExpectIdle();
 }
 
@@ -133,7 +136,7 @@ TEST_F(SaveMap, NextDrawExportsNothing) {
 }
 
 TEST_F(SaveMap, EscapeKeepsTheEarlierFile) {
-    for (const SavedAs& item : {Items[1], Items[2], Items[3]}) {
+    for (const SavedAs& item : {Items[1], Items[2], Items[3], Items[4]}) {
         const std::string name = folder / ("map." + std::string(item.extension));
         WriteWholeFile(name, "earlier");
         machine.pump.At(machine.pump.calls + 3, EscapeKey);
@@ -142,12 +145,12 @@ TEST_F(SaveMap, EscapeKeepsTheEarlierFile) {
         EXPECT_EQ(ReadWholeFile(name), "earlier");
         ExpectIdle();
     }
-    EXPECT_EQ(Files(), 3U) << "no temporary one";
+    EXPECT_EQ(Files(), 4U) << "no temporary one";
 }
 
 TEST_F(SaveMap, EscapeBeforeTheFirstLineLeavesNothing) {
-    for (bool MapDesign::*flag :
-         {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+    for (bool MapDesign::*flag : {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf,
+                                  &MapDesign::OutputWmf, &MapDesign::OutputSvg}) {
         NameAll();
         Design.*flag = true;
         machine.pump.At(machine.pump.calls + 1, EscapeKey);
@@ -159,8 +162,8 @@ TEST_F(SaveMap, EscapeBeforeTheFirstLineLeavesNothing) {
 }
 
 TEST_F(SaveMap, GridStageThatFailsLeavesNothing) {
-    for (bool MapDesign::*flag :
-         {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+    for (bool MapDesign::*flag : {&MapDesign::OutputAscii, &MapDesign::OutputCgm, &MapDesign::OutputDxf,
+                                  &MapDesign::OutputWmf, &MapDesign::OutputSvg}) {
         NameAll();
         Design.*flag = true;
         Design.LonGrid = 0.0; // fails between the header and the first line
@@ -176,12 +179,13 @@ TEST_F(SaveMap, WindowLargerThanTheScreenIsExportedWhole) {
     window.scaleWidth = 2.0 * 19200.0;
     window.scaleHeight = 3.0 * 13860.0;
     NameAll();
-    for (bool MapDesign::*flag : {&MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf}) {
+    for (bool MapDesign::*flag :
+         {&MapDesign::OutputCgm, &MapDesign::OutputDxf, &MapDesign::OutputWmf, &MapDesign::OutputSvg}) {
         Design.*flag = true;
         MapDraw();
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
-    EXPECT_EQ(Files(), 3U);
+    EXPECT_EQ(Files(), 4U);
 }
 
 TEST_F(SaveMap, FileThatCannotBeWrittenShowsItsBoxAndTheProgramGoesOn) {

@@ -109,7 +109,8 @@ void StartedProgram::ExpectIdle(const std::string& caption) {
     EXPECT_EQ(Design.PlotStopReason, StopReason::None);
     EXPECT_EQ(Design.LobeOffsetX, 0.0);
     EXPECT_EQ(Design.PenWidth, 1);
-    EXPECT_FALSE(Design.OutputAscii || Design.OutputCgm || Design.OutputDxf || Design.OutputWmf);
+    EXPECT_FALSE(Design.OutputAscii || Design.OutputCgm || Design.OutputDxf || Design.OutputWmf ||
+                 Design.OutputSvg);
     EXPECT_FALSE(IsFileOpen(InputFileNumber));
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
     EXPECT_EQ(surface.LiveObjects(), objectsBefore);

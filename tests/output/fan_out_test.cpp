@@ -39,12 +39,13 @@ private:
 class FanOut : public OutputTest {
 protected:
     FanOut() {
-        Writers() = {&ascii, &cgm, &dxf, &wmf};
+        Writers() = {&ascii, &cgm, &dxf, &wmf, &svg};
         Design.LobeFirst = true;
         Design.PointCount = 7;
     }
     std::vector<std::string> notes;
-    NotedWriter ascii{notes, "ascii"}, cgm{notes, "cgm"}, dxf{notes, "dxf"}, wmf{notes, "wmf"};
+    NotedWriter ascii{notes, "ascii"}, cgm{notes, "cgm"}, dxf{notes, "dxf"}, wmf{notes, "wmf"},
+        svg{notes, "svg"};
 };
 
 TEST_F(FanOut, WithoutAFlagNothingIsWritten) {
@@ -57,22 +58,20 @@ TEST_F(FanOut, WithoutAFlagNothingIsWritten) {
 }
 
 TEST_F(FanOut, PointAndBreakGoToTheFirstFlagInOrder) {
-    for (bool MapDesign::*flag :
-         {&MapDesign::OutputWmf, &MapDesign::OutputDxf, &MapDesign::OutputCgm, &MapDesign::OutputAscii}) {
+    for (bool MapDesign::*flag : {&MapDesign::OutputSvg, &MapDesign::OutputWmf, &MapDesign::OutputDxf,
+                                  &MapDesign::OutputCgm, &MapDesign::OutputAscii}) {
         Design.*flag = true;
         ScaleXY();
         PrintLineBrkDisk();
     }
-    EXPECT_THAT(notes, ElementsAre("wmf point", "wmf break", "dxf point", "dxf break", "cgm point",
-                                   "cgm break", "ascii point", "ascii break"));
+    EXPECT_THAT(notes, ElementsAre("svg point", "svg break", "wmf point", "wmf break", "dxf point",
+                                   "dxf break", "cgm point", "cgm break", "ascii point", "ascii break"));
 }
 
 TEST_F(FanOut, OneFlagIsOneWriterForAllThatIsAsked) {
     const std::vector<std::pair<bool MapDesign::*, FileWriter*>> writers = {
-        {&MapDesign::OutputAscii, &ascii},
-        {&MapDesign::OutputCgm, &cgm},
-        {&MapDesign::OutputDxf, &dxf},
-        {&MapDesign::OutputWmf, &wmf},
+        {&MapDesign::OutputAscii, &ascii}, {&MapDesign::OutputCgm, &cgm}, {&MapDesign::OutputDxf, &dxf},
+        {&MapDesign::OutputWmf, &wmf},     {&MapDesign::OutputSvg, &svg},
     };
     EXPECT_EQ(ArmedWriter(), nullptr);
     for (const auto& [flag, writer] : writers) {
