@@ -65,6 +65,9 @@ public:
     void PutBackPicture() override;
     void ShowPreview(const PixelBox& /*box*/, const std::function<void(DrawSurface&)>& /*paint*/) override {}
     void HidePreview() override {}
+    void ShowStatusLine(bool /*shown*/) override {}
+    void SetStatusText(std::string_view /*text*/) override {}
+    void SetProgress(std::optional<double> /*share*/) override {}
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu menu, int index, bool checked) override { marks[{menu, index}] = checked; }
     bool MenuChecked(Menu menu, int index) const override;

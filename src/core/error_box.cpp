@@ -54,6 +54,8 @@ void EndDrawBoxes() {
     }
 }
 
+bool DrawBoxesShown() { return !State().shown.empty(); }
+
 void ResetDrawBoxes() { State() = DrawBoxes{}; }
 
 } // namespace quelmont

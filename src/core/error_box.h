@@ -29,6 +29,8 @@ void ShowDrawBox(std::string_view title, std::string_view text);
 /// EndDrawBoxes tells their number in one last message box.
 void BeginDrawBoxes();
 void EndDrawBoxes();
+/// Whether any was shown since BeginDrawBoxes.
+bool DrawBoxesShown();
 /// Forgets a draw's message boxes and their repeats; shows nothing.
 void ResetDrawBoxes();
 

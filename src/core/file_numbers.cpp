@@ -246,6 +246,7 @@ struct OpenedFile {
     std::unique_ptr<FileDevice> device;
     std::string name;
     OpenMode mode = OpenMode::Input;
+    std::int64_t position = 0;
 };
 
 std::array<OpenedFile, 3> Files; ///< by number; 0 is never used
@@ -280,7 +281,9 @@ void OpenFile(int number, const std::string& name, OpenMode mode) {
     if (file.device || Collides(name, mode)) {
         throw RunTimeError(ErrorFileAlreadyOpen);
     }
-    file = OpenedFile{Maker(name, mode), name, mode};
+    std::unique_ptr<FileDevice> device = Maker(name, mode);
+    const std::int64_t position = mode == OpenMode::Append ? device->Length() : 0;
+    file = OpenedFile{std::move(device), name, mode, position};
 }
 
 void CloseFile(int number) {
@@ -294,11 +297,29 @@ bool IsFileOpen(int number) {
     return IsFileNumber(number) && Files[static_cast<std::size_t>(number)].device != nullptr;
 }
 
-std::size_t ReadFile(int number, std::span<std::byte> bytes) { return Opened(number).device->Read(bytes); }
+std::size_t ReadFile(int number, std::span<std::byte> bytes) {
+    OpenedFile& file = Opened(number);
+    const std::size_t count = file.device->Read(bytes);
+    file.position += static_cast<std::int64_t>(count);
+    return count;
+}
 
-void WriteFile(int number, std::span<const std::byte> bytes) { Opened(number).device->Write(bytes); }
+void WriteFile(int number, std::span<const std::byte> bytes) {
+    OpenedFile& file = Opened(number);
+    file.device->Write(bytes);
+    file.position += static_cast<std::int64_t>(bytes.size());
+}
 
-void SeekFile(int number, std::int64_t position) { Opened(number).device->Seek(position); }
+void SeekFile(int number, std::int64_t position) {
+    OpenedFile& file = Opened(number);
+    file.device->Seek(position);
+    file.position = position;
+}
+
+std::optional<std::int64_t> FilePosition(int number) {
+    return IsFileOpen(number) ? std::optional(Files[static_cast<std::size_t>(number)].position)
+                              : std::nullopt;
+}
 
 std::int64_t FileLength(int number) { return Opened(number).device->Length(); }
 

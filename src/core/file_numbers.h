@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -45,6 +46,10 @@ void WriteFile(int number, std::span<const std::byte> bytes);
 
 /// Moves to a byte counted from 0; RunTimeError "Invalid procedure call or argument" below 0.
 void SeekFile(int number, std::int64_t position);
+
+/// The byte, counted from 0, at which the next read or write of an open file begins; nothing when the number
+/// is not open.
+std::optional<std::int64_t> FilePosition(int number);
 
 /// Bytes of the open file as the operating system reports them: 0 for files that it generates as they are
 /// read (/proc), and other programs may write to a file that is open. Good for a share of the work done, not

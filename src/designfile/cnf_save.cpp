@@ -13,6 +13,9 @@
 #include "graticule/calculate_bounds.h"
 #include "platform/machine.h"
 
+#include <algorithm>
+#include <array>
+
 namespace quelmont {
 
 namespace {
@@ -67,6 +70,13 @@ bool IsOfWindow(const Record& record) {
            record.number == RecordLastBound;
 }
 
+/// Records that the picture of the map in the window does not depend on.
+bool IsNotDrawn(const Record& record) {
+    constexpr std::array notDrawn = {7, 15, 16, 17, 18, 20, 24, 25}; // widths in files, labels, pages, names
+    return IsOfWindow(record) || record.number >= RecordTextCount ||
+           std::find(notDrawn.begin(), notDrawn.end(), record.number) != notDrawn.end();
+}
+
 std::string LinesOf(bool (*leftOut)(const Record&)) {
     MapDesign design = WholeMap();
     DesignFile file{design, WindowNow(), design.MapFileCount,
@@ -98,6 +108,8 @@ std::string DesignFileText() {
 }
 
 std::string ComparableDesignText() { return LinesOf(IsOfWindow); }
+
+std::string DrawnDesignText() { return LinesOf(IsNotDrawn); }
 
 void WriteDesignFile(const std::string& name, const std::string& text) {
     const std::string target = ReplacedFileName(name);

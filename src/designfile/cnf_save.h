@@ -14,6 +14,10 @@ std::string DesignFileText();
 /// The same for comparing: without the screen, the window and the fit to it. RunTimeErrors as above.
 std::string ComparableDesignText();
 
+/// The same without what a picture of the map in the window does not show, or shows without another draw:
+/// text items, labels, pages, reports, file names. RunTimeErrors as above.
+std::string DrawnDesignText();
+
 /// Writes a text beside its target and puts it in its place when it is whole. Uses file number 2.
 /// RunTimeError as OpenFile, WriteFile, TemporaryFile::MoveTo; an earlier file then stays as it is.
 void WriteDesignFile(const std::string& name, const std::string& text);

@@ -58,11 +58,15 @@ std::string DroppedDesign(const QDropEvent& event) {
 } // namespace
 
 DesktopWindow::DesktopWindow()
-    : area(new DrawingArea), menus(*menuBar(), [this](Menu menu, int index) { Clicked(menu, index); }) {
+    : area(new DrawingArea), statusLine(new StatusLine(this)),
+      menus(*menuBar(), [this](Menu menu, int index) { Clicked(menu, index); }) {
     QApplication::setWindowIcon(ProgramIcon());
     setWindowIcon(ProgramIcon());
-    setMinimumSize(SmallestWindow);
-    resize(DesignedSize(screen()->availableSize()));
+    const QSize line(0, statusLine->height());
+    setStatusBar(statusLine);
+    setMinimumSize(SmallestWindow + line);
+    normalSize = DesignedSize(screen()->availableSize() - line);
+    resize(normalSize + line);
     menuBar()->setNativeMenuBar(false);
     // Escape also reaches a draw when the keyboard is with the menu bar.
     menuBar()->installEventFilter(this);
@@ -104,7 +108,7 @@ double DesktopWindow::ScaleHeight() const {
 
 WindowPlace DesktopWindow::Place() const {
     const bool normal = !(windowState() & SpecialStates);
-    const QSize size = normal ? this->size() : normalGeometry().size();
+    const QSize size = normal ? this->size() - QSize(0, StatusHeight()) : normalSize;
     const QPoint corner = normal && TellsPlaces() ? pos() : normalCorner;
     const double twips = TwipsPerUnit(*screen());
     return {corner.x() * twips, corner.y() * twips, size.width() * twips, size.height() * twips};
@@ -114,8 +118,11 @@ void DesktopWindow::SetPlace(const WindowPlace& place) {
     const double twips = TwipsPerUnit(*screen());
     const QPoint corner(RoundToInt32(place.left / twips), RoundToInt32(place.top / twips));
     const QSize size(RoundToInt32(place.width / twips), RoundToInt32(place.height / twips));
-    const QRect fitted = BroughtBack(QRect(corner, size.expandedTo(SmallestWindow)));
+    const QSize line(0, StatusHeight());
+    const QRect fitted = BroughtBack(QRect(corner, size.expandedTo(SmallestWindow) + line));
     normalCorner = fitted.topLeft();
+    normalSize = fitted.size() - line;
+    normalStatus = !line.isNull();
     resize(fitted.size());
     if (TellsPlaces()) {
         move(normalCorner);
@@ -138,6 +145,7 @@ void DesktopWindow::SetAreaSize(std::int32_t width, std::int32_t height) {
     const QSize wanted(width, height);
     QSize units(static_cast<int>(std::ceil(width / ratio - tolerance)),
                 static_cast<int>(std::ceil(height / ratio - tolerance)));
+    normalStatus = !statusLine->isHidden();
     const QSize around = size() - area->size();
     resize(units + around);
     layout()->activate();
@@ -145,6 +153,50 @@ void DesktopWindow::SetAreaSize(std::int32_t width, std::int32_t height) {
     const QSize has = area->DeviceSize();
     units += QSize(has.width() < wanted.width() ? 1 : 0, has.height() < wanted.height() ? 1 : 0);
     resize(units + around);
+    layout()->activate();
+    normalSize = size() - QSize(0, StatusHeight());
+}
+
+int DesktopWindow::StatusHeight() const { return statusLine->isHidden() ? 0 : statusLine->height(); }
+
+void DesktopWindow::ShowStatusLine(bool shown) {
+    if (shown != statusLine->isHidden()) {
+        return;
+    }
+    const bool normal = !(windowState() & SpecialStates);
+    const QSize without = size() - QSize(0, StatusHeight());
+    statusLine->setVisible(shown);
+    const QSize line(0, StatusHeight());
+    setMinimumSize(SmallestWindow + line);
+    if (normal) {
+        normalStatus = shown;
+        resize(without + line);
+        FitToScreen();
+    }
+    layout()->activate();
+}
+
+void DesktopWindow::FitToScreen() {
+    const QRect available = screen()->availableGeometry();
+    const int below = frameGeometry().bottom() - available.bottom();
+    if (below <= 0 || !isVisible()) {
+        return;
+    }
+    const int room = TellsPlaces() ? frameGeometry().top() - available.top() : 0;
+    if (const int up = std::clamp(room, 0, below); up > 0) {
+        move(pos() - QPoint(0, up));
+    }
+    const int frame = frameGeometry().height() - height();
+    resize(width(), std::min(height(), available.height() - frame));
+}
+
+void DesktopWindow::RestoreSize() {
+    if ((windowState() & SpecialStates) || normalStatus == !statusLine->isHidden()) {
+        return;
+    }
+    normalStatus = !statusLine->isHidden();
+    resize(normalSize + QSize(0, StatusHeight()));
+    FitToScreen();
     layout()->activate();
 }
 
@@ -307,6 +359,11 @@ void DesktopWindow::changeEvent(QEvent* event) {
         !(static_cast<QWindowStateChangeEvent*>(event)->oldState() & SpecialStates)) {
         // From here on the frame is that of another state.
         normalCorner = normalGeometry().topLeft() - (geometry().topLeft() - frameGeometry().topLeft());
+        normalSize = normalGeometry().size() - QSize(0, normalStatus ? statusLine->height() : 0);
+    } else if (event->type() == QEvent::WindowStateChange && !(windowState() & SpecialStates)) {
+        // Behind the change of the size that belongs to the change of the state.
+        QMetaObject::invokeMethod(
+            this, [this] { RestoreSize(); }, Qt::QueuedConnection);
     }
     QMainWindow::changeEvent(event);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/drawing_area.h"
+#include "desktop/status_line.h"
 #include "desktop/window_menus.h"
 #include "platform/main_window.h"
 
@@ -13,16 +14,17 @@ namespace quelmont {
 
 /// The program's window on the screen.
 ///
-/// It opens at 1024 x 740, or four fifths of a smaller screen, and is never smaller than 480 x 340.
-/// One command runs at a time. While one runs, only the menu bar, Escape and the close button act,
-/// and closing stops a draw and waits until the command has returned. Closing asks about a design with
-/// unsaved changes, unless the session ends: then the kept one stays.
+/// It opens at 1024 x 740, or four fifths of a smaller screen, and is never smaller than 480 x 340; the
+/// status line comes on top of that. One command runs at a time. While one runs, only the menu bar, Escape
+/// and the close button act, and closing stops a draw and waits until the command has returned. Closing asks
+/// about a design with unsaved changes, unless the session ends: then the kept one stays.
 class DesktopWindow final : public QMainWindow, public MainWindow {
 public:
     DesktopWindow();
     ~DesktopWindow() override;
 
     DrawingArea& Area() { return *area; }
+    StatusLine& Status() { return *statusLine; }
     QAction* Action(Menu menu, int index) const { return menus.Action(menu, index); }
     /// A command runs.
     bool Busy() const { return busy; }
@@ -53,6 +55,9 @@ public:
     void PutBackPicture() override;
     void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) override;
     void HidePreview() override { area->HidePreview(); }
+    void ShowStatusLine(bool shown) override;
+    void SetStatusText(std::string_view text) override { statusLine->SetText(text); }
+    void SetProgress(std::optional<double> share) override { statusLine->SetProgress(share); }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menus.SetEnabled(menu, index, enabled);
     }
@@ -80,12 +85,23 @@ private:
     static bool TakenByText(const QKeyEvent& event);
     void Repaint();
 
+    /// What the status line takes of the window's height, units of the screen.
+    int StatusHeight() const;
+    void FitToScreen();
+    /// The window is neither maximised nor minimised again, and the status line was switched meanwhile.
+    void RestoreSize();
+
     DrawingArea* area;
+    StatusLine* statusLine;
     WindowMenus menus;
     QElapsedTimer sinceRepaint;
     /// Corner of the frame when the window was last neither maximised nor minimised; also what is
     /// kept where the window system tells no places.
     QPoint normalCorner;
+    /// Its size then, without the status line.
+    QSize normalSize;
+    /// Whether it had the status line then.
+    bool normalStatus = true;
     bool autoRedraw = false;
     bool repaintDue = false;
     bool busy = false;

@@ -3,6 +3,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
+#include "mainwindow/kept_choices.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/projection_menu.h"
@@ -99,6 +100,7 @@ void ClickMenuItem(Menu menu, int index) {
         }
     }
     TellChange(TextOf(menu, index), KindOf(menu));
+    KeepChoices();
 }
 
 void ToggleCaption() {

@@ -20,7 +20,7 @@ void mnuAbout_Click(int Index);
 void mnuRecent_Click(int Index);
 
 /// A click on a title or an item of any menu, which ends the placing of a text. A run-time failure of its
-/// handler shows "Error in " and the handler's name.
+/// handler shows "Error in " and the handler's name. Kept choices that it changed are written.
 void ClickMenuItem(Menu menu, int index);
 
 /// Shows or removes the pixel size of the drawing area at the front of the window's caption, as the

@@ -6,6 +6,7 @@
 #include "designfile/cnf_save.h"
 #include "dialogs/file_questions.h"
 #include "mainwindow/commands.h"
+#include "mainwindow/drawn_picture.h"
 #include "mainwindow/kept_design.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
@@ -64,6 +65,7 @@ void ShowRecalled() {
     if (!window.CopyPixels().pixels.empty()) {
         window.Cls(); // the picture is that of another design
     }
+    ForgetPicture();
     ToggleCaption();
 }
 

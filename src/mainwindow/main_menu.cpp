@@ -6,6 +6,7 @@
 #include "mainwindow/print_commands.h"
 #include "mainwindow/projection_menu.h"
 #include "mainwindow/save_map.h"
+#include "mainwindow/view_commands.h"
 #include "platform/machine.h"
 #include "projection/projection_table.h"
 
@@ -82,7 +83,7 @@ constexpr std::array EditMenu = {
 
 constexpr std::array ViewMenu = {
     MenuEntry{SmoothLinesItem,       "&Smooth Lines",            nullptr,           {}, true},
-    MenuEntry{StatusLineItem,        "Status &Line",             nullptr,           {}, true},
+    MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
     MenuEntry{RedrawItem,            "&Redraw by Itself",        nullptr,           {}, true},
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mainwindow/drawn_picture.h"
 #include "mainwindow/kept_file.h"
 #include "output/ascii/ascii_writer.h"
 #include "output/cgm/cgm_writer.h"
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quelmont {
 
@@ -40,11 +42,14 @@ struct MainWindowState {
     std::string SavedCaption;                      ///< of the window, at the start of a draw
     std::int32_t TextCursorX = 0, TextCursorY = 0; ///< place of the last click, twips
     Placing placing;
-    bool DesignHasFile = false;   ///< the design was saved or recalled
-    std::string SavedDesign;      ///< what its file holds, as ComparableDesignText tells it
-    std::optional<KeptFile> Kept; ///< where this process keeps the design
-    std::string ToldDesign;       ///< the design as it was when Changes was told of it last
-    std::string PdfFileName;      ///< of the map saved as PDF last
+    std::optional<DrawnPicture> Picture;  ///< on the window; nothing before the first draw
+    bool Quiet = false;                   ///< a draw that nobody asked for does not beep
+    bool DesignHasFile = false;           ///< the design was saved or recalled
+    std::string SavedDesign;              ///< what its file holds, as ComparableDesignText tells it
+    std::optional<KeptFile> Kept;         ///< where this process keeps the design
+    std::string ToldDesign;               ///< the design as it was when Changes was told of it last
+    std::vector<std::string> ChoicesKept; ///< texts of the choices that the settings file holds
+    std::string PdfFileName;              ///< of the map saved as PDF last
     ProgramWriters writers;
 };
 

@@ -4,6 +4,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/stop_signals.h"
+#include "mainwindow/drawn_picture.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/plot_stages.h"
 #include "mainwindow/text_placing.h"
@@ -61,14 +62,18 @@ void MapDraw() {
     BeginDrawBoxes();
     const StopSignals stopSignals;
     if (Guarded(Routine, Fit)) {
-        Guarded(Routine, [] {
+        bool whole = false;
+        Guarded(Routine, [&] {
             Begin();
-            if (RunStages(StopCaption)) {
+            whole = RunStages(StopCaption);
+            if (whole) {
                 PrintTextOnWindow();
             }
         });
         End();
+        NotePicture(whole && !DrawBoxesShown());
     } else {
+        ForgetPicture();
         DisarmExports();
     }
     EndDrawBoxes();

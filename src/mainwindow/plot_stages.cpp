@@ -11,6 +11,7 @@
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mapinput/map_plot.h"
+#include "mapinput/plot_progress.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
 #include "output/export_file.h"
@@ -62,6 +63,7 @@ void ShowGrid(bool stopped) {
 /// One pass over the grid and the map files. False when it was stopped.
 bool Pass(std::string_view stopCaption) {
     Machine().window->SetCaption(stopCaption);
+    Machine().window->SetStatusText(Design.PrintingNow ? "Printing the grid" : "Drawing the grid");
     PlotGridTimed();
     const bool stopped = Stopped(true);
     ShowGrid(stopped);
@@ -72,7 +74,7 @@ bool Pass(std::string_view stopCaption) {
     if (Stopped(false)) {
         return false;
     }
-    if (!Design.PrintingNow) {
+    if (!Design.PrintingNow && !MainWindowNow.Quiet) {
         Machine().clock->Beep();
     }
     return true;
@@ -109,6 +111,7 @@ void ShowLabelsOfLobes() {
 /// False when the draw was stopped.
 bool LobePasses(std::string_view stopCaption) {
     const std::vector<std::int16_t> lobes = LobesToDraw();
+    BeginProgress(lobes.size());
     bool whole = true;
     for (std::size_t i = 0; whole && i < lobes.size(); ++i) {
         const std::int16_t lobe = lobes[i];
@@ -159,7 +162,11 @@ void BeginStages() {
 }
 
 bool RunStages(std::string_view stopCaption) {
-    return Design.ProjNum == ProjInterruptedMollweide ? LobePasses(stopCaption) : Pass(stopCaption);
+    if (Design.ProjNum == ProjInterruptedMollweide) {
+        return LobePasses(stopCaption);
+    }
+    BeginProgress(1);
+    return Pass(stopCaption);
 }
 
 void EndStages(std::string_view routine) {
@@ -176,6 +183,8 @@ void EndStages(std::string_view routine) {
 
 void GiveWindowBack(std::string_view routine) {
     MainWindow& window = *Machine().window;
+    EndProgress();
+    window.SetStatusText({});
     Design.PenWidth = 1;
     window.SetMousePointer(MousePointer::Normal);
     window.SetCaption(MainWindowNow.SavedCaption);

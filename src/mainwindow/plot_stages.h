@@ -18,7 +18,8 @@ void ScaleAscii();
 void BeginStages();
 
 /// The grid and the map files, once, or once per lobe of the interrupted projection, under a caption that
-/// tells how to stop. False when the plotting was stopped; the reason is taken off.
+/// tells how to stop; the status line tells which of them is drawn, and how much of the files was read. False
+/// when the plotting was stopped; the reason is taken off.
 bool RunStages(std::string_view stopCaption);
 
 /// Stops the clock, and gives up the exports and the pen that a stage left. The failures to delete that one
@@ -26,7 +27,7 @@ bool RunStages(std::string_view stopCaption);
 /// Writes  PlotSeconds, the lobe, the export flags, OutputFileName, TextItems.
 void EndStages(std::string_view routine);
 
-/// Pointer, caption and menus as before. Writes  PenWidth, PlotStopReason.
+/// Pointer, caption, status line and menus as before. Writes  PenWidth, PlotStopReason.
 void GiveWindowBack(std::string_view routine);
 
 /// Clears the flags of all exports.

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "core/print_units.h"
+#include "mainwindow/kept_choices.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/profile_file.h"
 #include "platform/machine.h"
@@ -36,15 +37,6 @@ std::optional<std::string> UserFile() {
     return folder.empty() ? std::nullopt : std::optional(folder + FileName);
 }
 
-std::string Setting(const char* key) {
-    if (const auto user = UserFile()) {
-        if (const auto value = ReadProfileString(*user, Section, key)) {
-            return *value;
-        }
-    }
-    return ReadProfileString(ProgramFile(), Section, key).value_or("");
-}
-
 /// The numbers of a text separated by blanks; what is no number or too large counts as 0.
 std::vector<double> Numbers(const std::string& text) {
     std::vector<double> numbers;
@@ -67,13 +59,13 @@ std::array<double, 2> ScreenTwips() {
 }
 
 bool ScreenShrank() {
-    const std::vector<double> before = Numbers(Setting("ScreenSize"));
+    const std::vector<double> before = Numbers(ReadSetting("ScreenSize"));
     const std::array<double, 2> now = ScreenTwips();
     return before.size() >= 2 && (now[0] < before[0] || now[1] < before[1]);
 }
 
 void ReadPlace() {
-    const std::vector<double> n = Numbers(Setting("MainWindow"));
+    const std::vector<double> n = Numbers(ReadSetting("MainWindow"));
     if (n.size() < 4 || n[2] < SmallestSize || n[3] < SmallestSize) {
         return;
     }
@@ -85,9 +77,17 @@ void ReadPlace() {
     Machine().window->SetPlace({n[0], n[1], n[2], n[3]});
 }
 
-bool IsFlagSet(const std::string& text) {
-    const std::vector<double> numbers = Numbers(text);
-    return (!numbers.empty() && numbers[0] != 0.0) || text == "True" || text == "true";
+std::string RecentKey(std::size_t i) { return "RecentDesign" + std::to_string(i + 1); }
+
+} // namespace
+
+std::string ReadSetting(const char* key) {
+    if (const auto user = UserFile()) {
+        if (const auto value = ReadProfileString(*user, Section, key)) {
+            return *value;
+        }
+    }
+    return ReadProfileString(ProgramFile(), Section, key).value_or("");
 }
 
 bool WriteSetting(const char* key, const std::string& value) {
@@ -105,9 +105,21 @@ bool WriteSetting(const char* key, const std::string& value) {
     return WriteProfileString(*user, Section, key, value);
 }
 
-std::string RecentKey(std::size_t i) { return "RecentDesign" + std::to_string(i + 1); }
+std::optional<bool> FlagOfSetting(std::string_view text) {
+    if (text == "True" || text == "true") {
+        return true;
+    }
+    if (text == "False" || text == "false") {
+        return false;
+    }
+    const std::vector<double> numbers = Numbers(std::string(text));
+    if (numbers.empty() || text.find_first_of("0123456789") == std::string_view::npos) {
+        return std::nullopt;
+    }
+    return numbers[0] != 0.0;
+}
 
-} // namespace
+std::string SettingOfFlag(bool flag) { return flag ? "-1" : "0"; }
 
 std::string SettingsFileFolder() {
     std::string program = Machine().places->ProgramFolder();
@@ -123,7 +135,7 @@ std::string SettingsFileFolder() {
 std::vector<std::string> RecentDesigns() {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < RecentDesignsMost; ++i) {
-        std::string name = Setting(RecentKey(i).c_str());
+        std::string name = ReadSetting(RecentKey(i).c_str());
         if (!name.empty()) {
             names.push_back(std::move(name));
         }
@@ -137,24 +149,25 @@ void AddRecentDesign(const std::string& name) {
     names.insert(names.begin(), name);
     names.resize(std::min(names.size(), RecentDesignsMost));
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (Setting(RecentKey(i).c_str()) != names[i] && !WriteSetting(RecentKey(i).c_str(), names[i])) {
+        if (ReadSetting(RecentKey(i).c_str()) != names[i] && !WriteSetting(RecentKey(i).c_str(), names[i])) {
             return;
         }
     }
 }
 
 void ReadSettings() {
-    const std::vector<double> units = Numbers(Setting("PrinterUnits"));
+    const std::vector<double> units = Numbers(ReadSetting("PrinterUnits"));
     for (const std::int32_t unit : {InchTwips, CentimetreTwips}) {
         if (!units.empty() && units[0] == unit) {
             ChangePrintUnit(unit);
         }
     }
+    ReadKeptChoices();
     if (ScreenShrank()) {
         return;
     }
     ReadPlace();
-    if (IsFlagSet(Setting("WindowMaximized"))) {
+    if (FlagOfSetting(ReadSetting("WindowMaximized")).value_or(false)) {
         Machine().window->Maximise();
     }
 }
@@ -168,7 +181,7 @@ void WriteSettings() {
         {"ScreenSize", PlainNumber(screen[0]) + " " + PlainNumber(screen[1])},
         {"MainWindow", PlainNumber(place.left) + " " + PlainNumber(place.top) + " " +
                            PlainNumber(place.width) + " " + PlainNumber(place.height)},
-        {"WindowMaximized", window.IsZoomed() ? "-1" : "0"},
+        {"WindowMaximized", SettingOfFlag(window.IsZoomed())},
     }};
     for (std::size_t i = 0; i < settings.size(); ++i) {
         if (!WriteSetting(settings[i].first, settings[i].second)) {

@@ -1,12 +1,26 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quelmont {
 
+/// The value of a key in "Qmnt.ini", from the settings folder first, then from the program's; empty when
+/// there is none.
+std::string ReadSetting(const char* key);
+
+/// Writes a key where WriteSettings writes its own. False when that cannot be written.
+bool WriteSetting(const char* key, const std::string& value);
+
+/// A flag as the settings have it; nothing for a text that is none.
+std::optional<bool> FlagOfSetting(std::string_view text);
+std::string SettingOfFlag(bool flag);
+
 /// Takes the printing unit, in which all lengths of pages then are, and the window's place from "Qmnt.ini",
-/// and leaves what it does not find there as it is. Pages are measured in inches or centimetres alone.
+/// and the kept choices, and leaves what it does not find there as it is. Pages are measured in inches or
+/// centimetres alone.
 ///
 /// The file is looked for in the settings folder first, then in the program's. The place and the
 /// maximised state count only if the screen is at least as large as it was. No fault of the file is

@@ -7,10 +7,12 @@
 #include "graticule/calculate_bounds.h"
 #include "mainwindow/design_commands.h"
 #include "mainwindow/file_writers.h"
+#include "mainwindow/kept_choices.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/projection_menu.h"
 #include "mainwindow/told_changes.h"
+#include "mainwindow/view_commands.h"
 #include "mapfiles/feature_rows.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
@@ -29,6 +31,7 @@ void ResetMenus() {
     MarkMenuItem(Menu::mnuInput, NoItem);
     MarkMenuItem(Menu::mnuAbout, NoItem);
     Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
+    SwitchStatusLine(true);
     EnableMenuBar(false);
     ShowRecentDesigns();
 }
@@ -52,6 +55,7 @@ void StartUp() {
     ScaleScreen();
     Design.InputFiles = {NewMapFileEntry(Design.MapFileDefault)};
     NoteDesign();
+    NoteChoices();
 }
 
 } // namespace quelmont

@@ -16,6 +16,7 @@
 #include "mapinput/map_point.h"
 #include "mapinput/minute_grid_reader.h"
 #include "mapinput/packed_reader.h"
+#include "mapinput/plot_progress.h"
 #include "mapinput/world_reader.h"
 #include "output/draw_target.h"
 #include "output/export_file.h"
@@ -150,7 +151,10 @@ MapPlotRun::After MapPlotRun::PlotFile(std::int32_t index) {
     }
     const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(index - 1)];
     fileName = file.MapFileName;
-    Machine().window->SetCaption(caption + " " + ParseFileName(fileName).title);
+    const std::string title = ParseFileName(fileName).title;
+    Machine().window->SetCaption(caption + " " + title);
+    Machine().window->SetStatusText((Design.PrintingNow ? "Printing " : "Drawing ") + title);
+    BeginFileProgress(index);
     SelectDevice();
     point.BeginFile();
     Design.CurrentSymbolType = file.MapFileType;

@@ -4,6 +4,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "mapinput/map_input_state.h"
+#include "mapinput/plot_progress.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
 #include "projection/utm.h"
@@ -60,6 +61,7 @@ bool MapPoint::SkipPoints(std::int64_t count) {
 }
 
 bool MapPoint::RunEvents() {
+    ShowProgress();
     Machine().pump->DoEvents();
     return Design.PlotStopReason != StopReason::Escape;
 }

@@ -164,6 +164,7 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuDesign,        10, {"pixel-size", ""}},
     {Menu::mnuDesign,        12, {"reports", ""}},
     {Menu::mnuDesign,        13, {"reports", "great-circle-report"}},
+    {Menu::mnuView,           1, {"view-menu", "status-line"}},
     {Menu::mnuAbout,          0, {"help-menu", ""}},
     {Menu::mnuAbout,          1, {"help-menu", ""}},
     {Menu::mnuAbout,          3, {"help-menu", "about-quelmont"}},

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,7 +59,8 @@ struct PixelBox {
     bool operator==(const PixelBox&) const = default;
 };
 
-/// The program's one window: a menu bar over a drawing area with a persistent back image.
+/// The program's one window: a menu bar over a drawing area with a persistent back image, and a line that
+/// tells what the program is doing under it.
 class MainWindow {
 public:
     virtual ~MainWindow() = default;
@@ -70,6 +72,7 @@ public:
     virtual double ScaleWidth() const = 0;
     virtual double ScaleHeight() const = 0;
 
+    /// Where the window is, without the line under the drawing area.
     virtual WindowPlace Place() const = 0;
     virtual void SetPlace(const WindowPlace& place) = 0;
     virtual bool IsZoomed() const = 0;
@@ -106,6 +109,15 @@ public:
     /// so before. paint draws it, inside the box, on a surface that has the places of the back image.
     virtual void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) = 0;
     virtual void HidePreview() = 0;
+
+    /// Shows or hides the line under the drawing area. The drawing area keeps its size, as far as the screen
+    /// has room, and the window grows or shrinks; a maximised window gives the line a part of its area.
+    virtual void ShowStatusLine(bool shown) = 0;
+    /// What stands in that line, shown or not: UTF-8, empty for nothing.
+    virtual void SetStatusText(std::string_view text) = 0;
+    /// The share of a work that is done, 0 to 1, beside the text; nothing when no work is being done. Cheap
+    /// enough to be called at every turn of a loop.
+    virtual void SetProgress(std::optional<double> share) = 0;
 
     virtual void SetMenuEnabled(Menu menu, int index, bool enabled) = 0;
     virtual void SetMenuChecked(Menu menu, int index, bool checked) = 0;

@@ -289,7 +289,7 @@ TEST_F(DrawInWindow, SmallerWindowShowsAPartOfThePicture) {
     EXPECT_EQ(Picture(), drawn);
     const QImage seen = SeenOfArea();
     EXPECT_EQ(seen, drawn.copy(seen.rect()));
-    Window().resize(1024, 740);
+    Window().resize(QSize(1024, 740) + QSize(0, Window().Status().height()));
     QCoreApplication::processEvents();
     EXPECT_EQ(SeenOfArea(), drawn) << "nothing of it was lost";
 }

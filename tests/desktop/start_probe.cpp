@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     quelmont::DesktopWindow& window = desktop.Window();
     std::cout << "caption " << window.Caption() << '\n'
               << "visible " << window.isVisible() << '\n'
-              << "size " << window.width() << ' ' << window.height() << '\n'
+              << "size " << window.width() << ' ' << window.height() - window.Status().height() << '\n'
               << "place " << window.x() << ' ' << window.y() << '\n'
               << "program " << quelmont::Machine().places->ProgramFolder() << '\n'
               << "settings " << quelmont::Machine().places->SettingsFolder() << '\n'

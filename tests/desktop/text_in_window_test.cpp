@@ -290,7 +290,7 @@ TEST_F(TextInWindow, ResizingMovesNothing) {
     EXPECT_EQ(Difference(seen, Picture().copy(seen.rect())), before);
     Key(Qt::Key_Escape);
     EXPECT_EQ(Design.TextItems.at(0).TextX, 4500);
-    Window().resize(1024, 740);
+    Window().resize(QSize(1024, 740) + QSize(0, Window().Status().height()));
     QCoreApplication::processEvents();
     EXPECT_EQ(Design.TextItems.at(0).TextY, 3000);
     EXPECT_EQ(SeenOfArea(), Picture());

@@ -31,8 +31,9 @@ protected:
 };
 
 TEST_F(MainWindowOnScreen, OpensInItsDesignedSizeWithoutABox) {
-    EXPECT_EQ(Window().size(), QSize(1024, 740));
-    EXPECT_EQ(Window().minimumSize(), QSize(480, 340));
+    const QSize line(0, Window().Status().height());
+    EXPECT_EQ(Window().size(), QSize(1024, 740) + line);
+    EXPECT_EQ(Window().minimumSize(), QSize(480, 340) + line);
     EXPECT_FALSE(Window().windowIcon().isNull());
     EXPECT_FALSE(Window().windowIcon().availableSizes().isEmpty());
     EXPECT_EQ(Window().Caption(), "Quelmont: Equirectangular projection");
@@ -53,7 +54,7 @@ TEST_F(MainWindowOnScreen, MenuBarLiesInsideTheWindow) {
     EXPECT_EQ(Window().menuBar()->mapTo(&Window(), QPoint(0, 0)), QPoint(0, 0));
     EXPECT_TRUE(Window().menuBar()->isVisible());
     EXPECT_EQ(Area().mapTo(&Window(), QPoint(0, 0)), QPoint(0, Window().menuBar()->height()));
-    EXPECT_EQ(Area().height(), Window().height() - Window().menuBar()->height());
+    EXPECT_EQ(Area().height(), Window().height() - Window().menuBar()->height() - Window().Status().height());
 }
 
 /// The items of a menu on the screen against the table, lower menus included.
@@ -219,7 +220,7 @@ TEST_F(MainWindowOnScreen, IsBroughtBackFromBeyondTheScreen) {
 TEST_F(MainWindowOnScreen, IsNeverSmallerThanItsMinimum) {
     WriteProfileString(folder / "Qmnt.ini", "Quelmont", "MainWindow", "1500 1500 1500 1500");
     Restart();
-    EXPECT_EQ(Window().size(), QSize(480, 340));
+    EXPECT_EQ(Window().size(), QSize(480, 340) + QSize(0, Window().Status().height()));
 }
 
 TEST_F(MainWindowOnScreen, ClosedWindowSavesOnce) {

@@ -119,6 +119,11 @@ void ScriptedWindow::SetCaption(std::string_view text) {
     captions.emplace_back(text);
 }
 
+void ScriptedWindow::SetStatusText(std::string_view text) {
+    statusText = text;
+    statusTexts.emplace_back(text);
+}
+
 void ScriptedWindow::SetMousePointer(MousePointer shape) {
     pointer = shape;
     pointers.push_back(shape);

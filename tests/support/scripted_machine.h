@@ -10,6 +10,7 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -89,6 +90,12 @@ public:
     void PutBackPicture() override;
     void ShowPreview(const PixelBox& box, const std::function<void(DrawSurface&)>& paint) override;
     void HidePreview() override { previewShown = false; }
+    void ShowStatusLine(bool shown) override { statusLineShown = shown; }
+    void SetStatusText(std::string_view text) override;
+    void SetProgress(std::optional<double> share) override {
+        progress = share;
+        progresses.push_back(share);
+    }
     void SetMenuEnabled(Menu menu, int index, bool enabled) override {
         menusEnabled[{menu, index}] = enabled;
     }
@@ -125,6 +132,11 @@ public:
     PixelBox previewBox;      ///< of the preview shown last
     int previews = 0;         ///< calls of ShowPreview
     bool previewShown = false;
+    bool statusLineShown = true;
+    std::string statusText;
+    std::vector<std::string> statusTexts; ///< every text that was set
+    std::optional<double> progress;
+    std::vector<std::optional<double>> progresses; ///< every share that was set
     std::map<std::pair<Menu, int>, bool> menusEnabled;
     std::map<std::pair<Menu, int>, bool> menusChecked;
     std::map<std::pair<Menu, int>, std::string> menuTexts;

@@ -1,0 +1,70 @@
+#include "mainwindow/kept_choices.h"
+
+#include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
+#include "mainwindow/settings.h"
+#include "mainwindow/view_commands.h"
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace quelmont {
+
+namespace {
+
+std::string StatusLineText() { return SettingOfFlag(IsSwitchedOn(StatusLineItem)); }
+
+void TakeStatusLine(std::string_view text) {
+    SwitchStatusLine(FlagOfSetting(text).value_or(IsSwitchedOn(StatusLineItem)));
+}
+
+constexpr std::array Choices = std::to_array<KeptChoice>({
+    {"StatusLine", StatusLineText, TakeStatusLine},
+});
+
+std::vector<std::string> TextsNow() {
+    std::vector<std::string> texts;
+    for (const KeptChoice& choice : Choices) {
+        texts.push_back(choice.text());
+    }
+    return texts;
+}
+
+} // namespace
+
+std::span<const KeptChoice> KeptChoices() { return Choices; }
+
+void ReadKeptChoices() {
+    for (const KeptChoice& choice : Choices) {
+        const std::string text = ReadSetting(choice.key);
+        if (!text.empty()) {
+            choice.take(text);
+        }
+    }
+    NoteChoices();
+}
+
+void KeepChoices() {
+    const std::vector<std::string> texts = TextsNow();
+    for (std::size_t i = 0; i < Choices.size(); ++i) {
+        if (i < MainWindowNow.ChoicesKept.size() && texts[i] != MainWindowNow.ChoicesKept[i]) {
+            WriteSetting(Choices.at(i).key, texts[i]);
+        }
+    }
+    MainWindowNow.ChoicesKept = texts;
+}
+
+void NoteChoices() { MainWindowNow.ChoicesKept = TextsNow(); }
+
+std::string DrawnChoices() {
+    std::string texts;
+    for (const KeptChoice& choice : Choices) {
+        if (choice.drawn) {
+            texts += choice.text() + '\n';
+        }
+    }
+    return texts;
+}
+
+} // namespace quelmont

@@ -1,0 +1,146 @@
+#include "mainwindow/kept_choices.h"
+
+#include "mainwindow/commands.h"
+#include "mainwindow/main_menu.h"
+#include "mainwindow/profile_file.h"
+#include "mainwindow/settings.h"
+#include "mainwindow/start_up.h"
+#include "mainwindow/started_program.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+#include <set>
+
+namespace quelmont {
+namespace {
+
+using testing::IsEmpty;
+
+class Choices : public StartedProgram {
+protected:
+    Choices() {
+        machine.places.programFolder = folder.Path() + "/";
+        machine.places.settingsFolder.clear();
+    }
+    void Keep(std::string_view lines) const { WriteWholeFile(File(), "[Quelmont]\n" + std::string(lines)); }
+    std::string File() const { return folder / "Qmnt.ini"; }
+    std::optional<std::string> Kept(const char* key) const {
+        return ReadProfileString(File(), "Quelmont", key);
+    }
+    void ClickStatusLine() { ClickMenuItem(Menu::mnuView, StatusLineItem); }
+    bool HasStatusLine() const {
+        EXPECT_EQ(window.statusLineShown, window.MenuChecked(Menu::mnuView, StatusLineItem));
+        return window.statusLineShown;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Choices, StatusLineIsShownAtFirst) {
+    window.statusLineShown = false;
+    StartUp();
+    EXPECT_TRUE(HasStatusLine());
+}
+
+TEST_F(Choices, ItemSwitchesTheStatusLine) {
+    ClickStatusLine();
+    EXPECT_FALSE(HasStatusLine());
+    ClickStatusLine();
+    EXPECT_TRUE(HasStatusLine());
+}
+
+TEST_F(Choices, ChangedChoiceIsWrittenAtOnce) {
+    ClickStatusLine();
+    EXPECT_EQ(Kept("StatusLine"), "0");
+    ClickStatusLine();
+    EXPECT_EQ(Kept("StatusLine"), "-1");
+}
+
+TEST_F(Choices, UnchangedChoicesAreNotWritten) {
+    ClickMenuItem(Menu::mnuDesign, PixelSizeItem);
+    EXPECT_FALSE(std::filesystem::exists(File()));
+    Keep("StatusLine=0\n");
+    ReadSettings();
+    Keep("StatusLine=-1\n"); // by another window of the program
+    ClickMenuItem(Menu::mnuDesign, PixelSizeItem);
+    EXPECT_EQ(Kept("StatusLine"), "-1");
+}
+
+TEST_F(Choices, ComeBackAtTheNextStart) {
+    ClickStatusLine();
+    StartUp();
+    EXPECT_TRUE(HasStatusLine()) << "before the settings are read";
+    ReadSettings();
+    EXPECT_FALSE(HasStatusLine());
+}
+
+TEST_F(Choices, FlagsOfBothKindsAreKnown) {
+    for (const auto& [text, on] : {std::pair{"0", false},
+                                   {"False", false},
+                                   {"false", false},
+                                   {"-1", true},
+                                   {"1", true},
+                                   {"True", true}}) {
+        StartUp();
+        if (on) {
+            ClickStatusLine();
+        }
+        Keep("StatusLine=" + std::string(text) + "\n");
+        ReadSettings();
+        EXPECT_EQ(HasStatusLine(), on) << text;
+    }
+}
+
+TEST_F(Choices, NonsenseLeavesTheChoice) {
+    for (const char* nonsense : {"", "yes", "\"\"", "--", "\xFF\xFE", "="}) {
+        StartUp();
+        Keep("StatusLine=" + std::string(nonsense) + "\n");
+        ReadSettings();
+        EXPECT_TRUE(HasStatusLine()) << nonsense;
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(Choices, RandomBytesBringNoChoiceOutOfItsRange) {
+    std::mt19937 random(2);
+    for (int round = 0; round < 200; ++round) {
+        std::string lines;
+        for (const KeptChoice& choice : KeptChoices()) {
+            lines += std::string(choice.key) + "=";
+            for (int i = 0; i < 40; ++i) {
+                lines += static_cast<char>(random() % 256);
+            }
+            lines += '\n';
+        }
+        Keep(lines);
+        ReadSettings();
+        for (const KeptChoice& choice : KeptChoices()) {
+            const std::string text = choice.text();
+            choice.take(text);
+            EXPECT_EQ(choice.text(), text) << choice.key << " comes back";
+        }
+    }
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(Choices, HaveKeysOfTheirOwn) {
+    std::set<std::string> keys = {"PrinterUnits", "ScreenSize", "MainWindow", "WindowMaximized"};
+    for (const KeptChoice& choice : KeptChoices()) {
+        EXPECT_TRUE(keys.insert(choice.key).second) << choice.key;
+        EXPECT_EQ(choice.text().find('\n'), std::string::npos) << choice.key;
+    }
+}
+
+TEST_F(Choices, SettingsThatCannotBeWrittenAreNoReasonForABox) {
+    machine.places.programFolder = folder / "gone/";
+    ClickStatusLine();
+    EXPECT_FALSE(HasStatusLine());
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+} // namespace
+} // namespace quelmont
