@@ -5,8 +5,8 @@
 #include "core/rounding.h"
 #include "output/output_state.h"
 #include "output/print_text.h"
-#include "output/scale_screen.h"
 #include "output/symbol_size.h"
+#include "output/window_scale.h"
 #include "platform/machine.h"
 #include "projection/project_select.h"
 
@@ -23,46 +23,6 @@ constexpr const char* Routine = "LabelPrint";
 
 /// Events run as often as in the plotting of points.
 constexpr std::size_t LabelsPerTurn = 800;
-
-/// While it lives the map has the scale of the window, whatever the device: a page in print has its own
-/// scale and size, which come back at the end.
-class WindowScale {
-public:
-    WindowScale() {
-        if (Design.PrintingNow) {
-            ScaleScreen();
-        }
-    }
-    ~WindowScale() {
-        if (Design.PrintingNow) {
-            Design.ClientWidth = page.clientWidth;
-            Design.ClientHeight = page.clientHeight;
-            Design.ScreenOriginX = page.originX;
-            Design.ScreenOriginY = page.originY;
-            Design.ScreenScaleX = page.scaleX;
-            Design.ScreenScaleY = page.scaleY;
-        }
-    }
-    WindowScale(const WindowScale&) = delete;
-    WindowScale& operator=(const WindowScale&) = delete;
-
-private:
-    struct Page {
-        std::int32_t clientWidth = Design.ClientWidth, clientHeight = Design.ClientHeight;
-        double originX = Design.ScreenOriginX, originY = Design.ScreenOriginY;
-        double scaleX = Design.ScreenScaleX, scaleY = Design.ScreenScaleY;
-    } page;
-};
-
-TextLook LookOf(const MapLabel& label) {
-    return {.FontName = label.LabelFont,
-            .FontSize = label.LabelSize,
-            .FontColour = label.LabelColour,
-            .FontBold = label.LabelBold,
-            .FontItalic = label.LabelItalic,
-            .FontUnderline = label.LabelUnderline,
-            .FontStrikeout = label.LabelStrikeout};
-}
 
 /// Places labels one after the other.
 class LabelPlacer {
@@ -168,6 +128,16 @@ void DrawLabel(const MapLabel& label) {
 }
 
 } // namespace
+
+TextLook LookOf(const MapLabel& label) {
+    return {.FontName = label.LabelFont,
+            .FontSize = label.LabelSize,
+            .FontColour = label.LabelColour,
+            .FontBold = label.LabelBold,
+            .FontItalic = label.LabelItalic,
+            .FontUnderline = label.LabelUnderline,
+            .FontStrikeout = label.LabelStrikeout};
+}
 
 void LabelPrint(std::size_t first) {
     if (first >= Design.MapLabels.size()) {

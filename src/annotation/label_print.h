@@ -1,8 +1,13 @@
 #pragma once
 
+#include "core/map_design.h"
+
 #include <cstddef>
 
 namespace quelmont {
+
+/// How a label looks.
+TextLook LookOf(const MapLabel& label);
 
 /// Places the labels of MapLabels from one on, each beside the symbol of its point, and draws them when
 /// LabelsVisible; those of an interrupted map in print are placed alone.

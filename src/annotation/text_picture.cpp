@@ -3,6 +3,7 @@
 #include "annotation/label_print.h"
 #include "core/map_design.h"
 #include "output/draw_target.h"
+#include "output/map_surround.h"
 #include "output/print_text.h"
 #include "platform/machine.h"
 
@@ -38,6 +39,9 @@ void ShowTexts() {
     Machine().window->PutBackPicture();
     SelectDevice();
     DrawLabels(0, false);
+    if (Surround() != nullptr) {
+        Surround()->DrawTextsAgain();
+    }
     PrintText();
     Machine().window->Refresh();
 }

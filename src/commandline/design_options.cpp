@@ -169,6 +169,7 @@ bool ApplyOptions(const DrawOptions& options) {
     Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
     Design.LabelsVisible = Design.LabelsVisible && !options.noLabels;
     TakeGrid(options);
+    TakeGridLabels(options.gridLabels);
     TakeMaps(options);
     PlaceTexts(options.texts);
     return TakeProjection(options);

@@ -364,6 +364,9 @@ void OptionTable::AddGrid() {
         [this](const std::string& value) { options.gridWidth = NumberValue(value, 1, LargestPixels); });
     Add("--background", "RRGGBB", "Colour of the background (FFFFFF)",
         [this](const std::string& value) { options.background = ColorOf(value); });
+    AddGridLabelOptions([this](const std::string& name, const char* type, const char* description,
+                               Take take) { return Add(name, type, description, std::move(take)); },
+                        options.gridLabels);
 }
 
 void OptionTable::AddCircles() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/grid_label_options.h"
 #include "commandline/page_options.h"
 #include "commandline/report_options.h"
 #include "commandline/text_options.h"
@@ -54,6 +55,7 @@ struct DrawOptions {
     std::optional<ColorValue> gridColor;
     std::optional<int> gridWidth; ///< pixels
     std::optional<ColorValue> background;
+    GridLabelOptions gridLabels;
     std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
     CircleOptions greatCircleLine;
     std::optional<std::array<std::string, 3>> smallCircle; ///< ScText

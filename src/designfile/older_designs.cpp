@@ -56,8 +56,8 @@ void RenameOldest() {
     if (Design.BmpFileName.size() > letters) {
         Design.BmpFileName.replace(Design.BmpFileName.size() - letters, letters, "bmp");
     }
-    for (TextLook& font : Design.Fonts) {
-        Rename(font.FontName, FontNames);
+    for (const FontSlotIndex slot : {ReportFontSlot, CgmFontSlot, LabelFontSlot, TextFontSlot}) {
+        Rename(Design.Fonts[slot].FontName, FontNames); // no file has the font of the grid's labels
     }
     for (InputFileEntry& entry : Design.InputFiles) {
         Rename(entry.LabelFontName, FontNames);

@@ -7,6 +7,7 @@
 #include "output/dxf/dxf_writer.h"
 #include "output/svg/svg_writer.h"
 #include "output/wmf/wmf_writer.h"
+#include "surround/grid_labels.h"
 
 #include <cstdint>
 #include <optional>
@@ -51,6 +52,7 @@ struct MainWindowState {
     std::vector<std::string> ChoicesKept; ///< texts of the choices that the settings file holds
     std::string PdfFileName;              ///< of the map saved as PDF last
     ProgramWriters writers;
+    GridSurround surround;
 };
 
 /// The state.

@@ -11,6 +11,7 @@
 #include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/map_surround.h"
 #include "output/print_text.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
@@ -34,9 +35,12 @@ void Begin() {
     Machine().window->SetAutoRedraw(true);
 }
 
-/// The texts of the design, over everything.
+/// The texts about the map and those of the design, over everything.
 void PrintTextOnWindow() {
     SelectDevice();
+    if (Surround() != nullptr) {
+        Surround()->DrawTexts();
+    }
     PrintText();
 }
 

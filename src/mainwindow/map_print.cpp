@@ -7,6 +7,7 @@
 #include "mainwindow/plot_stages.h"
 #include "output/device_pen.h"
 #include "output/draw_target.h"
+#include "output/map_surround.h"
 #include "output/output_state.h"
 #include "output/print/printer_params.h"
 #include "output/print/scale_printer.h"
@@ -83,6 +84,9 @@ bool PlotPage() {
         return false;
     }
     SelectDevice();
+    if (Surround() != nullptr) {
+        Surround()->DrawTexts();
+    }
     PrintText();
     return true;
 }

@@ -21,6 +21,7 @@
 #include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/map_surround.h"
 #include "platform/machine.h"
 
 #include <string>
@@ -123,6 +124,9 @@ void MapPlotRun::Run() {
         Design.PenWidth = 1;
         whole = whole && PlotCircles(point);
         if (whole && PrintLabels() && IsLastPass()) {
+            if (Surround() != nullptr && ArmedWriter() != nullptr) {
+                Surround()->AddTexts();
+            }
             FinishFile();
         }
     } catch (const RunTimeError& error) {

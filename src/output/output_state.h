@@ -48,12 +48,15 @@ struct ExportState {
     static constexpr std::size_t None = static_cast<std::size_t>(-1);
 };
 
+class MapSurround;
+
 /// What the output of points keeps between its calls.
 struct OutputState {
     // ---- The device in use. Written by SelectDevice and SetSymbolSize, read by PrintToScreen.
     float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
     std::int32_t SymbolRadius = 0;                  ///< twips
     DevicePen pen;
+    MapSurround* surround = nullptr; ///< what Surround gives
 
     // ---- The printer. Its measures are written by GetPrinterParams, its surface by MapPrint.
     float PrinterTwipsPerPixelX = 0.0F, PrinterTwipsPerPixelY = 0.0F;

@@ -121,14 +121,6 @@ void Draw(const DeviceText& text) {
     }
 }
 
-void TakeInHand(const TextItem& item) {
-    Design.CurrentText = item.TextString;
-    Design.CurrentTextAngle = std::to_string(item.TextAngle);
-    Design.CurrentX = item.TextX;
-    Design.CurrentY = item.TextY;
-    Design.CurrentLook = LookOf(item);
-}
-
 } // namespace
 
 TextLook LookOf(const TextItem& item) {
@@ -170,6 +162,15 @@ TextItem TextInHandAsItem(std::string_view routine) {
     return item;
 }
 
+void PrintItem(const TextItem& item) {
+    Design.CurrentText = item.TextString;
+    Design.CurrentTextAngle = std::to_string(item.TextAngle);
+    Design.CurrentX = item.TextX;
+    Design.CurrentY = item.TextY;
+    Design.CurrentLook = LookOf(item);
+    PrintRotatedText();
+}
+
 void PrintRotatedText() {
     const auto print = [] { Draw(TextOnDevice()); };
     if (Design.TextToMetafile) {
@@ -185,8 +186,7 @@ void PrintText() {
             const bool inHand = Design.TextPending && Design.TextIsEdit &&
                                 i + 1 == static_cast<std::size_t>(Design.TextEditIndex);
             if (!inHand) {
-                TakeInHand(Design.TextItems[i]);
-                PrintRotatedText();
+                PrintItem(Design.TextItems[i]);
             }
         }
     });

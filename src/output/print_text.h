@@ -35,6 +35,10 @@ TextItem TextInHandAsItem(std::string_view routine);
 /// PrintRotatedText". On a metafile either costs the export.
 void PrintRotatedText();
 
+/// Takes an item in hand and draws it with PrintRotatedText.
+/// Writes  CurrentText, CurrentTextAngle, CurrentLook, CurrentX, CurrentY.
+void PrintItem(const TextItem& item);
+
 /// Draws the design's text items in their order on the surface in use, but for the one that is being placed
 /// anew. Leaves no text in hand, whatever fails.
 ///

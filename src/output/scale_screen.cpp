@@ -4,6 +4,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/map_surround.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -28,6 +29,11 @@ void MeasureWindow() {
     Design.ClientHeight = RoundToInt32(h - Design.TwipsPerPixelY);
 }
 
+/// Share of the area that the map fills.
+double ShareOfArea() {
+    return Surround() == nullptr ? Design.MapReduce : Surround()->ShareOfArea(Design.MapReduce);
+}
+
 double MapAspect() { return Divide(Design.MapYMax - Design.MapYMin, Design.MapXMax - Design.MapXMin); }
 
 /// Whether the height governs, not the width.
@@ -35,23 +41,20 @@ bool IsHigherThanClient(double mapAspect) {
     return mapAspect > Divide(Design.ClientHeight, Design.ClientWidth);
 }
 
-void FitLogicalHeight(double mapAspect) {
-    const double r = Design.MapReduce;
+void FitLogicalHeight(double mapAspect, double r) {
     Design.LogicalScale = Divide(Design.LogicalHeight * r, Design.MapYMax - Design.MapYMin);
     Design.LogicalOriginX =
         RoundToInt16((Design.LogicalWidth - Divide(Design.LogicalHeight * r, mapAspect)) / 2.0);
     Design.LogicalOriginY = RoundToInt16((1.0 - r) * Design.LogicalHeight / 2.0);
 }
 
-void FitLogicalWidth(double mapAspect) {
-    const double r = Design.MapReduce;
+void FitLogicalWidth(double mapAspect, double r) {
     Design.LogicalScale = Divide(Design.LogicalWidth * r, Design.MapXMax - Design.MapXMin);
     Design.LogicalOriginX = RoundToInt16((1.0 - r) * Design.LogicalWidth / 2.0);
     Design.LogicalOriginY = RoundToInt16((Design.LogicalHeight - mapAspect * r * Design.LogicalWidth) / 2.0);
 }
 
-void FitHeight(double mapAspect) {
-    const double r = Design.MapReduce;
+void FitHeight(double mapAspect, double r) {
     const double mapHeight = Design.MapYMax - Design.MapYMin;
     Design.ScreenOriginX = (Design.ClientWidth - Divide(Design.ClientHeight * r, mapAspect)) / 2.0;
     Design.ScreenScaleX = Divide(Design.ClientHeight * r, mapHeight);
@@ -59,14 +62,22 @@ void FitHeight(double mapAspect) {
     Design.ScreenScaleY = Divide(Design.ClientHeight * r, mapHeight);
 }
 
-void FitWidth(double mapAspect) {
-    const double r = Design.MapReduce;
+void FitWidth(double mapAspect, double r) {
     const double mapWidth = Design.MapXMax - Design.MapXMin;
     Design.ScreenOriginX = ((1.0 - r) / 2.0) * Design.ClientWidth;
     Design.ScreenScaleX = Divide(Design.ClientWidth * r, mapWidth);
     Design.ScreenOriginY =
         Design.ClientHeight - (Design.ClientHeight - Design.ClientWidth * r * mapAspect) / 2.0;
     Design.ScreenScaleY = Divide(Design.ClientWidth * r, mapWidth);
+}
+
+void FitToClient(double r) {
+    const double mapAspect = MapAspect();
+    if (IsHigherThanClient(mapAspect)) {
+        FitHeight(mapAspect, r);
+    } else {
+        FitWidth(mapAspect, r);
+    }
 }
 
 } // namespace
@@ -82,22 +93,16 @@ bool ScaleScreen() {
         } else {
             Design.LogicalHeight = RoundToInt32(winAspect * Design.LogicalWidth);
         }
+        const double r = ShareOfArea();
         if (IsHigherThanClient(mapAspect)) {
-            FitLogicalHeight(mapAspect);
+            FitLogicalHeight(mapAspect, r);
         } else {
-            FitLogicalWidth(mapAspect);
+            FitLogicalWidth(mapAspect, r);
         }
-        FitMapToClient();
+        FitToClient(r);
     });
 }
 
-void FitMapToClient() {
-    const double mapAspect = MapAspect();
-    if (IsHigherThanClient(mapAspect)) {
-        FitHeight(mapAspect);
-    } else {
-        FitWidth(mapAspect);
-    }
-}
+void FitMapToClient() { FitToClient(ShareOfArea()); }
 
 } // namespace quelmont

@@ -6,6 +6,7 @@
 #include "dialogs/exports/vector_scale.h"
 #include "dialogs/text/font_dialog.h"
 #include "dialogs/text/font_words.h"
+#include "output/print_text.h"
 #include "platform/machine.h"
 
 #include <utility>
@@ -27,16 +28,6 @@ constexpr const char* Explanation =
 enum FontMenuItem : int { SelectFontItem = 0, ScaleFactorItem = 1 };
 
 TextLook& TextSlot() { return Design.Fonts[TextFontSlot]; }
-
-TextLook LookOf(const TextItem& item) {
-    return {.FontName = item.TextFont,
-            .FontSize = item.TextSize,
-            .FontColour = item.TextColour,
-            .FontBold = item.TextBold,
-            .FontItalic = item.TextItalic,
-            .FontUnderline = item.TextUnderline,
-            .FontStrikeout = item.TextStrikeout};
-}
 
 /// The controls of ASCII and of Latin-1, and the two line ends of Unicode.
 std::string WithoutControls(const std::string& text) {

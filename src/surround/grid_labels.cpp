@@ -1,0 +1,91 @@
+#include "surround/grid_labels.h"
+
+#include "core/error_box.h"
+#include "core/map_design.h"
+#include "core/rounding.h"
+#include "output/print_text.h"
+#include "output/window_scale.h"
+#include "platform/machine.h"
+#include "surround/label_spots.h"
+#include "surround/surround_state.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* Routine = "GridLabels";
+
+/// Twips from the outline to the outer edge of the line that draws it.
+double OutlineClearance() { return static_cast<double>(Design.GridLineWidth) / 2.0; }
+
+bool AtFrame() { return Design.GridLabels.place == GridLabelPlace::Frame; }
+
+void Draw(const std::vector<GridLabel>& labels) {
+    for (const GridLabel& label : labels) {
+        PrintItem(label.item);
+    }
+    Design.CurrentText.clear();
+}
+
+} // namespace
+
+std::vector<GridLabel> GridLabelsOfDesign() {
+    if (Design.GridLabels.place == GridLabelPlace::None) {
+        return {};
+    }
+    const WindowScale scale;
+    return PlaceGridLabels(LabelledLines(Design.GridLabels), TextsOnMap(), OutlineClearance());
+}
+
+double GridSurround::ShareOfArea(double share) {
+    if (!AtFrame()) {
+        return share;
+    }
+    try {
+        const MainWindow& window = *Machine().window;
+        return ShareBesideLabels(LabelledLines(Design.GridLabels), share,
+                                 RoundToInt32(window.ScaleWidth() - Design.TwipsPerPixelX),
+                                 RoundToInt32(window.ScaleHeight() - Design.TwipsPerPixelY),
+                                 OutlineClearance());
+    } catch (const RunTimeError&) {
+        return share; // the fit itself tells what is wrong with the map or the window
+    }
+}
+
+void GridSurround::AddTexts() {
+    Guarded(Routine, [] {
+        for (GridLabel& label : GridLabelsOfDesign()) {
+            Design.TextItems.push_back(std::move(label.item));
+        }
+    });
+}
+
+void GridSurround::DrawTexts() {
+    Guarded(Routine, [] {
+        std::vector<GridLabel> labels = GridLabelsOfDesign();
+        Draw(labels);
+        if (!Design.PrintingNow) {
+            SurroundNow.drawnLabels = std::move(labels);
+        }
+    });
+}
+
+void GridSurround::DrawTextsAgain() {
+    Guarded(Routine, [] {
+        if (SurroundNow.drawnLabels.empty()) {
+            return;
+        }
+        const std::vector<TextBox> texts = TextsOnMap();
+        std::vector<GridLabel> labels = SurroundNow.drawnLabels;
+        std::erase_if(labels, [&](const GridLabel& label) {
+            return std::any_of(texts.begin(), texts.end(),
+                               [&](const TextBox& text) { return Overlap(label.letters, text); });
+        });
+        Draw(labels);
+    });
+}
+
+} // namespace quelmont
