@@ -89,6 +89,7 @@ void TakeGrid(const DrawOptions& options) {
     }
     Design.GridColor = options.gridColor.value_or(Design.GridColor);
     Design.BackColor = options.background.value_or(Design.BackColor);
+    Design.Fill = options.fill;
     if (options.gridWidth) {
         Design.GridLineWidth = static_cast<float>(*options.gridWidth) * Design.TwipsPerPixelY;
     }

@@ -178,6 +178,7 @@ private:
     void AddProjection();
     void AddUtm();
     void AddGrid();
+    void AddFills();
     void AddCircles();
     void AddCircleLine(CLI::Option* circle, const std::string& name, const char* table, CircleOptions& line);
     void AddMaps();
@@ -208,6 +209,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddProjection();
     AddUtm();
     AddGrid();
+    AddFills();
     AddCircles();
     AddMaps();
     AddTexts();
@@ -367,6 +369,16 @@ void OptionTable::AddGrid() {
     AddGridLabelOptions([this](const std::string& name, const char* type, const char* description,
                                Take take) { return Add(name, type, description, std::move(take)); },
                         options.gridLabels);
+}
+
+void OptionTable::AddFills() {
+    group = "Land and water";
+    Add("--fill-land", "RRGGBB", "Fill the land that closed lines of coasts and islands bound",
+        [this](const std::string& value) { options.fill.land = ColorOf(value); });
+    Add("--fill-lakes", "RRGGBB", "Fill the lakes",
+        [this](const std::string& value) { options.fill.lakes = ColorOf(value); });
+    Add("--fill-sea", "RRGGBB", "Fill the rest of the map",
+        [this](const std::string& value) { options.fill.sea = ColorOf(value); });
 }
 
 void OptionTable::AddCircles() {

@@ -55,6 +55,7 @@ struct DrawOptions {
     std::optional<ColorValue> gridColor;
     std::optional<int> gridWidth; ///< pixels
     std::optional<ColorValue> background;
+    FillChoice fill;
     GridLabelOptions gridLabels;
     std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
     CircleOptions greatCircleLine;

@@ -61,6 +61,20 @@ void CalcGraticuleInterrupt(std::int16_t lobe) {
     });
 }
 
+std::vector<std::int16_t> LobesWithHeight() {
+    std::vector<std::int16_t> lobes;
+    for (const LobeRow& row : {LobesOf(0), LobesOf(1)}) {
+        for (std::size_t number = row.first; number <= row.last; ++number) {
+            const auto lobe = static_cast<std::int16_t>(number);
+            CalcGraticuleInterrupt(lobe);
+            if (Design.LatNorthSec > Design.LatSouthSec) {
+                lobes.push_back(lobe);
+            }
+        }
+    }
+    return lobes;
+}
+
 void LonInterruptOffset() {
     Guarded("LonInterruptOffset", [] {
         Design.LobeCentral = {};

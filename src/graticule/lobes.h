@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 /// The lobes of the interrupted projection.
 
@@ -14,6 +15,10 @@ namespace quelmont {
 /// test is made: the dialog has made it. A run-time failure shows "Error in CalcGraticuleInterrupt"
 /// and ends the routine.
 void CalcGraticuleInterrupt(std::int16_t lobe);
+
+/// The numbers of the lobes that have a height, northern ones, then southern ones, each from west to east.
+/// Leaves the bounds of the last lobe that was looked at. RunTimeError as LobeInterruptions.
+std::vector<std::int16_t> LobesWithHeight();
 
 /// Finds the place of every lobe: the x that its central meridian has on the uninterrupted map.
 ///

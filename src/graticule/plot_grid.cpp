@@ -176,7 +176,7 @@ double GridPointEstimate() {
     return points;
 }
 
-void PlotGrid() {
+void PlotGrid(const std::function<void()>& ground) {
     int releaseSite = SiteRelease;
     try {
         if (Design.LobeFirst) {
@@ -187,8 +187,13 @@ void PlotGrid() {
         if (Design.PlotStopReason != StopReason::GridDiskError) {
             SelectDevice();
             PaintBackground();
+            if (ground) {
+                ground();
+            }
             MakeGridPen();
-            RunPasses();
+            if (!ground || Design.PlotStopReason == StopReason::None) {
+                RunPasses();
+            }
         }
     } catch (const RunTimeError& error) {
         Design.PlotStopReason = StopReason::GridDiskError;

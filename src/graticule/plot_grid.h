@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace quelmont {
 
 /// Paints the background (at the first pass of a draw) and plots the grid, on the surface in use
@@ -11,7 +13,9 @@ namespace quelmont {
 ///         PointStatus, the point cell, OutputFileName, UtmPointPath.
 /// Lets events run after each line and leaves at once when PlotStopReason is StopReason::Escape. A run-time
 /// failure shows "Error in PlotGrid" and sets PlotStopReason to StopReason::GridDiskError.
-void PlotGrid();
+///
+/// ground paints what lies between the background and the grid; nothing if there is none.
+void PlotGrid(const std::function<void()>& ground = nullptr);
 
 /// Points that PlotGrid plots, about: without what the map's circle cuts off and what bends lines near the
 /// antipode.

@@ -2,6 +2,7 @@
 
 #include "annotation/label_convert.h"
 #include "annotation/label_print.h"
+#include "areas/fill_areas.h"
 #include "core/checked_math.h"
 #include "core/elapsed.h"
 #include "core/map_design.h"
@@ -17,7 +18,6 @@
 #include "output/export_file.h"
 #include "output/fan_out.h"
 #include "platform/machine.h"
-#include "projection/lobe_row.h"
 #include "reports/map_description.h"
 
 #include <cstddef>
@@ -34,7 +34,7 @@ double ClockSecondsSince(double start) { return ElapsedSeconds(start, Now()); }
 
 void PlotGridTimed() {
     const double start = Now();
-    PlotGrid();
+    PlotGrid(HasFilledAreas() ? FillAreas : nullptr);
     Design.Statistics.GridSeconds += ClockSecondsSince(start);
 }
 
@@ -80,21 +80,6 @@ bool Pass(std::string_view stopCaption) {
     return true;
 }
 
-/// The lobes that have a height: northern ones, then southern ones.
-std::vector<std::int16_t> LobesToDraw() {
-    std::vector<std::int16_t> lobes;
-    for (const LobeRow& row : {LobesOf(0), LobesOf(1)}) {
-        for (std::size_t number = row.first; number <= row.last; ++number) {
-            const auto lobe = static_cast<std::int16_t>(number);
-            CalcGraticuleInterrupt(lobe);
-            if (Design.LatNorthSec > Design.LatSouthSec) {
-                lobes.push_back(lobe);
-            }
-        }
-    }
-    return lobes;
-}
-
 /// The lobes so far without their labels, which lie over all of them.
 void PutBackLobes() {
     if (!Design.PrintingNow && Design.LabelsVisible && !Design.MapLabels.empty()) {
@@ -110,7 +95,7 @@ void ShowLabelsOfLobes() {
 
 /// False when the draw was stopped.
 bool LobePasses(std::string_view stopCaption) {
-    const std::vector<std::int16_t> lobes = LobesToDraw();
+    const std::vector<std::int16_t> lobes = LobesWithHeight();
     BeginProgress(lobes.size());
     bool whole = true;
     for (std::size_t i = 0; whole && i < lobes.size(); ++i) {

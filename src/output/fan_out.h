@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/standard_colors.h"
+#include "output/area_rings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -35,6 +36,11 @@ public:
     virtual void Point() = 0;
     /// Ends the current line.
     virtual void LineBreak() = 0;
+    /// Whether Area does something; there is no need to find areas for a writer that takes none.
+    virtual bool TakesAreas() const { return false; }
+    /// Fills what lies inside an odd number of the rings, which are in projection units; the file is open for
+    /// the stretch of the grid.
+    virtual void Area(ColorValue /*color*/, const PlaneRings& /*rings*/) {}
     /// After the last stretch: texts, the file's end, and the file takes its place. A writer whose
     /// routines have names shows the message boxes of their failures.
     virtual void Finish() {}

@@ -57,6 +57,10 @@ public:
     virtual bool Polyline(std::span<const SurfacePoint> points) = 0;
     /// Closed outline with the pen, inside with the brush.
     virtual bool Polygon(std::span<const SurfacePoint> points) = 0;
+    /// Several closed outlines with the pen; with the brush what is inside all of them together, by the fill
+    /// mode: under FillAlternate inside an odd number of them. The points of one follow on those of another;
+    /// counts has the number of each, two at least.
+    virtual bool PolyPolygon(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) = 0;
     /// Outline with the pen, inside with the brush; the right and the bottom edge are outside.
     virtual bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) = 0;
     /// The ellipse in that box: outline with the pen, inside with the brush.

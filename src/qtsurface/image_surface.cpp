@@ -129,6 +129,22 @@ bool ImageSurface::Polygon(std::span<const SurfacePoint> points) {
     return true;
 }
 
+bool ImageSurface::PolyPolygon(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) {
+    if (std::any_of(counts.begin(), counts.end(), [](std::int32_t count) { return count < 2; })) {
+        return false;
+    }
+    if (CurrentBrush().fills) {
+        FillPolygons(grid, points, counts, FillMode(), CurrentBrush().pixel);
+    }
+    for (const std::int32_t count : counts) {
+        const auto outline = points.first(static_cast<std::size_t>(count));
+        Polyline(outline);
+        Segment(outline.back(), outline.front());
+        points = points.subspan(outline.size());
+    }
+    return true;
+}
+
 bool ImageSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
     const Pen& pen = CurrentPen();
     const Brush& brush = CurrentBrush();

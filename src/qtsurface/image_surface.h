@@ -46,6 +46,7 @@ public:
     void LineTo(std::int32_t x, std::int32_t y) override;
     bool Polyline(std::span<const SurfacePoint> points) override;
     bool Polygon(std::span<const SurfacePoint> points) override;
+    bool PolyPolygon(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) override;
     bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     bool Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     void SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) override;

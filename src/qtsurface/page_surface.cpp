@@ -141,22 +141,33 @@ void PageSurface::SetPenAndBrush() {
 bool PageSurface::HasInk() const { return lineDraws || CurrentBrush().fills; }
 
 bool PageSurface::Polygon(std::span<const SurfacePoint> points) {
-    if (points.size() < 2 || !IsReady()) {
+    const auto count = static_cast<std::int32_t>(points.size());
+    return PolyPolygon(points, {&count, 1});
+}
+
+bool PageSurface::PolyPolygon(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) {
+    if (std::any_of(counts.begin(), counts.end(), [](std::int32_t count) { return count < 2; }) ||
+        !IsReady()) {
         return false;
     }
     if (!HasInk()) {
         return true;
     }
+    const std::size_t drawn = points.size();
     QPainterPath outline;
     outline.setFillRule(FillMode() == FillWinding ? Qt::WindingFill : Qt::OddEvenFill);
-    outline.moveTo(At(points.front()));
-    for (const SurfacePoint& point : points.subspan(1)) {
-        outline.lineTo(At(point));
+    for (const std::int32_t count : counts) {
+        const auto polygon = points.first(static_cast<std::size_t>(count));
+        outline.moveTo(At(polygon.front()));
+        for (const SurfacePoint& point : polygon.subspan(1)) {
+            outline.lineTo(At(point));
+        }
+        outline.closeSubpath();
+        points = points.subspan(polygon.size());
     }
-    outline.closeSubpath();
     SetPenAndBrush();
     painter->drawPath(outline);
-    Count(points.size());
+    Count(drawn);
     return true;
 }
 

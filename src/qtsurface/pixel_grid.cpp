@@ -68,21 +68,29 @@ struct PolygonEdge {
     int direction; ///< 1 downward, -1 upward
 };
 
-std::vector<PolygonEdge> Edges(std::span<const SurfacePoint> points) {
+/// Those that go through rows from 0 to before end, from above to below.
+std::vector<PolygonEdge> EdgesInRows(std::span<const SurfacePoint> points,
+                                     std::span<const std::int32_t> counts, std::int32_t end) {
     std::vector<PolygonEdge> edges;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        SurfacePoint upper = points[i];
-        SurfacePoint lower = points[(i + 1) % points.size()];
-        const int direction = upper.y < lower.y ? 1 : -1;
-        if (direction < 0) {
-            std::swap(upper, lower);
-        }
-        if (upper.y < lower.y) {
-            const double slope =
-                (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
-            edges.push_back({upper, lower, slope, direction});
+    for (const std::int32_t count : counts) {
+        const auto outline = points.first(static_cast<std::size_t>(count));
+        points = points.subspan(outline.size());
+        for (std::size_t i = 0; i < outline.size(); ++i) {
+            SurfacePoint upper = outline[i];
+            SurfacePoint lower = outline[i + 1 == outline.size() ? 0 : i + 1];
+            const int direction = upper.y < lower.y ? 1 : -1;
+            if (direction < 0) {
+                std::swap(upper, lower);
+            }
+            if (upper.y < lower.y && lower.y > 0 && upper.y < end) {
+                const double slope =
+                    (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
+                edges.push_back({upper, lower, slope, direction});
+            }
         }
     }
+    std::sort(edges.begin(), edges.end(),
+              [](const PolygonEdge& a, const PolygonEdge& b) { return a.upper.y < b.upper.y; });
     return edges;
 }
 
@@ -92,14 +100,13 @@ struct RowCrossing {
     int direction;
 };
 
-void FindCrossings(const std::vector<PolygonEdge>& edges, std::int64_t row,
-                   std::vector<RowCrossing>& crossings) {
+void FindCrossings(const std::vector<PolygonEdge>& edges, const std::vector<std::size_t>& active,
+                   std::int64_t row, std::vector<RowCrossing>& crossings) {
     crossings.clear();
-    for (const PolygonEdge& edge : edges) {
-        if (row >= edge.upper.y && row < edge.lower.y) {
-            crossings.push_back(
-                {edge.upper.x + static_cast<double>(row - edge.upper.y) * edge.slope, edge.direction});
-        }
+    for (const std::size_t index : active) {
+        const PolygonEdge& edge = edges[index];
+        crossings.push_back(
+            {edge.upper.x + static_cast<double>(row - edge.upper.y) * edge.slope, edge.direction});
     }
     std::sort(crossings.begin(), crossings.end(),
               [](const RowCrossing& a, const RowCrossing& b) { return a.x < b.x; });
@@ -107,19 +114,21 @@ void FindCrossings(const std::vector<PolygonEdge>& edges, std::int64_t row,
 
 } // namespace
 
-void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, int fillMode,
-                 std::uint32_t pixel) {
-    if (points.empty()) {
-        return;
-    }
-    const auto [highest, lowest] = std::minmax_element(
-        points.begin(), points.end(), [](const SurfacePoint& a, const SurfacePoint& b) { return a.y < b.y; });
-    const std::int64_t firstRow = std::max(highest->y, 0);
-    const std::int64_t endRow = std::min(lowest->y, grid.height);
-    const std::vector<PolygonEdge> edges = Edges(points);
+void FillPolygons(const PixelGrid& grid, std::span<const SurfacePoint> points,
+                  std::span<const std::int32_t> counts, int fillMode, std::uint32_t pixel) {
+    const std::vector<PolygonEdge> edges = EdgesInRows(points, counts, grid.height);
+    std::vector<std::size_t> active; ///< edges that cut the row
     std::vector<RowCrossing> crossings;
-    for (std::int64_t row = firstRow; row < endRow; ++row) {
-        FindCrossings(edges, row, crossings);
+    std::size_t next = 0;
+    for (std::int32_t row = edges.empty() ? grid.height : std::max(edges.front().upper.y, 0);
+         row < grid.height && (next < edges.size() || !active.empty()); ++row) {
+        std::erase_if(active, [&](std::size_t index) { return edges[index].lower.y <= row; });
+        for (; next < edges.size() && edges[next].upper.y <= row; ++next) {
+            if (edges[next].lower.y > row) {
+                active.push_back(next);
+            }
+        }
+        FindCrossings(edges, active, row, crossings);
         int winding = 0;
         for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
             winding += fillMode == FillWinding ? crossings[i].direction : 1;
@@ -130,6 +139,12 @@ void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, in
             }
         }
     }
+}
+
+void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, int fillMode,
+                 std::uint32_t pixel) {
+    const auto count = static_cast<std::int32_t>(points.size());
+    FillPolygons(grid, points, {&count, 1}, fillMode, pixel);
 }
 
 void FillEllipse(const PixelGrid& grid, const EllipseShape& ellipse, std::uint32_t pixel) {

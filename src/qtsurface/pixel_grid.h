@@ -72,6 +72,11 @@ void FillSpan(const PixelGrid& grid, std::int64_t row, std::int64_t first, std::
 void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, int fillMode,
                  std::uint32_t pixel);
 
+/// The same of several polygons together, the points of one behind those of another; counts has the number
+/// of each.
+void FillPolygons(const PixelGrid& grid, std::span<const SurfacePoint> points,
+                  std::span<const std::int32_t> counts, int fillMode, std::uint32_t pixel);
+
 /// A filled ellipse about (centreX, centreY), semi-axes in pixels; a hole with semi-axes above 0
 /// stays free.
 struct EllipseShape {

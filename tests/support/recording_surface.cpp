@@ -37,6 +37,8 @@ std::string Name(SurfaceOp op) {
         return "Polyline";
     case SurfaceOp::Polygon:
         return "Polygon";
+    case SurfaceOp::PolyPolygon:
+        return "PolyPolygon";
     case SurfaceOp::Rectangle:
         return "Rectangle";
     case SurfaceOp::Ellipse:
@@ -184,6 +186,19 @@ bool RecordingSurface::Polyline(std::span<const SurfacePoint> points) {
 
 bool RecordingSurface::Polygon(std::span<const SurfacePoint> points) {
     return Record(SurfaceOp::Polygon, Numbers(points));
+}
+
+bool RecordingSurface::PolyPolygon(std::span<const SurfacePoint> points,
+                                   std::span<const std::int32_t> counts) {
+    std::vector<std::int64_t> numbers;
+    for (const std::int32_t count : counts) {
+        numbers.push_back(count);
+        for (const SurfacePoint& point : points.first(static_cast<std::size_t>(count))) {
+            numbers.insert(numbers.end(), {point.x, point.y});
+        }
+        points = points.subspan(static_cast<std::size_t>(count));
+    }
+    return Record(SurfaceOp::PolyPolygon, std::move(numbers));
 }
 
 bool RecordingSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t right,

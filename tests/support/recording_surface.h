@@ -17,6 +17,7 @@ enum class SurfaceOp {
     LineTo,
     Polyline,
     Polygon,
+    PolyPolygon,
     Rectangle,
     Ellipse,
     SetPixel,
@@ -39,8 +40,9 @@ enum class SurfaceOp {
 std::string Name(SurfaceOp op);
 
 /// One operation as it was called: its numbers in the order of its arguments, points as x, y, a font as
-/// its fields. What an operation answers stands behind its arguments where it is a handle, a fill mode or
-/// a colour. text is a font's face name or the text that was drawn.
+/// its fields, the outlines of PolyPolygon each behind its count. What an operation answers stands behind its
+/// arguments where it is a handle, a fill mode or a colour. text is a font's face name or the text that was
+/// drawn.
 struct SurfaceCall {
     SurfaceOp op = SurfaceOp::MoveToEx;
     std::vector<std::int64_t> numbers = {};
@@ -128,6 +130,7 @@ public:
     void LineTo(std::int32_t x, std::int32_t y) override;
     bool Polyline(std::span<const SurfacePoint> points) override;
     bool Polygon(std::span<const SurfacePoint> points) override;
+    bool PolyPolygon(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) override;
     bool Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     bool Ellipse(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) override;
     void SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color) override;

@@ -20,6 +20,10 @@ public:
     void LineTo(std::int32_t /*x*/, std::int32_t /*y*/) override {}
     bool Polyline(std::span<const SurfacePoint> /*points*/) override { return true; }
     bool Polygon(std::span<const SurfacePoint> /*points*/) override { return true; }
+    bool PolyPolygon(std::span<const SurfacePoint> /*points*/,
+                     std::span<const std::int32_t> /*counts*/) override {
+        return true;
+    }
     bool Rectangle(std::int32_t /*left*/, std::int32_t /*top*/, std::int32_t /*right*/,
                    std::int32_t /*bottom*/) override {
         return true;

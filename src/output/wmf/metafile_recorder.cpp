@@ -30,6 +30,7 @@ constexpr std::uint16_t FunctionCreatePen       = 0x02FA;
 constexpr std::uint16_t FunctionCreateFont      = 0x02FB;
 constexpr std::uint16_t FunctionCreateBrush     = 0x02FC;
 constexpr std::uint16_t FunctionPolygon         = 0x0324;
+constexpr std::uint16_t FunctionPolyPolygon     = 0x0538;
 constexpr std::uint16_t FunctionPolyline        = 0x0325;
 constexpr std::uint16_t FunctionEllipse         = 0x0418;
 constexpr std::uint16_t FunctionRectangle       = 0x041B;
@@ -175,6 +176,24 @@ bool MetafileRecorder::Polyline(std::span<const SurfacePoint> points) {
 
 bool MetafileRecorder::Polygon(std::span<const SurfacePoint> points) {
     return RecordPoints(FunctionPolygon, points);
+}
+
+bool MetafileRecorder::PolyPolygon(std::span<const SurfacePoint> points,
+                                   std::span<const std::int32_t> counts) {
+    constexpr auto most = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
+    if (points.size() > most || counts.size() > most ||
+        std::any_of(points.begin(), points.end(),
+                    [](const SurfacePoint& point) { return !Fits(point.x) || !Fits(point.y); })) {
+        return false;
+    }
+    std::vector<std::uint16_t> words = {static_cast<std::uint16_t>(counts.size())};
+    std::transform(counts.begin(), counts.end(), std::back_inserter(words), Word);
+    for (const SurfacePoint& point : points) {
+        words.push_back(Word(point.x));
+        words.push_back(Word(point.y));
+    }
+    RecordWords(FunctionPolyPolygon, words);
+    return true;
 }
 
 bool MetafileRecorder::RecordBox(std::uint16_t function, std::int32_t left, std::int32_t top,
