@@ -2,43 +2,29 @@
 
 #include "commandline/option_values.h"
 #include "core/map_design.h"
+#include "surround/grid_label_words.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
+#include <string_view>
 #include <utility>
 
 namespace quelmont {
 
 namespace {
 
-template <typename Choice>
-struct Word {
-    const char* word;
-    Choice choice;
-};
-
-constexpr std::array Places = std::to_array<Word<GridLabelPlace>>({
-    {"none", GridLabelPlace::None},
-    {"frame", GridLabelPlace::Frame},
-    {"lines", GridLabelPlace::Lines},
-});
-constexpr std::array Styles = std::to_array<Word<GridLabelStyle>>({
-    {"degrees", GridLabelStyle::DegreeSign},
-    {"letters", GridLabelStyle::Letter},
-    {"signs", GridLabelStyle::Sign},
-});
-
-template <typename Words>
-auto ChoiceOf(const Words& words, const std::string& value) {
-    const auto found =
-        std::find_if(words.begin(), words.end(), [&](const auto& word) { return word.word == value; });
+template <typename Choice, typename Words>
+Choice ChoiceOf(const Words& words, const std::string& value) {
+    const auto found = std::find(words.begin(), words.end(), value);
     if (found == words.end()) {
-        throw BadValue("\"" + value + "\" is none of " + words[0].word + ", " + words[1].word + ", " +
-                       words[2].word);
+        std::string list;
+        for (const std::string_view word : words) {
+            list += (list.empty() ? "" : ", ") + std::string(word);
+        }
+        throw BadValue("\"" + value + "\" is none of " + list);
     }
-    return found->choice;
+    return static_cast<Choice>(found - words.begin());
 }
 
 } // namespace
@@ -46,13 +32,17 @@ auto ChoiceOf(const Words& words, const std::string& value) {
 void AddGridLabelOptions(const AddOption& add, GridLabelOptions& labels) {
     CLI::Option* const place =
         add("--grid-labels", "frame|lines|none", "Labels of the grid, beside the map or on its lines (none)",
-            [&labels](const std::string& value) { labels.place = ChoiceOf(Places, value); });
+            [&labels](const std::string& value) {
+                labels.place = ChoiceOf<GridLabelPlace>(GridLabelPlaceWords, value);
+            });
     const auto addOfLabels = [&](const std::string& name, const char* type, const char* description,
                                  std::function<void(const std::string& value)> take) {
         add(name, type, description, std::move(take))->needs(place);
     };
     addOfLabels("--grid-label-style", "degrees|letters|signs", "30\u00B0N, 30 N or -30 (degrees)",
-                [&labels](const std::string& value) { labels.style = ChoiceOf(Styles, value); });
+                [&labels](const std::string& value) {
+                    labels.style = ChoiceOf<GridLabelStyle>(GridLabelStyleWords, value);
+                });
     addOfLabels("--grid-label-font", "NAME", "Their font (Arial)", [&labels](const std::string& value) {
         if (value.empty()) {
             throw BadValue("\"\" is no font");

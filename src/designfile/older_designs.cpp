@@ -56,7 +56,7 @@ void RenameOldest() {
     if (Design.BmpFileName.size() > letters) {
         Design.BmpFileName.replace(Design.BmpFileName.size() - letters, letters, "bmp");
     }
-    for (const FontSlotIndex slot : {ReportFontSlot, CgmFontSlot, LabelFontSlot, TextFontSlot}) {
+    for (std::size_t slot = 0; slot < static_cast<std::size_t>(GridLabelFontSlot); ++slot) {
         Rename(Design.Fonts[slot].FontName, FontNames); // no file has the font of the grid's labels
     }
     for (InputFileEntry& entry : Design.InputFiles) {

@@ -34,6 +34,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"FontDialog",       LayOutFonts},
     {"GcReport",         LayOutReportBox},
     {"GCircleEnds",      LayOutGreatCircle},
+    {"GridLabelsForm",   LayOutGridLabels},
     {"InputFileChoices", LayOutFileList},
     {"InputFileParams",  LayOutFileParameters},
     {"LatLonBounds",     LayOutBounds},

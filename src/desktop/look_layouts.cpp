@@ -1,6 +1,7 @@
 #include "desktop/look_layouts.h"
 
 #include "desktop/form_view.h"
+#include "desktop/letter_sample.h"
 #include "desktop/qt_text.h"
 
 #include <QGridLayout>
@@ -53,6 +54,20 @@ void LayOutGridType(FormView& view) {
     row->addWidget(new QLabel(QObject::tr("pixels"), &view));
     row->addStretch();
     row->addWidget(view.AddButton("GridColor"));
+    view.Column()->addLayout(row);
+    view.AddButtons({"OK", "Cancel"});
+}
+
+void LayOutGridLabels(FormView& view) {
+    for (const char* const name : {"GridLabelPlace", "GridLabelStyle"}) {
+        QListWidget* list = view.AddList(name);
+        view.Column()->addWidget(view.CaptionOf(list));
+        view.Column()->addWidget(list);
+    }
+    auto* row = new QHBoxLayout;
+    row->addWidget(view.AddSample("GridLabelSample"), 1);
+    row->addSpacing(view.Gap());
+    row->addWidget(view.AddButton("GridLabelFont"));
     view.Column()->addLayout(row);
     view.AddButtons({"OK", "Cancel"});
 }

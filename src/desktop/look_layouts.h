@@ -8,6 +8,7 @@ class FormView;
 
 void LayOutMapSize(FormView& view);
 void LayOutGridType(FormView& view);
+void LayOutGridLabels(FormView& view);
 void LayOutLabelOption(FormView& view);
 void LayOutColors(FormView& view);
 void LayOutLineWidths(FormView& view);

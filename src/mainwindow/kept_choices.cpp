@@ -1,8 +1,10 @@
 #include "mainwindow/kept_choices.h"
 
+#include "mainwindow/kept_grid_labels.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/settings.h"
+#include "mainwindow/told_changes.h"
 #include "mainwindow/view_commands.h"
 
 #include <array>
@@ -20,6 +22,9 @@ void TakeStatusLine(std::string_view text) {
 }
 
 constexpr std::array Choices = std::to_array<KeptChoice>({
+    {"GridLabels", GridLabelPlaceText, TakeGridLabelPlace, true},
+    {"GridLabelStyle", GridLabelStyleText, TakeGridLabelStyle, true},
+    {"GridLabelFont", GridLabelFontText, TakeGridLabelFont, true},
     {"StatusLine", StatusLineText, TakeStatusLine},
 });
 
@@ -43,6 +48,7 @@ void ReadKeptChoices() {
         }
     }
     NoteChoices();
+    NoteDesign(); // a choice that comes back is no change
 }
 
 void KeepChoices() {

@@ -69,7 +69,7 @@ constexpr std::array DesignMenu = {
     MenuEntry{ParameterReportItem,   "&Map Parameter Report",    ShowParameterReport},
     MenuEntry{GreatCircleReportItem, "G&reat Circle Report",     ShowGreatCircleReport},
     MenuEntry{14},
-    MenuEntry{GridLabelsItem,        "Gr&id Labels..."},
+    MenuEntry{GridLabelsItem,        "Gr&id Labels...",          ChooseGridLabels},
     MenuEntry{FrameItem,             "&Frame and Scale..."},
     MenuEntry{FillItem,              "Fill La&nd and Water..."},
 };

@@ -10,6 +10,7 @@
 #include "dialogs/exports/line_width_scale.h"
 #include "dialogs/files/input_file_choices.h"
 #include "dialogs/look/colors256.h"
+#include "dialogs/look/grid_labels_form.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "dialogs/reports/report_dialog.h"
@@ -77,6 +78,8 @@ void ChooseBackground(int /*index*/) {
 void ChooseGrid(int /*index*/) { ShowDialog<SelectGridType>(); }
 
 void ChooseLabels(int /*index*/) { ShowDialog<SelectLabelOption>(); }
+
+void ChooseGridLabels(int /*index*/) { ShowDialog<GridLabelsForm>(); }
 
 void ChooseLineWidths(int /*index*/) { ShowDialog<LineWidthScale>(); }
 

@@ -20,6 +20,7 @@ void ChooseSmallCircle(int index);
 void ChooseBackground(int index);
 void ChooseGrid(int index);
 void ChooseLabels(int index);
+void ChooseGridLabels(int index);
 void ChooseLineWidths(int index);
 
 /// Asks for a text, deletes others at the person's wish, and begins to place it.

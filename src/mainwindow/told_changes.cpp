@@ -2,6 +2,7 @@
 
 #include "core/run_time_error.h"
 #include "designfile/cnf_save.h"
+#include "mainwindow/kept_choices.h"
 #include "mainwindow/main_window_state.h"
 #include "platform/machine.h"
 
@@ -18,11 +19,18 @@ std::string DesignTextNow() {
     }
 }
 
+namespace {
+
+/// What a change is told of by: the design, and the choices beside it that its picture depends on.
+std::string MapTextNow() { return DesignTextNow() + DrawnChoices(); }
+
+} // namespace
+
 void TellChange(std::string_view name, ChangeKind kind) {
     if (Machine().changes == nullptr) {
         return;
     }
-    std::string now = DesignTextNow();
+    std::string now = MapTextNow();
     if (now == MainWindowNow.ToldDesign) {
         return;
     }
@@ -34,7 +42,7 @@ void TellChange(std::string_view name, ChangeKind kind) {
 
 void NoteDesign() {
     if (Machine().changes != nullptr) {
-        MainWindowNow.ToldDesign = DesignTextNow();
+        MainWindowNow.ToldDesign = MapTextNow();
     }
 }
 

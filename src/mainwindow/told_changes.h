@@ -10,8 +10,9 @@ namespace quelmont {
 /// The design as ComparableDesignText tells it; empty for one that no file can hold.
 std::string DesignTextNow();
 
-/// Tells Machine().changes that the design has changed, if it is not the one of which they were told last,
-/// or the one that NoteDesign saw. The name is that of a menu item; the "&" of its mnemonic is left out.
+/// Tells Machine().changes that the design, or a choice that its picture depends on, has changed, if it is
+/// not the one of which they were told last, or the one that NoteDesign saw. The name is that of a menu item;
+/// the "&" of its mnemonic is left out.
 void TellChange(std::string_view name, ChangeKind kind);
 
 /// The design as it is now is nothing to tell of: it is the program's default, saved, or recalled.

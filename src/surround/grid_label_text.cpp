@@ -58,7 +58,7 @@ std::vector<std::int64_t> PlacesOf(const Axis& axis) {
 }
 
 double OuternessOf(const Axis& axis, std::int64_t place) {
-    const double half = static_cast<double>(axis.high - axis.low);
+    const auto half = static_cast<double>(axis.high - axis.low);
     return std::fabs(static_cast<double>(2 * place - axis.middle)) / half;
 }
 
@@ -131,6 +131,7 @@ std::vector<GridLine> AngleLines(const Axis& axis, GridLabelStyle style, bool la
     const std::vector<std::int64_t> places = PlacesOf(axis);
     const Fineness fineness = FinenessOf(places, axis.toTrue);
     std::vector<GridLine> lines;
+    lines.reserve(places.size());
     for (const std::int64_t place : places) {
         const std::int64_t value = TrueSeconds(place + axis.toTrue);
         lines.push_back({.at = static_cast<double>(place) / SecPerDegree,
@@ -171,6 +172,7 @@ std::vector<GridLine> MetreLines(const Axis& axis, GridLabelStyle style, bool no
     const int decimals = DecimalsOf(places);
     const std::string_view unit = style == GridLabelStyle::Sign ? " km" : northing ? " km N" : " km E";
     std::vector<GridLine> lines;
+    lines.reserve(places.size());
     for (const std::int64_t place : places) {
         lines.push_back({.at = static_cast<double>(place),
                          .text = KilometreText(place, decimals, unit),

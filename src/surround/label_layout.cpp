@@ -217,6 +217,7 @@ std::vector<TextBox> TextsOnMap() {
 std::vector<GridLabel> PlaceGridLabels(const std::vector<LabelledLine>& lines,
                                        const std::vector<TextBox>& taken, double clearance) {
     std::vector<const LabelledLine*> order;
+    order.reserve(lines.size());
     for (const LabelledLine& line : lines) {
         order.push_back(&line);
     }

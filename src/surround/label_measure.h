@@ -18,7 +18,7 @@ struct LabelMeasure {
 
     /// From the outline to a label beside it, and to one above or below.
     double GapBeside() const { return letters * 0.5; }
-    double GapAbove() const { return letters * 0.6; }
+    double GapAbove() const { return letters * 0.75; }
     /// From a line to the label on it.
     double GapOnLine() const { return letters * 0.25; }
     /// Between two labels side by side.

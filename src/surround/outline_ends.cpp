@@ -126,6 +126,7 @@ std::vector<double> Middles(double low, double spacing, std::int32_t count, doub
     const double last = std::max<double>(count - most, 0.0);
     const double first = Within(0.0, nearest - most / 2.0, last);
     std::vector<double> middles;
+    middles.reserve(MostSpots);
     for (std::int32_t i = 0; i < std::min(count, most); ++i) {
         middles.push_back(low + (first + i + 0.5) * spacing);
     }

@@ -170,6 +170,32 @@ TEST(WrongUsageOf, Labels) {
     EXPECT_NE(Fault({"a.png", "--no-labels=maybe"}), "");
 }
 
+TEST(DrawOptionsOf, GridLabels) {
+    EXPECT_FALSE(Read({"a.png"}).gridLabels.place);
+    const GridLabelOptions labels =
+        Read({"--grid-labels", "lines", "--grid-label-style", "signs", "--grid-label-font", "Times",
+              "--grid-label-size", "14", "--grid-label-color", "0000FF", "a.png"})
+            .gridLabels;
+    EXPECT_EQ(labels.place, GridLabelPlace::Lines);
+    EXPECT_EQ(labels.style, GridLabelStyle::Sign);
+    EXPECT_EQ(labels.font, "Times");
+    EXPECT_EQ(labels.size, 14);
+    EXPECT_EQ(labels.color, 0x02FF0000U);
+    EXPECT_EQ(Read({"--grid-labels", "frame", "a.png"}).gridLabels.place, GridLabelPlace::Frame);
+    EXPECT_EQ(Read({"--grid-labels", "none", "a.png"}).gridLabels.place, GridLabelPlace::None);
+}
+
+TEST(WrongUsageOf, GridLabels) {
+    EXPECT_THAT(Fault({"a.png", "--grid-labels", "outside"}),
+                HasSubstr("\"outside\" is none of none, frame, lines"));
+    EXPECT_THAT(Fault({"a.png", "--grid-labels", "frame", "--grid-label-style", "30N"}),
+                HasSubstr("is none of degrees, letters, signs"));
+    EXPECT_THAT(Fault({"a.png", "--grid-labels", "frame", "--grid-label-font", ""}), HasSubstr("is no font"));
+    EXPECT_THAT(Fault({"a.png", "--grid-labels", "frame", "--grid-label-size", "3"}),
+                HasSubstr("from 4 to 200"));
+    EXPECT_THAT(Fault({"a.png", "--grid-label-size", "12"}), HasSubstr("requires --grid-labels"));
+}
+
 TEST(WrongUsageOf, TheCommandLine) {
     EXPECT_THAT(Fault({}), HasSubstr("OUTPUT"));
     EXPECT_THAT(Fault({"a.gif"}), HasSubstr("does not end in .png"));

@@ -128,6 +128,21 @@ TEST_P(LabelsInFiles, StandWhereTheWindowHasThem) {
     }
 }
 
+TEST_P(LabelsInFiles, OfTheGridStandWhereTheWindowHasThem) {
+    for (const char* const place : {"frame", "lines"}) {
+        for (const char* const projection : {"1", "8", "16", "30", "42", "17"}) {
+            Draw({"--projection", projection, "--no-map", "--grid-labels", place, "--grid-label-style",
+                  "letters", "--grid-label-size", "24"},
+                 GetParam().ending);
+            EXPECT_GE(TextsOfFile().size(), 4U) << projection;
+            EXPECT_EQ(machine.window.surface.Texts().size(), TextsOfFile().size()) << "each once";
+            ExpectPlacesOfTheWindow();
+            EXPECT_THAT(Design.TextItems, IsEmpty()) << "they are no texts of the design";
+        }
+    }
+    EXPECT_THAT(WordsOfFile(), testing::Contains("5900 km N"));
+}
+
 TEST_P(LabelsInFiles, EachComesOnceFromAnInterruptedMap) {
     const std::string towns =
         Towns("1 30 60 \"N1\"\n1 30 150 \"N2\"\n1 30 -60 \"N3\"\n1 -30 60 \"S1\"\n1 -30 -150 \"S2\"\n"

@@ -79,8 +79,8 @@ TEST_F(LabelLayout, StandsBesideItsParallelAndUnderItsMeridian) {
     for (const TextItem& item : fortyFive) {
         EXPECT_NEAR(item.TextX, 9592.5 + 45.0 * degree - 240.0, 1.0) << "centred on the meridian";
     }
-    EXPECT_NEAR(fortyFive[0].TextY, 6922.5 + 60.0 * degree + 115.2 + 192.0, 1.0) << "under the map";
-    EXPECT_NEAR(fortyFive[1].TextY, 6922.5 - 60.0 * degree - 115.2, 1.0) << "above it";
+    EXPECT_NEAR(fortyFive[0].TextY, 6922.5 + 60.0 * degree + 144.0 + 192.0, 1.0) << "under the map";
+    EXPECT_NEAR(fortyFive[1].TextY, 6922.5 - 60.0 * degree - 144.0, 1.0) << "above it";
 }
 
 TEST_F(LabelLayout, HasALabelForEachEndOfEachLine) {
