@@ -1,24 +1,42 @@
 #!/bin/sh
-# Makes the Debian package twice, has lintian read it, and puts it into a bare system and takes it away again:
+# Makes the Debian package in two folders, one after the other, for two people with other habits; has lintian read
+# it, and puts it into a bare system and takes it away again:
 #
-#   package.sh BUILD_FOLDER
+#   package.sh SOURCES
 #
 # The last needs root and the network, and is passed over with a message without them.
 set -eu
-build=$(realpath "$1")
+sources=$(realpath "$1")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-umask 022
-export SOURCE_DATE_EPOCH=1767225600
 
-for run in first second; do
-    (cd "$build" && cpack -G DEB -B "$work/$run" >"$work/$run.log") || { cat "$work/$run.log"; exit 1; }
-    sleep 1
-done
-cmp "$work"/first/*.deb "$work"/second/*.deb
-package=$(echo "$work"/first/*.deb)
+# make_package FOLDER UMASK: from a copy of the sources that somebody with that umask unpacked.
+make_package() {
+    (
+        umask "$2"
+        mkdir -p "$1"
+        cd "$sources"
+        tar --create --exclude=./build --exclude=./.git . | tar --extract --no-same-permissions --directory "$1"
+        cd "$1"
+        scripts/package
+    ) >"$work/log" 2>&1 || { tail -30 "$work/log"; exit 1; }
+}
+make_package "$work/one" 022
+first=$(echo "$work"/one/build/package/*.deb)
+touch "$work/one/CHANGELOG.md" # its time tells nothing
+make_package "$work/a folder of another name" 027
+second=$(echo "$work/a folder of another name"/build/package/*.deb)
+sha256sum "$first" "$second"
+if ! cmp "$first" "$second"; then
+    for package in "$first" "$second"; do
+        dpkg-deb --fsys-tarfile "$package" | tar --list --verbose --full-time >"$package.list"
+    done
+    diff "$first.list" "$second.list" || true
+    exit 1
+fi
+package=$first
 lintian --allow-root --fail-on error,warning "$package"
-echo "The package is the same twice, and lintian finds nothing."
+echo "The package is the same in both folders, and lintian finds nothing."
 
 if [ "$(id -u)" != 0 ]; then
     echo "Not root: the package is not installed in a bare system."
