@@ -48,6 +48,16 @@ QString PlainText(std::string_view utf8) {
         .normalized(QString::NormalizationForm_C);
 }
 
+/// Letters of which many fonts make one character: "ff", "fi", "fl", "fj", "ft".
+bool HasLatinLigature(std::string_view text) {
+    for (std::size_t at = text.find('f'); at != std::string_view::npos; at = text.find('f', at + 1)) {
+        if (at + 1 < text.size() && std::string_view("filjt").find(text[at + 1]) != std::string_view::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// A number of a table of a font, 0 beyond its end.
 int NumberAt(const QByteArray& table, qsizetype offset) {
     return offset + 2 > table.size() ? 0 : qFromBigEndian<qint16>(table.constData() + offset);
@@ -132,7 +142,7 @@ QPainterPath TextFace::OutlineOf(const QRawFont& raw, std::uint32_t glyph) {
     return outline->second;
 }
 
-std::optional<QPointF> TextFace::LayOut(QTextLayout& layout, std::string_view utf8) const {
+std::optional<QPointF> TextFace::LayOut(QTextLayout& layout, const QFont& inFont, std::string_view utf8) {
     const QString text = PlainText(utf8);
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
@@ -140,7 +150,7 @@ std::optional<QPointF> TextFace::LayOut(QTextLayout& layout, std::string_view ut
     option.setFlags(QTextOption::IncludeTrailingSpaces);
     option.setUseDesignMetrics(true);
     layout.setText(text);
-    layout.setFont(font);
+    layout.setFont(inFont);
     layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
@@ -153,7 +163,13 @@ std::optional<QPointF> TextFace::LayOut(QTextLayout& layout, std::string_view ut
 
 double TextFace::Write(QPainter& painter, std::string_view utf8) const {
     QTextLayout layout;
-    const std::optional<QPointF> baseline = LayOut(layout, utf8);
+    // A page is searched by its letters, which a ligature hides. Letters that stand apart have none: these do
+    // by a 64th of a pixel of the layout, the least that counts, and less than shows.
+    QFont apart = font;
+    if (HasLatinLigature(utf8)) {
+        apart.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64.0);
+    }
+    const std::optional<QPointF> baseline = LayOut(layout, apart, utf8);
     if (!baseline) {
         return 0.0;
     }
@@ -167,7 +183,7 @@ double TextFace::Write(QPainter& painter, std::string_view utf8) const {
 
 ShapedText TextFace::Shape(std::string_view utf8) {
     QTextLayout layout;
-    const std::optional<QPointF> baseline = LayOut(layout, utf8);
+    const std::optional<QPointF> baseline = LayOut(layout, font, utf8);
     ShapedText shaped;
     if (!baseline) {
         return shaped;

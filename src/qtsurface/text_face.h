@@ -65,9 +65,9 @@ public:
 private:
     using Outlines = std::unordered_map<std::uint32_t, QPainterPath>;
 
-    /// A text on one line of a layout; where its baseline begins there, in pixels of the layout. Nothing for
-    /// what has no line.
-    std::optional<QPointF> LayOut(QTextLayout& layout, std::string_view utf8) const;
+    /// A text on one line of a layout in a font; where its baseline begins there, in pixels of the layout.
+    /// Nothing for what has no line.
+    static std::optional<QPointF> LayOut(QTextLayout& layout, const QFont& inFont, std::string_view utf8);
     void MeasureLines();
     QPainterPath OutlineOf(const QRawFont& raw, std::uint32_t glyph);
 

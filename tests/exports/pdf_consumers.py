@@ -102,6 +102,13 @@ class Consumers(shapes.ConsumerTest):
         self.assertGreaterEqual(len(found), 4)
         self.assertEqual(set(found.values()), {("yes", "yes")}, found)
 
+    def test_words_of_letters_that_fonts_join_are_found(self):
+        sentence = "Pacific office, flat cliffs, fjord"
+        for font in ("DejaVu Sans", "DejaVu Serif", "Liberation Sans"):
+            file = self.draw(["--no-map", "--grid-type", "5", "--text", sentence, "--at", "10%,50%", "--font", font],
+                             "joined.pdf")
+            self.assertIn(sentence, told("pdftotext", file, "-").decode(), font)
+
     def test_text_that_is_turned_is_in_the_order_of_its_letters(self):
         file = self.draw(["--no-map", "--grid-type", "5", "--text", "Mare Nostrum", "--at", "40%,50%", "--rotate", "33"],
                          "turned.pdf")
