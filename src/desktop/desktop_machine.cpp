@@ -4,11 +4,14 @@
 #include "core/stop_signals.h"
 #include "desktop/dialogs.h"
 #include "desktop/form_view.h"
+#include "desktop/help_key.h"
 #include "desktop/keyboard_return.h"
 #include "desktop/message_box.h"
 #include "desktop/session_end.h"
 #include "desktop/window_place.h"
+#include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
+#include "platform/help_pages.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -22,6 +25,18 @@ namespace quelmont {
 namespace {
 
 constexpr qint64 TurnNanoseconds = 5'000'000;
+
+/// The page of the help about a box: questions about designs may come without a command.
+int ContextOf(BoxButtons buttons, const QWidget& below, std::string_view control) {
+    switch (buttons) {
+    case BoxButtons::RecallDiscard:
+        return HelpContextOf(Menu::mnuInput, RecallDesignItem);
+    case BoxButtons::SaveDiscardCancel:
+        return HelpContextOf(Menu::mnuInput, SaveDesignItem);
+    default:
+        return HelpContextOver(below, control);
+    }
+}
 
 } // namespace
 
@@ -39,6 +54,7 @@ BoxAnswer DesktopBoxes::AskAbout(std::string_view control, std::string_view titl
     if (const auto* view = dynamic_cast<const FormView*>(&below)) {
         box.StandBeside(view->PlaceOf(control));
     }
+    OpenHelpOnF1(box, ContextOf(buttons, below, control));
     const KeyboardReturn keyboard(box, below);
     return box.Ask();
 }

@@ -11,8 +11,10 @@
 #include "mainwindow/kept_design.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/map_words.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/text_placing.h"
+#include "platform/help_pages.h"
 #include "platform/machine.h"
 
 #include <QApplication>
@@ -263,6 +265,8 @@ void DesktopWindow::SetAutoRedraw(bool on) {
     }
     if (on) {
         area->TakeHintOff();
+    } else {
+        area->Describe(Text(MapInWords()));
     }
     if (!on && repaintDue) {
         Repaint();
@@ -285,7 +289,10 @@ void DesktopWindow::Clicked(Menu menu, int index) {
         mnuBar_Click(index);
         return;
     }
-    Run([&] { ClickMenuItem(menu, index); });
+    Run([&] {
+        helpOfCommand = HelpContextOf(menu, index);
+        ClickMenuItem(menu, index);
+    });
 }
 
 void DesktopWindow::Run(const std::function<void()>& command) {
@@ -295,6 +302,8 @@ void DesktopWindow::Run(const std::function<void()>& command) {
     busy = true;
     command();
     busy = false;
+    helpOfCommand = 0;
+    area->SetReadyToDraw(Design.ProjGridSet.at(static_cast<std::size_t>(Design.ProjNum)));
     if (Design.TextPending) {
         // The arrow keys are for the text now, though a key may have opened the menu.
         menuBar()->setActiveAction(nullptr);

@@ -28,6 +28,8 @@ public:
     QAction* Action(Menu menu, int index) const { return menus.Action(menu, index); }
     /// A command runs.
     bool Busy() const { return busy; }
+    /// The page of the help about the command that runs, 0 where there is none.
+    int HelpOfCommand() const { return helpOfCommand; }
     /// Runs something as a command, unless one runs.
     void Run(const std::function<void()>& command);
 
@@ -105,6 +107,7 @@ private:
     bool autoRedraw = false;
     bool repaintDue = false;
     bool busy = false;
+    int helpOfCommand = 0; ///< context number
     bool closeWanted = false;
     bool unloaded = false;
 };

@@ -1,5 +1,6 @@
 #include "desktop/drawing_area.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -20,9 +21,16 @@ int LastWhole(qreal place) { return static_cast<int>(std::floor(place + Toleranc
 /// How light a background is from which on dark letters can be read on it, 0 to 255.
 constexpr int LightBackground = 128;
 
+/// A drawing area is a picture to screen readers, which read its name and description out.
+QAccessibleInterface* AccessiblePicture(const QString& /*className*/, QObject* object) {
+    auto* area = dynamic_cast<DrawingArea*>(object);
+    return area == nullptr ? nullptr : new QAccessibleWidget(area, QAccessible::Graphic);
+}
+
 } // namespace
 
 DrawingArea::DrawingArea(QWidget* parent) : QWidget(parent) {
+    QAccessible::installFactory(AccessiblePicture); // once, however often it is called
     setAccessibleName(QStringLiteral("Map"));
     setAccessibleDescription(Hint());
     setFocusPolicy(Qt::StrongFocus);
@@ -54,9 +62,28 @@ void DrawingArea::Clear(std::uint32_t color) {
 }
 
 void DrawingArea::TakeHintOff() {
+    if (hinted) {
+        setAccessibleDescription(QString());
+    }
     hinted = false;
-    setAccessibleDescription(QString());
     update();
+}
+
+void DrawingArea::SetReadyToDraw(bool ready) {
+    if (readyToDraw == ready) {
+        return;
+    }
+    readyToDraw = ready;
+    if (hinted) {
+        setAccessibleDescription(Hint());
+        update();
+    }
+}
+
+void DrawingArea::Describe(const QString& words) {
+    if (!hinted) {
+        setAccessibleDescription(words);
+    }
 }
 
 QSize DrawingArea::WholeSize() const { return DeviceSize().expandedTo(surface.Image().size()); }
@@ -96,8 +123,8 @@ void DrawingArea::HidePreview() {
 }
 
 QString DrawingArea::Hint() const {
-    return hasPicture ? QStringLiteral("Draw Map (Alt+D) draws the map")
-                      : QStringLiteral("Choose a projection, then Draw Map (Alt+D)");
+    return hasPicture || readyToDraw ? QStringLiteral("Draw Map (Alt+D) draws the map")
+                                     : QStringLiteral("Choose a projection, then Draw Map (Alt+D)");
 }
 
 void DrawingArea::PaintHint() {

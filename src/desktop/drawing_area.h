@@ -30,6 +30,11 @@ public:
     void Clear(std::uint32_t color);
     /// Something is about to be drawn on the back image.
     void TakeHintOff();
+    /// Whether a map can be drawn without another choice: the hint before the first picture then speaks of
+    /// the draw alone.
+    void SetReadyToDraw(bool ready);
+    /// Tells a screen reader what the picture shows, until another one begins.
+    void Describe(const QString& words);
     /// False before the first clearing.
     bool HasPicture() const { return hasPicture; }
     /// True when the back image is as large as the area.
@@ -75,7 +80,8 @@ private:
     QRect previewed;                     ///< where it differs from the picture
     bool hasPicture = false;
     bool hinted = true; ///< nothing was drawn yet
-    qreal ratio = 1.0;  ///< device pixels per unit of the screen that the picture was drawn for
+    bool readyToDraw = false;
+    qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(QPointF)> pressed;
     std::function<void(QPointF)> moved;
     std::function<void()> resized;

@@ -2,14 +2,15 @@
 
 #include "core/file_names.h"
 #include "desktop/dialogs.h"
+#include "desktop/help_key.h"
 #include "desktop/keyboard_return.h"
+#include "desktop/message_box.h"
 #include "desktop/qt_text.h"
 #include "desktop/session_end.h"
 
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 
 namespace quelmont {
 
@@ -73,12 +74,16 @@ private:
         const std::string extension = ExtensionOf(request, FilterIndex(*this));
         const std::string name = extension.empty() ? typed : WithExtension(typed, extension);
         const QFileInfo file(Text(name));
-        return !file.isFile() ||
-               QMessageBox::warning(
-                   this, windowTitle(),
-                   QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
-                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+        return !file.isFile() || Replaces(file.fileName().toStdString());
     }
+    bool Replaces(const std::string& name) {
+        MessageBox question(request.title, name + " already exists.\nDo you want to replace it?",
+                            BoxButtons::YesNo, BoxIcon::Exclamation, this);
+        question.setDefaultButton(QMessageBox::No);
+        OpenHelpOnF1(question, HelpContextOver(*this));
+        return question.Ask() == BoxAnswer::Yes;
+    }
+
     FileDialogRequest request;
 };
 
@@ -87,6 +92,7 @@ FileDialogAnswer Ask(QFileDialog& dialog) {
         return {FileDialogCancelled};
     }
     const KeyboardReturn keyboard(dialog, *dialog.parentWidget());
+    OpenHelpOnF1(dialog, HelpContextOver(*dialog.parentWidget()));
     dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {FileDialogCancelled};

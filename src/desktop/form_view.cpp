@@ -3,7 +3,9 @@
 #include "desktop/fitting_area.h"
 #include "desktop/heads_line.h"
 #include "desktop/masked_edit.h"
+#include "desktop/page_view.h"
 #include "desktop/qt_text.h"
+#include "platform/help_pages.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -184,12 +186,25 @@ void FormView::showEvent(QShowEvent* event) {
     }
 }
 
+void FormView::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    const QRect room = screen()->availableGeometry();
+    const QRect place = frameGeometry();
+    if (seen && !room.contains(place)) {
+        move(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() + 1 - place.width())),
+             std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() + 1 - place.height())));
+    }
+}
+
 void FormView::FitScreen() {
     outer->activate();
     const int buttons = outer->totalSizeHint().height() - area->sizeHint().height() -
                         outer->contentsMargins().top() - outer->contentsMargins().bottom();
     const QSize room = Room() - QSize(0, buttons);
     WrapCaptions(room.width());
+    for (PageView* page : pages) {
+        page->SetRoom(room); // a page has bars of its own
+    }
     // The bar that Room leaves free is the area's own.
     area->SetRoom(room + QSize(area->verticalScrollBar()->sizeHint().width(), 0));
 }
@@ -219,6 +234,11 @@ QRect FormView::PlaceOf(std::string_view name) const {
         }
     }
     return place & rect();
+}
+
+int FormView::HelpContextOf(std::string_view name) const {
+    const int context = quelmont::HelpContextOf(form.ClassName(), name.empty() ? form.Focus() : name);
+    return context != 0 ? context : form.HelpPage();
 }
 
 void FormView::MoveToMiddle() {

@@ -38,10 +38,14 @@ public:
 
     /// Where a control and its caption stand in the dialog; empty when it has none of that name in sight.
     QRect PlaceOf(std::string_view name) const;
+    /// The page of the help about a control, by its number; without a name about the one that has the focus.
+    int HelpContextOf(std::string_view name) const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    /// A dialog that has grown while it is seen stays on the screen.
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

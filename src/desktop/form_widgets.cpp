@@ -12,6 +12,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -32,13 +33,13 @@ namespace quelmont {
 
 namespace {
 
+/// The name of what has a caption.
+QString Named(const std::string& caption) { return Spoken(Text(caption)).remove(QLatin1Char(':')); }
+
 /// Letters in a line of an explanation.
 constexpr int LineLetters = 62;
 /// What the sides of a window's frame take of the screen, at most.
 constexpr int FrameSides = 16;
-
-/// A text without the marks of mnemonics.
-QString Spoken(QString text) { return text.remove(QLatin1Char('&')).remove(QLatin1Char(':')); }
 
 /// A text that wraps at a comfortable length, whatever the size of the letters.
 class Explanation final : public QLabel {
@@ -107,14 +108,17 @@ QLabel* FormWidgets::AddExplanation(std::string_view name) {
     auto* label = new Explanation;
     label->setParent(this);
     label->setTextFormat(Qt::PlainText);
-    Bind(name, label, [label](const Control& control) { label->setText(Text(control.text)); });
+    Bind(name, label, [this, label](const Control& control) {
+        label->setText(Text(control.text));
+        setAccessibleDescription(Text(control.text)); // what is read out when the dialog comes
+    });
     return label;
 }
 
 QSpinBox* FormWidgets::AddSpin(std::string_view name) {
     auto* spin = new QSpinBox(this);
     spin->setCorrectionMode(QAbstractSpinBox::CorrectToNearestValue);
-    spin->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    spin->setAccessibleName(Named(form.At(name).caption));
     Bind(name, spin, [spin](const Control& control) {
         const QSignalBlocker quiet(spin);
         spin->setRange(control.minimum, control.maximum);
@@ -134,7 +138,7 @@ QWidget* FormWidgets::AddEdit(std::string_view name) {
     auto* edit = new MaskedEdit(
         control.mask, [this, own = std::string(name)](const std::string& text) { form.Type(own, text); },
         this);
-    edit->setAccessibleName(Spoken(Text(control.caption)));
+    edit->setAccessibleName(Named(control.caption));
     Bind(name, edit, [edit](const Control& now) {
         edit->Show(now.text);
         edit->setEnabled(now.enabled);
@@ -149,7 +153,7 @@ QRadioButton* FormWidgets::AddOption(std::string_view name) {
     Bind(name, option, [option](const Control& control) {
         const QSignalBlocker quiet(option);
         option->setText(Text(control.text));
-        option->setAccessibleName(Spoken(Text(control.text)));
+        option->setAccessibleName(Named(control.text));
         option->setEnabled(control.enabled);
         if (control.value != 0) {
             option->setChecked(true);
@@ -168,7 +172,7 @@ QCheckBox* FormWidgets::AddCheck(std::string_view name) {
     Bind(name, check, [check](const Control& control) {
         const QSignalBlocker quiet(check);
         check->setText(Text(control.text));
-        check->setAccessibleName(Spoken(Text(control.text)));
+        check->setAccessibleName(Named(control.text));
         check->setEnabled(control.enabled);
         check->setChecked(control.value != 0);
     });
@@ -179,7 +183,7 @@ QCheckBox* FormWidgets::AddCheck(std::string_view name) {
 
 QListWidget* FormWidgets::AddList(std::string_view name) {
     auto* list = new QListWidget(this);
-    list->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    list->setAccessibleName(Named(form.At(name).caption));
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Bind(name, list, [list](const Control& control) {
         const QSignalBlocker quiet(list);
@@ -222,7 +226,7 @@ QWidget* FormWidgets::AddPalette(std::string_view name) {
     const std::string own(name);
     auto* grid = new PaletteGrid([this, own](int cell) { form.Hover(own, cell); },
                                  [this, own](int cell) { form.Choose(own, cell); }, this);
-    grid->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    grid->setAccessibleName(Named(form.At(name).caption));
     Bind(name, grid, [grid](const Control& control) { grid->Show(control); });
     return grid;
 }
@@ -237,7 +241,7 @@ GridTable* FormWidgets::AddGrid(std::string_view name, GridTable::Painter painte
     };
     auto* grid =
         new GridTable([this, own](int cell) { form.MoveTo(own, cell); }, pressed, std::move(painter), this);
-    grid->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    grid->setAccessibleName(Named(form.At(name).caption));
     Bind(name, grid, [grid](const Control& control) { grid->Show(control); });
     return grid;
 }
@@ -246,7 +250,8 @@ ComboField* FormWidgets::AddCombo(std::string_view name) {
     const std::string own(name);
     auto* combo = new ComboField([this, own](const std::string& text) { form.Type(own, text); },
                                  [this, own](int line) { form.Choose(own, line); }, this);
-    combo->setAccessibleName(Spoken(Text(form.At(name).caption)));
+    combo->setAccessibleName(Named(form.At(name).caption));
+    combo->lineEdit()->setAccessibleName(combo->accessibleName());
     Bind(name, combo, [combo](const Control& control) { combo->Show(control); });
     return combo;
 }
@@ -262,7 +267,12 @@ LetterSample* FormWidgets::AddSample(std::string_view name) {
 
 PageView* FormWidgets::AddPage(std::string_view name) {
     auto* page = new PageView(Room(), this);
-    Bind(name, page, [page](const Control& control) { page->Show(control); });
+    page->setAccessibleName(Text(form.Caption()));
+    Bind(name, page, [this, page](const Control& control) {
+        page->Show(control);
+        area->updateGeometry(); // letters of another size make another page
+    });
+    pages.push_back(page);
     return page;
 }
 
@@ -276,6 +286,7 @@ void FormWidgets::AddMenu(std::string_view name) {
     }
     QMenu* menu = bar->addMenu(Text(control.text));
     menu->setObjectName(Text(name));
+    menu->setAccessibleName(Spoken(menu->title()));
     int index = 0;
     for (const std::string& item : control.items) {
         connect(menu->addAction(Text(item)), &QAction::triggered, this,
@@ -293,7 +304,7 @@ QPushButton* FormWidgets::AddButton(std::string_view name) {
     button->setDefault(name == form.DefaultButton());
     Bind(name, button, [button](const Control& control) {
         button->setText(Text(control.text));
-        button->setAccessibleName(Spoken(Text(control.text)));
+        button->setAccessibleName(Named(control.text));
         button->setEnabled(control.enabled);
         if (!control.colors.empty()) {
             button->setIcon(Swatch(control.colors.front(), button->iconSize()));
@@ -313,7 +324,7 @@ QWidget* FormWidgets::AddField(std::string_view name) {
         return AddCombo(name);
     default: {
         QLabel* label = AddLabel(name);
-        label->setAccessibleName(Spoken(Text(form.At(name).caption)));
+        label->setAccessibleName(Named(form.At(name).caption));
         // A text that is only shown stands where that of an edit would (masked_edit.h).
         const bool twoDegreeDigits = form.At(name).text.find(' ') == 2;
         label->setIndent(style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + MaskedEdit::LineMargin +

@@ -94,6 +94,7 @@ protected:
     std::vector<Binding> bindings;
     std::vector<QAbstractSpinBox*> spins;
     std::vector<MaskedEdit*> edits;
+    std::vector<PageView*> pages;
 };
 
 } // namespace quelmont

@@ -1,7 +1,9 @@
 #include "desktop/help_browser.h"
 
+#include <QEvent>
 #include <QHelpEngineCore>
 #include <QImage>
+#include <QPagedPaintDevice>
 #include <QScrollBar>
 
 #include <cmath>
@@ -13,16 +15,15 @@ namespace {
 /// Milliseconds after which a window is taken to have its size.
 constexpr int SettledAfter = 80;
 
+/// What a link looks like on white paper.
+constexpr QColor LinkOnPaper(0, 0, 190);
+
 /// Links that can be read on the ground of the pages: themes that are dark may leave them dark blue.
-QPalette WithReadableLinks(QPalette palette) {
+QColor ReadableLink(const QPalette& palette) {
     constexpr int half = 128;
+    const QColor link = palette.color(QPalette::Link);
     const bool dark = palette.color(QPalette::Base).lightness() < half;
-    for (const QPalette::ColorRole role : {QPalette::Link, QPalette::LinkVisited}) {
-        if (dark && qGray(palette.color(role).rgb()) < half) {
-            palette.setColor(role, QColor(120, 175, 255));
-        }
-    }
-    return palette;
+    return dark && qGray(link.rgb()) < half ? QColor(120, 175, 255) : link;
 }
 
 } // namespace
@@ -31,7 +32,7 @@ HelpBrowser::HelpBrowser(QHelpEngineCore& engine_, QWidget* parent) : QTextBrows
     setOpenExternalLinks(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // one that comes and goes would change the width
     document()->setDocumentMargin(12);
-    setPalette(WithReadableLinks(palette()));
+    ColorLinks(ReadableLink(palette()));
     resized.setSingleShot(true);
     resized.setInterval(SettledAfter);
     connect(&resized, &QTimer::timeout, this, [this] { Fit(); });
@@ -73,6 +74,28 @@ void HelpBrowser::Fit() {
     const double share = bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : 0.0;
     reload();
     bar.setValue(static_cast<int>(std::lround(share * bar.maximum())));
+}
+
+void HelpBrowser::ColorLinks(const QColor& color) {
+    // A page takes the colour of its links when it is loaded, from the application unless a style tells
+    // another.
+    document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; }").arg(color.name()));
+}
+
+void HelpBrowser::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        ColorLinks(ReadableLink(palette()));
+        Fit();
+    }
+}
+
+void HelpBrowser::PrintOn(QPagedPaintDevice& paper) {
+    ColorLinks(LinkOnPaper);
+    Fit();
+    print(&paper);
+    ColorLinks(ReadableLink(palette()));
+    Fit();
 }
 
 bool HelpBrowser::FindNext(const QString& text, bool backward) {

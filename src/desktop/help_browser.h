@@ -16,12 +16,16 @@ public:
     /// Finds a text behind the one that is selected, or from the page's beginning again. False when it is
     /// nowhere.
     bool FindNext(const QString& text, bool backward);
+    /// Prints the page in the colours of paper, whatever those of the screen are.
+    void PrintOn(QPagedPaintDevice& paper);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QVariant Picture(const QByteArray& bytes) const;
+    void ColorLinks(const QColor& color);
     /// Loads the page anew, pictures for the present width, and stays where it was.
     void Fit();
 

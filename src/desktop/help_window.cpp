@@ -63,8 +63,12 @@ HelpWindow::HelpWindow(HelpCollection& collection_)
     contents->setAccessibleName(tr("Contents"));
     connect(contents, &QHelpContentWidget::linkActivated, this,
             [this](const QUrl& link) { browser->setSource(link); });
-    connect(collection.Engine().contentModel(), &QHelpContentModel::contentsCreated, contents,
-            [contents] { contents->expandToDepth(0); });
+    connect(collection.Engine().contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
+        contents->expandToDepth(0);
+        MarkPage(browser->source());
+    });
+    // The browser itself still names the page before when it tells of another one.
+    connect(browser, &HelpBrowser::sourceChanged, this, [this](const QUrl& page) { MarkPage(page); });
     sides->addTab(contents, tr("&Contents"));
     sides->addTab(MakeIndex(), tr("&Index"));
     sides->addTab(MakeSearch(), tr("&Search"));
@@ -223,12 +227,20 @@ void HelpWindow::ListResults() {
     }
 }
 
+void HelpWindow::MarkPage(const QUrl& page) {
+    QHelpContentWidget* const contents = collection.Engine().contentWidget();
+    if (const QModelIndex entry = contents->indexOf(page); entry.isValid()) {
+        contents->setCurrentIndex(entry);
+        contents->scrollTo(entry);
+    }
+}
+
 void HelpWindow::Print() {
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, this);
     dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() == QDialog::Accepted) {
-        browser->print(&printer);
+        browser->PrintOn(printer);
     }
 }
 

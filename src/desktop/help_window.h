@@ -44,6 +44,8 @@ private:
     void Find(bool backward);
     void Search();
     void ListResults();
+    /// Marks a page in the contents.
+    void MarkPage(const QUrl& page);
     void Print();
     void Raise();
 

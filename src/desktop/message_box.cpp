@@ -125,6 +125,7 @@ MessageBox::MessageBox(std::string_view title, std::string_view text, BoxButtons
     setWindowTitle(Text(title));
     setTextFormat(Qt::PlainText);
     setText(Text(text));
+    setAccessibleDescription(Text(text)); // what is read out when the box comes
     setIcon(icon == BoxIcon::Exclamation ? QMessageBox::Warning : QMessageBox::Information);
     setStandardButtons(ButtonsOf(buttons));
     setEscapeButton(EscapeOf(buttons));

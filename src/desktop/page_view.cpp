@@ -42,6 +42,11 @@ void PageView::Show(const Control& control) {
     updateGeometry();
 }
 
+void PageView::SetRoom(QSize room_) {
+    room = room_;
+    updateGeometry();
+}
+
 void PageView::Fill() {
     QFont font(Text(letters.fontName));
     const double unitsPerPoint = TwipsPerPoint / TwipsPerUnit(*screen());

@@ -13,6 +13,8 @@ public:
     PageView(QSize room_, QWidget* parent);
 
     void Show(const Control& control);
+    /// The room that is left for it.
+    void SetRoom(QSize room_);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -45,6 +45,7 @@ private:
 } // namespace
 
 WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(clicked_)) {
+    bar.setAccessibleName(QStringLiteral("Menus"));
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
         const int index = entry.index;
         if (entry.below) {
@@ -70,6 +71,7 @@ void WindowMenus::Keep(Menu menu, const MenuEntry& entry, QAction* action) {
 }
 
 void WindowMenus::Fill(QMenu& target, Menu menu) {
+    target.setAccessibleName(Spoken(target.title()));
     std::map<const QAction*, int> indices;
     for (const MenuEntry& entry : MenuEntries(menu)) {
         if (entry.IsSeparator()) {

@@ -179,8 +179,9 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
 // clang-format on
 
 // A context number is the place of a row in the table, from 1; those of menu items begin higher.
-constexpr int FirstMenuContext = 1001;
-static_assert(Controls.size() < FirstMenuContext);
+constexpr int FirstMenuContext = HelpOfBoxes + 1;
+static_assert(Controls.size() < HelpOfBoxes);
+constexpr HelpPlace PlaceOfBoxes = {"messages", ""};
 
 template <typename Rows, typename Fits>
 int NumberOf(const Rows& rows, int first, const Fits& fits) {
@@ -216,7 +217,7 @@ HelpPlace PlaceOfHelp(int context) {
     if (context >= 1 && row(1) < Controls.size()) {
         return Controls.at(row(1)).place;
     }
-    return {HelpContentsPage, {}};
+    return context == HelpOfBoxes ? PlaceOfBoxes : HelpPlace{HelpContentsPage, {}};
 }
 
 } // namespace quelmont

@@ -45,6 +45,9 @@ int HelpContextOf(std::string_view form, std::string_view control);
 /// The help context number of a menu's item, 0 where it has none. All items of the recent designs have one.
 int HelpContextOf(Menu menu, int index);
 
+/// The help context number of boxes that stand over no dialog and belong to no command.
+constexpr int HelpOfBoxes = 1000;
+
 /// The place that a help context number stands for: the top of the contents for a number that stands for
 /// none.
 HelpPlace PlaceOfHelp(int context);

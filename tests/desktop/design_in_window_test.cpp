@@ -98,6 +98,13 @@ TEST_F(DesignInWindow, DroppedDesignIsRecalled) {
     EXPECT_THAT(boxes.asked, IsEmpty());
 }
 
+TEST_F(DesignInWindow, RecalledDesignAsksForNoProjection) {
+    EXPECT_EQ(Area().accessibleDescription(), QString("Choose a projection, then Draw Map (Alt+D)"));
+    WriteWholeFile(name, DesignFileText());
+    desktop->BeginWith(name);
+    EXPECT_EQ(Area().accessibleDescription(), QString("Draw Map (Alt+D) draws the map"));
+}
+
 TEST_F(DesignInWindow, OtherFilesCannotBeDropped) {
     WriteWholeFile(folder / "rivers.map", "");
     Drop(folder / "rivers.map");

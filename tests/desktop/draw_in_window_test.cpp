@@ -8,6 +8,7 @@
 #include "mainwindow/profile_file.h"
 #include "qtsurface/image_surface.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
@@ -254,7 +255,20 @@ TEST_F(DrawInWindow, BlankPictureSaysHowTheMapIsDrawnOnLightAndDark) {
 TEST_F(DrawInWindow, DrawnMapHasNoHint) {
     DrawByKeys();
     EXPECT_EQ(SeenOfArea(), Picture());
-    EXPECT_EQ(Area().accessibleDescription(), QString());
+}
+
+TEST_F(DrawInWindow, DrawnMapTellsAScreenReaderItsProjectionAndBounds) {
+    DrawByKeys();
+    const QString world =
+        "Equirectangular projection, latitude 90\u00B0 N to 90\u00B0 S, longitude 180\u00B0 W "
+        "to 180\u00B0 E";
+    EXPECT_EQ(Area().accessibleDescription(), world);
+    Design.GridText[GridTextNorth] = "30    00    00    N";
+    Window().PutBackPicture();
+    EXPECT_EQ(Area().accessibleDescription(), world) << "the picture is the same";
+    DrawByKeys();
+    EXPECT_EQ(Area().accessibleDescription(), QString(world).replace("90\u00B0 N", "30\u00B0 N"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&Area())->role(), QAccessible::Graphic);
 }
 
 TEST_F(DrawInWindow, ClsTakesTheBackgroundColourAndTheSize) {

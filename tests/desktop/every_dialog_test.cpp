@@ -4,6 +4,7 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/dialog_catalogue.h"
 #include "desktop/fitting_area.h"
+#include "desktop/message_box.h"
 
 #include "core/map_design.h"
 #include "mainwindow/main_menu.h"
@@ -23,6 +24,7 @@
 #include <QScreen>
 #include <QTableWidget>
 #include <QTest>
+#include <QTextEdit>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -221,12 +223,15 @@ TEST_F(EveryDialog, HasAMnemonicOnEachFieldAndButtonAndNoneTwice) {
     });
 }
 
-TEST_F(EveryDialog, NamesItsFieldsToAScreenReader) {
+TEST_F(EveryDialog, NamesAllThatCanHaveTheFocusToAScreenReader) {
     InEach([](QDialog& dialog) {
         EXPECT_FALSE(dialog.windowTitle().isEmpty());
         for (QWidget* widget : dialog.findChildren<QWidget*>()) {
-            if (!widget->isVisible() ||
-                (!IsField(widget) && qobject_cast<QAbstractButton*>(widget) == nullptr)) {
+            // What has a proxy never has the focus itself.
+            const bool proxied = widget->focusProxy() != nullptr;
+            if (!widget->isVisible() || proxied ||
+                (widget->focusPolicy() == Qt::NoFocus && !IsField(widget) &&
+                 qobject_cast<QTextEdit*>(widget) == nullptr)) {
                 continue;
             }
             const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -296,9 +301,73 @@ TEST_F(EveryDialog, LeavesNothingWhenOpenedAHundredTimes) {
     EXPECT_EQ(QApplication::allWidgets().size(), widgets);
 }
 
+TEST_F(EveryDialog, TitlesOfMenusAndCommandsHaveMnemonicsOfTheirOwn) {
+    std::set<char> seen;
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        const char letter = Mnemonic(Window().Action(Menu::mnuBar, entry.index)->text());
+        EXPECT_NE(letter, 0) << entry.text;
+        EXPECT_TRUE(seen.insert(letter).second) << entry.text;
+    }
+}
+
+TEST_F(EveryDialog, ItemsOfItsMenusHaveMnemonicsOfTheirOwn) {
+    int menus = 0;
+    InEach([&](QDialog& dialog) {
+        for (const QMenuBar* bar : dialog.findChildren<QMenuBar*>()) {
+            for (const QAction* title : bar->actions()) {
+                std::set<char> seen;
+                ++menus;
+                EXPECT_FALSE(
+                    QAccessible::queryAccessibleInterface(title->menu())->text(QAccessible::Name).isEmpty());
+                for (const QAction* item : title->menu()->actions()) {
+                    const char letter = Mnemonic(item->text());
+                    EXPECT_TRUE(item->isSeparator() || letter != 0) << item->text().toStdString();
+                    EXPECT_TRUE(item->isSeparator() || seen.insert(letter).second)
+                        << item->text().toStdString();
+                }
+            }
+        }
+    });
+    EXPECT_GT(menus, 0);
+}
+
+TEST_F(EveryDialog, MessageBoxesHaveMnemonicsOfTheirOwnAndNames) {
+    for (const BoxButtons buttons :
+         {BoxButtons::Ok, BoxButtons::RetryCancel, BoxButtons::YesNo, BoxButtons::SaveDiscardCancel,
+          BoxButtons::RecallDiscard, BoxButtons::AbortRetryIgnore}) {
+        MessageBox box("Recall Map Design", "Recall it?", buttons, BoxIcon::Exclamation, &Window());
+        std::set<char> seen;
+        for (const QAbstractButton* button : box.buttons()) {
+            if (const char letter = Mnemonic(button->text()); letter != 0) {
+                EXPECT_TRUE(seen.insert(letter).second) << button->text().toStdString();
+            }
+        }
+        QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&box);
+        EXPECT_EQ(told.text(QAccessible::Name), QStringLiteral("Recall Map Design"));
+        EXPECT_EQ(told.text(QAccessible::Description), QStringLiteral("Recall it?"));
+        EXPECT_EQ(told.role(), QAccessible::AlertMessage);
+    }
+}
+
+TEST_F(EveryDialog, MainWindowNamesItsPartsToAScreenReader) {
+    for (QWidget* widget : Window().findChildren<QWidget*>()) {
+        if (!widget->isWindow() && widget->parentWidget() == &Window()) {
+            EXPECT_NE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), QString())
+                << Where(widget).toStdString();
+        }
+    }
+    for (QMenu* menu : Window().menuBar()->findChildren<QMenu*>()) {
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name),
+                  menu->title().remove(QLatin1Char('&')));
+    }
+}
+
 TEST_F(EveryDialog, MenusHaveTheirOwnMnemonicsAndFit) {
-    for (const int title : {0, 1, 2, 4}) {
-        std::vector<QMenu*> menus = {Window().Action(Menu::mnuBar, title)->menu()};
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        if (!entry.below) {
+            continue;
+        }
+        std::vector<QMenu*> menus = {Window().Action(Menu::mnuBar, entry.index)->menu()};
         for (std::size_t i = 0; i < menus.size(); ++i) {
             std::set<char> seen;
             for (QAction* action : menus[i]->actions()) {

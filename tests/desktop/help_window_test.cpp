@@ -3,10 +3,12 @@
 #include "desktop/desktop_fixture.h"
 
 #include "core/map_design.h"
+#include "desktop/desktop_machine.h"
 #include "desktop/help_browser.h"
 #include "desktop/help_window.h"
 #include "mainwindow/main_menu.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
@@ -14,13 +16,20 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProcess>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
+#include <QTimer>
 #include <QToolBar>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <vector>
 
@@ -130,6 +139,146 @@ TEST_F(HelpInWindow, F1OnAnItemOfAMenuOpensItsPage) {
     ASSERT_NE(desktop->WindowOfHelp(), nullptr);
     EXPECT_EQ(PageName(), "/help/save-dxf.html");
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+/// The boxes of the desktop in the place of the scripted ones.
+class HelpOfBoxesInWindow : public HelpInWindow {
+protected:
+    HelpOfBoxesInWindow() : real(Window()) { Machine().boxes = &real; }
+
+    /// F1 in a box, which stays as it is.
+    void ExpectPage(QDialog& box, const std::string& page, const std::string& section = {}) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        EXPECT_TRUE(box.isVisible());
+        ASSERT_NE(desktop->WindowOfHelp(), nullptr);
+        EXPECT_EQ(PageName(), "/help/" + page + ".html");
+        EXPECT_EQ(Page().fragment().toStdString(), section);
+        EXPECT_EQ(box.windowModality(), Qt::WindowModal) << "the help can be used";
+    }
+
+    DesktopBoxes real;
+};
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfTheFieldThatABoxIsAbout) {
+    InDialog([&](QDialog& dialog) {
+        auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("LatN"));
+        field->setFocus();
+        QTest::qWait(20);
+        QTest::keyClicks(field, QStringLiteral("999999"));
+        InDialog([&](QDialog& box) {
+            ExpectPage(box, "bounds", "northernmost-latitude-of-map-southernmost-latitude-of-map");
+            box.reject();
+        });
+        QTest::keyClick(field, Qt::Key_Tab);
+        QTest::qWait(50);
+        dialog.reject();
+    });
+    Window().Action(Menu::mnuDesign, BoundariesItem)->trigger();
+}
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfTheCommandThatABoxBelongsTo) {
+    InDialog([&](QDialog& box) {
+        ExpectPage(box, "draw-map", "how-long-it-took");
+        box.reject();
+    });
+    Window().Action(Menu::mnuAbout, PlotTimeItem)->trigger();
+}
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfBoxesWhereAMapFileFailsInADraw) {
+    std::filesystem::remove(folder / "Qmnt4.map");
+    InDialog([&](QDialog& size) {
+        InDialog([&](QDialog& box) {
+            ExpectPage(box, "messages");
+            box.reject();
+        });
+        QTest::keyClick(size.focusWidget(), Qt::Key_Return);
+    });
+    Window().Action(Menu::mnuBar, DrawTitle)->trigger();
+}
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfDesignsWhereOneIsOffered) {
+    InDialog([&](QDialog& box) {
+        ExpectPage(box, "designs", "recall-map-design");
+        box.reject();
+    });
+    Machine().boxes->Ask("Recall Map Design", "Recall it?", BoxButtons::RecallDiscard, BoxIcon::Exclamation);
+}
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfTheCommandInItsFileDialogAndItsQuestion) {
+    std::ofstream(folder / "map.bmp") << "earlier";
+    DrawByKeys();
+    InDialog([&](QDialog& files) {
+        ExpectPage(files, "save-bmp");
+        auto* name = files.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        name->setText(QString::fromStdString(folder / "map.bmp"));
+        Help().ShowPlace({"angles", ""});
+        InDialog([&](QDialog& question) {
+            ExpectPage(question, "save-bmp");
+            QTest::keyClick(&question, Qt::Key_Escape);
+            QTimer::singleShot(0, &files, &QDialog::reject);
+        });
+        files.activateWindow();
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    Window().Action(Menu::mnuInput, SaveBmpItem)->trigger();
+}
+
+TEST_F(HelpOfBoxesInWindow, F1OpensThePageOfTheDialogThatAFileDialogStandsOver) {
+    InDialog([&](QDialog& list) {
+        InDialog([&](QDialog& files) {
+            ExpectPage(files, "map-files");
+            files.reject();
+        });
+        QTest::keyClick(list.focusWidget(), Qt::Key_A, Qt::AltModifier);
+        QTest::qWait(20);
+        list.reject();
+    });
+    Window().Action(Menu::mnuInput, OpenMapFileItem)->trigger();
+}
+
+TEST_F(HelpInWindow, ContentsMarkThePageThatIsShown) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    auto* contents = Help().findChild<QHelpContentWidget*>();
+    const auto marked = [&] { return contents->currentIndex().data().toString(); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return marked() == QStringLiteral("Quelmont help"); }));
+    Help().ShowPlace({"utm-zone", "spheroid"});
+    EXPECT_EQ(marked(), QStringLiteral("Zone and bounds of a UTM map"));
+    EXPECT_TRUE(contents->viewport()->rect().intersects(contents->visualRect(contents->currentIndex())));
+    Help().Browser().backward();
+    EXPECT_EQ(marked(), QStringLiteral("Quelmont help"));
+}
+
+TEST_F(HelpInWindow, PrintedPageHasItsTextAndItsPictures) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    Help().ShowPlace({"help-menu", ""});
+    QTest::qWait(200);
+    InDialog([&](QDialog& dialog) {
+        auto* print = qobject_cast<QPrintDialog*>(&dialog);
+        ASSERT_NE(print, nullptr);
+        EXPECT_EQ(print->windowModality(), Qt::WindowModal);
+        print->printer()->setOutputFileName(QString::fromStdString(folder / "page.pdf"));
+        print->done(QDialog::Accepted);
+    });
+    QTest::keyClick(&Help(), Qt::Key_P, Qt::ControlModifier);
+    const auto told = [&](const char* tool, const QStringList& arguments) {
+        QProcess process;
+        process.start(QString::fromLatin1(tool), arguments);
+        EXPECT_TRUE(process.waitForFinished()) << tool;
+        return QString::fromUtf8(process.readAllStandardOutput());
+    };
+    const QString file = QString::fromStdString(folder / "page.pdf");
+    EXPECT_TRUE(told("pdftotext", {"-layout", file, "-"}).contains("F1 opens the help as well"));
+    EXPECT_TRUE(told("pdfimages", {"-list", file}).contains("image"));
+}
+
+TEST_F(HelpInWindow, NamesAllThatCanHaveTheFocusToAScreenReader) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    for (QWidget* widget : Help().findChildren<QWidget*>()) {
+        if (widget->focusPolicy() != Qt::NoFocus && widget->focusProxy() == nullptr) {
+            EXPECT_NE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), QString())
+                << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+        }
+    }
 }
 
 TEST_F(HelpInWindow, AMissingFileIsNamedInOneBox) {
@@ -242,6 +391,58 @@ TEST_F(HelpInWindow, PicturesAreNoWiderThanThePage) {
     }
 }
 
+/// Every page that the contents lead to.
+std::vector<QUrl> PagesOf(const QHelpContentModel& contents, const QModelIndex& parent = {}) {
+    std::vector<QUrl> pages;
+    for (int row = 0; row < contents.rowCount(parent); ++row) {
+        const QModelIndex index = contents.index(row, 0, parent);
+        pages.push_back(contents.contentItemAt(index)->url());
+        for (const QUrl& page : PagesOf(contents, index)) {
+            pages.push_back(page);
+        }
+    }
+    return pages;
+}
+
+/// The pictures that a page shows.
+QStringList PicturesOf(const QTextDocument& page) {
+    QStringList pictures;
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            if (part.fragment().charFormat().isImageFormat()) {
+                pictures << part.fragment().charFormat().toImageFormat().name();
+            }
+        }
+    }
+    return pictures;
+}
+
+TEST_F(HelpInWindow, EveryPageFitsItsWidthAndHasItsPictures) {
+    QTest::keyClick(&Window(), Qt::Key_F1);
+    auto* contents = Help().findChild<QHelpContentWidget*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contents->model()->rowCount() == 1; }));
+    HelpBrowser& browser = Help().Browser();
+    int pictures = 0;
+    for (const int width : {400, 1000}) {
+        Help().resize(width, 900);
+        QTest::qWait(200);
+        for (const QUrl& page : PagesOf(*qobject_cast<QHelpContentModel*>(contents->model()))) {
+            SCOPED_TRACE(page.path().toStdString() + " at " + std::to_string(width));
+            browser.setSource(page);
+            EXPECT_FALSE(browser.toPlainText().isEmpty());
+            EXPECT_LE(browser.document()->size().width(), browser.viewport()->width());
+            EXPECT_EQ(browser.horizontalScrollBar()->maximum(), 0);
+            for (const QString& name : PicturesOf(*browser.document())) {
+                ++pictures;
+                EXPECT_FALSE(
+                    browser.loadResource(QTextDocument::ImageResource, QUrl(name)).value<QImage>().isNull())
+                    << name.toStdString();
+            }
+        }
+    }
+    EXPECT_GT(pictures, 60);
+}
+
 TEST_F(HelpInWindow, LinksCanBeReadOnADarkGround) {
     const QPalette before = QApplication::palette();
     QPalette dark(QColor(45, 45, 48));
@@ -249,8 +450,22 @@ TEST_F(HelpInWindow, LinksCanBeReadOnADarkGround) {
     dark.setColor(QPalette::Link, Qt::blue);
     QApplication::setPalette(dark);
     QTest::keyClick(&Window(), Qt::Key_F1);
-    EXPECT_GT(qGray(Help().Browser().palette().color(QPalette::Link).rgb()), 128);
+    const auto link = [&] {
+        const QTextDocument& page = *Help().Browser().document();
+        for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                if (!part.fragment().charFormat().anchorHref().isEmpty()) {
+                    return qGray(part.fragment().charFormat().foreground().color().rgb());
+                }
+            }
+        }
+        return -1;
+    };
+    EXPECT_GT(link(), 128);
     QApplication::setPalette(before);
+    QTest::qWait(20);
+    EXPECT_GE(link(), 0);
+    EXPECT_LT(link(), 128) << "the theme has become a light one";
 }
 
 TEST_F(HelpInWindow, ClosesWithTheProgram) {

@@ -106,7 +106,30 @@ TEST_F(ReportInWindow, KeysMoveIt) {
         EXPECT_EQ(bar.value(), 0);
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
         EXPECT_GT(bar.value(), 0);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_End, Qt::ControlModifier);
+        EXPECT_EQ(bar.value(), bar.maximum());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Home, Qt::ControlModifier);
+        EXPECT_EQ(bar.value(), 0);
         EXPECT_EQ(dialog.focusWidget()->objectName(), QStringLiteral("Close"));
+    });
+}
+
+TEST_F(ReportInWindow, DialogFollowsTheSizeOfItsLetters) {
+    Design.Fonts[ReportFontSlot] = {.FontName = "Liberation Serif", .FontSize = 6};
+    Report([&](QDialog& dialog, QTextEdit& box) {
+        const QRect screen = dialog.screen()->availableGeometry();
+        const int small = box.width();
+        dialog.move(screen.topRight() - QPoint(dialog.frameGeometry().width(), 0));
+        InDialog([](QDialog& fonts) {
+            fonts.findChild<QComboBox*>("comFontSize")->setEditText("9");
+            QTest::keyClick(fonts.focusWidget(), Qt::Key_Return);
+        });
+        dialog.findChild<QMenu*>("mnuOptions")->actions().at(1)->trigger();
+        QTest::qWait(50);
+        EXPECT_EQ(Design.Fonts[ReportFontSlot].FontSize, 9);
+        EXPECT_NEAR(box.width(), small * 9.0 / 6.0, small * 0.2);
+        EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0);
+        EXPECT_TRUE(screen.contains(dialog.frameGeometry()));
     });
 }
 

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextEdit>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +79,19 @@ TEST_P(SmallScreen, ShowsTheFieldThatTabReaches) {
                 break;
             }
         }
+    });
+}
+
+TEST_P(SmallScreen, HasOneBarBesideAReport) {
+    InEach([](QDialog& dialog) {
+        const auto* page = dialog.findChild<QTextEdit*>();
+        if (page == nullptr) {
+            return;
+        }
+        const auto* area = dialog.findChild<FittingArea*>();
+        EXPECT_EQ(area->verticalScrollBar()->maximum(), 0);
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+        EXPECT_GT(page->verticalScrollBar()->maximum(), 0);
     });
 }
 
