@@ -10,12 +10,15 @@
 #include "mainwindow/design_commands.h"
 #include "mainwindow/kept_design.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/map_words.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/text_placing.h"
 #include "platform/help_pages.h"
 #include "platform/machine.h"
+#include "view/redraw.h"
+#include "view/view_status.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,6 +32,7 @@
 #include <QThread>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 namespace quelmont {
@@ -36,6 +40,8 @@ namespace quelmont {
 namespace {
 
 constexpr qint64 RepaintMilliseconds = 33;
+/// How long a window keeps its size when a person has let go of its frame.
+constexpr int RestMilliseconds = 300;
 constexpr Qt::WindowStates SpecialStates = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
 
 QIcon ProgramIcon() {
@@ -86,8 +92,12 @@ DesktopWindow::DesktopWindow()
     area->OnResized([this] {
         if (Machine().window == this) {
             ToggleCaption();
+            rest.start(RestMilliseconds);
         }
     });
+    area->OnPointed([](std::optional<SurfacePoint> pixel) { PointerMoved(pixel); });
+    rest.setSingleShot(true);
+    connect(&rest, &QTimer::timeout, this, [this] { RedrawAtRest(); });
     area->setFocus();
     setAcceptDrops(true);
     // The drawing area has its size before it is seen: the first fit of the map needs it.
@@ -312,7 +322,59 @@ void DesktopWindow::Run(const std::function<void()>& command) {
     if (closeWanted) {
         closeWanted = false;
         close();
+        return;
     }
+    FollowUp();
+}
+
+void DesktopWindow::FollowUp() {
+    ShowViewStatus();
+    if (IsRedrawDue(false)) {
+        rest.start(0); // behind what the command has left to be shown
+    } else if (IsRedrawDue(true) && !rest.isActive()) {
+        rest.start(RestMilliseconds);
+    }
+}
+
+void DesktopWindow::RedrawAtRest() {
+    if (busy || unloaded || !isVisible()) {
+        return; // the command's end asks again
+    }
+    if (QApplication::activePopupWidget() != nullptr) {
+        rest.start(RestMilliseconds);
+    } else if (IsRedrawDue(true)) {
+        Run([] { RedrawByItself(); });
+        if (IsRedrawDue(false)) {
+            rest.stop(); // once for each change is enough, whatever came of it
+        }
+    }
+}
+
+void DesktopWindow::PressShortcut(const MenuEntry& entry, Menu menu, bool first) {
+    if (Design.TextPending && MainWindowNow.placing.follows) {
+        return;
+    }
+    Run([&] {
+        ClickMenuItem(Menu::mnuBar, TitleOf(menu));
+        if (!Action(menu, entry.index)->isEnabled()) {
+            return;
+        }
+        if (first && entry.keyCommand != nullptr) {
+            entry.keyCommand(entry.index);
+        } else {
+            ClickMenuItem(menu, entry.index);
+        }
+    });
+}
+
+bool DesktopWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        EntryOfKeys(static_cast<QKeyEvent*>(event)->keyCombination()).entry != nullptr) {
+        // It comes back as a key, also where the menu's item is disabled for want of a printer.
+        event->accept();
+        return true;
+    }
+    return QMainWindow::event(event);
 }
 
 bool DesktopWindow::TakenByText(const QKeyEvent& event) {
@@ -340,8 +402,16 @@ bool DesktopWindow::TakenByText(const QKeyEvent& event) {
 }
 
 void DesktopWindow::keyPressEvent(QKeyEvent* event) {
+    const KeyedEntry keyed = EntryOfKeys(event->keyCombination());
     if (event->key() == Qt::Key_Escape) {
         EscapeKey();
+        if (!busy) {
+            FollowUp();
+        }
+    } else if (keyed.entry != nullptr) {
+        if (!event->isAutoRepeat()) {
+            PressShortcut(*keyed.entry, keyed.menu, keyed.first);
+        }
     } else if (busy || !TakenByText(*event)) {
         QMainWindow::keyPressEvent(event);
     }

@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 
@@ -72,6 +73,7 @@ public:
     }
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -83,6 +85,11 @@ protected:
 
 private:
     void Clicked(Menu menu, int index);
+    /// Does what an item's shortcut does, unless a command runs or a text follows the mouse.
+    void PressShortcut(const MenuEntry& entry, Menu menu, bool first);
+    /// After a command: the status line, and the map drawn again by itself where that is due.
+    void FollowUp();
+    void RedrawAtRest();
     /// A key that moves the text which is being placed; false for any other.
     static bool TakenByText(const QKeyEvent& event);
     void Repaint();
@@ -97,6 +104,7 @@ private:
     StatusLine* statusLine;
     WindowMenus menus;
     QElapsedTimer sinceRepaint;
+    QTimer rest; ///< until the map is drawn again by itself
     /// Corner of the frame when the window was last neither maximised nor minimised; also what is
     /// kept where the window system tells no places.
     QPoint normalCorner;

@@ -139,14 +139,25 @@ void DrawingArea::PaintHint() {
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Hint());
 }
 
+QPointF DrawingArea::PictureCorner() const {
+    return DeviceRect().topLeft() - QPointF(mapTo(window(), QPoint(0, 0))) * ratio;
+}
+
+SurfacePoint DrawingArea::PixelAt(QPointF place) const {
+    // Where the screen has another ratio now, the picture is shown scaled from the corner.
+    const QPointF corner = ratio == devicePixelRatioF() ? PictureCorner() : QPointF();
+    const QPointF pixel = place * ratio - corner;
+    return {static_cast<std::int32_t>(std::floor(pixel.x() + Tolerance)),
+            static_cast<std::int32_t>(std::floor(pixel.y() + Tolerance))};
+}
+
 void DrawingArea::PaintPicture() {
     QPainter painter(this);
     if (ratio == devicePixelRatioF()) {
         // The area may begin inside a device pixel; the picture begins at the first whole one, so
         // that no pixel of it is spread over two.
-        const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * ratio;
         painter.scale(1.0 / ratio, 1.0 / ratio);
-        painter.translate(DeviceRect().topLeft() - corner);
+        painter.translate(PictureCorner());
     } else {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.scale(1.0 / ratio, 1.0 / ratio);
@@ -172,6 +183,16 @@ void DrawingArea::mousePressEvent(QMouseEvent* event) {
 void DrawingArea::mouseMoveEvent(QMouseEvent* event) {
     if (moved) {
         moved(event->position() * devicePixelRatioF());
+    }
+    if (pointed) {
+        pointed(PixelAt(event->position()));
+    }
+}
+
+void DrawingArea::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    if (pointed) {
+        pointed(std::nullopt);
     }
 }
 

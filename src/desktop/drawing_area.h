@@ -56,6 +56,8 @@ public:
     void OnPressed(std::function<void(QPointF)> handler) { pressed = std::move(handler); }
     /// Called with its place in device pixels when the mouse is moved.
     void OnMoved(std::function<void(QPointF)> handler) { moved = std::move(handler); }
+    /// Called with the pixel of the picture that the mouse is over, and with nothing when it leaves the area.
+    void OnPointed(std::function<void(std::optional<SurfacePoint>)> handler) { pointed = std::move(handler); }
     /// Called when the area has got another size.
     void OnResized(std::function<void()> handler) { resized = std::move(handler); }
 
@@ -64,10 +66,15 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     QRect DeviceRect() const;
+    /// Where the picture begins, device pixels from the area's corner.
+    QPointF PictureCorner() const;
+    /// The pixel of the picture at a place of the area, in units of the screen.
+    SurfacePoint PixelAt(QPointF place) const;
     QString Hint() const;
     void PaintHint();
     void PaintPicture();
@@ -84,6 +91,7 @@ private:
     qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(QPointF)> pressed;
     std::function<void(QPointF)> moved;
+    std::function<void(std::optional<SurfacePoint>)> pointed;
     std::function<void()> resized;
 };
 

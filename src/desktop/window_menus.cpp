@@ -44,6 +44,31 @@ private:
 
 } // namespace
 
+namespace {
+
+QList<QKeySequence> KeysOf(const MenuEntry& entry) {
+    return QKeySequence::listFromString(Text(entry.keys).replace(QStringLiteral(", "), QStringLiteral("; ")));
+}
+
+} // namespace
+
+KeyedEntry EntryOfKeys(QKeyCombination keys) {
+    const QKeyCombination plain(keys.keyboardModifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier),
+                                keys.key());
+    for (const MenuEntry& title : MenuEntries(Menu::mnuBar)) {
+        if (!title.below) {
+            continue;
+        }
+        for (const MenuEntry& entry : MenuEntries(*title.below)) {
+            const QList<QKeySequence> list = entry.keys.empty() ? QList<QKeySequence>() : KeysOf(entry);
+            if (const qsizetype place = list.indexOf(QKeySequence(plain)); place >= 0) {
+                return {&entry, *title.below, place == 0};
+            }
+        }
+    }
+    return {};
+}
+
 WindowMenus::WindowMenus(QMenuBar& bar, Clicked clicked_) : clicked(std::move(clicked_)) {
     bar.setAccessibleName(QStringLiteral("Menus"));
     for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
@@ -96,6 +121,9 @@ void WindowMenus::AddItem(QMenu& target, Menu menu, const MenuEntry& entry) {
     // The application's own items must not wander into a menu of the desktop.
     action->setMenuRole(QAction::NoRole);
     action->setCheckable(entry.isSwitch);
+    if (!entry.keys.empty()) {
+        action->setShortcuts(KeysOf(entry));
+    }
     Keep(menu, entry, action);
     QObject::connect(action, &QAction::triggered, action,
                      [this, menu, index = entry.index] { Triggered(menu, index); });

@@ -2,6 +2,8 @@
 
 #include "platform/main_window.h"
 
+#include <QKeyCombination>
+
 #include <functional>
 #include <map>
 #include <string_view>
@@ -14,6 +16,14 @@ class QMenuBar;
 namespace quelmont {
 
 struct MenuEntry;
+
+/// An item of a menu that a key belongs to.
+struct KeyedEntry {
+    const MenuEntry* entry = nullptr; ///< null: the key belongs to none
+    Menu menu = Menu::mnuBar;
+    bool first = false; ///< it is the first of the item's keys, which the menu shows
+};
+KeyedEntry EntryOfKeys(QKeyCombination keys);
 
 /// The menus of the main window on the screen.
 class WindowMenus {

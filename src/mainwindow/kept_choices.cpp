@@ -6,6 +6,7 @@
 #include "mainwindow/settings.h"
 #include "mainwindow/told_changes.h"
 #include "mainwindow/view_commands.h"
+#include "platform/machine.h"
 
 #include <array>
 #include <cstddef>
@@ -18,7 +19,17 @@ namespace {
 std::string StatusLineText() { return SettingOfFlag(IsSwitchedOn(StatusLineItem)); }
 
 void TakeStatusLine(std::string_view text) {
-    SwitchStatusLine(FlagOfSetting(text).value_or(IsSwitchedOn(StatusLineItem)));
+    if (const auto on = FlagOfSetting(text)) {
+        SwitchStatusLine(*on);
+    }
+}
+
+std::string RedrawText() { return SettingOfFlag(IsSwitchedOn(RedrawItem)); }
+
+void TakeRedraw(std::string_view text) {
+    if (const auto on = FlagOfSetting(text)) {
+        Machine().window->SetMenuChecked(Menu::mnuView, RedrawItem, *on);
+    }
 }
 
 constexpr std::array Choices = std::to_array<KeptChoice>({
@@ -26,10 +37,12 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"GridLabelStyle", GridLabelStyleText, TakeGridLabelStyle, true},
     {"GridLabelFont", GridLabelFontText, TakeGridLabelFont, true},
     {"StatusLine", StatusLineText, TakeStatusLine},
+    {"RedrawByItself", RedrawText, TakeRedraw},
 });
 
 std::vector<std::string> TextsNow() {
     std::vector<std::string> texts;
+    texts.reserve(Choices.size());
     for (const KeptChoice& choice : Choices) {
         texts.push_back(choice.text());
     }

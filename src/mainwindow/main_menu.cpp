@@ -29,9 +29,9 @@ constexpr std::array BarMenu = {
 };
 
 constexpr std::array InputMenu = {
-    MenuEntry{OpenMapFileItem,       "&Open Digital Map File",   ChooseMapFiles},
+    MenuEntry{OpenMapFileItem,       "&Open Digital Map File",   ChooseMapFiles,    {}, false, "Ctrl+O"},
     MenuEntry{ 1},
-    MenuEntry{PrintMapItem,          "&Print Map",               AskPageAndPrint},
+    MenuEntry{PrintMapItem,          "&Print Map",               AskPageAndPrint,   {}, false, "Ctrl+P"},
     MenuEntry{PrintSetupItem,        "Print Set&up",             SetUpPrinter},
     MenuEntry{ 4},
     MenuEntry{SaveBmpItem,           "Save as &BMP",             SaveMapAs},
@@ -46,11 +46,11 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},
     MenuEntry{SaveSmallCircleItem,   "Save &Small Circle",       SaveMapAs},
     MenuEntry{13},
-    MenuEntry{SaveDesignItem,        "Save &Map Design",         SaveMapAs},
+    MenuEntry{SaveDesignItem,        "Save &Map Design",         SaveMapAs,         {}, false, "Ctrl+S, Ctrl+Shift+S", SaveDesignAgain},
     MenuEntry{RecallDesignItem,      "&Recall Map Design",       RecallDesign},
     MenuEntry{RecentDesignsItem,     "R&ecent Map Designs",      nullptr,           Menu::mnuRecent},
     MenuEntry{16},
-    MenuEntry{ExitItem,              "E&xit",                    [](int) { Machine().window->Close(); }},
+    MenuEntry{ExitItem,              "E&xit",                    [](int) { Machine().window->Close(); }, {}, false, "Ctrl+Q"},
 };
 
 constexpr std::array DesignMenu = {
@@ -84,7 +84,8 @@ constexpr std::array EditMenu = {
 constexpr std::array ViewMenu = {
     MenuEntry{SmoothLinesItem,       "&Smooth Lines",            nullptr,           {}, true},
     MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
-    MenuEntry{RedrawItem,            "&Redraw by Itself",        nullptr,           {}, true},
+    MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleRedraw,      {}, true},
+    MenuEntry{DrawAgainItem,         "&Draw Again",              DrawAgain,         {}, false, "F5"},
 };
 
 constexpr std::array AboutMenu = {
@@ -153,6 +154,15 @@ std::span<const MenuEntry> MenuEntries(Menu menu) {
         return RecentMenu;
     }
     return {};
+}
+
+int TitleOf(Menu menu) {
+    for (const MenuEntry& entry : MenuEntries(Menu::mnuBar)) {
+        if (entry.below == menu) {
+            return entry.index;
+        }
+    }
+    return NoItem;
 }
 
 void RunMenuItem(Menu menu, int index) {

@@ -73,7 +73,7 @@ enum DesignItem : int {
 enum EditItem : int { UndoItem = 0, RedoItem = 1, CopyMapItem = 3 };
 
 /// Indices of mnuView, the View menu.
-enum ViewItem : int { SmoothLinesItem = 0, StatusLineItem = 1, RedrawItem = 2 };
+enum ViewItem : int { SmoothLinesItem = 0, StatusLineItem = 1, RedrawItem = 2, DrawAgainItem = 3 };
 
 /// Indices of mnuAbout, the Help menu.
 enum AboutItem : int { ContentsItem = 0, SearchItem = 1, AboutBoxItem = 3, PlotTimeItem = 4 };
@@ -85,6 +85,10 @@ struct MenuEntry {
     void (*command)(int) = nullptr; ///< what a click does, called with the index
     std::optional<Menu> below = {}; ///< the menu that the item opens
     bool isSwitch = false;          ///< its mark shows a state, not which item was used last
+    /// Its shortcuts as the desktop writes them, ", " between them; the menu shows the first.
+    std::string_view keys = {};
+    /// What the first of them does where that is not what a click does; called with the index.
+    void (*keyCommand)(int) = nullptr;
 
     bool IsSeparator() const { return text.empty(); }
     /// False while the item has nothing behind it: it stays disabled.
@@ -93,6 +97,9 @@ struct MenuEntry {
 
 /// The items of a menu in their order, separators included.
 std::span<const MenuEntry> MenuEntries(Menu menu);
+
+/// The title that opens a menu; NoItem when none does.
+int TitleOf(Menu menu);
 
 /// Runs the command of an item; does nothing when it has none, or when there is no such item.
 void RunMenuItem(Menu menu, int index);

@@ -57,6 +57,13 @@ void AskSizeAndDraw(int /*index*/) {
     MapDraw();
 }
 
+void DrawAgain(int /*index*/) {
+    if (ReadyToDraw()) {
+        Machine().window->Cls();
+        MapDraw();
+    }
+}
+
 void ChooseMapFiles(int /*index*/) { ShowDialog<InputFileChoices>(); }
 
 void ChooseBoundaries(int /*index*/) { ShowBoundaryDialog(); }

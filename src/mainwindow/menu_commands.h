@@ -12,6 +12,9 @@ void EnablePrinting(int index);
 /// that the design has, or that dialog is cancelled.
 void AskSizeAndDraw(int index);
 
+/// Draws the map at the size that it had last, without asking for it.
+void DrawAgain(int index);
+
 /// The dialogs of the design.
 void ChooseMapFiles(int index);
 void ChooseBoundaries(int index);

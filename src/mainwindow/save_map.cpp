@@ -1,10 +1,12 @@
 #include "mainwindow/save_map.h"
 
 #include "circles/save_circles.h"
+#include "core/error_box.h"
 #include "core/file_names.h"
 #include "core/map_design.h"
 #include "dialogs/exports/asc_output.h"
 #include "dialogs/file_questions.h"
+#include "mainwindow/commands.h"
 #include "mainwindow/design_commands.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
@@ -136,6 +138,19 @@ void SaveMapAs(int Index) {
         item->name() = *name;
         item->save();
     }
+}
+
+void SaveDesignAgain(int Index) {
+    if (!MainWindowNow.DesignHasFile || Design.CnfFileName.empty()) {
+        ClickMenuItem(Menu::mnuInput, Index);
+        return;
+    }
+    MarkMenuItem(Menu::mnuInput, Index);
+    Guarded("mnuInput_Click", [] {
+        if (ReadyToDraw()) {
+            SaveDesign();
+        }
+    });
 }
 
 } // namespace quelmont

@@ -10,4 +10,7 @@ namespace quelmont {
 /// dialog shows "File Common Dialog Error". Other indices are ignored.
 void SaveMapAs(int Index);
 
+/// Saves the design into the file that it has; one without a file as the File menu's item does.
+void SaveDesignAgain(int Index);
+
 } // namespace quelmont

@@ -32,6 +32,7 @@ void ResetMenus() {
     MarkMenuItem(Menu::mnuAbout, NoItem);
     Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
     SwitchStatusLine(true);
+    Machine().window->SetMenuChecked(Menu::mnuView, RedrawItem, true);
     EnableMenuBar(false);
     ShowRecentDesigns();
 }

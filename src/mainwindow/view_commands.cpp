@@ -14,4 +14,6 @@ void SwitchStatusLine(bool on) {
 
 void ToggleStatusLine(int index) { SwitchStatusLine(!IsSwitchedOn(index)); }
 
+void ToggleRedraw(int index) { Machine().window->SetMenuChecked(Menu::mnuView, index, !IsSwitchedOn(index)); }
+
 } // namespace quelmont

@@ -11,5 +11,6 @@ void SwitchStatusLine(bool on);
 
 /// What the items do: each turns its switch.
 void ToggleStatusLine(int index);
+void ToggleRedraw(int index);
 
 } // namespace quelmont

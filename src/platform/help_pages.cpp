@@ -170,6 +170,8 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuDesign,        13, {"reports", "great-circle-report"}},
     {Menu::mnuDesign,        15, {"grid-labels", ""}},
     {Menu::mnuView,           1, {"view-menu", "status-line"}},
+    {Menu::mnuView,           2, {"view-menu", "redraw-by-itself"}},
+    {Menu::mnuView,           3, {"view-menu", "draw-again"}},
     {Menu::mnuAbout,          0, {"help-menu", ""}},
     {Menu::mnuAbout,          1, {"help-menu", ""}},
     {Menu::mnuAbout,          3, {"help-menu", "about-quelmont"}},

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/draw_surface.h"
+#include "projection/inverse_utm.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quelmont {
+
+/// A place of the map that is seen in the window.
+struct MapPosition {
+    GlobePlace place;           ///< true degrees
+    double x = 0.0, y = 0.0;    ///< projection units: earth radii; on UTM easting and northing, metres
+    double unitsPerPixel = 0.0; ///< how many of them a pixel of the window is wide
+    bool metres = false;        ///< the map is one of UTM
+};
+
+/// The place that the picture in the window has at one of its pixels, counted from its upper left corner. It
+/// is asked of the picture, whatever became of the design since it was drawn.
+/// Nothing where the picture has no map, where there is no picture, and while a draw runs. Writes nothing.
+std::optional<MapPosition> PositionAt(SurfacePoint pixel);
+
+/// The place as people write it, as exactly as a pixel of the map tells it, UTF-8: 45° 30′ N  7° 05′ E, with
+/// seconds on maps of regions; northing and easting in metres on UTM.
+std::string PositionText(const MapPosition& position);
+
+/// A latitude and a longitude in whole degrees, minutes or seconds, or in tenths or hundredths of a second:
+/// what is as fine as a step of so many degrees.
+std::string PlaceText(const GlobePlace& place, double step);
+
+} // namespace quelmont

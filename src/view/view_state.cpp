@@ -1,0 +1,9 @@
+#include "view/view_state.h"
+
+namespace quelmont {
+
+ViewState ViewNow;
+
+void ResetView() { ViewNow = ViewState{}; }
+
+} // namespace quelmont

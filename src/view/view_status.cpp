@@ -1,0 +1,39 @@
+#include "view/view_status.h"
+
+#include "mainwindow/drawn_picture.h"
+#include "mainwindow/main_window_state.h"
+#include "platform/machine.h"
+#include "view/position.h"
+#include "view/view_state.h"
+
+namespace quelmont {
+
+namespace {
+
+constexpr const char* OlderText = "The picture is older than the design: F5 draws it";
+
+void ShowText() {
+    if (IsPlotting()) {
+        return; // the line is the draw's
+    }
+    if (ViewNow.older) {
+        Machine().window->SetStatusText(OlderText);
+        return;
+    }
+    const auto position = ViewNow.pointer ? PositionAt(*ViewNow.pointer) : std::nullopt;
+    Machine().window->SetStatusText(position ? PositionText(*position) : std::string());
+}
+
+} // namespace
+
+void PointerMoved(std::optional<SurfacePoint> pixel) {
+    ViewNow.pointer = pixel;
+    ShowText();
+}
+
+void ShowViewStatus() {
+    ViewNow.older = MainWindowNow.Picture && MainWindowNow.Picture->design != DrawnDesign();
+    ShowText();
+}
+
+} // namespace quelmont

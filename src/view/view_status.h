@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/draw_surface.h"
+
+#include <optional>
+
+namespace quelmont {
+
+/// What the status line tells outside of a draw: that the picture is older than the design, or else the place
+/// under the mouse; nothing where the mouse is not over the map.
+
+/// The mouse is over a pixel of the picture, or over none.
+void PointerMoved(std::optional<SurfacePoint> pixel);
+
+/// A command has ended, and may have changed the design or the picture.
+void ShowViewStatus();
+
+} // namespace quelmont

@@ -1,0 +1,10 @@
+#include "support/fresh_program.h"
+#include "view/view_state.h"
+
+namespace quelmont {
+namespace {
+
+const FreshRoom Fresh(ResetView);
+
+} // namespace
+} // namespace quelmont
