@@ -26,7 +26,11 @@ if(QUELMONT_SANITIZE)
   list(APPEND QUELMONT_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
-if(NOT QUELMONT_SANITIZE AND NOT QUELMONT_COVERAGE)
+if(QUELMONT_THREADS)
+  list(APPEND QUELMONT_FLAGS -fsanitize=thread)
+  add_link_options(-fsanitize=thread)
+endif()
+if(NOT QUELMONT_SANITIZE AND NOT QUELMONT_THREADS AND NOT QUELMONT_COVERAGE)
   # Programs read files from anywhere: what overruns a buffer ends the program, and finds nothing at a
   # known address. (The sanitizers watch more closely, and not together with these.)
   list(APPEND QUELMONT_FLAGS -fstack-protector-strong -fPIE

@@ -23,7 +23,8 @@ bool ByteReader::Fill(std::size_t count) {
     next = 0;
     filled = kept;
     while (filled < count && !atEnd) {
-        const std::size_t got = ReadFile(InputFileNumber, std::span(block).subspan(filled));
+        const std::span<std::byte> room = std::span(block).subspan(filled);
+        const std::size_t got = source ? source(room) : ReadFile(InputFileNumber, room);
         filled += got;
         position += static_cast<std::int64_t>(got);
         atEnd = got == 0;
@@ -33,7 +34,7 @@ bool ByteReader::Fill(std::size_t count) {
 
 void ByteReader::Seek(std::int64_t count) {
     const auto buffered = static_cast<std::int64_t>(Buffered());
-    if (count < 0 || count - buffered > std::numeric_limits<std::int64_t>::max() - position) {
+    if (source || count < 0 || count - buffered > std::numeric_limits<std::int64_t>::max() - position) {
         throw RunTimeError(ErrorInvalidCall);
     }
     position += count - buffered;

@@ -4,7 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace quelmont {
@@ -16,6 +18,11 @@ class ByteReader {
 public:
     /// RunTimeError when the file is not open.
     ByteReader();
+
+    /// Fills a span with the next bytes and returns how many there were, 0 only at their end.
+    using Source = std::function<std::size_t(std::span<std::byte>)>;
+    /// Bytes of another source, which goes forward only: nothing may be stepped over that does not lie ready.
+    explicit ByteReader(Source source_) : block(BlockSize), source(std::move(source_)) {}
 
     /// Whether at least so many bytes are left, count up to BlockSize. RunTimeError when the file
     /// cannot be read. Once the file has no more, it has no more until the next Seek, even if it grows.
@@ -41,8 +48,8 @@ public:
     }
 
     /// Steps over bytes, and over the end of the file if they are more than it has. What lies beyond
-    /// the block is not read. RunTimeError "Invalid procedure call or argument" for a negative count,
-    /// and when the file cannot be sought.
+    /// the block is not read. RunTimeError "Invalid procedure call or argument" for a negative count and
+    /// for what another source than the file does not have ready, and when the file cannot be sought.
     void Skip(std::int64_t count) {
         if (count >= 0 && static_cast<std::uint64_t>(count) <= Buffered()) [[likely]] {
             next += static_cast<std::size_t>(count);
@@ -65,6 +72,7 @@ private:
     /// Of BlockSize bytes, whatever length the file reports: generated files (/proc) report none, and a file
     /// may grow or shrink while it is read.
     std::vector<std::byte> block;
+    Source source;             ///< none: the file
     std::size_t next = 0;      ///< of the block's bytes, the first that was not taken
     std::size_t filled = 0;    ///< bytes in the block
     std::int64_t position = 0; ///< of the block's end in the file

@@ -1,9 +1,11 @@
 #include "mapinput/ascii_map_reader.h"
 
+#include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/text_encoding.h"
 #include "mapfiles/ascii_points.h"
+#include "mapfiles/ascii_points_ahead.h"
 #include "mapfiles/byte_reader.h"
 #include "mapfiles/map_formats.h"
 #include "mapinput/map_input_state.h"
@@ -14,6 +16,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <string>
+#include <thread>
 
 namespace quelmont {
 
@@ -61,17 +64,14 @@ void AddDoubtful(const std::string& name) {
     }
 }
 
-} // namespace
-
-bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
+/// Points is a walk over the points of the file.
+template <typename Points>
+bool PlotPoints(Points& points, MapPoint& point, std::int32_t FileIndex) {
     const InputFileEntry& file = Design.InputFiles[static_cast<std::size_t>(FileIndex - 1)];
-    Design.UtmPointPath = format.form != MapFileForm::AsciiMetres;
-    TakeFeaturePen(1, FileIndex, SitesAscii);
-    ByteReader bytes;
     bool hasPoints = false;
     bool hasFlags = false;
-    for (AsciiPoints points(bytes); points.Find();) {
-        const AsciiMapPoint read = points.Take();
+    while (points.Find()) {
+        const AsciiMapPoint& read = points.Take();
         hasPoints = true;
         hasFlags = hasFlags || (!read.BreakRounded && std::abs(static_cast<std::int64_t>(read.Break)) <= 1);
         if (Design.UtmPointPath) {
@@ -91,6 +91,27 @@ bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& form
     }
     if (hasPoints && !hasFlags && Design.UtmPointPath) {
         AddDoubtful(file.MapFileName);
+    }
+    return true;
+}
+
+bool PlotFile(MapPoint& point, std::int32_t FileIndex) {
+    if (FileLength(InputFileNumber) >= MapInputNow.AheadFrom && std::thread::hardware_concurrency() > 1) {
+        AsciiPointsAhead points;
+        return PlotPoints(points, point, FileIndex);
+    }
+    ByteReader bytes;
+    AsciiPoints points(bytes);
+    return PlotPoints(points, point, FileIndex);
+}
+
+} // namespace
+
+bool ReadAsciiMap(MapPoint& point, std::int32_t FileIndex, const MapFormat& format) {
+    Design.UtmPointPath = format.form != MapFileForm::AsciiMetres;
+    TakeFeaturePen(1, FileIndex, SitesAscii);
+    if (!PlotFile(point, FileIndex)) {
+        return false;
     }
     DeleteMapPen(SiteAsciiEnd);
     return true;

@@ -9,6 +9,9 @@ namespace quelmont {
 /// What the map readers keep between their calls.
 struct MapInputState {
     bool StartLine = false; ///< the current point begins a line of its source
+    /// An ASCII file of at least so many bytes, some million points, has its numbers read ahead by a second
+    /// thread, where the machine has more than one processor.
+    std::int64_t AheadFrom = std::int64_t{20} * 1000 * 1000;
     /// The files in degrees that were read to their end since the draw began, of which no first column
     /// was -1, 0 or 1: probably latitude stands there. Files without points are not among them.
     std::vector<std::string> FilesWithoutLineStarts;
