@@ -1,3 +1,4 @@
+#include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "designfile/cnf_read.h"
 #include "designfile/cnf_save.h"
@@ -26,6 +27,7 @@ using testing::SizeIs;
 class GridLabelsChoice : public StartedProgram {
 protected:
     GridLabelsChoice() {
+        SetFileDeviceMaker(nullptr); // files of the system
         machine.places.programFolder = folder.Path() + "/";
         machine.places.settingsFolder.clear();
     }
