@@ -8,6 +8,7 @@ AreaPlan::AreaPlan(std::vector<Ring> lines_, const FillChoice& choice_)
     : lines(std::move(lines_)), choice(choice_) {
     const std::vector<NestedRing> nested = Nest(lines);
     std::vector<const NestedRing*> byDepth;
+    byDepth.reserve(nested.size());
     for (const NestedRing& line : nested) {
         byDepth.push_back(&line);
     }

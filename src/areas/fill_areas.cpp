@@ -109,8 +109,8 @@ void FillAreas() {
     std::vector<AreaPlan> plans;
     if (Design.Fill.land || Design.Fill.lakes || Design.Fill.sea) {
         const LineDetail detail = DetailOfMap();
-        for (std::size_t i = 0; i < Design.InputFiles.size(); ++i) {
-            if (!PlanFile(Design.InputFiles[i], detail, plans)) {
+        for (const InputFileEntry& file : Design.InputFiles) {
+            if (!PlanFile(file, detail, plans)) {
                 return;
             }
         }

@@ -31,7 +31,7 @@ bool LineJoiner::IsNear(const RingPlace& place) const {
 /// Whether it lies, as the place that was kept last, where nothing is seen, and the way between them goes
 /// through nothing else.
 bool LineJoiner::IsAside(const RingPlace& place) const {
-    constexpr std::int64_t most = 60 * SecPerDegree;
+    constexpr std::int64_t most = std::int64_t{60} * SecPerDegree;
     const RingPlace& kept = places.back();
     return !metres && std::abs(ShortStep(kept.lon, place.lon)) < most &&
            ((place.lat > detail.north && kept.lat > detail.north) ||

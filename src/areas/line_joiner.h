@@ -15,7 +15,7 @@ public:
     LineJoiner(const LineDetail& detail_, bool metres_) : detail(detail_), metres(metres_) {}
 
     /// The places that follow make a line of a row; those of no row are left out.
-    void Begin(AreaRow row);
+    void Begin(AreaRow next);
     void Add(std::int32_t lat, std::int32_t lon) {
         if (wanted) {
             Take({lat, lon});

@@ -111,7 +111,7 @@ public:
 private:
     static constexpr std::int64_t Columns = 36;
     static constexpr std::size_t Rows = 19;
-    static constexpr std::int64_t CellSize = 10 * SecPerDegree;
+    static constexpr std::int64_t CellSize = std::int64_t{10} * SecPerDegree;
 
     static std::int64_t Column(std::int64_t lon) {
         const std::int64_t turned = lon % SecPerCircle;

@@ -4,6 +4,7 @@
 #include "desktop/letter_sample.h"
 #include "desktop/qt_text.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -12,6 +13,8 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace quelmont {
 
@@ -69,6 +72,20 @@ void LayOutGridLabels(FormView& view) {
     row->addSpacing(view.Gap());
     row->addWidget(view.AddButton("GridLabelFont"));
     view.Column()->addLayout(row);
+    view.AddButtons({"OK", "Cancel"});
+}
+
+void LayOutFills(FormView& view) {
+    auto* areas = new QGridLayout;
+    int row = 0;
+    for (const auto& [check, button] :
+         {std::pair("FillLand", "LandColor"), std::pair("FillLakes", "LakesColor"),
+          std::pair("FillSea", "SeaColor")}) {
+        areas->addWidget(view.AddCheck(check), row, 0);
+        areas->addWidget(view.AddButton(button), row, 1);
+        ++row;
+    }
+    view.Column()->addLayout(areas);
     view.AddButtons({"OK", "Cancel"});
 }
 

@@ -7,6 +7,7 @@ namespace quelmont {
 class FormView;
 
 void LayOutMapSize(FormView& view);
+void LayOutFills(FormView& view);
 void LayOutGridType(FormView& view);
 void LayOutGridLabels(FormView& view);
 void LayOutLabelOption(FormView& view);

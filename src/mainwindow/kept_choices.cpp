@@ -1,5 +1,6 @@
 #include "mainwindow/kept_choices.h"
 
+#include "mainwindow/fill_commands.h"
 #include "mainwindow/kept_grid_labels.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
@@ -38,6 +39,7 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"GridLabelFont", GridLabelFontText, TakeGridLabelFont, true},
     {"StatusLine", StatusLineText, TakeStatusLine},
     {"RedrawByItself", RedrawText, TakeRedraw},
+    {"Fill", FillText, TakeFill, true},
 });
 
 std::vector<std::string> TextsNow() {

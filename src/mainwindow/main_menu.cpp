@@ -1,6 +1,7 @@
 #include "mainwindow/main_menu.h"
 
 #include "mainwindow/design_commands.h"
+#include "mainwindow/fill_commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/menu_commands.h"
 #include "mainwindow/print_commands.h"
@@ -71,7 +72,7 @@ constexpr std::array DesignMenu = {
     MenuEntry{14},
     MenuEntry{GridLabelsItem,        "Gr&id Labels...",          ChooseGridLabels},
     MenuEntry{FrameItem,             "&Frame and Scale..."},
-    MenuEntry{FillItem,              "Fill La&nd and Water..."},
+    MenuEntry{FillItem,              "Fill La&nd and Water...", ChooseFills},
 };
 
 constexpr std::array EditMenu = {

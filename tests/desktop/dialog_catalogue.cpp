@@ -20,6 +20,7 @@
 #include "dialogs/files/input_file_params.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
+#include "dialogs/look/fill_land_and_water.h"
 #include "dialogs/look/grid_labels_form.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
@@ -185,6 +186,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"utm-coords", Of<UtmCoords>()},
         {"select-grid-type", Of<SelectGridType>()},
         {"grid-labels-form", Of<GridLabelsForm>()},
+        {"fill-land-and-water", Of<FillLandAndWater>()},
         {"select-label-option", Of<SelectLabelOption>()},
         {"colors256", OfPurpose<Colors256>(PurposeBackground)},
         {"colors256-feature", OfPurpose<Colors256>(PurposeFeature)},

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <random>
 #include <set>
 
@@ -103,6 +104,35 @@ TEST_F(Choices, NonsenseLeavesTheChoice) {
         EXPECT_TRUE(HasStatusLine()) << nonsense;
     }
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
+}
+
+TEST_F(Choices, FillColorsAreKeptAndToldWhenTheDialogChangesThem) {
+    machine.forms.Script("FillLandAndWater", [](Form& form) {
+        form.Choose("FillLand", 1);
+        form.PressDefault();
+    });
+    ClickMenuItem(Menu::mnuDesign, FillItem);
+    EXPECT_EQ(Kept("Fill"), "FFFFCC,none,none");
+    ASSERT_EQ(machine.changes.accepted.size(), 1U);
+    EXPECT_EQ(machine.changes.accepted[0].first, "Fill Land and Water...");
+    StartUp();
+    Design.Fill = {};
+    ReadSettings();
+    EXPECT_EQ(Design.Fill.land, std::optional(SolidColor(Rgb(255, 255, 204))));
+    machine.forms.Script("FillLandAndWater", [](Form& form) { form.PressDefault(); });
+    ClickMenuItem(Menu::mnuDesign, FillItem);
+    EXPECT_EQ(machine.changes.accepted.size(), 1U) << "nothing has changed";
+}
+
+TEST_F(Choices, NonsenseForFillColorsLeavesThem) {
+    const FillChoice before = {Rgb(1, 2, 3), std::nullopt, Rgb(4, 5, 6)};
+    for (const char* nonsense : {"none", "none,none", "12345,none,none", "1234567,none,none",
+                                 "none,none,+12345", "none,none,none,none", "0x1234,none,none", ",,"}) {
+        Design.Fill = before;
+        Keep("Fill=" + std::string(nonsense) + "\n");
+        ReadSettings();
+        EXPECT_EQ(Design.Fill, before) << nonsense;
+    }
 }
 
 TEST_F(Choices, RandomBytesBringNoChoiceOutOfItsRange) {

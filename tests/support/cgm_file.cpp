@@ -12,9 +12,10 @@ namespace {
 
 /// What follows the 16-bit numbers of an element, whose count is that of its row.
 enum class Form {
-    Numbers, ///< nothing
-    Points,  ///< any count of pairs; the count is the fewest numbers
-    String,  ///< a string of a length byte and so many characters
+    Numbers,  ///< nothing
+    Points,   ///< any count of pairs; the count is the fewest numbers
+    Outlines, ///< any count of points with the flag of the edge behind each; the count is the fewest numbers
+    String,   ///< a string of a length byte and so many characters
 };
 
 struct KnownElement {
@@ -52,6 +53,7 @@ constexpr std::array KnownElements = std::to_array<KnownElement>({
     {4,  1, "POLYLINE",                       2, Form::Points},
     {4,  4, "TEXT",                           3, Form::String},
     {4,  7, "POLYGON",                        6, Form::Points},
+    {4,  8, "POLYGON SET",                    9, Form::Outlines},
     {4, 12, "CIRCLE",                         3, Form::Numbers},
     {5,  2, "LINE TYPE",                      1, Form::Numbers},
     {5,  3, "LINE WIDTH",                     1, Form::Numbers},
@@ -168,8 +170,11 @@ private:
             Require(length == 2 * known.numbers, element.name + " has a length that is not its own");
         } else if (known.form == Form::Points) {
             Require(length % 4 == 0 && length >= 2 * known.numbers, element.name + " has no whole points");
+        } else if (known.form == Form::Outlines) {
+            Require(length % 6 == 0 && length >= 2 * known.numbers, element.name + " has no whole points");
         }
-        const std::size_t numbers = known.form == Form::Points ? length / 2 : known.numbers;
+        const bool fixed = known.form != Form::Points && known.form != Form::Outlines;
+        const std::size_t numbers = fixed ? known.numbers : length / 2;
         for (std::size_t i = 0; i < numbers; ++i) {
             element.numbers.push_back(Signed());
         }

@@ -17,6 +17,8 @@ constexpr std::size_t HeaderBytes = 18;
 constexpr int CountedPoints = -1;
 /// Bytes whose count stands in the first, and a place.
 constexpr int CountedText = -2;
+/// A count of outlines, the count of points of each, and the points.
+constexpr int CountedOutlines = -4;
 /// Five words, eight bytes and a face name of 32 bytes.
 constexpr int FontNumbers = -3;
 constexpr std::size_t FaceNameBytes = 32;
@@ -47,6 +49,7 @@ constexpr std::array KnownRecords = std::to_array<KnownRecord>({
     {0x0418, "Ellipse",         4},
     {0x041B, "Rectangle",       4},
     {0x0521, "TextOut",         CountedText},
+    {0x0538, "PolyPolygon",     CountedOutlines},
 });
 // clang-format on
 
@@ -54,6 +57,17 @@ void Require(bool condition, const std::string& what) {
     if (!condition) {
         throw std::runtime_error(what);
     }
+}
+
+void RequireOutlines(const WmfRecord& record) {
+    const std::vector<std::int32_t>& numbers = record.numbers;
+    const auto words = static_cast<int>(numbers.size());
+    Require(words >= 1 && numbers[0] >= 1 && words >= 1 + numbers[0], record.name + " has no outlines");
+    int points = 0;
+    for (int outline = 1; outline <= numbers[0]; ++outline) {
+        points += numbers[static_cast<std::size_t>(outline)];
+    }
+    Require(words == 1 + numbers[0] + 2 * points, record.name + " has another count of points");
 }
 
 class WordReader {
@@ -176,6 +190,8 @@ WmfRecord ReadRecord(WordReader& reader) {
     if (known->words == CountedPoints) {
         Require(words >= 1 && words == 1 + 2 * record.numbers[0],
                 record.name + " has another count of points");
+    } else if (known->words == CountedOutlines) {
+        RequireOutlines(record);
     } else if (known->words == FontNumbers) {
         TakeFont(record);
     } else if (known->words == CountedText) {

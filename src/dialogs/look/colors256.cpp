@@ -33,6 +33,8 @@ Target TargetOf(std::int16_t purpose) {
         return {"Grid Color", HelpOfMap, &Design.GridColor, &Design.GridColorIndex};
     case PurposeFeature:
         return {"Geofeature Color", HelpOfFeature, &DialogsNow.FeatureColor, &DialogsNow.FeatureColorIndex};
+    case PurposeArea:
+        return {"Fill Color", HelpOfFeature, &DialogsNow.FeatureColor, &DialogsNow.FeatureColorIndex};
     default:
         throw std::out_of_range("no purpose of a colour");
     }

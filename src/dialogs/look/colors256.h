@@ -13,6 +13,7 @@ enum ColorPurpose : std::int16_t {
     PurposeBackground = 3,
     PurposeGrid = 4,
     PurposeFeature = 5,
+    PurposeArea = 6, ///< land or water; the colour of a feature, too, takes it from one dialog to the other
 };
 
 /// "Select Color": the cells of the colour table. A cell that is chosen becomes the colour of the

@@ -5,6 +5,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/text_encoding.h"
+#include "output/area_pieces.h"
 #include "output/export_file.h"
 #include "output/logical_point.h"
 #include "output/output_state.h"
@@ -43,6 +44,7 @@ constexpr std::uint16_t BackgroundColour        = 0x20E6;
 constexpr std::uint16_t PolylineShort           = 0x4028; ///< two vertices
 constexpr std::uint16_t PolylineLong            = 0x403F;
 constexpr std::uint16_t TextLong                = 0x409F;
+constexpr std::uint16_t PolygonSetLong          = 0x411F;
 constexpr std::uint16_t PolygonOfFour           = 0x40F0;
 constexpr std::uint16_t PolygonOfThree          = 0x40EC;
 constexpr std::uint16_t CircleElement           = 0x4186;
@@ -268,6 +270,33 @@ void CgmWriter::LineBreak() {
         PatchLength();
         carried.reset();
     }
+}
+
+// ---- Areas
+
+void CgmWriter::Area(ColorValue color, const PlaneRings& rings) {
+    constexpr std::size_t mostPoints = 5000; // six bytes each, in a length of fifteen bits
+    constexpr int hiddenEdge = 0;
+    constexpr int hiddenLastEdge = 2;
+    if (interior != Solid) {
+        Interior(Solid);
+    }
+    CgmShort(ColourElement(FillColour, color));
+    CgmShort({EdgeVisibility, {0}});
+    ForEachPiece(rings, mostPoints, [&](const AreaPiece& piece) {
+        CgmWords vertices;
+        std::size_t next = 0;
+        for (const std::int32_t count : piece.counts) {
+            for (std::int32_t i = 1; i <= count; ++i, ++next) {
+                const LogicalPoint& point = piece.points[next];
+                vertices.Word(point.x).Word(point.y).Word(i == count ? hiddenLastEdge : hiddenEdge);
+            }
+        }
+        CgmWords element;
+        element.Bits(PolygonSetLong).Bits(static_cast<std::uint16_t>(vertices.Bytes().size()));
+        CgmShort(element.Append(vertices));
+    });
+    CgmShort({EdgeVisibility, {1}});
 }
 
 // ---- Symbols

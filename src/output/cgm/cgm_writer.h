@@ -26,6 +26,8 @@ public:
     void StartCircles(ColorValue color) override;
     void Point() override;
     void LineBreak() override;
+    bool TakesAreas() const override { return true; }
+    void Area(ColorValue color, const PlaneRings& rings) override;
     void Finish() override;
     void ResetLine() override;
 

@@ -9,10 +9,12 @@
 #include "output/print_text.h"
 #include "output/svg/svg_text.h"
 #include "output/symbols.h"
+#include "output/thinned_ring.h"
 #include "platform/machine.h"
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace quelmont {
 
@@ -249,6 +251,37 @@ void SvgWriter::FlushChain() {
     WriteExport(chain);
     WriteExport("\"/>\n");
     chain.clear();
+}
+
+// ---- Areas
+
+void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
+    CloseGroups();
+    WriteExport("<g" + Attribute("id", "area-" + std::to_string(++areaIds)) +
+                Attribute("fill", Color(ColorBits(color))) + Attribute("fill-rule", "evenodd") + ">\n" +
+                Element("title", "Area"));
+    const auto place = [](const PlanePoint& point) -> Hundredths {
+        const double x = (((point.x - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
+                         Design.TwipsPerPixelX;
+        const double y = (Design.ScreenOriginY - ((point.y - Design.MapYMin) * Design.ScreenScaleY)) /
+                         Design.TwipsPerPixelY;
+        return {RoundToInt32((x + PixelMiddle) * 100.0), RoundToInt32((y + PixelMiddle) * 100.0)};
+    };
+    WriteExport("<path d=\"");
+    for (const PlaneRing& ring : rings) {
+        std::vector<Hundredths> places;
+        std::vector<std::int32_t> counts;
+        AppendThinned(ring, place, places, counts);
+        std::string outline;
+        for (const Hundredths& at : places) {
+            outline += outline.empty() ? 'M' : ' ';
+            AppendHundredths(outline, at.x);
+            outline += ',';
+            AppendHundredths(outline, at.y);
+        }
+        WriteExport(outline.empty() ? outline : outline + "Z");
+    }
+    WriteExport("\"/>\n</g>\n");
 }
 
 // ---- Symbols

@@ -31,6 +31,8 @@ public:
     ///         symbol's radius. A place beyond sixteen bits costs the export.
     void Point() override;
     void LineBreak() override;
+    bool TakesAreas() const override { return true; }
+    void Area(ColorValue color, const PlaneRings& rings) override;
     void Finish() override;
     void ResetLine() override;
 
@@ -81,6 +83,7 @@ private:
     bool partIsOpen = false, featureIsOpen = false;
     std::array<std::uint32_t, MapPartCount> partIds = {}; ///< the last number of each kind of part
     std::uint32_t featureIds = 0;
+    std::uint32_t areaIds = 0;
 };
 
 } // namespace quelmont

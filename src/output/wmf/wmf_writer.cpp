@@ -3,6 +3,7 @@
 #include "core/error_box.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
+#include "output/area_pieces.h"
 #include "output/export_file.h"
 #include "output/little_endian.h"
 #include "output/logical_point.h"
@@ -206,6 +207,32 @@ void WmfWriter::FlushChain() {
     }
     WmfPoints.clear();
     SaveBlock();
+}
+
+// ---- Areas
+
+void WmfWriter::Area(ColorValue color, const PlaneRings& rings) {
+    constexpr std::size_t mostPoints = 16000; // the record counts them in a word
+    MetafileRecorder& surface = WmfSurface();
+    const SurfaceHandle pen = surface.CreatePen(PenStyleNull, 1, ColorBits(color));
+    const SurfaceHandle brush = surface.CreateSolidBrush(ColorBits(color));
+    ReportLossUnless(pen != 0 && brush != 0, "CreateSolidBrush(1) error in FillAreas");
+    const SurfaceHandle penBefore = surface.SelectObject(pen);
+    const SurfaceHandle brushBefore = surface.SelectObject(brush);
+    const int modeBefore = surface.SetPolyFillMode(FillAlternate);
+    ForEachPiece(rings, mostPoints, [&](const AreaPiece& piece) {
+        std::vector<SurfacePoint> points;
+        for (const LogicalPoint& point : piece.points) {
+            points.push_back({point.x, point.y});
+        }
+        ReportLossUnless(surface.PolyPolygon(points, piece.counts), "PolyPolygon(1) error in FillAreas");
+        SaveBlock();
+    });
+    surface.SetPolyFillMode(modeBefore);
+    surface.SelectObject(penBefore);
+    surface.SelectObject(brushBefore);
+    ReportLossUnless(surface.DeleteObject(pen) && surface.DeleteObject(brush),
+                     "DeleteObject(1) error in FillAreas");
 }
 
 // ---- Symbols
