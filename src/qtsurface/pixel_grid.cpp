@@ -41,7 +41,11 @@ void PaintedSpans::Fill(std::uint32_t* line, std::size_t row, std::int32_t first
     }
     if (known.generation != generation || first > known.last + 1 || last < known.first - 1) {
         std::fill(line + first, line + last + 1, color);
-        // A row that is whole touches every span.
+        // A row that is whole touches every span. The longer span is kept: it grows to the whole row though
+        // the outlines of wide symbols are two spans in each.
+        if (known.generation == generation && known.last - known.first >= last - first) {
+            return;
+        }
         known = {first, last, generation};
     } else {
         if (first < known.first) {

@@ -126,6 +126,21 @@ TEST(PaintedSpans, WholePictureIsKnownUntilAnotherColourComes) {
     EXPECT_FALSE(grid.IsAll(0xFF0000FFU));
 }
 
+/// As the outlines of wide circles lie over each other.
+TEST(PaintedSpans, TwoInEachRowGrowToTheWholePicture) {
+    TwoPictures pictures;
+    const PixelGrid& grid = pictures.grids[0];
+    constexpr std::uint32_t red = 0xFFFF0000U;
+    for (std::int32_t row = 0; row < Height; ++row) {
+        FillSpan(grid, row, 0, 69, red);
+        FillSpan(grid, row, 90, Width - 1, red);
+        FillSpan(grid, row, 70, 95, red);
+        EXPECT_FALSE(grid.IsAll(red));
+        FillSpan(grid, row, 90, Width - 1, red);
+    }
+    EXPECT_TRUE(grid.IsAll(red));
+}
+
 TEST(PaintedSpans, ClearedPictureForgetsThem) {
     ImageSurface surface(Width, Height);
     const SurfaceHandle red = surface.CreateSolidBrush(0x0000FF);
