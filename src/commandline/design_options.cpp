@@ -171,6 +171,7 @@ bool ApplyOptions(const DrawOptions& options) {
     Design.LabelsVisible = Design.LabelsVisible && !options.noLabels;
     TakeGrid(options);
     TakeGridLabels(options.gridLabels);
+    TakeFrame(options.frame);
     TakeMaps(options);
     PlaceTexts(options.texts);
     return TakeProjection(options);

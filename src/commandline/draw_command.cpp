@@ -4,6 +4,7 @@
 #include "commandline/design_options.h"
 #include "commandline/draw_options.h"
 #include "commandline/export_output.h"
+#include "commandline/frame_options.h"
 #include "commandline/headless_machine.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
@@ -246,6 +247,9 @@ int Draw(DrawOptions options, std::ostream& output, std::ostream& errors) {
     }
     if (const int refused = TakeOptions(machine, options, errors); refused != ExitDone) {
         return refused;
+    }
+    if (const std::string reason = BarLeftOut(options.frame); !reason.empty()) {
+        errors << Program << "--scale-bar: " << reason << '\n';
     }
     std::unique_ptr<Printer> printer;
     if (OutputFormatOf(options.output) == OutputFormat::Pdf) {

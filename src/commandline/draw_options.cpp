@@ -369,6 +369,12 @@ void OptionTable::AddGrid() {
     AddGridLabelOptions([this](const std::string& name, const char* type, const char* description,
                                Take take) { return Add(name, type, description, std::move(take)); },
                         options.gridLabels);
+    AddFrameOptions(
+        app, group,
+        [this](const std::string& name, const char* type, const char* description, Take take) {
+            return Add(name, type, description, std::move(take));
+        },
+        options.frame);
 }
 
 void OptionTable::AddFills() {

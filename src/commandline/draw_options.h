@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/frame_options.h"
 #include "commandline/grid_label_options.h"
 #include "commandline/page_options.h"
 #include "commandline/report_options.h"
@@ -57,6 +58,7 @@ struct DrawOptions {
     std::optional<ColorValue> background;
     FillChoice fill;
     GridLabelOptions gridLabels;
+    FrameOptions frame;
     std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
     CircleOptions greatCircleLine;
     std::optional<std::array<std::string, 3>> smallCircle; ///< ScText

@@ -44,6 +44,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"LatLonInterrupt",  LayOutInterruptions},
     {"LatLonStdPar",     LayOutStandardParallels},
     {"LineWidthScale",   LayOutLineWidths},
+    {"MapFrame",         LayOutMapFrame},
     {"MapReduce",        LayOutMapSize},
     {"PrintMap",         LayOutPrintMap},
     {"ReportMargins",    LayOutReportMargins},

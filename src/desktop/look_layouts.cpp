@@ -89,6 +89,15 @@ void LayOutFills(FormView& view) {
     view.AddButtons({"OK", "Cancel"});
 }
 
+void LayOutMapFrame(FormView& view) {
+    view.Column()->addWidget(view.AddCheck("Frame"));
+    view.AddFrame("ScaleBar");
+    view.Column()->addWidget(view.AddCheck("OwnLatitude"));
+    view.AddFields({}, {"Latitude"});
+    view.Column()->addWidget(view.AddExplanation("Note"));
+    view.AddButtons({"OK", "Cancel"});
+}
+
 void LayOutLabelOption(FormView& view) {
     QListWidget* list = view.AddList("LabelOption");
     view.Column()->addWidget(view.CaptionOf(list));

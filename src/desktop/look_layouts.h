@@ -10,6 +10,7 @@ void LayOutMapSize(FormView& view);
 void LayOutFills(FormView& view);
 void LayOutGridType(FormView& view);
 void LayOutGridLabels(FormView& view);
+void LayOutMapFrame(FormView& view);
 void LayOutLabelOption(FormView& view);
 void LayOutColors(FormView& view);
 void LayOutLineWidths(FormView& view);

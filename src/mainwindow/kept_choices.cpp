@@ -1,6 +1,7 @@
 #include "mainwindow/kept_choices.h"
 
 #include "mainwindow/fill_commands.h"
+#include "mainwindow/frame_choice.h"
 #include "mainwindow/kept_grid_labels.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
@@ -40,6 +41,7 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"StatusLine", StatusLineText, TakeStatusLine},
     {"RedrawByItself", RedrawText, TakeRedraw},
     {"Fill", FillText, TakeFill, true},
+    {"Frame", FrameText, TakeFrameText, true},
 });
 
 std::vector<std::string> TextsNow() {

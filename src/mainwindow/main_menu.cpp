@@ -71,7 +71,7 @@ constexpr std::array DesignMenu = {
     MenuEntry{GreatCircleReportItem, "G&reat Circle Report",     ShowGreatCircleReport},
     MenuEntry{14},
     MenuEntry{GridLabelsItem,        "Gr&id Labels...",          ChooseGridLabels},
-    MenuEntry{FrameItem,             "&Frame and Scale..."},
+    MenuEntry{FrameItem,             "&Frame and Scale...",     ChooseFrame},
     MenuEntry{FillItem,              "Fill La&nd and Water...", ChooseFills},
 };
 

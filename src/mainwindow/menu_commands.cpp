@@ -11,6 +11,7 @@
 #include "dialogs/files/input_file_choices.h"
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/grid_labels_form.h"
+#include "dialogs/look/map_frame.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "dialogs/reports/report_dialog.h"
@@ -83,6 +84,8 @@ void ChooseBackground(int /*index*/) {
 }
 
 void ChooseGrid(int /*index*/) { ShowDialog<SelectGridType>(); }
+
+void ChooseFrame(int /*index*/) { ShowDialog<MapFrame>(); }
 
 void ChooseLabels(int /*index*/) { ShowDialog<SelectLabelOption>(); }
 

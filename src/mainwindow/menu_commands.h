@@ -22,6 +22,7 @@ void ChooseGreatCircle(int index);
 void ChooseSmallCircle(int index);
 void ChooseBackground(int index);
 void ChooseGrid(int index);
+void ChooseFrame(int index);
 void ChooseLabels(int index);
 void ChooseGridLabels(int index);
 void ChooseLineWidths(int index);

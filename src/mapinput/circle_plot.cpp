@@ -10,6 +10,7 @@
 #include "output/export_file.h"
 #include "output/fan_out.h"
 #include "output/page_scale.h"
+#include "output/without_ascii.h"
 #include "platform/draw_surface.h"
 #include "projection/projection_table.h"
 
@@ -17,7 +18,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <string>
 #include <utility>
 
 namespace quelmont {
@@ -219,28 +219,6 @@ struct CircleKind {
     bool (*plot)(MapPoint& point);
     MapPart part;
     const char* title;
-};
-
-/// Takes the export in text off while circles are drawn.
-class WithoutAscii {
-public:
-    WithoutAscii() : armed(std::exchange(Design.OutputAscii, false)) {
-        if (armed) {
-            name = std::exchange(Design.OutputFileName, {});
-        }
-    }
-    ~WithoutAscii() {
-        if (armed && Design.PlotStopReason != StopReason::Escape) {
-            Design.OutputAscii = true;
-            Design.OutputFileName = name;
-        }
-    }
-    WithoutAscii(const WithoutAscii&) = delete;
-    WithoutAscii& operator=(const WithoutAscii&) = delete;
-
-private:
-    bool armed;
-    std::string name;
 };
 
 bool PlotKind(MapPoint& point, const CircleKind& kind) {

@@ -123,6 +123,9 @@ void MapPlotRun::Run() {
         }
         Design.PenWidth = 1;
         whole = whole && PlotCircles(point);
+        if (whole && Surround() != nullptr && IsLastPass()) {
+            Surround()->PlotLines();
+        }
         if (whole && PrintLabels() && IsLastPass()) {
             if (Surround() != nullptr && ArmedWriter() != nullptr) {
                 Surround()->AddTexts();

@@ -10,6 +10,12 @@ public:
     /// The share of the drawing area that the map may fill so that what belongs beside it has room: share,
     /// or less. The same on every device. Throws nothing and writes nothing of the design.
     virtual double ShareOfArea(double share) = 0;
+    /// How far the map is moved up from the middle of the area, of which it fills such a share (ShareOfArea),
+    /// so that what belongs below it has room: a share of the area's height. As ShareOfArea.
+    virtual double RiseOfMap(double share) = 0;
+    /// Plots the lines about the map, on the surface in use and into the file that is armed, when the map's
+    /// files and circles are plotted. A failure shows its message box.
+    virtual void PlotLines() = 0;
     /// Puts the texts about the map behind the text items, for the export in hand. The map's own texts and
     /// labels have their places.
     /// Writes  TextItems. A failure shows its message box.

@@ -34,6 +34,9 @@ double ShareOfArea() {
     return Surround() == nullptr ? Design.MapReduce : Surround()->ShareOfArea(Design.MapReduce);
 }
 
+/// How far it is moved up from the middle, as a share of the area's height.
+double RiseOfMap(double share) { return Surround() == nullptr ? 0.0 : Surround()->RiseOfMap(share); }
+
 double MapAspect() { return Divide(Design.MapYMax - Design.MapYMin, Design.MapXMax - Design.MapXMin); }
 
 /// Whether the height governs, not the width.
@@ -71,13 +74,14 @@ void FitWidth(double mapAspect, double r) {
     Design.ScreenScaleY = Divide(Design.ClientWidth * r, mapWidth);
 }
 
-void FitToClient(double r) {
+void FitToClient(double r, double rise) {
     const double mapAspect = MapAspect();
     if (IsHigherThanClient(mapAspect)) {
         FitHeight(mapAspect, r);
     } else {
         FitWidth(mapAspect, r);
     }
+    Design.ScreenOriginY -= rise * Design.ClientHeight;
 }
 
 } // namespace
@@ -99,10 +103,16 @@ bool ScaleScreen() {
         } else {
             FitLogicalWidth(mapAspect, r);
         }
-        FitToClient(r);
+        const double rise = RiseOfMap(r);
+        Design.LogicalOriginY =
+            RoundToInt16(static_cast<double>(Design.LogicalOriginY) + rise * Design.LogicalHeight);
+        FitToClient(r, rise);
     });
 }
 
-void FitMapToClient() { FitToClient(ShareOfArea()); }
+void FitMapToClient() {
+    const double r = ShareOfArea();
+    FitToClient(r, RiseOfMap(r));
+}
 
 } // namespace quelmont

@@ -3,7 +3,8 @@
 namespace quelmont {
 
 /// Fits the map into the drawing area and into the logical plane of exported files, centred and
-/// with its proportions kept, and smaller where what stands about it (map_surround.h) needs the room.
+/// with its proportions kept, smaller and higher where what stands about it (map_surround.h) needs
+/// the room.
 ///
 /// Reads   MapXMin to MapYMax, MapReduce, TwipsPerPixelX, TwipsPerPixelY, FullScreenX, FullScreenY,
 ///         and the size of the drawing area.

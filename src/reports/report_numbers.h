@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/distance_units.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,9 +13,9 @@ namespace quelmont {
 std::string AngleText(double degrees, std::string_view kind);
 
 /// Nautical miles, which are minutes of arc, in other units.
-constexpr double KilometresOf(double nauticalMiles) { return nauticalMiles * 1.8532488; }
-constexpr double StatuteMilesOf(double nauticalMiles) { return nauticalMiles * 1.1515554159285697; }
-constexpr double NauticalMilesOf(double kilometres) { return kilometres / 1.8532488; }
+constexpr double KilometresOf(double nauticalMiles) { return nauticalMiles * KilometresPerNauticalMile; }
+constexpr double StatuteMilesOf(double nauticalMiles) { return nauticalMiles * StatuteMilesPerNauticalMile; }
+constexpr double NauticalMilesOf(double kilometres) { return kilometres / KilometresPerNauticalMile; }
 
 /// A value of the transformed map: whole with groups of thousands from 1000 on in size ("1,234,567"), else
 /// in a picture of decimals.

@@ -6,6 +6,8 @@
 #include "output/print_text.h"
 #include "output/window_scale.h"
 #include "platform/machine.h"
+#include "surround/frame_lines.h"
+#include "surround/frame_surround.h"
 #include "surround/label_spots.h"
 #include "surround/surround_state.h"
 
@@ -17,9 +19,6 @@ namespace quelmont {
 namespace {
 
 constexpr const char* Routine = "GridLabels";
-
-/// Twips from the outline to the outer edge of the line that draws it.
-double OutlineClearance() { return static_cast<double>(Design.GridLineWidth) / 2.0; }
 
 bool AtFrame() { return Design.GridLabels.place == GridLabelPlace::Frame; }
 
@@ -37,26 +36,35 @@ std::vector<GridLabel> GridLabelsOfDesign() {
         return {};
     }
     const WindowScale scale;
-    return PlaceGridLabels(LabelledLines(Design.GridLabels), TextsOnMap(), OutlineClearance());
+    std::vector<TextBox> taken = TextsOnMap();
+    const std::vector<TextBox> bar = BoxesOfBar();
+    taken.insert(taken.end(), bar.begin(), bar.end());
+    return PlaceGridLabels(LabelledLines(Design.GridLabels), taken, FrameReach());
 }
 
 double GridSurround::ShareOfArea(double share) {
     if (!AtFrame()) {
-        return share;
+        return ShareBesideFrame(share);
     }
     try {
         const MainWindow& window = *Machine().window;
-        return ShareBesideLabels(LabelledLines(Design.GridLabels), share,
-                                 RoundToInt32(window.ScaleWidth() - Design.TwipsPerPixelX),
-                                 RoundToInt32(window.ScaleHeight() - Design.TwipsPerPixelY),
-                                 OutlineClearance());
+        const double beside =
+            ShareBesideLabels(LabelledLines(Design.GridLabels), share,
+                              RoundToInt32(window.ScaleWidth() - Design.TwipsPerPixelX),
+                              RoundToInt32(window.ScaleHeight() - Design.TwipsPerPixelY), FrameReach());
+        return ShareBesideFrame(beside);
     } catch (const RunTimeError&) {
         return share; // the fit itself tells what is wrong with the map or the window
     }
 }
 
+double GridSurround::RiseOfMap(double share) { return RiseBesideFrame(share); }
+
+void GridSurround::PlotLines() { PlotFrame(); }
+
 void GridSurround::AddTexts() {
     Guarded(Routine, [] {
+        AddTextsOfBar();
         for (GridLabel& label : GridLabelsOfDesign()) {
             Design.TextItems.push_back(std::move(label.item));
         }
@@ -67,6 +75,7 @@ void GridSurround::DrawTexts() {
     Guarded(Routine, [] {
         std::vector<GridLabel> labels = GridLabelsOfDesign();
         Draw(labels);
+        DrawTextsOfBar();
         if (!Design.PrintingNow) {
             SurroundNow.drawnLabels = std::move(labels);
         }
@@ -75,6 +84,7 @@ void GridSurround::DrawTexts() {
 
 void GridSurround::DrawTextsAgain() {
     Guarded(Routine, [] {
+        DrawTextsOfBarAgain();
         if (SurroundNow.drawnLabels.empty()) {
             return;
         }

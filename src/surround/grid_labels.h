@@ -18,6 +18,8 @@ std::vector<GridLabel> GridLabelsOfDesign();
 class GridSurround : public MapSurround {
 public:
     double ShareOfArea(double share) override;
+    double RiseOfMap(double share) override;
+    void PlotLines() override;
     void AddTexts() override;
     void DrawTexts() override;
     void DrawTextsAgain() override;

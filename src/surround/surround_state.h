@@ -1,13 +1,17 @@
 #pragma once
 
 #include "surround/label_layout.h"
+#include "surround/scale_bar.h"
 
+#include <optional>
 #include <vector>
 
 namespace quelmont {
 
 /// What the things about the map keep between calls.
 struct SurroundState {
+    std::optional<ScaleBar> bar;        ///< of the draw or print in hand, or of the last one
+    std::optional<ScaleBar> drawnBar;   ///< of the last draw on the window
     std::vector<GridLabel> drawnLabels; ///< of the last draw on the window
 };
 

@@ -22,6 +22,7 @@
 #include "dialogs/look/colors256.h"
 #include "dialogs/look/fill_land_and_water.h"
 #include "dialogs/look/grid_labels_form.h"
+#include "dialogs/look/map_frame.h"
 #include "dialogs/look/map_reduce.h"
 #include "dialogs/look/select_grid_type.h"
 #include "dialogs/printing/print_map.h"
@@ -85,6 +86,15 @@ std::unique_ptr<Form> PrinterPage() {
 
 std::unique_ptr<Form> PdfPage() {
     return WithPrinter([](const Printer& /*printer*/) { return std::make_unique<PrintMapOnPdf>(); });
+}
+
+/// With a bar, and a latitude that can be typed.
+std::unique_ptr<Form> FrameAndScale() {
+    auto form = std::make_unique<MapFrame>();
+    form->Choose("Frame");
+    form->Choose("Kilometers");
+    form->Choose("OwnLatitude");
+    return form;
 }
 
 /// A list of files with long and short names.
@@ -188,6 +198,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"grid-labels-form", Of<GridLabelsForm>()},
         {"fill-land-and-water", Of<FillLandAndWater>()},
         {"select-label-option", Of<SelectLabelOption>()},
+        {"map-frame", FrameAndScale},
         {"colors256", OfPurpose<Colors256>(PurposeBackground)},
         {"colors256-feature", OfPurpose<Colors256>(PurposeFeature)},
         {"g-circle-ends", Of<GCircleEnds>()},

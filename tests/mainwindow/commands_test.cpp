@@ -168,6 +168,21 @@ TEST_F(Commands, GridAndLineWidthHaveTheirDialogs) {
     EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 9));
 }
 
+TEST_F(Commands, FrameAndScaleHaveADialogWhoseChoiceIsToldOf) {
+    machine.forms.Script("MapFrame", [](Form& form) { form.PressDefault(); });
+    ClickMenuItem(Menu::mnuDesign, FrameItem);
+    EXPECT_TRUE(machine.changes.accepted.empty()) << "nothing was changed";
+    machine.forms.Script("MapFrame", [](Form& form) {
+        form.Choose("Frame");
+        form.Choose("Kilometers");
+        form.PressDefault();
+    });
+    ClickMenuItem(Menu::mnuDesign, FrameItem);
+    EXPECT_EQ(Design.Frame, (FrameChoice{true, ScaleBarUnit::Kilometres, {}}));
+    ASSERT_EQ(machine.changes.accepted.size(), 1U);
+    EXPECT_EQ(machine.changes.accepted[0].first, "Frame and Scale...");
+}
+
 TEST_F(Commands, LabelsHaveTheirDialog) {
     machine.forms.Script("SelectLabelOption", [](Form& form) {
         form.Choose("LabelOption", 0);

@@ -157,6 +157,30 @@ TEST_F(Choices, RandomBytesBringNoChoiceOutOfItsRange) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
+TEST_F(Choices, FrameAndScaleComeBack) {
+    for (const FrameChoice& choice : {FrameChoice{true, ScaleBarUnit::NauticalMiles, -12.5},
+                                      FrameChoice{false, ScaleBarUnit::Kilometres, {}},
+                                      FrameChoice{true, ScaleBarUnit::None, 90.0}, FrameChoice{}}) {
+        Design.Frame = choice;
+        KeepChoices();
+        StartUp();
+        Design.Frame = {};
+        ReadSettings();
+        EXPECT_EQ(Design.Frame, choice);
+    }
+}
+
+TEST_F(Choices, ALineThatIsNoFrameIsPassedOver) {
+    for (const char* nonsense :
+         {"-1", "-1 feet", "km -1", "-1 km 324001", "-1 km 5x", "-1 km 5 6", "2x km"}) {
+        StartUp();
+        Design.Frame = {true, ScaleBarUnit::StatuteMiles, 10.0};
+        Keep("Frame=" + std::string(nonsense) + "\n");
+        ReadSettings();
+        EXPECT_EQ(Design.Frame, (FrameChoice{true, ScaleBarUnit::StatuteMiles, 10.0})) << nonsense;
+    }
+}
+
 TEST_F(Choices, HaveKeysOfTheirOwn) {
     std::set<std::string> keys = {"PrinterUnits", "ScreenSize", "MainWindow", "WindowMaximized"};
     for (const KeptChoice& choice : KeptChoices()) {

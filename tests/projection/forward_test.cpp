@@ -27,7 +27,7 @@ using testing::IsEmpty;
 struct ForwardCase {
     SweptProjection swept;
     /// Beyond what a formula needs at an ordinary point, see Tolerance.
-    double (*extra)(const MapOfSweep& map, const PlanePoint& expected);
+    double (*extra)(const MapOfSweep& map, const ReferencePlace& expected);
     /// Furthest distance from the centre that is compared, degrees; discs only.
     double furthest = 180.0;
 };
@@ -36,10 +36,10 @@ void PrintTo(const ForwardCase& forward, std::ostream* stream) { PrintTo(forward
 
 constexpr double Degree = std::numbers::pi / 180.0;
 
-double NoExtra(const MapOfSweep&, const PlanePoint&) { return 0.0; }
+double NoExtra(const MapOfSweep&, const ReferencePlace&) { return 0.0; }
 
 /// How far the map moves for one radian of latitude or longitude, the larger of the two.
-double Stretch(const ReferenceProjection& reference, const GlobePoint& point, const PlanePoint& place) {
+double Stretch(const ReferenceProjection& reference, const GlobePoint& point, const ReferencePlace& place) {
     constexpr double Step = 1e-4;
     const auto moved = [&](double dLat, double dLon) {
         auto there = reference.Forward(point.lat + dLat, point.lon + dLon);
@@ -55,20 +55,20 @@ double Stretch(const ReferenceProjection& reference, const GlobePoint& point, co
 /// circle is off by 3.3e-15 radians: a place is off by that times the stretch of the map there.
 /// The constants of the map are off by as much, in proportion. The rest is for the roundings of a
 /// dozen operations, 1.1e-16 each, in both programs.
-double Tolerance(double stretch, const PlanePoint& place) {
+double Tolerance(double stretch, const ReferencePlace& place) {
     return 8e-15 * (1.0 + stretch + std::fabs(place.x) + std::fabs(place.y));
 }
 
 /// The cosine of the latitude of true scale is off by 1e-15 of the angle, 1.6e-15 times the tangent
 /// in proportion.
-double TrueScaleExtra(const MapOfSweep& map, const PlanePoint& expected) {
+double TrueScaleExtra(const MapOfSweep& map, const ReferencePlace& expected) {
     return 2e-15 * std::tan(map.std1 * Degree) * (1.0 + std::hypot(expected.x, expected.y));
 }
 
 /// The same for the steeper parallel; and of parallels close together or nearly symmetric the cone
 /// constant is a small difference of two cosines or sines, which puts the apex far away, so that y
 /// is a small difference of radii.
-double ConeExtra(const MapOfSweep& map, const PlanePoint& expected) {
+double ConeExtra(const MapOfSweep& map, const ReferencePlace& expected) {
     const double cos1 = std::cos(map.std1 * Degree);
     const double cos2 = std::cos(map.std2 * Degree);
     const double size = 1.0 + std::hypot(expected.x, expected.y);
@@ -79,7 +79,7 @@ double ConeExtra(const MapOfSweep& map, const PlanePoint& expected) {
 /// 2 theta + sin(2 theta) is 4 cos^2(theta). PROJ ends its iteration at a change of 1e-7, with an
 /// error of 1e-14 tan(theta) at most, which is less, except next to the poles, where it converges
 /// slowly: they are left out here.
-double MollweideExtra(const MapOfSweep&, const PlanePoint& expected) {
+double MollweideExtra(const MapOfSweep&, const ReferencePlace& expected) {
     const double cosSquared = 1.0 - expected.y * expected.y / 2.0;
     return 4e-15 / std::max(1e-9, cosSquared);
 }
@@ -91,12 +91,12 @@ double MollweideExtra(const MapOfSweep&, const PlanePoint& expected) {
 /// the sine of the distance from the centre.
 double RadiusExtra(double s, double c) { return s < 1e-6 ? 1e-9 : 8e-16 * (1.0 / s + c / (s * s)); }
 
-double EquidistantExtra(const MapOfSweep&, const PlanePoint& expected) {
+double EquidistantExtra(const MapOfSweep&, const ReferencePlace& expected) {
     const double c = std::hypot(expected.x, expected.y);
     return c == 0.0 ? 0.0 : RadiusExtra(std::sin(c), c);
 }
 
-double EqualAreaExtra(const MapOfSweep&, const PlanePoint& expected) {
+double EqualAreaExtra(const MapOfSweep&, const ReferencePlace& expected) {
     const double c = 2.0 * std::asin(std::min(1.0, std::hypot(expected.x, expected.y) / 2.0));
     return c == 0.0 ? 0.0 : RadiusExtra(std::sin(c), c);
 }

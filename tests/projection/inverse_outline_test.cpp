@@ -49,8 +49,8 @@ TEST_F(Outline, NothingBeyondTheLastMeridians) {
         for (double lat = -59.0; lat <= 79.0; lat += 3.0) {
             for (const double side : {-1.0, 1.0}) {
                 SCOPED_TRACE(testing::Message() << entry.ProjName << " at " << lat << ", side " << side);
-                const PlanePoint edge = *ForwardOf({lat, 180.0 + side * 180.0});
-                const PlanePoint inner = *ForwardOf({lat, 180.0 + side * 179.999});
+                const ReferencePlace edge = *ForwardOf({lat, 180.0 + side * 180.0});
+                const ReferencePlace inner = *ForwardOf({lat, 180.0 + side * 179.999});
                 const double length = Apart(edge, inner);
                 const auto moved = [&](double by) {
                     return InverseSelect(edge.x + (edge.x - inner.x) / length * by,
@@ -70,7 +70,7 @@ TEST_F(Outline, NothingBeyondPolesThatAreLinesOrTops) {
          {ProjEquirectangular, ProjCylindricalEqualArea, ProjHammer, ProjMollweide, ProjRobinson}) {
         SetWorld(projNum);
         for (const double lat : {90.0, -90.0}) {
-            const PlanePoint pole = *ForwardOf({lat, 180.0});
+            const ReferencePlace pole = *ForwardOf({lat, 180.0});
             const double outward = std::copysign(1e-9, lat);
             EXPECT_FALSE(InverseSelect(pole.x, pole.y + outward)) << projNum;
             ASSERT_TRUE(InverseSelect(pole.x, pole.y - outward)) << projNum;
@@ -86,7 +86,7 @@ TEST_F(Outline, NothingBetweenAPoleAndTheApexOfACone) {
             SetRectangle(projNum, 90.0, -90.0, 360.0);
             SetSweptMap(projNum, {90.0, -90.0, 360.0, hemisphere > 0.0 ? 50.0 : -10.0,
                                   hemisphere > 0.0 ? 10.0 : -50.0});
-            const PlanePoint pole = *ForwardOf({90.0 * hemisphere, 180.0});
+            const ReferencePlace pole = *ForwardOf({90.0 * hemisphere, 180.0});
             EXPECT_TRUE(InverseSelect(0.0, pole.y - hemisphere * 1e-9)) << projNum;
             EXPECT_FALSE(InverseSelect(0.0, pole.y + hemisphere * 1e-9)) << projNum;
             EXPECT_FALSE(InverseSelect(0.0, Design.ConicRho0)) << projNum << ": the apex itself";
@@ -169,7 +169,8 @@ TEST_F(Outline, HorizonOfAnyViewPointIsSeen) {
             map.height = height;
             SetSweptMap(ProjVerticalPerspective, map);
             for (double around = 0.0; around < 6.28; around += 0.01) {
-                const PlanePoint rim{Design.MapXMax * std::sin(around), Design.MapXMax * std::cos(around)};
+                const ReferencePlace rim{Design.MapXMax * std::sin(around),
+                                         Design.MapXMax * std::cos(around)};
                 const auto found = InverseSelect(rim.x, rim.y);
                 ASSERT_TRUE(found) << height << " over " << centre;
                 const auto back = ForwardOf(*found);

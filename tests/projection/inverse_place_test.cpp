@@ -32,7 +32,7 @@ TEST_F(PlaceOnMap, LongitudesAreTrueOnes) {
         SetSweptMap(ProjEquirectangular, {80.0, -80.0, 40.0});
         Design.LonWest = west;
         for (const double relative : {0.0, 4.5, 20.0, 39.0, 40.0}) {
-            const PlanePoint point = *ForwardOf({10.0, relative});
+            const ReferencePlace point = *ForwardOf({10.0, relative});
             const auto place = PlaceAt(point.x, point.y);
             ASSERT_TRUE(place) << west << " + " << relative;
             EXPECT_NEAR(place->lat, 10.0, 1e-12);
@@ -58,7 +58,7 @@ TEST_F(PlaceOnMap, NothingBeyondTheBounds) {
         SetSweptMap(entry.ProjNum, {60.0, 10.0, 75.0, 50.0, 20.0});
         Design.LonWest = -30.0;
         const auto at = [](double lat, double lon) {
-            const PlanePoint point = *ForwardOf({lat, lon});
+            const ReferencePlace point = *ForwardOf({lat, lon});
             return PlaceAt(point.x, point.y);
         };
         SCOPED_TRACE(entry.ProjName);
@@ -202,8 +202,8 @@ protected:
     static double X(double degrees) { return degrees * std::sqrt(2.0) / 90.0; }
 
     /// Of a point so many degrees east of the middle of a lobe, by PROJ.
-    PlanePoint PointOf(const Lobe& lobe, double lat, double east) const {
-        const PlanePoint point = *mollweide.Forward(lat, east);
+    ReferencePlace PointOf(const Lobe& lobe, double lat, double east) const {
+        const ReferencePlace point = *mollweide.Forward(lat, east);
         return {point.x + X(lobe.middle), point.y};
     }
 
@@ -218,7 +218,7 @@ TEST_F(PlaceOnLobes, EveryLobeHasItsOwnPlaces) {
                 const double lat = height * lobe.hemisphere;
                 SCOPED_TRACE(testing::Message() << lobe.number << ": " << lat << ", " << part);
                 // A rounding inside of the cut.
-                const PlanePoint point = PointOf(lobe, lat, half * part * (1.0 - 1e-12));
+                const ReferencePlace point = PointOf(lobe, lat, half * part * (1.0 - 1e-12));
                 const auto place = PlaceAt(point.x, point.y);
                 ASSERT_TRUE(place);
                 ASSERT_LE(std::fabs(place->lon), 180.0);
@@ -234,8 +234,8 @@ TEST_F(PlaceOnLobes, GapsBetweenLobesHaveNone) {
         const double half = (lobe.east - lobe.west) / 2.0;
         for (const double height : {1.0, 30.0, 60.0, 89.0}) {
             const double lat = height * lobe.hemisphere;
-            const PlanePoint east = PointOf(lobe, lat, half);
-            const PlanePoint west = PointOf(lobe, lat, -half);
+            const ReferencePlace east = PointOf(lobe, lat, half);
+            const ReferencePlace west = PointOf(lobe, lat, -half);
             EXPECT_FALSE(PlaceAt(east.x + 1e-7, east.y)) << lobe.number << " at " << lat;
             EXPECT_FALSE(PlaceAt(west.x - 1e-7, west.y)) << lobe.number << " at " << lat;
         }
@@ -274,10 +274,10 @@ TEST_F(PlaceOnLobes, HemispheresAreCutForThemselves) {
 
 TEST_F(PlaceOnLobes, BoundsCutTheLobes) {
     Bound("60    00    00    N", "15    00    00    S");
-    const PlanePoint north = PointOf(DefaultLobes[0], 60.0, 10.0);
+    const ReferencePlace north = PointOf(DefaultLobes[0], 60.0, 10.0);
     EXPECT_TRUE(PlaceAt(north.x, north.y));
     EXPECT_FALSE(PlaceAt(north.x, north.y + 1e-7));
-    const PlanePoint south = PointOf(DefaultLobes[4], -15.0, 10.0);
+    const ReferencePlace south = PointOf(DefaultLobes[4], -15.0, 10.0);
     EXPECT_TRUE(PlaceAt(south.x, south.y));
     EXPECT_FALSE(PlaceAt(south.x, south.y - 1e-7));
 }
@@ -300,7 +300,7 @@ TEST_F(PlaceOnLobes, OneLobeWithoutInterruptions) {
     Design.LobeText[LobeTextCountSouth] = "0";
     Design.LobeLonDeg = {-180.0, 180.0, -180.0, 180.0};
     Design.LobeCentral = {};
-    const PlanePoint point = *mollweide.Forward(-37.0, 170.0);
+    const ReferencePlace point = *mollweide.Forward(-37.0, 170.0);
     const auto place = PlaceAt(point.x, point.y);
     ASSERT_TRUE(place);
     EXPECT_NEAR(place->lat, -37.0, 1e-9);
@@ -314,7 +314,7 @@ TEST_F(PlaceOnLobes, OneLobeAllTheWayRound) {
     Design.LobeLonDeg = {20.0, 20.0, 20.0, 20.0};
     Design.LobeCentral = {};
     for (const double lat : {40.0, -40.0}) {
-        const PlanePoint point = *mollweide.Forward(lat, 170.0);
+        const ReferencePlace point = *mollweide.Forward(lat, 170.0);
         const auto place = PlaceAt(point.x, point.y);
         ASSERT_TRUE(place);
         EXPECT_NEAR(place->lat, lat, 1e-9);

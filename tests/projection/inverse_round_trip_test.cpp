@@ -57,8 +57,8 @@ protected:
         const double width = Design.MapXMax - Design.MapXMin;
         const double height = Design.MapYMax - Design.MapYMin;
         for (int i = 0; i < count; ++i) {
-            const PlanePoint place{Real(Design.MapXMin - width / 4.0, Design.MapXMax + width / 4.0),
-                                   Real(Design.MapYMin - height / 4.0, Design.MapYMax + height / 4.0)};
+            const ReferencePlace place{Real(Design.MapXMin - width / 4.0, Design.MapXMax + width / 4.0),
+                                       Real(Design.MapYMin - height / 4.0, Design.MapYMax + height / 4.0)};
             ASSERT_TRUE(ComesBack(place, trips));
         }
     }

@@ -43,14 +43,14 @@ ReferenceProjection::ReferenceProjection(const std::string& definition) : contex
     }
 }
 
-std::optional<PlanePoint> ReferenceProjection::Forward(double lat, double lon) const {
+std::optional<ReferencePlace> ReferenceProjection::Forward(double lat, double lon) const {
     proj_errno_reset(operation.get());
     const PJ_COORD out =
         proj_trans(operation.get(), PJ_FWD, proj_coord(lon * Degree, lat * Degree, 0.0, HUGE_VAL));
     if (proj_errno(operation.get()) != 0 || !std::isfinite(out.xy.x) || !std::isfinite(out.xy.y)) {
         return std::nullopt;
     }
-    return PlanePoint{out.xy.x, out.xy.y};
+    return ReferencePlace{out.xy.x, out.xy.y};
 }
 
 std::optional<GlobePoint> ReferenceProjection::Inverse(double x, double y) const {

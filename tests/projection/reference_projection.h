@@ -11,7 +11,7 @@ struct PJconsts;
 
 namespace quelmont {
 
-struct PlanePoint {
+struct ReferencePlace {
     double x = 0.0;
     double y = 0.0;
 };
@@ -34,7 +34,7 @@ public:
     explicit ReferenceProjection(const std::string& definition);
 
     /// Nothing where PROJ has no place for the point.
-    std::optional<PlanePoint> Forward(double lat, double lon) const;
+    std::optional<ReferencePlace> Forward(double lat, double lon) const;
     std::optional<GlobePoint> Inverse(double x, double y) const;
 
 private:

@@ -78,17 +78,17 @@ MapOfSweep RandomMap(std::int16_t projNum, std::mt19937& random) {
     return map;
 }
 
-std::optional<PlanePoint> ForwardOf(const RelativePlace& place) {
+std::optional<ReferencePlace> ForwardOf(const RelativePlace& place) {
     Design.ProjX = NoNumber;
     Design.ProjY = NoNumber;
     ProjectAt(place.lat, place.lon);
     if (Design.ProjOffMap || std::isnan(Design.ProjX) || std::isnan(Design.ProjY)) {
         return std::nullopt;
     }
-    return PlanePoint{Design.ProjX, Design.ProjY};
+    return ReferencePlace{Design.ProjX, Design.ProjY};
 }
 
-double Apart(const PlanePoint& a, const PlanePoint& b) { return std::hypot(a.x - b.x, a.y - b.y); }
+double Apart(const ReferencePlace& a, const ReferencePlace& b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 double Grain(const RelativePlace& place) {
     const auto here = ForwardOf(place);
@@ -164,17 +164,17 @@ double LeastScale(const RelativePlace& place) {
         auto there = ForwardOf({place.lat + dLat, place.lon + dLon});
         const double sign = there ? 1.0 : -1.0;
         there = there ? there : ForwardOf({place.lat - dLat, place.lon - dLon});
-        return here && there ? PlanePoint{sign * (there->x - here->x) / (step * Degree),
-                                          sign * (there->y - here->y) / (step * Degree)}
-                             : PlanePoint{};
+        return here && there ? ReferencePlace{sign * (there->x - here->x) / (step * Degree),
+                                              sign * (there->y - here->y) / (step * Degree)}
+                             : ReferencePlace{};
     };
     // Towards the equator and the central meridian, where there always is something.
     const double cosine = std::cos(place.lat * Degree);
     if (cosine < 1e-9) {
         return 0.0;
     }
-    const PlanePoint north = moved(place.lat > 0.0 ? -step : step, 0.0);
-    const PlanePoint east = moved(0.0, place.lon > Design.LonCentral ? -step : step);
+    const ReferencePlace north = moved(place.lat > 0.0 ? -step : step, 0.0);
+    const ReferencePlace east = moved(0.0, place.lon > Design.LonCentral ? -step : step);
     const double a = north.x;
     const double b = north.y;
     const double c = east.x / cosine;
@@ -192,7 +192,8 @@ std::string Text(const RelativePlace& place) {
     return testing::PrintToString(place.lat) + ", " + testing::PrintToString(place.lon);
 }
 
-testing::AssertionResult ReturnsTo(const PlanePoint& place, const RelativePlace& found, RoundTrips& trips) {
+testing::AssertionResult ReturnsTo(const ReferencePlace& place, const RelativePlace& found,
+                                   RoundTrips& trips) {
     if (!(std::fabs(found.lat) <= 90.0) || !(std::fabs(found.lon - Design.LonCentral) <= 180.0 + 1e-12)) {
         return testing::AssertionFailure() << "outside the frame: " << Text(found);
     }
@@ -241,7 +242,7 @@ testing::AssertionResult ComesBack(const RelativePlace& point, RoundTrips& trips
     return result;
 }
 
-testing::AssertionResult ComesBack(const PlanePoint& place, RoundTrips& trips) {
+testing::AssertionResult ComesBack(const ReferencePlace& place, RoundTrips& trips) {
     const auto found = InverseSelect(place.x, place.y);
     if (!found) {
         return testing::AssertionSuccess();

@@ -19,9 +19,9 @@ namespace quelmont {
 MapOfSweep RandomMap(std::int16_t projNum, std::mt19937& random);
 
 /// What ProjectSelect makes of a point of the relative frame; nothing where it makes nothing.
-std::optional<PlanePoint> ForwardOf(const RelativePlace& place);
+std::optional<ReferencePlace> ForwardOf(const RelativePlace& place);
 
-double Apart(const PlanePoint& a, const PlanePoint& b);
+double Apart(const ReferencePlace& a, const ReferencePlace& b);
 
 /// How far apart the forward's answers for the next few numbers of degrees around a place lie, earth radii:
 /// no inverse can hit the plane more exactly.
@@ -54,6 +54,6 @@ struct RoundTrips {
 testing::AssertionResult ComesBack(const RelativePlace& point, RoundTrips& trips);
 
 /// The same from the plane; nothing to be tested where there is no inverse.
-testing::AssertionResult ComesBack(const PlanePoint& place, RoundTrips& trips);
+testing::AssertionResult ComesBack(const ReferencePlace& place, RoundTrips& trips);
 
 } // namespace quelmont

@@ -1,6 +1,7 @@
 #include "dialogs/bounds/lat_lon_bounds_az.h"
 
 #include "core/angle_field.h"
+#include "core/distance_units.h"
 #include "core/number_text.h"
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_checks.h"
@@ -10,7 +11,6 @@ namespace quelmont {
 
 namespace {
 
-constexpr double KilometresPerNauticalMile = 1.8532488;
 constexpr double StatuteMilesPerKilometre = 0.621371192;
 constexpr std::string_view HeightMask = "%%,%%%,%%%";
 constexpr std::string_view HeightPicture = "00,000,000";

@@ -2,6 +2,7 @@
 
 #include "circles/small_circle.h"
 #include "core/angle_field.h"
+#include "core/distance_units.h"
 #include "core/number_text.h"
 #include "dialogs/look/colors256.h"
 
@@ -12,8 +13,6 @@ namespace quelmont {
 namespace {
 
 constexpr double NauticalMilesPerDegree = 60.0;
-constexpr double KilometersPerNauticalMile = 1.8532488;
-constexpr double StatuteMilesPerNauticalMile = 1.1515554159285697;
 constexpr const char* RadiusPicture = "00000.0";
 
 } // namespace
@@ -64,7 +63,7 @@ void SmallCircleForm::RadiusDeg_Change() {
         (groups.degrees + groups.minutes / 60.0 + groups.seconds / 3600.0) * NauticalMilesPerDegree;
     Edit("RadiusNM").text = FormatNumber(nauticalMiles, RadiusPicture);
     Edit("RadiusSM").text = FormatNumber(nauticalMiles * StatuteMilesPerNauticalMile, RadiusPicture);
-    Edit("RadiusKM").text = FormatNumber(nauticalMiles * KilometersPerNauticalMile, RadiusPicture);
+    Edit("RadiusKM").text = FormatNumber(nauticalMiles * KilometresPerNauticalMile, RadiusPicture);
 }
 
 void SmallCircleForm::OK_Click() {

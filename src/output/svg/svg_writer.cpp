@@ -35,6 +35,8 @@ std::string_view IdOf(MapPart part) {
         return "small-circles";
     case MapPart::GreatCircle:
         return "great-circle";
+    case MapPart::Frame:
+        return "frame";
     }
     return "part";
 }

@@ -1,0 +1,83 @@
+#include "commandline/frame_options.h"
+
+#include "commandline/angle_value.h"
+#include "commandline/option_values.h"
+#include "core/angle_text.h"
+#include "core/degrees.h"
+#include "core/map_design.h"
+#include "surround/scale_bar_place.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace quelmont {
+
+namespace {
+
+struct UnitWord {
+    std::string_view word;
+    ScaleBarUnit unit;
+};
+
+constexpr std::array Units = std::to_array<UnitWord>({
+    {"km", ScaleBarUnit::Kilometres},
+    {"mi", ScaleBarUnit::StatuteMiles},
+    {"nmi", ScaleBarUnit::NauticalMiles},
+    {"none", ScaleBarUnit::None},
+});
+
+double LatitudeValue(std::string_view value) {
+    constexpr std::int32_t pole = 90 * SecPerDegree;
+    const std::int32_t seconds = LatitudeSeconds(AngleValue(AngleFieldKind::Latitude, value));
+    if (seconds < -pole || seconds > pole) {
+        throw BadValue("\"" + std::string(value) + "\" is no latitude: it lies beyond a pole");
+    }
+    return DegreesOf(seconds);
+}
+
+void TakeBar(FrameOptions& frame, std::string_view value) {
+    const std::size_t at = std::min(value.find('@'), value.size());
+    const std::string_view word = value.substr(0, at);
+    const auto* const unit =
+        std::find_if(Units.begin(), Units.end(), [&](const UnitWord& row) { return row.word == word; });
+    if (unit == Units.end()) {
+        throw BadValue("\"" + std::string(word) + "\" is none of km, mi, nmi, none");
+    }
+    frame.unit = unit->unit;
+    frame.latitude.reset();
+    if (at < value.size()) {
+        frame.latitude = LatitudeValue(value.substr(at + 1));
+    }
+}
+
+} // namespace
+
+void AddFrameOptions(CLI::App& app, const std::string& group, const AddOption& add, FrameOptions& frame) {
+    app.add_flag_callback(
+           "--frame", [&frame] { frame.frame = true; },
+           "A frame along the map's outline, with ticks at the grid")
+        ->disable_flag_override()
+        ->group(group);
+    add("--scale-bar", "km|mi|nmi[@LAT]",
+        "A scale bar in kilometres, statute or nautical miles, true where the\n"
+        "map has its scale or at a latitude; it says where (none)",
+        [&frame](const std::string& value) { TakeBar(frame, value); });
+}
+
+void TakeFrame(const FrameOptions& frame) {
+    Design.Frame.frame = Design.Frame.frame || frame.frame;
+    if (frame.unit) {
+        Design.Frame.unit = *frame.unit;
+        Design.Frame.latitude = frame.latitude;
+    }
+}
+
+std::string BarLeftOut(const FrameOptions& frame) {
+    const bool asked = frame.unit && *frame.unit != ScaleBarUnit::None;
+    return asked && !PlaceOfScaleBar(frame.latitude) ? NoteOfScaleBar(frame.latitude) : "";
+}
+
+} // namespace quelmont
