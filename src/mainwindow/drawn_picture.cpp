@@ -4,7 +4,6 @@
 #include "designfile/cnf_save.h"
 #include "mainwindow/kept_choices.h"
 #include "mainwindow/main_window_state.h"
-#include "platform/machine.h"
 
 namespace quelmont {
 
@@ -16,8 +15,7 @@ std::string DrawnDesign() {
     }
 }
 
-void NotePicture(bool whole) {
-    const MainWindow& window = *Machine().window;
+void NotePicture(bool whole, double width, double height) {
     MainWindowNow.Picture = {.bounds = Design,
                              .projNum = Design.ProjNum,
                              .originX = Design.ScreenOriginX,
@@ -26,8 +24,8 @@ void NotePicture(bool whole) {
                              .scaleY = Design.ScreenScaleY,
                              .twipsPerPixelX = Design.TwipsPerPixelX,
                              .twipsPerPixelY = Design.TwipsPerPixelY,
-                             .width = window.ScaleWidth(),
-                             .height = window.ScaleHeight(),
+                             .width = width,
+                             .height = height,
                              .design = DrawnDesign(),
                              .seconds = Design.PlotSeconds,
                              .whole = whole};

@@ -24,9 +24,10 @@ struct DrawnPicture {
 /// hold.
 std::string DrawnDesign();
 
-/// The picture on the window is one of the design as it is now, in the state that a draw leaves.
-/// Reads   the bounds, the fit, PlotSeconds. Writes  MainWindowNow.Picture.
-void NotePicture(bool whole);
+/// The picture on the window is one of the design as it is now, in the state that a draw leaves. width,
+/// height: of the drawing area when the draw began, twips. Reads   the bounds, the fit, PlotSeconds. Writes
+/// MainWindowNow.Picture.
+void NotePicture(bool whole, double width, double height);
 
 /// The window has no picture of a design now.
 void ForgetPicture();

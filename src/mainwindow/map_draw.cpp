@@ -65,6 +65,8 @@ void MapDraw() {
     }
     BeginDrawBoxes();
     const StopSignals stopSignals;
+    const double width = Machine().window->ScaleWidth(); // it may have another size at the end
+    const double height = Machine().window->ScaleHeight();
     if (Guarded(Routine, Fit)) {
         bool whole = false;
         Guarded(Routine, [&] {
@@ -75,7 +77,7 @@ void MapDraw() {
             }
         });
         End();
-        NotePicture(whole && !DrawBoxesShown());
+        NotePicture(whole && !DrawBoxesShown(), width, height);
     } else {
         ForgetPicture();
         DisarmExports();

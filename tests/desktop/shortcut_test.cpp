@@ -69,7 +69,7 @@ TEST_F(Shortcuts, StandInTheMenus) {
     }
 }
 
-TEST_F(Shortcuts, CtrlOOpensTheMapFiles) { EXPECT_EQ(DialogOf(Qt::Key_O), "Open Digital Map File"); }
+TEST_F(Shortcuts, CtrlOOpensTheMapFiles) { EXPECT_EQ(DialogOf(Qt::Key_O), "Add or Edit Digital Map File"); }
 
 TEST_F(Shortcuts, CtrlSAsksForANameOnce) {
     auto& dialogs = FileDialogs();

@@ -13,11 +13,13 @@
 namespace quelmont {
 namespace {
 
-/// The window has 1280 x 924 pixels. The world, twice as wide as high, reaches from the first to the last of
-/// the 1280 columns, and stands in the middle of the 924 rows.
+/// The window has 1280 x 924 pixels. The world is drawn true at 45 degrees, so that its height is the square
+/// root of a half of its width, and not a half. It reaches from the first to the last of the 1280 columns,
+/// and stands in the middle of the 924 rows.
 class Position : public StartedProgram {
 protected:
     static constexpr double degreesPerPixel = 360.0 / 1279.0;
+    static constexpr double degreesPerRow = degreesPerPixel * 0.70710678118654752;
 };
 
 TEST_F(Position, PixelsOfAWorldMapHaveTheirDegrees) {
@@ -25,23 +27,23 @@ TEST_F(Position, PixelsOfAWorldMapHaveTheirDegrees) {
     const auto left = PositionAt({0, 461});
     ASSERT_TRUE(left);
     EXPECT_NEAR(left->place.lon, -180.0, 1e-9);
-    EXPECT_NEAR(left->place.lat, 0.5 * degreesPerPixel, 1e-9) << "the equator is half a pixel lower";
+    EXPECT_NEAR(left->place.lat, 0.5 * degreesPerRow, 1e-9) << "the equator is half a pixel lower";
     const auto right = PositionAt({1279, 462});
     ASSERT_TRUE(right);
     EXPECT_NEAR(right->place.lon, 180.0, 1e-9);
-    EXPECT_NEAR(right->place.lat, -0.5 * degreesPerPixel, 1e-9);
+    EXPECT_NEAR(right->place.lat, -0.5 * degreesPerRow, 1e-9);
     EXPECT_NEAR(PositionAt({640, 200})->place.lon, 0.5 * degreesPerPixel, 1e-9);
-    EXPECT_NEAR(PositionAt({640, 200})->place.lat, 261.5 * degreesPerPixel, 1e-9);
-    EXPECT_EQ(PositionText(*left), "0\u00B0 08\u2032 N   180\u00B0 00\u2032 W");
+    EXPECT_NEAR(PositionAt({640, 200})->place.lat, 261.5 * degreesPerRow, 1e-9);
+    EXPECT_EQ(PositionText(*left), "0\u00B0 06\u2032 N   180\u00B0 00\u2032 W");
 }
 
 TEST_F(Position, NothingStandsBesideTheMap) {
     MapDraw();
-    // The map is 639.5 pixels high: its rows are 142 to 781.
-    EXPECT_FALSE(PositionAt({640, 141}));
-    EXPECT_TRUE(PositionAt({640, 142}));
-    EXPECT_TRUE(PositionAt({640, 781}));
-    EXPECT_FALSE(PositionAt({640, 782}));
+    // The map is 904.4 pixels high, about row 461.5: its rows are 10 to 913.
+    EXPECT_FALSE(PositionAt({640, 9}));
+    EXPECT_TRUE(PositionAt({640, 10}));
+    EXPECT_TRUE(PositionAt({640, 913}));
+    EXPECT_FALSE(PositionAt({640, 914}));
     EXPECT_FALSE(PositionAt({-1, 461}));
     EXPECT_FALSE(PositionAt({1280, 461}));
 }

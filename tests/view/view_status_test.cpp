@@ -36,11 +36,11 @@ TEST_F(ViewStatus, TellsThePlaceUnderTheMouse) {
     PointerMoved(SurfacePoint{640, 461});
     EXPECT_EQ(window.statusText, "") << "there is no picture yet";
     MapDraw();
-    EXPECT_THAT(TextAfterCommand(), StartsWith("0\u00B0 08\u2032 N   0\u00B0 08\u2032 E"));
+    EXPECT_THAT(TextAfterCommand(), StartsWith("0\u00B0 06\u2032 N   0\u00B0 08\u2032 E"));
     PointerMoved(SurfacePoint{640, 5});
     EXPECT_EQ(window.statusText, "");
     PointerMoved(SurfacePoint{0, 461});
-    EXPECT_THAT(window.statusText, StartsWith("0\u00B0 08\u2032 N   180\u00B0"));
+    EXPECT_THAT(window.statusText, StartsWith("0\u00B0 06\u2032 N   180\u00B0"));
     PointerMoved(std::nullopt);
     EXPECT_EQ(window.statusText, "");
 }
@@ -58,7 +58,7 @@ TEST_F(ViewStatus, LeavesTheLineToADraw) {
 TEST_F(ViewStatus, PictureIsOlderThanAChangedDesignUntilTheNextDraw) {
     const std::array<std::function<void()>, 8> changes = {
         [] { Design.BackColor = 0x00FF0000; },
-        [] { Design.GridTypeCode = 3; },
+        [] { Design.GridTypeCode = 4; },
         [] { Design.GridLineWidth = 45.0F; },
         [] { AcceptProjection(ProjRobinson); },
         [] { Design.GridText[GridTextNorth] = "60    00    00    N"; },
