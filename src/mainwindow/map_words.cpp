@@ -64,7 +64,7 @@ std::string MeterBounds() {
 } // namespace
 
 std::string MapInWords() {
-    const std::string projection = Design.ProjName + " projection";
+    std::string projection = Design.ProjName + " projection";
     try {
         switch (PropertiesOf(Design.ProjNum).family) {
         case ProjectionFamily::MetricGrid:
