@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -111,6 +112,9 @@ private:
     void PutBackPicture() override {}
     void ShowPreview(const PixelBox& /*box*/, const std::function<void(DrawSurface&)>& /*paint*/) override {}
     void HidePreview() override {}
+    void ShowStatusLine(bool /*shown*/) override {}
+    void SetStatusText(std::string_view /*text*/) override {}
+    void SetProgress(std::optional<double> /*share*/) override {}
     void SetMenuEnabled(Menu /*menu*/, int /*index*/, bool /*enabled*/) override {}
     void SetMenuChecked(Menu /*menu*/, int /*index*/, bool /*checked*/) override {}
     bool MenuChecked(Menu /*menu*/, int /*index*/) const override { return false; }
