@@ -54,10 +54,27 @@ void OurLines(benchmark::State& state) {
     PerSegment(state, points.size() - 1);
 }
 
-void PainterLines(benchmark::State& state) {
+void OurSmoothLines(benchmark::State& state) {
+    const auto points = Wander(static_cast<int>(state.range(0)), 100000);
+    ImageSurface surface(Width, Height);
+    FineLines* const lines = surface.Smooth(true);
+    surface.SelectObject(lines->CreateFinePen(static_cast<double>(state.range(1)), 0xFF));
+    for (auto _ : state) {
+        surface.MoveToEx(points[0].x, points[0].y);
+        for (const SurfacePoint& point : points) {
+            surface.LineTo(point.x, point.y);
+        }
+        surface.Smooth(true); // which ends the line
+        benchmark::ClobberMemory();
+    }
+    PerSegment(state, points.size() - 1);
+}
+
+void PaintByPainter(benchmark::State& state, bool smooth) {
     const auto points = Wander(static_cast<int>(state.range(0)), 100000);
     QImage image(Width, Height, QImage::Format_RGB32);
     QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, smooth);
     painter.setPen(QPen(Qt::red, static_cast<double>(state.range(1)), Qt::SolidLine, Qt::RoundCap));
     for (auto _ : state) {
         for (std::size_t i = 1; i < points.size(); ++i) {
@@ -68,6 +85,9 @@ void PainterLines(benchmark::State& state) {
     PerSegment(state, points.size() - 1);
 }
 
+void PainterLines(benchmark::State& state) { PaintByPainter(state, false); }
+void PainterSmoothLines(benchmark::State& state) { PaintByPainter(state, true); }
+
 void Arguments(benchmark::internal::Benchmark* lines) {
     lines->ArgNames({"reach", "pen"})->Unit(benchmark::kMillisecond);
     for (const int pen : {1, 2, 3, 5, 10}) {
@@ -77,7 +97,9 @@ void Arguments(benchmark::internal::Benchmark* lines) {
 }
 
 BENCHMARK(OurLines)->Apply(Arguments);
+BENCHMARK(OurSmoothLines)->Apply(Arguments);
 BENCHMARK(PainterLines)->Apply(Arguments);
+BENCHMARK(PainterSmoothLines)->Apply(Arguments);
 
 } // namespace
 } // namespace quelmont

@@ -133,8 +133,13 @@ def time_all(arguments, work):
     robinson = [draw, "--projection", "robinson", "--window", PICTURE, "--map", big]
     table.row("quelmont-draw, lines of one pixel", robinson + [work / "thin.png"], base=True)
     table.row("quelmont-draw, lines of three pixels", robinson + ["--line-width", "3", work / "wide.png"])
+    table.row("quelmont-draw, smooth lines of one pixel", robinson + ["--smooth", work / "smooth.png"])
+    table.row("quelmont-draw, smooth lines of three pixels",
+              robinson + ["--smooth", "--line-width", "3", work / "smooth.png"])
     table.row("quelmont-draw, filled circles",
               robinson + ["--symbol", "12", "--symbol-size", "2", work / "circles.png"])
+    table.row("quelmont-draw, smooth filled circles",
+              robinson + ["--smooth", "--symbol", "12", "--symbol-size", "2", work / "circles.png"])
     time_formats(table, programs, arguments.points, work)
     time_others(table, minute_grid_lines(big), work)
 

@@ -222,6 +222,7 @@ int TakeOptions(const HeadlessMachine& machine, const DrawOptions& options, std:
         errors << Program << reason << ".\n";
         return ExitWrongUsage;
     }
+    Design.SmoothLines = options.smooth;
     FilesBeside beside{.tables = FilesOf(options.reports),
                        .savedDesign = options.saveDesign,
                        .recalledDesign = options.design};

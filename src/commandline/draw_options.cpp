@@ -295,6 +295,14 @@ void OptionTable::AddPicture() {
             options.percent = NumberValue(value, 10, 100);
             options.percentGiven = true;
         });
+    const auto addSmooth = [this](const char* name, bool smooth, const char* description) {
+        app.add_flag_callback(
+               name, [this, smooth] { options.smooth = smooth; }, description)
+            ->trigger_on_parse()
+            ->group(group);
+    };
+    addSmooth("--smooth", true, "Antialiased lines, symbols and circles in .png and .bmp");
+    addSmooth("--no-smooth", false, "Lines of whole pixels in .png and .bmp (as without --smooth)");
     app.add_flag("--no-line-scaling", options.noLineScaling,
                  "Narrowest lines in .cgm, .dxf, .wmf, lines of as many\ndots as pixels in .pdf, not a share "
                  "of the map")

@@ -77,6 +77,7 @@ struct DrawOptions {
     std::optional<SurfacePoint> screen;
     int percent = 100;
     bool percentGiven = false;
+    bool smooth = false; ///< antialiased lines
     bool stats = false;
     bool noLineScaling = false;
     std::optional<int> textScale; ///< percent

@@ -1,5 +1,6 @@
 #include "desktop/symbol_picture.h"
 
+#include "core/map_design.h"
 #include "core/standard_colors.h"
 #include "output/symbol_sample.h"
 #include "qtsurface/image_surface.h"
@@ -24,6 +25,7 @@ ColorValue ColorValueOf(const QColor& color) {
 QImage SymbolPicture(int type, QSize size, const QColor& ink, const QColor& paper) {
     ImageSurface surface(size.width(), size.height());
     surface.Clear(ColorValueOf(paper));
+    surface.Smooth(Design.SmoothLines);
     DrawSymbolSample(surface, {.type = static_cast<std::int16_t>(type),
                                .width = size.width(),
                                .height = size.height(),

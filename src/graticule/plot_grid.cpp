@@ -59,8 +59,8 @@ void PaintBackground() {
 void MakeGridPen() {
     ReleaseDevicePen(SiteBackground, Routine);
     Design.PenColor = Design.GridColor;
-    Design.PenWidth = RoundToInt32(Divide(Design.GridLineWidth, Design.TwipsPerPixelY));
-    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, SiteGrid, Routine);
+    TakePenWidth(Design.GridLineWidth);
+    MakeLinePen(Design.PenColor, SiteGrid, Routine);
 }
 
 /// The circle is laid straight on the map frame, every third degree. False when it is all that the

@@ -34,6 +34,12 @@ void TakeRedraw(std::string_view text) {
     }
 }
 
+std::string SmoothLinesText() { return SettingOfFlag(IsSwitchedOn(SmoothLinesItem)); }
+
+void TakeSmoothLines(std::string_view text) {
+    SwitchSmoothLines(FlagOfSetting(text).value_or(IsSwitchedOn(SmoothLinesItem)));
+}
+
 constexpr std::array Choices = std::to_array<KeptChoice>({
     {"GridLabels", GridLabelPlaceText, TakeGridLabelPlace, true},
     {"GridLabelStyle", GridLabelStyleText, TakeGridLabelStyle, true},
@@ -42,6 +48,7 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"RedrawByItself", RedrawText, TakeRedraw},
     {"Fill", FillText, TakeFill, true},
     {"Frame", FrameText, TakeFrameText, true},
+    {"SmoothLines", SmoothLinesText, TakeSmoothLines, true},
 });
 
 std::vector<std::string> TextsNow() {

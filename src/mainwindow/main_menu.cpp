@@ -83,7 +83,7 @@ constexpr std::array EditMenu = {
 };
 
 constexpr std::array ViewMenu = {
-    MenuEntry{SmoothLinesItem,       "&Smooth Lines",            nullptr,           {}, true},
+    MenuEntry{SmoothLinesItem,       "&Smooth Lines",            ToggleSmoothLines, {}, true},
     MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
     MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleRedraw,      {}, true},
     MenuEntry{DrawAgainItem,         "&Draw Again",              DrawAgain,         {}, false, "F5"},

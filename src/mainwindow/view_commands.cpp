@@ -1,6 +1,10 @@
 #include "mainwindow/view_commands.h"
 
+#include "core/map_design.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
+#include "mainwindow/map_draw.h"
+#include "mainwindow/ready_to_draw.h"
 #include "platform/machine.h"
 
 namespace quelmont {
@@ -15,5 +19,18 @@ void SwitchStatusLine(bool on) {
 void ToggleStatusLine(int index) { SwitchStatusLine(!IsSwitchedOn(index)); }
 
 void ToggleRedraw(int index) { Machine().window->SetMenuChecked(Menu::mnuView, index, !IsSwitchedOn(index)); }
+
+void SwitchSmoothLines(bool on) {
+    Machine().window->SetMenuChecked(Menu::mnuView, SmoothLinesItem, on);
+    Design.SmoothLines = on;
+}
+
+void ToggleSmoothLines(int index) {
+    SwitchSmoothLines(!IsSwitchedOn(index));
+    if (MainWindowNow.Picture && ReadyToDraw()) {
+        Machine().window->Cls();
+        MapDraw();
+    }
+}
 
 } // namespace quelmont

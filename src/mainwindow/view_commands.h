@@ -9,8 +9,13 @@ bool IsSwitchedOn(int item);
 /// Shows or hides the line under the map.
 void SwitchStatusLine(bool on);
 
+/// Has the next draws antialias lines and symbols, or not. Writes  SmoothLines.
+void SwitchSmoothLines(bool on);
+
 /// What the items do: each turns its switch.
 void ToggleStatusLine(int index);
 void ToggleRedraw(int index);
+/// A map that is on the window is drawn again, at the size that it had last.
+void ToggleSmoothLines(int index);
 
 } // namespace quelmont

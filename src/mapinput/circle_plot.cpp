@@ -1,6 +1,5 @@
 #include "mapinput/circle_plot.h"
 
-#include "core/checked_math.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "mapinput/map_pen.h"
@@ -228,9 +227,9 @@ bool PlotKind(MapPoint& point, const CircleKind& kind) {
     point.PrevInBounds = false;
     Design.CurrentSymbolType = SymbolLine;
     Design.PenColor = kind.color;
-    Design.PenWidth = RoundToInt32(Divide(kind.width, Design.TwipsPerPixelY));
+    TakePenWidth(kind.width);
     DeleteMapPen(SitesCircles.deleteObject);
-    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, SitesCircles.createPen, "MapPlot");
+    MakeLinePen(Design.PenColor, SitesCircles.createPen, "MapPlot");
     if (OpenExport(1)) {
         BeginFilePart(kind.part, kind.title);
         StartCircles(kind.color);

@@ -1,14 +1,11 @@
 #include "mapinput/map_pen.h"
 
-#include "core/checked_math.h"
 #include "core/map_design.h"
-#include "core/rounding.h"
 #include "mapfiles/feature_rows.h"
 #include "output/device_pen.h"
 #include "output/fan_out.h"
 #include "output/page_scale.h"
 #include "output/symbol_size.h"
-#include "platform/draw_surface.h"
 
 #include <cstddef>
 #include <span>
@@ -40,9 +37,9 @@ void TakeFeaturePen(std::int16_t Feature, std::int32_t FileIndex, PenSites sites
     }
     Design.PenColor = style.Color;
     const std::int16_t width = HasBorder(Design.CurrentSymbolType) ? style.BorderWidth : style.LineWidth;
-    Design.PenWidth = RoundToInt32(Divide(width, Design.TwipsPerPixelY));
+    TakePenWidth(width);
     DeleteMapPen(sites.deleteObject);
-    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, sites.createPen, Routine);
+    MakeLinePen(Design.PenColor, sites.createPen, Routine);
 }
 
 void DeleteMapPen(int site) { ReleaseDevicePen(site, Routine); }

@@ -15,6 +15,10 @@ namespace quelmont {
 /// routine" and leaves the surface's pen as it is. width in device pixels.
 void MakeDevicePen(int style, std::int32_t width, ColorValue color, int site, std::string_view routine);
 
+/// The same of a solid pen for lines as wide as TakePenWidth has said. Where lines are smooth, it is that
+/// wide to a part of a pixel.
+void MakeLinePen(ColorValue color, int site, std::string_view routine);
+
 /// Selects the earlier pen back and deletes the one made; nothing if there is none. On failure
 /// shows "DeleteObject(site) error in routine".
 void ReleaseDevicePen(int site, std::string_view routine);

@@ -18,6 +18,7 @@ void SelectDevice() {
         OutputNow.DevicePixelX = Design.TwipsPerPixelX;
         OutputNow.DevicePixelY = Design.TwipsPerPixelY;
     }
+    OutputNow.fineLines = Design.Surface != nullptr ? Design.Surface->Smooth(Design.SmoothLines) : nullptr;
     Design.DotPixels = DeviceDotPixels(1.0);
 }
 

@@ -9,6 +9,7 @@ namespace quelmont {
 
 /// Takes the window's back image as the surface in use, or the page of the job that is open while a map is
 /// printed.
+/// Its lines are smooth from now on, or plain, as SmoothLines says. RunTimeError as DrawSurface::Smooth.
 /// Writes  Surface, DevicePixelX, DevicePixelY, DotPixels.
 void SelectDevice();
 

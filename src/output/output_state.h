@@ -2,7 +2,7 @@
 
 #include "core/replaced_file.h"
 #include "output/fan_out.h"
-#include "platform/draw_surface.h"
+#include "platform/fine_lines.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -55,6 +55,8 @@ struct OutputState {
     // ---- The device in use. Written by SelectDevice and SetSymbolSize, read by PrintToScreen.
     float DevicePixelX = 0.0F, DevicePixelY = 0.0F; ///< twips per device pixel
     std::int32_t SymbolRadius = 0;                  ///< twips
+    FineLines* fineLines = nullptr;                 ///< of the surface in use, while its lines are smooth
+    double PenPixels = 1.0;                         ///< PenWidth before it was rounded
     DevicePen pen;
     MapSurround* surround = nullptr; ///< what Surround gives
 

@@ -28,6 +28,12 @@ double PageScale() {
                   Machine().window->ScaleWidth());
 }
 
+void TakePenWidth(double twips) {
+    const double pixels = Divide(twips, Design.TwipsPerPixelY);
+    Design.PenWidth = RoundToInt32(pixels);
+    OutputNow.PenPixels = pixels;
+}
+
 std::int32_t DevicePenWidth() {
     if (!Design.PrintingNow || !Design.LineWidthsScaled) {
         return Design.PenWidth;

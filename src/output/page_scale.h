@@ -9,6 +9,11 @@ namespace quelmont {
 /// RunTimeError "Division by zero" for a window without a width.
 double PageScale();
 
+/// Takes the width of the next pen, twips.
+/// Reads   TwipsPerPixelY. Writes  PenWidth, in whole pixels, and PenPixels. RunTimeError "Division by zero",
+///         "Overflow".
+void TakePenWidth(double twips);
+
 /// PenWidth in pixels of the device in use: as it stands on the screen, and on a printer without line
 /// scaling; otherwise a line on paper has the window's share of the map.
 /// Reads   PrintingNow, LineWidthsScaled, PenWidth, TwipsPerPixelY, PrinterTwipsPerPixelY.

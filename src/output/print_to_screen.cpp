@@ -7,7 +7,7 @@
 #include "output/output_state.h"
 #include "output/page_scale.h"
 #include "output/symbols.h"
-#include "platform/draw_surface.h"
+#include "platform/fine_lines.h"
 
 namespace quelmont {
 
@@ -20,6 +20,18 @@ void DrawDot(std::int32_t x, std::int32_t y) {
         for (std::int32_t column = 0; column < Design.DotPixels; ++column) {
             Design.Surface->SetPixel(x - before + column, y - before + row, ColorBits(Design.PenColor));
         }
+    }
+}
+
+/// The same place to a part of a pixel.
+void DrawFinePoint(FineLines& lines, double deviceX, double deviceY) {
+    const std::int32_t x = RoundToInt32(deviceX * FinePerPixel);
+    const std::int32_t y = RoundToInt32(deviceY * FinePerPixel);
+    if (Design.PointStatus == PointBeginsLine || Design.LineStart == LineMoves) {
+        Design.LineStart = LineContinues;
+        lines.MoveToFine(x, y);
+    } else {
+        lines.LineToFine(x, y);
     }
 }
 
@@ -37,6 +49,10 @@ void DrawPoint() {
     }
     switch (Design.CurrentSymbolType) {
     case SymbolLine:
+        if (OutputNow.fineLines != nullptr) {
+            DrawFinePoint(*OutputNow.fineLines, deviceX, deviceY);
+            return;
+        }
         if (Design.PointStatus == PointBeginsLine || Design.LineStart == LineMoves) {
             Design.LineStart = LineContinues;
             Design.Surface->MoveToEx(x, y);

@@ -12,6 +12,8 @@ namespace quelmont {
 /// A pen, brush or font of a surface. 0 is no object: the answer of an operation that failed.
 using SurfaceHandle = std::uint32_t;
 
+class FineLines;
+
 /// A device point in pixels of its surface, y downward.
 struct SurfacePoint {
     std::int32_t x = 0;
@@ -87,6 +89,11 @@ public:
     /// Draws a text in UTF-8 in the current font, turned about its anchor (x, y) by the font's escapement.
     /// What lies behind it stays. A text of more than MostTextCharacters fails.
     virtual bool TextOutA(std::int32_t x, std::int32_t y, std::string_view text) = 0;
+
+    /// Turns the antialiasing of lines and symbols on or off for what is drawn from now on; off at first.
+    /// Returns the lines finer than pixels that the surface has while it is on; nullptr when it is off, and
+    /// from a surface that knows no antialiasing of its own, which stays as it is.
+    virtual FineLines* Smooth(bool /*on*/) { return nullptr; }
 };
 
 } // namespace quelmont

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/fine_lines.h"
 #include "platform/main_window.h"
+#include "qtsurface/line_coverage.h"
 #include "qtsurface/object_surface.h"
 #include "qtsurface/pixel_grid.h"
 #include "qtsurface/round_pen.h"
+#include "qtsurface/smooth_ellipse.h"
 
 #include <QImage>
 
@@ -14,11 +17,14 @@
 namespace quelmont {
 
 /// A surface whose picture lies in memory: the window's back image and the picture of a file.
-/// Lines are not antialiased; text is, in shades between its colour and what lies behind.
+/// Text is antialiased, in shades between its colour and what lies behind; lines and symbols are while they
+/// are smooth.
 ///
 /// A pen is one pixel wide or round. The outline of a rectangle or an ellipse runs through the centres of
-/// the outermost pixels of its box, whatever the pen's width.
-class ImageSurface final : public ObjectSurface {
+/// the outermost pixels of its box, whatever the pen's width. Smooth lines between whole pixels, too, have an
+/// even pen lean to the upper left by half a pixel, so that upright and level ones are sharp. A polygon
+/// without an outline is never smooth: areas that lie side by side show no seam.
+class ImageSurface final : public ObjectSurface, public FineLines {
 public:
     /// A black picture. Sizes in pixels, 0 to 32767; RunTimeError "Invalid procedure call or
     /// argument" outside that, "Out of memory".
@@ -43,6 +49,13 @@ public:
     /// Image.
     void Copy(const QImage& from, const QRect& box, std::uint32_t color);
 
+    /// RunTimeError "Out of memory" when there is no room for the coverage of pixels.
+    FineLines* Smooth(bool on) override;
+    SurfaceHandle CreateFinePen(double width, std::uint32_t color) override;
+    void MoveToFine(std::int32_t x, std::int32_t y) override;
+    void LineToFine(std::int32_t x, std::int32_t y) override;
+
+    void MoveToEx(std::int32_t x, std::int32_t y) override;
     void LineTo(std::int32_t x, std::int32_t y) override;
     bool Polyline(std::span<const SurfacePoint> points) override;
     bool Polygon(std::span<const SurfacePoint> points) override;
@@ -54,7 +67,18 @@ public:
 
 private:
     void PenSelected() override;
-    void Segment(SurfacePoint from, SurfacePoint to) const;
+    void TakeRoundPen();
+    /// Memory for smooth lines, and the pen. RunTimeError "Out of memory".
+    void GetReadyForLines();
+    /// The place of a whole pixel on smooth lines of the current pen.
+    FinePoint Leaning(SurfacePoint at) const;
+    void MoveSmooth(FinePoint to);
+    void SmoothSegment(FinePoint from, FinePoint to);
+    void Segment(SurfacePoint from, SurfacePoint to);
+    /// A closed line.
+    void Outline(std::span<const SurfacePoint> points);
+    /// The line ends here, and something else is painted.
+    void EndLine() { smoothLine.Finish(grid); }
 
     /// Whether a shape in a box, its outline included, changes no pixel: outside of the picture, or in the
     /// one colour that the picture has.
@@ -65,6 +89,11 @@ private:
     PixelGrid grid;
     std::optional<RoundPen> round; ///< of the current pen, from two pixels on
     std::int32_t roundWidth = 0;
+    bool smooth = false;
+    /// Not on the picture before it ends, unless somebody looks.
+    mutable LineCoverage smoothLine;
+    FinePoint finePosition;
+    SmoothEllipses ellipses;
 };
 
 } // namespace quelmont

@@ -1,5 +1,6 @@
 #include "qtsurface/object_surface.h"
 
+#include "core/rounding.h"
 #include "qtsurface/text_painter.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ constexpr std::int32_t SystemFontHeight = 16;
 } // namespace
 
 ObjectSurface::ObjectSurface() {
-    Keep(Pen{true, 1, PixelOf(0)});
+    Keep(Pen{true, 1, PixelOf(0), 1.0});
     Keep(Brush{true, PixelOf(0xFFFFFF)});
     Keep(Brush{false, 0});
     Keep(Font{{.height = SystemFontHeight}, "Arial"});
@@ -54,7 +55,16 @@ SurfaceHandle ObjectSurface::CreatePen(int style, std::int32_t width, std::uint3
     if ((style != PenStyleSolid && style != PenStyleNull) || width > WidestPen) {
         return 0;
     }
-    return Keep(Pen{style == PenStyleSolid, std::max(width, 1), PixelOf(color)});
+    width = std::max(width, 1);
+    return Keep(Pen{style == PenStyleSolid, width, PixelOf(color), static_cast<double>(width)});
+}
+
+SurfaceHandle ObjectSurface::KeepFinePen(double width, std::uint32_t color) {
+    if (!(width <= WidestPen)) {
+        return 0;
+    }
+    width = std::max(width, 1.0);
+    return Keep(Pen{true, RoundToInt32(width), PixelOf(color), width});
 }
 
 SurfaceHandle ObjectSurface::CreateSolidBrush(std::uint32_t color) {

@@ -34,11 +34,15 @@ protected:
         bool draws = true;
         std::int32_t width = 1;
         std::uint32_t pixel = 0;
+        double exactWidth = 1.0; ///< of smooth lines
     };
     struct Brush {
         bool fills = true;
         std::uint32_t pixel = 0;
     };
+
+    /// A solid pen for smooth lines, width in pixels. Returns 0 on failure.
+    SurfaceHandle KeepFinePen(double width, std::uint32_t color);
 
     /// 0x00BBGGRR as 0xFFRRGGBB.
     static std::uint32_t PixelOf(std::uint32_t color);

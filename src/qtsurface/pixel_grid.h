@@ -57,6 +57,18 @@ struct PixelGrid {
     bool IsAll(std::uint32_t pixel) const {
         return painted != nullptr && painted->Color() == pixel && painted->IsWhole();
     }
+    /// Something of a colour is laid over pixels, which leaves those of that colour as they are.
+    void Take(std::uint32_t pixel) const {
+        if (painted != nullptr) {
+            painted->Take(pixel);
+        }
+    }
+    /// Pixels are changed in another way.
+    void Forget() const {
+        if (painted != nullptr) {
+            painted->Forget();
+        }
+    }
     bool Holds(SurfacePoint p) const {
         return static_cast<std::uint32_t>(p.x) < static_cast<std::uint32_t>(width) &&
                static_cast<std::uint32_t>(p.y) < static_cast<std::uint32_t>(height);

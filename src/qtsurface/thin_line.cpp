@@ -123,9 +123,7 @@ bool Misses(const Axis& axis) {
 } // namespace
 
 void DrawThinLine(const PixelGrid& grid, SurfacePoint from, SurfacePoint to, std::uint32_t pixel) {
-    if (grid.painted != nullptr) {
-        grid.painted->Take(pixel);
-    }
+    grid.Take(pixel);
     if (grid.Holds(from) && grid.Holds(to)) {
         RunInside(grid, from, to, pixel);
         return;

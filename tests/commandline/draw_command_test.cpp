@@ -12,6 +12,7 @@
 #include <QJsonObject>
 
 #include <filesystem>
+#include <set>
 #include <sstream>
 
 namespace quelmont {
@@ -50,6 +51,42 @@ TEST_F(DrawCommandOf, NothingButAnOutputDrawsTheWorld) {
     EXPECT_GT(Count(image, 0x000000), 5000); // the grid: nine meridians alone are 900 pixels each
     EXPECT_GT(Count(image, 0x008000), 5000); // coasts
     EXPECT_GT(Count(image, 0xFF0000), 1000); // borders
+}
+
+/// Pixels of neither the background nor a colour that is drawn with.
+int Shades(const QImage& image) {
+    const std::set<QRgb> plain{0xFFFFFFFF, 0xFF000000, 0xFF008000, 0xFFFF0000,
+                               0xFF0000FF, 0xFF800000, 0xFFFF00FF};
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += plain.contains(image.pixel(x, y)) ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+TEST_F(DrawCommandOf, LinesAreSmoothWhereThatIsAskedForAndElsePlain) {
+    const std::string plain = folder / "plain.png";
+    const std::string bitmap = folder / "a.bmp";
+    EXPECT_EQ(Run({"--smooth", picture}).code, ExitDone);
+    EXPECT_EQ(Run({plain}).code, ExitDone);
+    EXPECT_EQ(Run({"--smooth", "--no-smooth", bitmap}).code, ExitDone);
+    EXPECT_EQ(Shades(Picture("plain.png")), 0);
+    EXPECT_GT(Shades(Picture("a.png")), 10000);
+    EXPECT_EQ(Picture("a.bmp"), Picture("plain.png"));
+    EXPECT_EQ(Run({"--smooth", bitmap}).code, ExitDone);
+    EXPECT_EQ(Picture("a.bmp"), Picture("a.png"));
+}
+
+TEST_F(DrawCommandOf, OtherFilesAreTheSameSmoothOrNot) {
+    for (const std::string ending : {"cgm", "dxf", "wmf", "pdf"}) {
+        const std::string smooth = folder / ("smooth." + ending);
+        const std::string plain = folder / ("plain." + ending);
+        EXPECT_EQ(Run({"--smooth", "--window", "400x300", smooth}).code, ExitDone);
+        EXPECT_EQ(Run({"--window", "400x300", plain}).code, ExitDone);
+        EXPECT_EQ(ReadWholeFile(smooth), ReadWholeFile(plain)) << ending;
+    }
 }
 
 class EachProjection : public DrawCommandOf, public testing::WithParamInterface<ProjectionEntry> {};

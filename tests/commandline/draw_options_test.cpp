@@ -34,6 +34,7 @@ TEST(DrawOptionsOf, NothingAreTheDefaults) {
     EXPECT_EQ(options.window, (SurfacePoint{1280, 924}));
     EXPECT_FALSE(options.screen);
     EXPECT_EQ(options.percent, 100);
+    EXPECT_FALSE(options.smooth);
     EXPECT_FALSE(options.stats);
     EXPECT_FALSE(options.noMap);
     EXPECT_THAT(options.maps, IsEmpty());
@@ -111,6 +112,13 @@ TEST(DrawOptionsOf, ThePicture) {
     EXPECT_EQ(options.percent, 50);
     EXPECT_TRUE(options.stats);
     EXPECT_EQ(options.output, "a.PNG");
+}
+
+TEST(DrawOptionsOf, SmoothLinesAreWhatWasSaidLast) {
+    EXPECT_TRUE(Read({"--smooth", "a.png"}).smooth);
+    EXPECT_FALSE(Read({"--no-smooth", "a.png"}).smooth);
+    EXPECT_FALSE(Read({"--smooth", "a.png", "--no-smooth"}).smooth);
+    EXPECT_TRUE(Read({"--no-smooth", "--smooth", "a.png"}).smooth);
 }
 
 TEST(DrawOptionsOf, Interruptions) {

@@ -100,8 +100,8 @@ protected:
         const std::string file = folder / "map.png";
         const std::string command =
             std::string(QUELMONT_DRAW) + " --projection " + std::to_string(GetParam().projNum) +
-            " --window " + pair(Area().DeviceSize().width(), Area().DeviceSize().height()) + " --screen " +
-            pair(Design.FullScreenX, Design.FullScreenY) + " " + options + " " + file;
+            " --smooth --window " + pair(Area().DeviceSize().width(), Area().DeviceSize().height()) +
+            " --screen " + pair(Design.FullScreenX, Design.FullScreenY) + " " + options + " " + file;
         EXPECT_EQ(std::system(command.c_str()), 0) << command;
         return QImage(QString::fromStdString(file)).convertToFormat(QImage::Format_RGB32);
     }

@@ -11,18 +11,23 @@
 #include <string>
 #include <vector>
 
-/// The sample maps of docs/look, each looked at by a person before it was put there, against what
-/// the program draws now. A map that fails leaves both pictures and their difference in the build
-/// folder.
+/// The sample maps of docs/look, with smooth lines, and of tests/look/plain, with plain ones, each looked at
+/// by a person before it was put there, against what the program draws now. A map that fails leaves both
+/// pictures and their difference in the build folder.
 
 namespace {
 
 struct SampleMap {
     std::string name;
     std::string options; ///< of quelmont-draw, as a shell reads them
+    bool smooth = true;
+
+    std::string Picture() const {
+        return std::string(smooth ? QUELMONT_LOOK : QUELMONT_PLAIN) + "/" + name + ".png";
+    }
 };
 
-void PrintTo(const SampleMap& map, std::ostream* out) { *out << map.name; }
+void PrintTo(const SampleMap& map, std::ostream* out) { *out << map.name << (map.smooth ? "" : ", plain"); }
 
 std::vector<SampleMap> SampleMaps() {
     std::vector<SampleMap> maps;
@@ -35,7 +40,10 @@ std::vector<SampleMap> SampleMaps() {
         std::istringstream words(line);
         words >> map.name;
         std::getline(words, map.options);
-        maps.push_back(map);
+        for (const bool smooth : {true, false}) {
+            map.smooth = smooth;
+            maps.push_back(map);
+        }
     }
     return maps;
 }
@@ -72,7 +80,7 @@ QImage Difference(const QImage& expected, const QImage& drawn, int& count) {
 }
 
 std::string NameOf(const testing::TestParamInfo<SampleMap>& map) {
-    std::string name = map.param.name;
+    std::string name = map.param.name + (map.param.smooth ? "" : "_plain");
     for (char& c : name) {
         c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
     }
@@ -86,19 +94,19 @@ class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
 TEST(SampleMapList, HoldsEveryProjectionAndMore) {
     // Seventeen projections; maps of wide lines, of symbols and across the 180th meridian; six maps of
     // each of the two map files; three of towns with their names; three sheets of texts; two of routes.
-    EXPECT_EQ(SampleMaps().size(), 40U);
+    EXPECT_EQ(SampleMaps().size(), 2 * 40U);
 }
 
 TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
     const SampleMap& map = GetParam();
     const std::filesystem::path folder(QUELMONT_DIFFERENCES);
     std::filesystem::create_directories(folder);
-    const std::string output = (folder / (map.name + ".png")).string();
-    const std::string command =
-        std::string("\"") + QUELMONT_DRAW + "\" " + WholeOptions(map.options) + " \"" + output + "\"";
+    const std::string output = (folder / ((map.smooth ? "" : "plain-") + map.name + ".png")).string();
+    const std::string command = std::string("\"") + QUELMONT_DRAW + (map.smooth ? "\" --smooth " : "\" ") +
+                                WholeOptions(map.options) + " \"" + output + "\"";
     ASSERT_EQ(std::system(command.c_str()), 0) << command;
 
-    const QImage expected(QString::fromStdString(std::string(QUELMONT_LOOK) + "/" + map.name + ".png"));
+    const QImage expected(QString::fromStdString(map.Picture()));
     const QImage drawn(QString::fromStdString(output));
     ASSERT_FALSE(expected.isNull());
     ASSERT_EQ(drawn.size(), expected.size());
@@ -109,7 +117,8 @@ TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
     const int mostPixels = drawn.width() * drawn.height() / 2000;
     EXPECT_LE(count, mostPixels);
     if (count > mostPixels) {
-        difference.save(QString::fromStdString((folder / (map.name + "-difference.png")).string()));
+        difference.save(QString::fromStdString(
+            (folder / ((map.smooth ? "" : "plain-") + map.name + "-difference.png")).string()));
     }
 }
 

@@ -1,7 +1,9 @@
 #include "mainwindow/kept_choices.h"
 
+#include "core/map_design.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/map_draw.h"
 #include "mainwindow/profile_file.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
@@ -52,6 +54,34 @@ TEST_F(Choices, ItemSwitchesTheStatusLine) {
     EXPECT_FALSE(HasStatusLine());
     ClickStatusLine();
     EXPECT_TRUE(HasStatusLine());
+}
+
+TEST_F(Choices, LinesAreSmoothUntilThatIsSwitchedOff) {
+    EXPECT_TRUE(Design.SmoothLines);
+    EXPECT_TRUE(window.MenuChecked(Menu::mnuView, SmoothLinesItem));
+    ClickMenuItem(Menu::mnuView, SmoothLinesItem);
+    EXPECT_FALSE(Design.SmoothLines);
+    EXPECT_FALSE(window.MenuChecked(Menu::mnuView, SmoothLinesItem));
+    EXPECT_EQ(Kept("SmoothLines"), "0");
+    EXPECT_EQ(window.surface.Count(SurfaceOp::Cls), 0) << "there is no map to be drawn again";
+    StartUp();
+    EXPECT_TRUE(Design.SmoothLines);
+    ReadSettings();
+    EXPECT_FALSE(Design.SmoothLines);
+    ClickMenuItem(Menu::mnuView, SmoothLinesItem);
+    EXPECT_TRUE(Design.SmoothLines);
+    EXPECT_EQ(Kept("SmoothLines"), "-1");
+}
+
+TEST_F(Choices, SmoothLinesDrawAMapOnTheWindowAgain) {
+    Design.InputFiles.clear();
+    window.Cls();
+    MapDraw();
+    window.surface.Forget();
+    ClickMenuItem(Menu::mnuView, SmoothLinesItem);
+    EXPECT_EQ(window.surface.Count(SurfaceOp::Cls), 1);
+    EXPECT_GT(window.surface.Count(SurfaceOp::LineTo), 100);
+    EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
 TEST_F(Choices, ChangedChoiceIsWrittenAtOnce) {
