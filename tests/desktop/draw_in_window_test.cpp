@@ -3,6 +3,7 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/standard_colors.h"
+#include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/profile_file.h"
@@ -23,6 +24,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 
 namespace quelmont {
 namespace {
@@ -77,6 +79,31 @@ TEST_F(DrawInWindow, KeysBringTheWorldMap) {
     EXPECT_EQ(drawn, other.picture.Image());
     EXPECT_EQ(SeenOfArea(), drawn) << "what is seen is the picture";
     EXPECT_TRUE(FillsTheWindow(drawn));
+}
+
+TEST_F(DrawInWindow, SmoothLinesAreSwitchedByTheirItemWhichDrawsTheMapAgain) {
+    const auto shades = [&] {
+        const QImage picture = Picture();
+        std::set<QRgb> colors;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                colors.insert(picture.pixel(x, y));
+            }
+        }
+        return colors.size();
+    };
+    DrawByKeys();
+    const QImage smooth = Picture();
+    EXPECT_GT(shades(), 100U);
+    Window().Action(Menu::mnuView, SmoothLinesItem)->trigger();
+    EXPECT_EQ(clock.beeps, 2);
+    EXPECT_LT(shades(), 10U);
+    EXPECT_FALSE(Window().Action(Menu::mnuView, SmoothLinesItem)->isChecked());
+    Restart();
+    DrawByKeys();
+    EXPECT_LT(shades(), 10U) << "kept with the settings";
+    Window().Action(Menu::mnuView, SmoothLinesItem)->trigger();
+    EXPECT_EQ(Picture(), smooth);
 }
 
 TEST_F(DrawInWindow, ClickOnTheBarBringsIt) {
