@@ -20,7 +20,7 @@ constexpr double FullOfFine = Full / FinePerPixel;
 constexpr std::int32_t StampPlaces = 16; ///< in a pixel, each way
 constexpr std::int32_t FinePerStamp = FinePerPixel / StampPlaces;
 /// Stamps that lie as near as this to each other, in fine parts, show no waist between them.
-constexpr std::int64_t StampStep = 8;
+constexpr std::int64_t StampStep = 12;
 /// A segment of up to this length takes fewer stamps than a stroke takes time.
 constexpr std::int64_t LongestStamped = 2 * StampStep;
 /// Reach of the widest pen whose stamp is eight pixels wide at each place.
@@ -207,14 +207,7 @@ void LineCoverage::StampAtEdge(std::int64_t left, std::int64_t top, const std::a
     }
 }
 
-void LineCoverage::Segment(FinePoint from, FinePoint to) {
-    if (from == to) {
-        return;
-    }
-    if (bent) {
-        Add(from, to);
-        return;
-    }
+void LineCoverage::GoStraight(FinePoint from, FinePoint to) {
     if (straight.empty()) {
         straight = {from, to};
     } else {
@@ -259,7 +252,10 @@ void LineCoverage::Add(FinePoint from, FinePoint to) {
         Stroke(from, to);
         return;
     }
-    Stamp(from);
+    if (!hasStamped || from != stampedTo) {
+        Stamp(from);
+    }
+    stampedTo = to;
     if (length > StampStep) {
         Stamp({(from.x + to.x) >> 1, (from.y + to.y) >> 1});
     }
@@ -416,10 +412,7 @@ void LineCoverage::Show(const PixelGrid& grid) {
     shown = true;
 }
 
-void LineCoverage::Hide(const PixelGrid& grid) {
-    if (!shown) {
-        return;
-    }
+void LineCoverage::TakeOff(const PixelGrid& grid) {
     grid.Forget();
     const std::uint32_t* saved = below.data();
     EachBlock(grid, [&](const std::uint8_t*, std::uint32_t* pixels, std::size_t count) {

@@ -42,14 +42,27 @@ public:
     void SetPen(double width, std::uint32_t pixel);
 
     /// Adds a segment to the line, from where the one before ended; nothing for a length of zero.
-    void Segment(FinePoint from, FinePoint to);
+    void Segment(FinePoint from, FinePoint to) {
+        if (from == to) {
+            return;
+        }
+        if (bent) {
+            Add(from, to);
+        } else {
+            GoStraight(from, to);
+        }
+    }
     /// Adds a round dot as wide as the pen.
     void Dot(FinePoint at);
 
     /// Paints the line as far as it has come; it can be continued after Hide.
     void Show(const PixelGrid& grid);
     /// Takes what Show has painted off again. Nothing else may have been painted since.
-    void Hide(const PixelGrid& grid);
+    void Hide(const PixelGrid& grid) {
+        if (shown) {
+            TakeOff(grid);
+        }
+    }
     /// Paints the line, unless it is shown already, and begins a new one.
     void Finish(const PixelGrid& grid);
     /// Forgets the line without painting it.
@@ -69,6 +82,8 @@ private:
     struct Slopes;
 
     bool IsEmpty() const { return lastRow < firstRow; }
+    void GoStraight(FinePoint from, FinePoint to);
+    void TakeOff(const PixelGrid& grid);
     void Bend();
     void Add(FinePoint from, FinePoint to);
     void AddStraight();
@@ -100,6 +115,7 @@ private:
     std::deque<Stamps> kept;        ///< of the widths in use
     const Stamps* stamps = nullptr; ///< of the pen; none for wide ones
     FinePoint stamped;              ///< last, in sixteenths
+    FinePoint stampedTo;            ///< where the last segment ended that was stamped
     bool hasStamped = false;
     bool shown = false;
     std::vector<std::uint32_t> below; ///< what the shown line lies on, by blocks

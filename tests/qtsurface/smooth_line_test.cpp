@@ -169,8 +169,8 @@ TEST(SmoothLine, CoversByTheDistanceFromTheWholeLine) {
 
 TEST(SmoothLine, InStepsOfPartsOfAPixelCoversNearlyTheSame) {
     for (const double pen : {1.0, 1.5, 3.0, 5.0, 12.0}) {
-        ExpectCoverage(4, pen, 0.15, 200, 0.1);
-        ExpectCoverage(4, pen, 0.4, 100, 0.1);
+        ExpectCoverage(4, pen, 0.15, 200, 0.15);
+        ExpectCoverage(4, pen, 0.4, 100, 0.15);
     }
 }
 
