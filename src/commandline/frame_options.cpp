@@ -2,6 +2,7 @@
 
 #include "commandline/angle_value.h"
 #include "commandline/option_values.h"
+#include "core/angle_field.h"
 #include "core/angle_text.h"
 #include "core/degrees.h"
 #include "core/map_design.h"
@@ -30,12 +31,12 @@ constexpr std::array Units = std::to_array<UnitWord>({
 });
 
 double LatitudeValue(std::string_view value) {
-    constexpr std::int32_t pole = 90 * SecPerDegree;
-    const std::int32_t seconds = LatitudeSeconds(AngleValue(AngleFieldKind::Latitude, value));
-    if (seconds < -pole || seconds > pole) {
-        throw BadValue("\"" + std::string(value) + "\" is no latitude: it lies beyond a pole");
+    const AngleField rule{AngleFieldKind::Latitude, "", 90, "Latitude cannot be > 90  00  00"};
+    const std::string text = AngleValue(AngleFieldKind::Latitude, value);
+    if (const std::string fault = AngleFieldFault(rule, text); !fault.empty()) {
+        throw BadValue("\"" + std::string(value) + "\": " + fault);
     }
-    return DegreesOf(seconds);
+    return DegreesOf(LatitudeSeconds(text));
 }
 
 void TakeBar(FrameOptions& frame, std::string_view value) {
