@@ -14,6 +14,7 @@
 #include "designfile/cnf_save.h"
 #include "graticule/plot_grid.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/map_picture.h"
 #include "mainwindow/map_print.h"
 #include "mainwindow/start_up.h"
 #include "mapinput/map_input_state.h"
@@ -98,7 +99,7 @@ void NoteLargeGrid(std::ostream& errors) {
 void SavePicture(HeadlessMachine& machine, const std::string& output) {
     const OutputFormat format = OutputFormatOf(output);
     if (format == OutputFormat::Png) {
-        SavePng(machine.window.Picture().Image(), output);
+        SavePng(machine.window.Picture().Image(), output, NotesOfMap());
     } else if (format == OutputFormat::Bmp) {
         Design.BmpFileName = output;
         BmpSave();

@@ -57,6 +57,19 @@ void Append(std::string& text, unsigned character) {
     }
 }
 
+/// Bytes from a place on that are a control character, or no character at all; 0 when they are neither.
+std::size_t UnwantedLength(std::string_view utf8, std::size_t at) {
+    const unsigned lead = Byte(utf8, at);
+    if (lead < 0x20 || lead == 0x7F) {
+        return 1;
+    }
+    if (lead == 0xC2 && Byte(utf8, at + 1) < 0xA0) {
+        return 2; // U+0080 to U+009F
+    }
+    const bool noCharacter = lead == 0xEF && Byte(utf8, at + 1) == 0xBF && Byte(utf8, at + 2) >= 0xBE;
+    return noCharacter ? 3 : 0;
+}
+
 } // namespace
 
 bool IsUtf8(std::string_view bytes) {
@@ -79,6 +92,17 @@ std::string ToUtf8(std::string_view bytes) {
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const unsigned byte = Byte(bytes, at);
         Append(text, byte >= 0x80 && byte < 0xA0 ? Windows1252[byte - 0x80] : byte);
+    }
+    return text;
+}
+
+std::string TextOnOneLine(std::string_view bytes) {
+    const std::string utf8 = ToUtf8(bytes);
+    std::string text;
+    for (std::size_t at = 0; at < utf8.size(); ++at) {
+        const std::size_t unwanted = UnwantedLength(utf8, at);
+        text += unwanted > 0 ? ' ' : utf8[at];
+        at += unwanted > 0 ? unwanted - 1 : 0;
     }
     return text;
 }

@@ -14,6 +14,10 @@ bool IsUtf8(std::string_view bytes);
 /// Windows-1252; its five bytes without a character become the control characters of their number.
 std::string ToUtf8(std::string_view bytes);
 
+/// A text of a file on one line: as ToUtf8, with a blank for each control character and for U+FFFE and
+/// U+FFFF, which no document may hold.
+std::string TextOnOneLine(std::string_view bytes);
+
 /// The characters of a text; what is no UTF-8 is taken for Windows-1252.
 std::u32string Characters(std::string_view text);
 

@@ -48,6 +48,7 @@ Desktop::Desktop() : boxes(window), forms(window), screen(window), printers(wind
     Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
                  &clock, &printers, &help,   &fileDialogs, &fonts};
     Machine().changes = &changes;
+    Machine().pictures = &pictures;
 }
 
 Desktop::~Desktop() { Machine() = {}; }

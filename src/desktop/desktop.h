@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_help.h"
 #include "desktop/desktop_machine.h"
+#include "desktop/desktop_pictures.h"
 #include "desktop/desktop_printers.h"
 #include "desktop/desktop_window.h"
 #include "desktop/dialogs.h"
@@ -41,6 +42,7 @@ private:
     DesktopHelp help;
     DesktopFileDialogs fileDialogs;
     DesktopChanges changes;
+    DesktopPictures pictures;
     QtFonts fonts;
 };
 

@@ -41,7 +41,7 @@ constexpr std::array InputMenu = {
     MenuEntry{SaveWmfItem,           "Save as &WMF",             SaveMapAs},
     MenuEntry{SaveAsciiItem,         "Save as &ASCII",           SaveMapAs},
     MenuEntry{SavePdfItem,           "Save as PD&F",             SaveMapAs},
-    MenuEntry{SavePngItem,           "Save as P&NG"},
+    MenuEntry{SavePngItem,           "Save as P&NG",             SaveMapAs},
     MenuEntry{SaveSvgItem,           "Save as S&VG",             SaveMapAs},
     MenuEntry{10},
     MenuEntry{SaveGreatCircleItem,   "Save &Great Circle",       SaveMapAs},

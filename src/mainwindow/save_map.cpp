@@ -11,6 +11,7 @@
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
+#include "mainwindow/map_picture.h"
 #include "mainwindow/print_commands.h"
 #include "mainwindow/ready_to_draw.h"
 #include "output/bmp/bmp_file.h"
@@ -50,6 +51,11 @@ void SaveBmpPicture() {
     BmpSave();
 }
 
+void SavePngPicture() {
+    Machine().window->Refresh();
+    PngSave();
+}
+
 void DrawCgm() {
     Design.OutputCgm = true;
     MapDraw();
@@ -86,6 +92,7 @@ constexpr std::array SaveItems = std::to_array<SaveItem>({
     {SaveCgmItem, "Save Map As CGM File", "CGM Files (*.cgm)|*.cgm", "cgm", NameIn<&MapDesign::CgmFileName>, " in Save as CGM", DrawCgm, true},
     {SaveDxfItem, "Save Map As DXF File", "DXF Files (*.dxf)|*.dxf", "dxf", NameIn<&MapDesign::DxfFileName>, " in Save as DXF", DrawDxf, true},
     {SaveWmfItem, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", NameIn<&MapDesign::WmfFileName>, " in Save as WMF", DrawWmf, true},
+    {SavePngItem, "Save Map As PNG File", "PNG Files (*.png)|*.png", "png", NameIn<&MapDesign::PngFileName>, " in Save as PNG", SavePngPicture, false},
     {SaveSvgItem, "Save Map As SVG File", "SVG Files (*.svg)|*.svg", "svg", NameIn<&MapDesign::SvgFileName>, " in Save as SVG", DrawSvg, true},
     {SavePdfItem, "Save Map As PDF File", "PDF Files (*.pdf)|*.pdf", "pdf", PdfName, " in Save as PDF", PrintPdf, true, AskPdfPage},
     {SaveGreatCircleItem, "Save Great Circle As ASCII File", "PRN Files (*.prn)|*.prn", "prn", NameIn<&MapDesign::GcFileName>, " in Save Great Circle", SaveGreatCircle, false},

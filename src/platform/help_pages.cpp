@@ -135,6 +135,7 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuInput,          6, {"save-cgm", ""}},
     {Menu::mnuInput,          7, {"save-dxf", ""}},
     {Menu::mnuInput,          8, {"save-wmf", ""}},
+    {Menu::mnuInput,         19, {"save-png", ""}},
     {Menu::mnuInput,         20, {"save-svg", ""}},
     {Menu::mnuInput,          9, {"save-ascii", ""}},
     {Menu::mnuInput,         11, {"save-circles", ""}},

@@ -7,6 +7,7 @@
 #include "platform/fonts.h"
 #include "platform/form.h"
 #include "platform/main_window.h"
+#include "platform/pictures.h"
 #include "platform/printers.h"
 #include "platform/system.h"
 
@@ -26,7 +27,8 @@ struct MachineInterfaces {
     Help* help = nullptr;
     FileDialogs* fileDialogs = nullptr;
     Fonts* fonts = nullptr;
-    Changes* changes = nullptr; ///< may stay null: nobody wants to know
+    Changes* changes = nullptr;   ///< may stay null: nobody wants to know
+    Pictures* pictures = nullptr; ///< may stay null where no menu is
 };
 
 /// The process-wide machine.

@@ -2,12 +2,16 @@
 
 #include "core/file_numbers.h"
 #include "core/replaced_file.h"
-#include "core/run_time_error.h"
+#include "core/rounding.h"
+#include "core/text_encoding.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QList>
+#include <QString>
 
+#include <algorithm>
+#include <cstdint>
 #include <span>
 #include <unordered_map>
 
@@ -46,19 +50,10 @@ QImage Paletted(const QImage& image) {
     return paletted;
 }
 
-QByteArray Encoded(const QImage& image) {
-    // Of 0, the smallest file, to 100, no compression. Below this the time doubles for one byte in ten.
-    constexpr int quality = 50;
-    if (image.isNull()) {
-        throw RunTimeError(ErrorInvalidCall);
+void AddText(QImage& image, const char* key, const std::string& text) {
+    if (!text.empty()) {
+        image.setText(QString::fromLatin1(key), QString::fromStdString(TextOnOneLine(text)));
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!Paletted(image).save(&buffer, "PNG", quality)) {
-        throw RunTimeError(ErrorOutOfMemory);
-    }
-    return bytes;
 }
 
 void WriteAll(const std::string& name, const QByteArray& bytes) {
@@ -79,8 +74,44 @@ void WriteAll(const std::string& name, const QByteArray& bytes) {
 
 } // namespace
 
-void SavePng(const QImage& picture, const std::string& path) {
-    const QByteArray bytes = Encoded(picture);
+QImage ImageOf(const PixelImage& picture) {
+    QImage image(picture.width, picture.height, QImage::Format_RGB32);
+    auto from = picture.pixels.begin();
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const to = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(from, from + image.width(), to, [](std::uint32_t pixel) {
+            return qRgb(static_cast<int>(pixel & 0xFFU), static_cast<int>(pixel >> 8U & 0xFFU),
+                        static_cast<int>(pixel >> 16U & 0xFFU));
+        });
+        from += image.width();
+    }
+    return image;
+}
+
+QByteArray EncodePng(const QImage& picture, const PictureNotes& notes) {
+    // Of 0, the smallest file, to 100, no compression. Below this the time doubles for one byte in ten.
+    constexpr int quality = 50;
+    if (picture.isNull()) {
+        throw RunTimeError(ErrorInvalidCall);
+    }
+    QImage image = Paletted(picture);
+    if (notes.pixelsPerMetreX > 0.0 && notes.pixelsPerMetreY > 0.0) {
+        image.setDotsPerMeterX(RoundToInt32(notes.pixelsPerMetreX));
+        image.setDotsPerMeterY(RoundToInt32(notes.pixelsPerMetreY));
+    }
+    AddText(image, "Title", notes.title);
+    AddText(image, "Software", notes.software);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG", quality)) {
+        throw RunTimeError(ErrorOutOfMemory);
+    }
+    return bytes;
+}
+
+void SavePng(const QImage& picture, const std::string& path, const PictureNotes& notes) {
+    const QByteArray bytes = EncodePng(picture, notes);
     const std::string target = ReplacedFileName(path);
     TemporaryFile file(target);
     WriteAll(file.Name(), bytes);

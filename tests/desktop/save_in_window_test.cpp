@@ -50,7 +50,8 @@ TEST_F(SaveInWindow, EachFormatGetsItsExtensionAndLeavesThePicture) {
         const char* begins;
     };
     for (const Format& format : {Format{5, "bmp", "BM"}, Format{6, "cgm", ""}, Format{7, "dxf", "  0\r\n"},
-                                 Format{8, "wmf", "\xD7\xCD\xC6\x9A"}, Format{20, "svg", "<?xml"}}) {
+                                 Format{8, "wmf", "\xD7\xCD\xC6\x9A"}, Format{19, "png", "\x89PNG\r\n"},
+                                 Format{20, "svg", "<?xml"}}) {
         TypeName(folder / "map");
         Choose(format.item);
         const std::string name = folder / ("map." + std::string(format.extension));
@@ -69,6 +70,18 @@ TEST_F(SaveInWindow, BitmapHasThePixelsOfTheWindow) {
     const QImage saved =
         QImage(QString::fromStdString(folder / "map.bmp")).convertToFormat(QImage::Format_RGB32);
     EXPECT_EQ(saved, Picture().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST_F(SaveInWindow, PngHasThePixelsOfTheWindowItsResolutionItsTitleAndTheProgram) {
+    DrawByKeys();
+    TypeName(folder / "map.png");
+    Choose(19);
+    const QImage saved(QString::fromStdString(folder / "map.png"));
+    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Picture().convertToFormat(QImage::Format_RGB32));
+    EXPECT_EQ(saved.dotsPerMeterX(), 3780); // 96 pixels in 0.0254 m
+    EXPECT_EQ(saved.dotsPerMeterY(), 3780);
+    EXPECT_EQ(saved.text(QStringLiteral("Title")), QStringLiteral("Outline map"));
+    EXPECT_EQ(saved.text(QStringLiteral("Software")), QStringLiteral("Quelmont 3.00"));
 }
 
 TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
@@ -91,7 +104,7 @@ TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {
 
 TEST_F(SaveInWindow, QuestionIsAboutTheNameThatWillBeWritten) {
     for (const auto& [item, extension] : {std::pair{5, "bmp"}, std::pair{6, "cgm"}, std::pair{7, "dxf"},
-                                          std::pair{8, "wmf"}, std::pair{20, "svg"}}) {
+                                          std::pair{8, "wmf"}, std::pair{19, "png"}, std::pair{20, "svg"}}) {
         const std::string name = folder / ("coast.v2." + std::string(extension));
         WriteWholeFile(name, "earlier");
         QString text;

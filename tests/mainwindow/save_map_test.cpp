@@ -39,6 +39,8 @@ const std::array Items = std::to_array<SavedAs>({
      "Error 4 in Save as DXF", "  0\r\nSECTION\r\n"},
     {8, "Save Map As WMF File", "WMF Files (*.wmf)|*.wmf", "wmf", &MapDesign::WmfFileName,
      "Error 4 in Save as WMF", "\xD7\xCD\xC6\x9A"},
+    {19, "Save Map As PNG File", "PNG Files (*.png)|*.png", "png", &MapDesign::PngFileName,
+     "Error 4 in Save as PNG", "PNG 2x1, 3780x3780 in a metre, Outline map, Quelmont 3.00"},
     {20, "Save Map As SVG File", "SVG Files (*.svg)|*.svg", "svg", &MapDesign::SvgFileName,
      "Error 4 in Save as SVG", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "},
 });
@@ -115,7 +117,7 @@ TEST_F(SaveMap, WritesTheFileUnderTheNameWithItsExtension) {
         EXPECT_THAT(machine.boxes.asked, IsEmpty());
     }
     EXPECT_EQ(Files(), Items.size());
-    EXPECT_EQ(machine.clock.beeps, 4) << "a bitmap is saved without a draw";
+    EXPECT_EQ(machine.clock.beeps, 4) << "pictures are saved without a draw";
     ExpectIdle();
 }
 
@@ -124,6 +126,32 @@ TEST_F(SaveMap, NameThatHasTheExtensionKeepsIt) {
     mnuInput_Click(7);
     EXPECT_EQ(Design.DxfFileName, folder / "MAP.DXF");
     EXPECT_TRUE(std::filesystem::exists(folder / "MAP.DXF"));
+}
+
+TEST_F(SaveMap, PictureNeverReplacesAMapFileOfTheDesign) {
+    WriteWholeFile(folder / "coast.png", "a map");
+    Design.InputFiles = {{.MapFileName = folder / "coast.png"}};
+    machine.fileDialogs.Choose({folder / "coast.png"});
+    mnuInput_Click(19);
+    EXPECT_THAT(machine.boxes.Taken(),
+                ElementsAre(AskedBox{"Error in PngSave", "Error: Path/File access error"}));
+    EXPECT_EQ(ReadWholeFile(folder / "coast.png"), "a map");
+    EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(SaveMap, PictureInAFolderThatIsNotThereIsReported) {
+    machine.fileDialogs.Choose({folder / "nowhere/map.png"});
+    mnuInput_Click(19);
+    EXPECT_THAT(machine.boxes.Taken(), ElementsAre(AskedBox{"Error in PngSave", "Error: Path not found"}));
+}
+
+TEST_F(SaveMap, PictureHasTheTitleOfItsDesignAndTheResolutionOfTheScreen) {
+    Design.CnfFileName = "/maps/My islands.cnf";
+    Design.TwipsPerPixelX = Design.TwipsPerPixelY = 7.5F;
+    machine.fileDialogs.Choose({folder / "map"});
+    mnuInput_Click(19);
+    // 1440 / 7.5 = 192 pixels in 0.0254 m
+    EXPECT_EQ(ReadWholeFile(folder / "map.png"), "PNG 2x1, 7559x7559 in a metre, My islands, Quelmont 3.00");
 }
 
 TEST_F(SaveMap, NextDrawExportsNothing) {
@@ -136,7 +164,7 @@ TEST_F(SaveMap, NextDrawExportsNothing) {
 }
 
 TEST_F(SaveMap, EscapeKeepsTheEarlierFile) {
-    for (const SavedAs& item : {Items[1], Items[2], Items[3], Items[4]}) {
+    for (const SavedAs& item : {Items[1], Items[2], Items[3], Items[5]}) {
         const std::string name = folder / ("map." + std::string(item.extension));
         WriteWholeFile(name, "earlier");
         machine.pump.At(machine.pump.calls + 3, EscapeKey);

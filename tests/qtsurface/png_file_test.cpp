@@ -51,6 +51,28 @@ TEST_F(PngFile, HoldsThePicture) {
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
 }
 
+TEST_F(PngFile, HasItsResolutionAndTextsInAnyLetters) {
+    const std::string title = "K\xC3\xB8ge \xE6\x9D\xB1 <&> \x01\n\xF8"; // the last is no UTF-8
+    SavePng(sheet.surface.Image(), folder / "a.png", {3780.4, 7559.0, title, "Quelmont 3.00"});
+    const QImage read(QString::fromStdString(folder / "a.png"));
+    EXPECT_EQ(read.dotsPerMeterX(), 3780);
+    EXPECT_EQ(read.dotsPerMeterY(), 7559);
+    // Then all of it is taken for Windows-1252, whose 0x9D has no character.
+    EXPECT_EQ(read.text(QStringLiteral("Title")).toStdString(), "KÃ¸ge æ ± <&>   ø");
+    EXPECT_EQ(read.text(QStringLiteral("Software")), QStringLiteral("Quelmont 3.00"));
+    SavePng(sheet.surface.Image(), folder / "b.png", {0.0, 0.0, "K\xC3\xB8ge \xE6\x9D\xB1", ""});
+    const QImage other(QString::fromStdString(folder / "b.png"));
+    EXPECT_EQ(other.text(QStringLiteral("Title")).toStdString(), "K\xC3\xB8ge \xE6\x9D\xB1");
+    EXPECT_EQ(other.text(QStringLiteral("Software")), QString());
+}
+
+TEST_F(PngFile, PixelsAreTheImage) {
+    const QImage image = ImageOf({2, 1, {0x0000FFU, 0xFF8000U}});
+    EXPECT_EQ(image.pixel(0, 0), qRgb(255, 0, 0));
+    EXPECT_EQ(image.pixel(1, 0), qRgb(0, 128, 255));
+    EXPECT_EQ(EncodePng(image).left(8), QByteArray("\x89PNG\r\n\x1A\n", 8));
+}
+
 TEST_F(PngFile, ReplacesAnEarlierOne) {
     WriteWholeFile(folder / "a.png", "earlier");
     SavePng(sheet.surface.Image(), folder / "a.png");

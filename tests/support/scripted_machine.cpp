@@ -2,6 +2,7 @@
 
 #include "core/run_time_error.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -218,10 +219,18 @@ FileDialogAnswer ScriptedFileDialogs::Open(const FileDialogRequest& request) {
     return answer;
 }
 
+std::string RecordingPictures::Png(const PixelImage& picture, const PictureNotes& notes) {
+    return "PNG " + std::to_string(picture.width) + "x" + std::to_string(picture.height) + ", " +
+           std::to_string(std::lround(notes.pixelsPerMetreX)) + "x" +
+           std::to_string(std::lround(notes.pixelsPerMetreY)) + " in a metre, " + notes.title + ", " +
+           notes.software;
+}
+
 ScriptedMachine::ScriptedMachine() : before(Machine()) {
     Machine() = MachineInterfaces{&boxes, &forms,    &window, &pump,        &screen, &places,
                                   &clock, &printers, &help,   &fileDialogs, &fonts};
     Machine().changes = &changes;
+    Machine().pictures = &pictures;
 }
 
 ScriptedMachine::~ScriptedMachine() { Machine() = before; }

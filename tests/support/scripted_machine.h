@@ -208,6 +208,15 @@ public:
     std::vector<std::pair<std::string, ChangeKind>> accepted;
 };
 
+/// A picture is its size and notes as text; what was copied is kept.
+class RecordingPictures : public Pictures {
+public:
+    std::string Png(const PixelImage& picture, const PictureNotes& notes) override;
+    void Copy(std::string_view png, std::string_view svg) override { copied.emplace_back(png, svg); }
+
+    std::vector<std::pair<std::string, std::string>> copied; ///< PNG, SVG
+};
+
 class RecordingHelp : public Help {
 public:
     void Show(int command, int context) override { shown.emplace_back(command, context); }
@@ -255,6 +264,7 @@ public:
     ScriptedFileDialogs fileDialogs;
     FixedFonts fonts;
     RecordingChanges changes;
+    RecordingPictures pictures;
 
 private:
     MachineInterfaces before;

@@ -4,42 +4,15 @@
 #include "core/rounding.h"
 #include "core/text_encoding.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace quelmont {
 
-namespace {
-
-/// Bytes from a place on that are a character which XML does not allow, or a control character; 0 when it is
-/// neither.
-std::size_t UnwantedLength(std::string_view utf8, std::size_t at) {
-    const auto byte = [&](std::size_t offset) {
-        return at + offset < utf8.size() ? static_cast<unsigned char>(utf8[at + offset]) : 0U;
-    };
-    if (byte(0) < 0x20 || byte(0) == 0x7F) {
-        return 1;
-    }
-    if (byte(0) == 0xC2 && byte(1) < 0xA0) {
-        return 2; // U+0080 to U+009F
-    }
-    const bool noCharacter = byte(0) == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE;
-    return noCharacter ? 3 : 0; // U+FFFE, U+FFFF
-}
-
-} // namespace
-
 std::string XmlText(std::string_view text) {
-    const std::string utf8 = ToUtf8(text);
     std::string escaped;
-    for (std::size_t at = 0; at < utf8.size(); ++at) {
-        if (const std::size_t unwanted = UnwantedLength(utf8, at); unwanted > 0) {
-            escaped += ' ';
-            at += unwanted - 1;
-            continue;
-        }
-        switch (utf8[at]) {
+    for (const char letter : TextOnOneLine(text)) {
+        switch (letter) {
         case '&':
             escaped += "&amp;";
             break;
@@ -53,7 +26,7 @@ std::string XmlText(std::string_view text) {
             escaped += "&quot;";
             break;
         default:
-            escaped += utf8[at];
+            escaped += letter;
         }
     }
     return escaped;
