@@ -1,5 +1,6 @@
 #include "mainwindow/main_menu.h"
 
+#include "mainwindow/copy_map.h"
 #include "mainwindow/design_commands.h"
 #include "mainwindow/fill_commands.h"
 #include "mainwindow/map_draw.h"
@@ -79,7 +80,7 @@ constexpr std::array EditMenu = {
     MenuEntry{UndoItem,              "&Undo"},
     MenuEntry{RedoItem,              "&Redo"},
     MenuEntry{ 2},
-    MenuEntry{CopyMapItem,           "&Copy Map"},
+    MenuEntry{CopyMapItem,           "&Copy Map",                CopyMap},
 };
 
 constexpr std::array ViewMenu = {

@@ -128,6 +128,7 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuBar,            5, {"draw-map", "stop"}},
     {Menu::mnuBar,            6, {"view-menu", ""}},
     {Menu::mnuBar,            7, {"edit-menu", ""}},
+    {Menu::mnuEdit,           3, {"edit-menu", "copying-the-map"}},
     {Menu::mnuInput,          0, {"map-files", ""}},
     {Menu::mnuInput,          2, {"print-map", ""}},
     {Menu::mnuInput,          3, {"print-map", "choosing-the-printer"}},
