@@ -3,12 +3,16 @@
 #include "desktop/desktop_fixture.h"
 
 #include "core/map_design.h"
+#include "mainwindow/main_menu.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -82,6 +86,23 @@ TEST_F(SaveInWindow, PngHasThePixelsOfTheWindowItsResolutionItsTitleAndTheProgra
     EXPECT_EQ(saved.dotsPerMeterY(), 3780);
     EXPECT_EQ(saved.text(QStringLiteral("Title")), QStringLiteral("Outline map"));
     EXPECT_EQ(saved.text(QStringLiteral("Software")), QStringLiteral("Quelmont 3.00"));
+}
+
+TEST_F(SaveInWindow, CopiedMapIsOnTheClipboardAsPngAndSvgAndStaysInTheWindow) {
+    DrawByKeys();
+    const QImage drawn = Picture();
+    Window().Action(Menu::mnuEdit, CopyMapItem)->trigger();
+    const QMimeData* const copied = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(QImage::fromData(copied->data(QStringLiteral("image/png")), "PNG")
+                  .convertToFormat(QImage::Format_RGB32),
+              drawn.convertToFormat(QImage::Format_RGB32));
+    const QByteArray svg = copied->data(QStringLiteral("image/svg+xml"));
+    EXPECT_TRUE(svg.startsWith("<?xml"));
+    EXPECT_TRUE(svg.endsWith("</svg>\n"));
+    EXPECT_TRUE(svg.contains("<title>Coastlines</title>"));
+    EXPECT_EQ(Picture(), drawn);
+    EXPECT_THAT(boxes.asked, IsEmpty());
+    ExpectIdle();
 }
 
 TEST_F(SaveInWindow, ExistingFileIsReplacedOnlyAfterAQuestion) {

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Other programs read what quelmont-draw writes: LibreOffice CGM and RTF, Inkscape and libwmf WMF, LibreCAD DXF.
+"""Other programs read what quelmont-draw writes: LibreOffice CGM, RTF and SVG, Inkscape WMF and SVG, Chromium SVG,
+libwmf WMF, LibreCAD DXF.
 
     heavy_consumers.py PROGRAM
 
@@ -125,6 +126,31 @@ def librecad(file):
     return painted(file, file.with_suffix(".pdf"))
 
 
+def inkscape_picture(file, output):
+    run("inkscape", "--export-type=png", f"--export-filename={output}", file, folder=file.parent)
+
+
+def chromium_picture(file, output):
+    run("chromium", "--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars", "--window-size=1280,924",
+        f"--screenshot={output}", file, folder=file.parent)
+
+
+def libreoffice_picture(file, output):
+    folder = file.parent / "office"
+    run("soffice", "--headless", "--convert-to", "png", "--outdir", folder, file, folder=file.parent)
+    (folder / file.name).with_suffix(".png").rename(output)
+
+
+def blocks(picture):
+    """How light a picture of 1280 by 924 pixels is in squares of eight pixels, 0 to 255."""
+    return subprocess.run(["convert", str(picture), "-background", "white", "-flatten", "-colorspace", "Gray", "-resize",
+                           "160x116!", "-depth", "8", "gray:-"], check=True, capture_output=True).stdout
+
+
+def farthest(one, other):
+    return max(abs(a - b) for a, b in zip(blocks(one), blocks(other)))
+
+
 class Consumers(shapes.ConsumerTest):
     def compare_sheets(self, ending, own, read, tolerance, width_tolerance):
         options = shapes.sheet(self.folder)
@@ -214,6 +240,23 @@ class Consumers(shapes.ConsumerTest):
         name.write_text("-1 10 10\n0 20 20\n")
         lines = printed_words(self.draw(["--map", str(name), "--report"], "report.rtf"))
         self.assertTrue(any(" ".join(word for _, word in line).endswith(name.name) for line in lines), lines)
+
+    def test_other_programs_show_the_picture_that_a_drawing_is_of(self):
+        options = ["--projection", "robinson", "--great-circle", "37:47N,122:26W,29:20N,47:59E", "--great-circle-width",
+                   "3", "--text", "Atlantic Ocean", "--at", "560,520", "--rotate", "65", "--text-size", "16"]
+        picture = self.draw(options, "world.png")
+        drawing = self.draw(options, "world.svg")
+        text = drawing.read_text(encoding="utf-8")
+        begin = text.index("<g id=\"great-circle-1\"")
+        lacking = drawing.with_name("lacking.svg")
+        lacking.write_text(text[:begin] + text[text.index("</g>\n", begin) + 5:], encoding="utf-8")
+        for show in (inkscape_picture, chromium_picture, libreoffice_picture):
+            output = self.folder / f"{show.__name__}.png"
+            show(drawing, output)
+            # Their lines are smooth, those of the picture are not.
+            self.assertLess(farthest(picture, output), 75, show.__name__)
+            show(lacking, output)
+            self.assertGreater(farthest(picture, output), 90, "the great circle is missing")
 
     def test_librecad_prints_dxf(self):
         file = self.draw(shapes.sheet(self.folder), "sheet.dxf")

@@ -130,7 +130,8 @@ TEST_F(SaveMap, NameThatHasTheExtensionKeepsIt) {
 
 TEST_F(SaveMap, PictureNeverReplacesAMapFileOfTheDesign) {
     WriteWholeFile(folder / "coast.png", "a map");
-    Design.InputFiles = {{.MapFileName = folder / "coast.png"}};
+    Design.InputFiles.assign(1, {});
+    Design.InputFiles[0].MapFileName = folder / "coast.png";
     machine.fileDialogs.Choose({folder / "coast.png"});
     mnuInput_Click(19);
     EXPECT_THAT(machine.boxes.Taken(),
