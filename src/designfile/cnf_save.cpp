@@ -70,6 +70,13 @@ bool IsOfWindow(const Record& record) {
            record.number == RecordLastBound;
 }
 
+/// The same, and the names of the files that the map was exported to and saved as.
+bool IsNoChange(const Record& record) {
+    constexpr int textNames = 24;
+    constexpr int otherNames = 25;
+    return IsOfWindow(record) || record.number == textNames || record.number == otherNames;
+}
+
 /// Records that the picture of the map in the window does not depend on.
 bool IsNotDrawn(const Record& record) {
     constexpr std::array notDrawn = {7, 15, 16, 17, 18, 20, 24, 25}; // widths in files, labels, pages, names
@@ -108,6 +115,8 @@ std::string DesignFileText() {
 }
 
 std::string ComparableDesignText() { return LinesOf(IsOfWindow); }
+
+std::string DesignTextWithoutNames() { return LinesOf(IsNoChange); }
 
 std::string DrawnDesignText() { return LinesOf(IsNotDrawn); }
 

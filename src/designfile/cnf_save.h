@@ -14,6 +14,9 @@ std::string DesignFileText();
 /// The same for comparing: without the screen, the window and the fit to it. RunTimeErrors as above.
 std::string ComparableDesignText();
 
+/// The same without the names of files.
+std::string DesignTextWithoutNames();
+
 /// The same without what a picture of the map in the window does not show, or shows without another draw:
 /// text items, labels, pages, reports, file names. RunTimeErrors as above.
 std::string DrawnDesignText();

@@ -4,6 +4,7 @@
 #include "platform/boxes.h"
 #include "platform/changes.h"
 #include "platform/system.h"
+#include "view/undo.h"
 
 #include <QElapsedTimer>
 
@@ -72,10 +73,26 @@ public:
     void Beep() override;
 };
 
-/// Keeps the design after each change.
+/// Keeps the design after each change, and takes changes back.
 class DesktopChanges final : public Changes {
 public:
-    void Accepted(std::string_view /*name*/, ChangeKind /*kind*/) override { KeepDesign(); }
+    void Accepted(std::string_view name, ChangeKind /*kind*/) override {
+        KeepDesign();
+        steps.Accepted(name);
+    }
+    void Noted() override { steps.Noted(); }
+    void Recalled() override { steps.Recalled(); }
+    void Undo() override { KeepIf(steps.Undo()); }
+    void Redo() override { KeepIf(steps.Redo()); }
+
+private:
+    static void KeepIf(bool changed) {
+        if (changed) {
+            KeepDesign();
+        }
+    }
+
+    UndoSteps steps;
 };
 
 } // namespace quelmont

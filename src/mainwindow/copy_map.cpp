@@ -45,29 +45,17 @@ private:
     std::string path;
 };
 
-/// A clock without a bell.
-class QuietClock final : public Clock {
-public:
-    explicit QuietClock(const Clock& clock_) : clock(clock_) {}
-    double SecondsSinceMidnight() const override { return clock.SecondsSinceMidnight(); }
-    void Beep() override {}
-
-private:
-    const Clock& clock;
-};
-
 /// A draw that nothing in the window shows afterwards, and that is no last draw.
 void DrawQuietly() {
     QuietWindow window(*Machine().window);
-    QuietClock clock(*Machine().clock);
     const std::optional<DrawnPicture> picture = MainWindowNow.Picture;
     const DrawStatistics statistics = Design.Statistics;
     const double seconds = Design.PlotSeconds;
     MainWindow* const windowBefore = std::exchange(Machine().window, &window);
-    Clock* const clockBefore = std::exchange(Machine().clock, &clock);
+    MainWindowNow.Quiet = true;
     MapDraw();
     Machine().window = windowBefore;
-    Machine().clock = clockBefore;
+    MainWindowNow.Quiet = false;
     Design.Surface = &windowBefore->Surface();
     Design.PlotSeconds = seconds;
     Design.Statistics = statistics;

@@ -77,6 +77,9 @@ bool Recall(const std::string& name) {
         return false;
     }
     ShowRecalled();
+    MainWindowNow.DesignHasFile = true;
+    MainWindowNow.SavedDesign = DesignTextNow();
+    TellRecall();
     NoteFile();
     return true;
 }
@@ -98,6 +101,7 @@ bool RecallKeptDesign(const std::string& file) {
     ShowRecalled();
     MainWindowNow.DesignHasFile = !Design.CnfFileName.empty();
     MainWindowNow.SavedDesign.clear();
+    TellRecall();
     return true;
 }
 

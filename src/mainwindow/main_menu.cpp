@@ -77,10 +77,10 @@ constexpr std::array DesignMenu = {
 };
 
 constexpr std::array EditMenu = {
-    MenuEntry{UndoItem,              "&Undo"},
-    MenuEntry{RedoItem,              "&Redo"},
+    MenuEntry{UndoItem,              "&Undo",                    UndoChange,        {}, false, "Ctrl+Z"},
+    MenuEntry{RedoItem,              "&Redo",                    RedoChange,        {}, false, "Ctrl+Shift+Z"},
     MenuEntry{ 2},
-    MenuEntry{CopyMapItem,           "&Copy Map",                CopyMap},
+    MenuEntry{CopyMapItem,           "&Copy Map",                CopyMap,           {}, false, "Ctrl+C"},
 };
 
 constexpr std::array ViewMenu = {

@@ -108,6 +108,18 @@ void TogglePixelSize(int index) {
     ToggleCaption();
 }
 
+void UndoChange(int /*index*/) {
+    if (Machine().changes != nullptr) {
+        Machine().changes->Undo();
+    }
+}
+
+void RedoChange(int /*index*/) {
+    if (Machine().changes != nullptr) {
+        Machine().changes->Redo();
+    }
+}
+
 void ShowParameterReport(int /*index*/) {
     if (ReadyToDraw()) {
         ShowDialog<ReportParam>();

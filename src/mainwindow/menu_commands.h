@@ -33,6 +33,10 @@ void AddText(int index);
 /// Turns the mark of the pixel size item, and the size in the window's caption with it.
 void TogglePixelSize(int index);
 
+/// Takes the last change of the design back, and brings it again.
+void UndoChange(int index);
+void RedoChange(int index);
+
 /// The reports. The one of a design that cannot be drawn opens the dialogs of its bounds; the one of a great
 /// circle that is not defined shows a message box instead.
 void ShowParameterReport(int index);

@@ -43,6 +43,13 @@ void TellChange(std::string_view name, ChangeKind kind) {
 void NoteDesign() {
     if (Machine().changes != nullptr) {
         MainWindowNow.ToldDesign = MapTextNow();
+        Machine().changes->Noted();
+    }
+}
+
+void TellRecall() {
+    if (Machine().changes != nullptr) {
+        Machine().changes->Recalled();
     }
 }
 

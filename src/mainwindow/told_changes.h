@@ -15,6 +15,9 @@ std::string DesignTextNow();
 /// the "&" of its mnemonic is left out.
 void TellChange(std::string_view name, ChangeKind kind);
 
+/// Tells Machine().changes that another design was recalled. NoteDesign has to follow.
+void TellRecall();
+
 /// The design as it is now is nothing to tell of: it is the program's default, saved, or recalled.
 void NoteDesign();
 

@@ -128,6 +128,8 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuBar,            5, {"draw-map", "stop"}},
     {Menu::mnuBar,            6, {"view-menu", ""}},
     {Menu::mnuBar,            7, {"edit-menu", ""}},
+    {Menu::mnuEdit,           0, {"edit-menu", "undo-and-redo"}},
+    {Menu::mnuEdit,           1, {"edit-menu", "undo-and-redo"}},
     {Menu::mnuEdit,           3, {"edit-menu", "copying-the-map"}},
     {Menu::mnuInput,          0, {"map-files", ""}},
     {Menu::mnuInput,          2, {"print-map", ""}},
