@@ -13,7 +13,8 @@ public:
     virtual ~Changes() = default;
     /// A change was accepted, under the name of the menu item that led to it; the design holds it.
     virtual void Accepted(std::string_view name, ChangeKind kind) = 0;
-    /// The design as it is now is nothing to keep: the program has begun, or the design was saved or recalled.
+    /// The design as it is now is nothing to keep: the program has begun, or the design was saved or
+    /// recalled.
     virtual void Noted() {}
     /// Another design was recalled; the design holds it. Noted follows.
     virtual void Recalled() {}

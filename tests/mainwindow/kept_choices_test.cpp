@@ -201,8 +201,7 @@ TEST_F(Choices, FrameAndScaleComeBack) {
 }
 
 TEST_F(Choices, ALineThatIsNoFrameIsPassedOver) {
-    for (const char* nonsense :
-         {"-1", "-1 feet", "km -1", "-1 km 324001", "-1 km 5x", "-1 km 5 6", "x km"}) {
+    for (const char* nonsense : {"-1", "-1 feet", "km -1", "-1 km 324001", "-1 km 5x", "-1 km 5 6", "x km"}) {
         StartUp();
         Design.Frame = {true, ScaleBarUnit::StatuteMiles, 10.0};
         Keep("Frame=" + std::string(nonsense) + "\n");
