@@ -123,9 +123,16 @@ void ImageSurface::MoveToFine(std::int32_t x, std::int32_t y) {
 }
 
 void ImageSurface::LineToFine(std::int32_t x, std::int32_t y) {
-    const FinePoint from = std::exchange(finePosition, FinePoint{x, y});
-    position = {x / FinePerPixel, y / FinePerPixel};
-    SmoothSegment(from, finePosition);
+    const std::int64_t fromX = finePosition.x;
+    const std::int64_t fromY = finePosition.y;
+    finePosition.x = x;
+    finePosition.y = y;
+    position.x = x / FinePerPixel;
+    position.y = y / FinePerPixel;
+    if (CurrentPen().draws) {
+        smoothLine.Hide(grid);
+        smoothLine.Segment({fromX, fromY}, {x, y});
+    }
 }
 
 void ImageSurface::MoveToEx(std::int32_t x, std::int32_t y) {

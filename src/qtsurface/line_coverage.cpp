@@ -156,23 +156,25 @@ void LineCoverage::Mark(std::int32_t row, std::int32_t left, std::int32_t right)
     lastWord = std::max(lastWord, last / 64);
 }
 
-void LineCoverage::Stamp(FinePoint at) {
+void LineCoverage::Stamp(std::int64_t x, std::int64_t y) {
     constexpr unsigned fineShift = 2;
     constexpr unsigned shift = 4;
     static_assert(FinePerStamp == 1 << fineShift && StampPlaces == 1 << shift);
-    const FinePoint place{(at.x + FinePerStamp / 2) >> fineShift, (at.y + FinePerStamp / 2) >> fineShift};
-    if (hasStamped && place == stamped) {
+    const std::int64_t placeX = (x + FinePerStamp / 2) >> fineShift;
+    const std::int64_t placeY = (y + FinePerStamp / 2) >> fineShift;
+    if (hasStamped && placeX == stamped.x && placeY == stamped.y) {
         return;
     }
-    const std::int64_t left = (place.x >> shift) + stamps->first;
-    const std::int64_t top = (place.y >> shift) + stamps->first;
+    const std::int64_t left = (placeX >> shift) + stamps->first;
+    const std::int64_t top = (placeY >> shift) + stamps->first;
     const auto inside =
-        static_cast<std::size_t>((place.y & (StampPlaces - 1)) * StampPlaces + (place.x & (StampPlaces - 1)));
+        static_cast<std::size_t>((placeY & (StampPlaces - 1)) * StampPlaces + (placeX & (StampPlaces - 1)));
     const std::array<std::uint8_t, 8>* const rows =
         stamps->rows.data() + inside * static_cast<std::size_t>(stamps->side);
     const bool samePixel =
-        hasStamped && stamped.x >> shift == place.x >> shift && stamped.y >> shift == place.y >> shift;
-    stamped = place;
+        hasStamped && stamped.x >> shift == placeX >> shift && stamped.y >> shift == placeY >> shift;
+    stamped.x = placeX;
+    stamped.y = placeY;
     hasStamped = true;
     if (left < 0 || top < 0 || left + BlockSize > width || top + stamps->side > height) {
         StampAtEdge(left, top, rows);
@@ -223,7 +225,7 @@ void LineCoverage::GoStraight(FinePoint from, FinePoint to) {
 void LineCoverage::Bend() {
     bent = true;
     for (std::size_t i = 1; i < straight.size(); ++i) {
-        Add(straight[i - 1], straight[i]);
+        Add(straight[i - 1].x, straight[i - 1].y, straight[i].x, straight[i].y);
     }
     straight.clear();
 }
@@ -246,20 +248,21 @@ void LineCoverage::AddStraight() {
     Stroke({whole(first.x), whole(first.y)}, {whole(last.x), whole(last.y)});
 }
 
-void LineCoverage::Add(FinePoint from, FinePoint to) {
-    const std::int64_t length = std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
+void LineCoverage::Add(std::int64_t fromX, std::int64_t fromY, std::int64_t toX, std::int64_t toY) {
+    const std::int64_t length = std::max(std::abs(toX - fromX), std::abs(toY - fromY));
     if (stamps == nullptr || length > LongestStamped) {
-        Stroke(from, to);
+        Stroke({fromX, fromY}, {toX, toY});
         return;
     }
-    if (!hasStamped || from != stampedTo) {
-        Stamp(from);
+    if (!hasStamped || fromX != stampedTo.x || fromY != stampedTo.y) {
+        Stamp(fromX, fromY);
     }
-    stampedTo = to;
+    stampedTo.x = toX;
+    stampedTo.y = toY;
     if (length > StampStep) {
-        Stamp({(from.x + to.x) >> 1, (from.y + to.y) >> 1});
+        Stamp((fromX + toX) >> 1, (fromY + toY) >> 1);
     }
-    Stamp(to);
+    Stamp(toX, toY);
 }
 
 void LineCoverage::Dot(FinePoint at) {

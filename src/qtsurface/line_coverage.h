@@ -43,11 +43,13 @@ public:
 
     /// Adds a segment to the line, from where the one before ended; nothing for a length of zero.
     void Segment(FinePoint from, FinePoint to) {
-        if (from == to) {
+        if (from.x == to.x && from.y == to.y) {
             return;
         }
+        // Pairs are handed on one by one: a compiler that puts a pair together in memory and takes it out as
+        // a whole has the processor wait for each.
         if (bent) {
-            Add(from, to);
+            Add(from.x, from.y, to.x, to.y);
         } else {
             GoStraight(from, to);
         }
@@ -85,7 +87,7 @@ private:
     void GoStraight(FinePoint from, FinePoint to);
     void TakeOff(const PixelGrid& grid);
     void Bend();
-    void Add(FinePoint from, FinePoint to);
+    void Add(std::int64_t fromX, std::int64_t fromY, std::int64_t toX, std::int64_t toY);
     void AddStraight();
     void ForgetCoverage();
     const Stamps& StampsOf(double penWidth);
@@ -93,7 +95,7 @@ private:
     std::uint8_t* CoverageOf(std::int32_t row) {
         return coverage.data() + coverageBefore + static_cast<std::size_t>(row) * stride;
     }
-    void Stamp(FinePoint at);
+    void Stamp(std::int64_t x, std::int64_t y);
     void StampAtEdge(std::int64_t left, std::int64_t top, const std::array<std::uint8_t, 8>* rows);
     void Stroke(FinePoint from, FinePoint to);
     void Mark(std::int32_t row, std::int32_t left, std::int32_t right);
