@@ -126,7 +126,7 @@ TEST_F(Defaults, PageIsMeasuredInInches) {
 
 TEST_F(Defaults, EachFontSlotIsArialOfTenPointsInBlack) {
     EXPECT_EQ(Design.FontSlot, 3) << "the slot of texts";
-    EXPECT_EQ(Design.Fonts.size(), 4U);
+    EXPECT_EQ(Design.Fonts.size(), 5U) << "reports, CGM, labels, texts, grid labels";
     for (const TextLook& look : Design.Fonts) {
         EXPECT_EQ(look.FontName, "Arial");
         EXPECT_EQ(look.FontSize, 10);

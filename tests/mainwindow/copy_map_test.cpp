@@ -5,6 +5,7 @@
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/started_program.h"
+#include "mainwindow/told_changes.h"
 #include "support/svg_file.h"
 
 #include <gmock/gmock.h>
@@ -58,6 +59,7 @@ TEST_F(CopiedMap, IsThePictureAndTheSameMapAsADrawing) {
 TEST_F(CopiedMap, LeavesThePictureTheLastDrawAndTheBellAlone) {
     machine.clock.secondsPerReading = 1.0;
     MapDraw();
+    NoteDesign();
     const std::size_t calls = window.surface.Calls().size();
     const double seconds = Design.PlotSeconds;
     const std::int64_t points = Design.Statistics.GridPointsPlotted;

@@ -75,6 +75,7 @@ TEST_F(Choices, LinesAreSmoothUntilThatIsSwitchedOff) {
 
 TEST_F(Choices, SmoothLinesDrawAMapOnTheWindowAgain) {
     Design.InputFiles.clear();
+    Design.MapFileCount = 0;
     window.Cls();
     MapDraw();
     window.surface.Forget();

@@ -235,6 +235,7 @@ TEST_F(Undoing, RecallIsTakenBackWithTheNameOfTheFile) {
     ASSERT_TRUE(OpenDesign(first));
     EXPECT_EQ(UndoText(), "&Undo Recall Map Design");
     Undo();
+    machine.window.zoomed = false; // the window stays as the recalled design made it
     EXPECT_EQ(DesignFileText(), before);
     EXPECT_EQ(Design.CnfFileName, second);
     EXPECT_EQ(Design.GridColor, 7U);
