@@ -189,6 +189,13 @@ void DrawingArea::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
+void DrawingArea::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    if (pointed) {
+        pointed(PixelAt(event->position()));
+    }
+}
+
 void DrawingArea::leaveEvent(QEvent* event) {
     QWidget::leaveEvent(event);
     if (pointed) {

@@ -158,6 +158,8 @@ QRadioButton* FormWidgets::AddOption(std::string_view name) {
         if (control.value != 0) {
             option->setChecked(true);
         }
+        // Of options, Tab reaches the one that is chosen: Qt cares for that from the first focus on alone.
+        option->setFocusPolicy(control.value != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     });
     connect(option, &QRadioButton::toggled, this, [this, own = std::string(name)](bool on) {
         if (on) {

@@ -180,6 +180,7 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuDesign,        15, {"grid-labels", ""}},
     {Menu::mnuDesign,        16, {"frame-and-scale", ""}},
     {Menu::mnuDesign,        17, {"fill-land-and-water", ""}},
+    {Menu::mnuView,           0, {"view-menu", "smooth-lines"}},
     {Menu::mnuView,           1, {"view-menu", "status-line"}},
     {Menu::mnuView,           2, {"view-menu", "redraw-by-itself"}},
     {Menu::mnuView,           3, {"view-menu", "draw-again"}},

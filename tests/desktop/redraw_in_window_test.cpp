@@ -197,8 +197,14 @@ TEST_F(RedrawInWindow, PlaceComesBackAfterADraw) {
     DrawByKeys();
     Move({500, 300});
     const std::string place = Line();
-    DrawByKeys();
+    EXPECT_NE(place, "");
+    QTest::keyClick(&Window(), Qt::Key_F5);
     EXPECT_EQ(Line(), place);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&Area(), &leave);
+    QEnterEvent enter({500.0, 300.0}, {500.0, 300.0}, {500.0, 300.0});
+    QCoreApplication::sendEvent(&Area(), &enter);
+    EXPECT_EQ(Line(), place) << "a dialog that lay over it is closed";
 }
 
 } // namespace

@@ -25,7 +25,8 @@ protected:
 TEST_F(FrameInFiles, EachProjectionHasThemInEachFormat) {
     for (const ProjectionEntry& entry : Projections) {
         SCOPED_TRACE(entry.ProjName);
-        const DrawnMap screen = ExpectSameInEachFormat(Framed(entry.ProjNum));
+        const DrawnMap screen = ExpectSameInEachFormat(
+            {"--projection", std::to_string(entry.ProjNum), "--no-map", "--grid-type", "5", "--frame"});
         EXPECT_GE(screen.lines.size(), 1U);
     }
 }

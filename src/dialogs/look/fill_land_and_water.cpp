@@ -10,8 +10,8 @@ namespace quelmont {
 
 // clang-format off
 const std::array<FillLandAndWater::Area, 3> FillLandAndWater::Areas = {{
-    {"FillLand",  "Fill &Land",  "LandColor",  "Land &Color",  &FillChoice::land,  FromRedGreenBlue(0xFFFFCC)},
-    {"FillLakes", "Fill La&kes", "LakesColor", "Lakes C&olor", &FillChoice::lakes, FromRedGreenBlue(0x99CCFF)},
+    {"FillLand",  "Fill &Land",  "LandColor",  "L&and Color",  &FillChoice::land,  FromRedGreenBlue(0xFFFFCC)},
+    {"FillLakes", "Fill La&kes", "LakesColor", "Lak&es Color", &FillChoice::lakes, FromRedGreenBlue(0x99CCFF)},
     {"FillSea",   "Fill &Sea",   "SeaColor",   "Sea Colo&r",   &FillChoice::sea,   FromRedGreenBlue(0xCCE6FF)},
 }};
 // clang-format on
