@@ -25,6 +25,8 @@ QUELMONT_JOB=$job "$queueTest"
 rm -f "$job"
 
 install_program "$program" "$worldMap"
+# What is not white below the menu bar counts as the map.
+printf '[Quelmont]\r\nStatusLine=0\r\n' >"$work/Qmnt.ini"
 start_program
 xdotool key alt+d
 eventually "the dialog of the size" active_named "Select Map Size"

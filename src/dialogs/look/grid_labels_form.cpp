@@ -3,6 +3,8 @@
 #include "dialogs/text/font_dialog.h"
 #include "platform/machine.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -30,11 +32,11 @@ GridLabelsForm::GridLabelsForm() : DesignDialog("GridLabelsForm", "Grid Labels")
 }
 
 void GridLabelsForm::ShowSample() {
-    constexpr const char* Samples[] = {"30\u00B0S", "30 S", "-30"};
+    constexpr std::array Samples = {"30\u00B0S", "30 S", "-30"};
     const TextLook& look = Design.Fonts[GridLabelFontSlot];
     Control& sample = Edit("GridLabelSample");
     const int style = At("GridLabelStyle").value;
-    sample.text = style < 0 ? "" : Samples[style];
+    sample.text = style < 0 ? "" : Samples.at(static_cast<std::size_t>(style));
     sample.letters = {.fontName = look.FontName,
                       .points = look.FontSize,
                       .bold = look.FontBold,
