@@ -35,9 +35,11 @@ PlaneRing RoundTheAxis(const Ring& ring, double offset, double low, double high)
     const double first = std::floor((low - Circle - before) / Circle);
     const double last = std::ceil((high + Circle - before) / Circle) - 1.0;
     PlaneRing line;
-    for (double time = first; time <= last; time += 1.0) {
+    double time = first;
+    while (time <= last) {
         const PlaneRing once = Shifted(ring, offset + (eastward ? time : last + first - time) * Circle);
         line.insert(line.end(), once.begin(), once.end());
+        time += 1.0;
     }
     constexpr double beyondPole = 91.0 * SecPerDegree;
     const double pole = ring.northInside ? beyondPole : -beyondPole;

@@ -122,7 +122,7 @@ bool IsInside(const Ring& ring, double lat, double lon) {
     const double high = std::max(static_cast<double>(ring.east), closingLon);
     double at = period == 0.0 ? lon : lon + std::ceil((low - lon) / period) * period;
     if (lat <= ring.north) {
-        for (; at <= high; at += period) {
+        while (at <= high) {
             double lonBefore = ring.places.front().lon;
             double latBefore = ring.places.front().lat;
             for (std::size_t i = 1; i <= ring.places.size(); ++i) {
@@ -139,6 +139,7 @@ bool IsInside(const Ring& ring, double lat, double lon) {
             if (period == 0.0) {
                 break;
             }
+            at += period;
         }
     }
     return odd != ring.northInside;

@@ -124,10 +124,12 @@ double ShareBesideBar(double share) {
         return share;
     }
     const BarSearch search;
-    for (double smaller = share; smaller >= share * smallest; smaller *= step) {
+    double smaller = share;
+    while (smaller >= share * smallest) {
         if (search.RiseAt(smaller)) {
             return smaller;
         }
+        smaller *= step;
     }
     return share;
 }

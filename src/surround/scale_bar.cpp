@@ -202,10 +202,12 @@ void BarShape::AddStrokes(ScaleBar& bar, const AreaFit& fit) const {
         }
         // Rows to and fro fill it on every device.
         bool forth = true;
-        for (double y = top; y < bottom; y += RowStep) {
+        double y = top;
+        while (y < bottom) {
             stroke.points.push_back(place(forth ? from : to, y));
             stroke.points.push_back(place(forth ? to : from, y));
             forth = !forth;
+            y += RowStep;
         }
         stroke.points.push_back(place(forth ? from : to, bottom));
         stroke.points.push_back(place(forth ? to : from, bottom));
