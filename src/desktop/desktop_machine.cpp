@@ -51,11 +51,11 @@ BoxAnswer DesktopBoxes::AskAbout(std::string_view control, std::string_view titl
     }
     QWidget& below = *WindowInUse(parent);
     MessageBox box(title, text, buttons, icon, &below);
+    OpenHelpOnF1(box, ContextOf(buttons, below, control));
+    const KeyboardReturn keyboard(box, below);
     if (const auto* view = dynamic_cast<const FormView*>(&below)) {
         box.StandBeside(view->PlaceOf(control));
     }
-    OpenHelpOnF1(box, ContextOf(buttons, below, control));
-    const KeyboardReturn keyboard(box, below);
     return box.Ask();
 }
 
