@@ -45,10 +45,4 @@ std::string EncodeWorldItem(double lat, double lon) {
     return FormatNumber(lat, "0.000000") + " " + FormatNumber(lon, "0.000000") + "\r\n";
 }
 
-WorldPoint WorldPointOf(float lat, float lon) {
-    const float turned = lon > 180.0F ? lon - 360.0F : lon;
-    return {RoundToInt32(static_cast<double>(lat) * 3600.0),
-            RoundToInt32(static_cast<double>(turned) * 3600.0)};
-}
-
 } // namespace quelmont

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/rounding.h"
+
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -73,7 +75,11 @@ constexpr float DecodeWorldFloat(std::span<const std::byte, WorldFloatSize> byte
 
 /// A point of an .mps file from its degrees; a longitude above 180 has a circle taken off.
 /// RunTimeError "Overflow" when one is too large or no number.
-WorldPoint WorldPointOf(float lat, float lon);
+inline WorldPoint WorldPointOf(float lat, float lon) {
+    const float turned = lon > 180.0F ? lon - 360.0F : lon;
+    return {RoundToInt32(static_cast<double>(lat) * 3600.0),
+            RoundToInt32(static_cast<double>(turned) * 3600.0)};
+}
 
 /// A record of an .mps file in degrees; before one that begins a line stands the marker.
 constexpr std::size_t WorldRecordSize = 2 * WorldFloatSize + 1;

@@ -14,7 +14,7 @@ namespace quelmont {
 namespace {
 
 /// A square of pixels, whose middle, or the pixel before it, is the place.
-void DrawDot(std::int32_t x, std::int32_t y) {
+[[gnu::noinline]] void DrawDot(std::int32_t x, std::int32_t y) {
     const std::int32_t before = (Design.DotPixels - 1) / 2;
     for (std::int32_t row = 0; row < Design.DotPixels; ++row) {
         for (std::int32_t column = 0; column < Design.DotPixels; ++column) {
@@ -33,6 +33,18 @@ void DrawFinePoint(FineLines& lines, double deviceX, double deviceY) {
     } else {
         lines.LineToFine(x, y);
     }
+}
+
+/// Apart, so that the points of lines need no room for it on the stack.
+[[gnu::noinline]] void DrawCurrentSymbol(std::int32_t x, std::int32_t y) {
+    DrawSymbol(*Design.Surface,
+               {.type = Design.CurrentSymbolType,
+                .color = Design.PenColor,
+                .radius = static_cast<double>(OutputNow.SymbolRadius),
+                .scale = PageScale(),
+                .pixelX = OutputNow.DevicePixelX,
+                .pixelY = OutputNow.DevicePixelY},
+               x, y);
 }
 
 void DrawPoint() {
@@ -63,14 +75,7 @@ void DrawPoint() {
         DrawDot(x, y);
         return;
     default:
-        DrawSymbol(*Design.Surface,
-                   {.type = Design.CurrentSymbolType,
-                    .color = Design.PenColor,
-                    .radius = static_cast<double>(OutputNow.SymbolRadius),
-                    .scale = PageScale(),
-                    .pixelX = OutputNow.DevicePixelX,
-                    .pixelY = OutputNow.DevicePixelY},
-                   x, y);
+        DrawCurrentSymbol(x, y);
         return;
     }
 }
