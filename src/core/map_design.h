@@ -287,6 +287,7 @@ struct MapDesign : DesignBounds {
     GridLabelChoice GridLabels;
     FrameChoice Frame;
     FillChoice Fill;
+    DistortionChoice Distortion;
     bool SmoothLines = false; ///< lines and symbols of pictures are antialiased
 
     // ---- Page of a printed map. In units of PrintUnitTwips.

@@ -42,4 +42,15 @@ struct FillChoice {
     bool operator==(const FillChoice&) const = default;
 };
 
+/// What shows how far the map distorts the globe: images of equal small circles, or shades in steps.
+enum class DistortionKind : std::uint8_t { None, Ellipses, Area, Angle };
+
+/// The distortion that is shown on the map.
+struct DistortionChoice {
+    DistortionKind kind = DistortionKind::None;
+    double radius = 5.0;   ///< of the circles on the globe, degrees of arc
+    double spacing = 30.0; ///< of their middles, degrees
+    bool operator==(const DistortionChoice&) const = default;
+};
+
 } // namespace quelmont

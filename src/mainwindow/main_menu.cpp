@@ -87,7 +87,7 @@ constexpr std::array ViewMenu = {
     MenuEntry{SmoothLinesItem,       "&Smooth Lines",            ToggleSmoothLines, {}, true},
     MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
     MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleRedraw,      {}, true},
-    MenuEntry{DrawAgainItem,         "&Draw Again",              DrawAgain,         {}, false, "F5"},
+    MenuEntry{DrawAgainItem,         "Dra&w Again",              DrawAgain,         {}, false, "F5"},
 };
 
 constexpr std::array AboutMenu = {

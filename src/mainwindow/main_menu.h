@@ -47,6 +47,8 @@ enum InputItem : int {
 
 /// The parent of mnuProjMollweide in mnuProj, whose other indices stand in the table of projections.
 constexpr int MollweideItem = 5;
+/// The item of mnuProj that compares projections.
+constexpr int HelpMeChooseItem = 21;
 
 /// Items of mnuRecent, of which as many are seen as there are designs.
 constexpr std::size_t RecentDesignsMost = 8;
@@ -73,7 +75,14 @@ enum DesignItem : int {
 enum EditItem : int { UndoItem = 0, RedoItem = 1, CopyMapItem = 3 };
 
 /// Indices of mnuView, the View menu.
-enum ViewItem : int { SmoothLinesItem = 0, StatusLineItem = 1, RedrawItem = 2, DrawAgainItem = 3 };
+enum ViewItem : int {
+    SmoothLinesItem = 0,
+    StatusLineItem = 1,
+    RedrawItem = 2,
+    DrawAgainItem = 3,
+    MoveItem = 4, ///< stands behind RedrawItem
+    DistortionItem = 5,
+};
 
 /// Indices of mnuAbout, the Help menu.
 enum AboutItem : int { ContentsItem = 0, SearchItem = 1, AboutBoxItem = 3, PlotTimeItem = 4 };
