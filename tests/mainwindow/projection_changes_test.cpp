@@ -1,6 +1,7 @@
 // Every projection after every other one, through the menus.
 
 #include "core/map_design.h"
+#include "dialogs/bounds/boundary_dialog_names.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/projection_menu.h"
@@ -28,26 +29,8 @@ protected:
             mnuProjMollweide_Click(entry.mollweideIndex);
         }
     }
-    static std::vector<std::string> DialogsOf(std::int16_t projNum) {
-        switch (projNum) {
-        case ProjUtm:
-            return {"UtmSpheroid", "UtmParameters", "UtmCoords"};
-        case ProjVerticalPerspective:
-            return {"LatLonBoundsVp"};
-        case ProjEquirectangular:
-        case ProjCylindricalEqualArea:
-        case ProjEquidistantConic:
-        case ProjConformalConic:
-        case ProjAlbers:
-            return {"LatLonBounds", "LatLonStdPar"};
-        case ProjInterruptedMollweide:
-            return {"LatLonBounds", "LatLonInterrupt"};
-        default:
-            return {IsAzimuthal(projNum) ? "LatLonBoundsAz" : "LatLonBounds"};
-        }
-    }
     void AcceptDefaults(const ProjectionEntry& entry) {
-        for (const std::string& dialog : DialogsOf(entry.ProjNum)) {
+        for (const std::string& dialog : BoundaryDialogsOf(entry.ProjNum)) {
             machine.forms.Script(dialog, [](Form& form) {
                 form.PressDefault();
                 EXPECT_TRUE(form.Closed()) << form.ClassName();
@@ -57,7 +40,7 @@ protected:
         Click(entry);
     }
     void CancelFirst(std::int16_t projNum) {
-        machine.forms.Script(DialogsOf(projNum).front(), [](Form& form) { form.PressCancel(); });
+        machine.forms.Script(BoundaryDialogsOf(projNum).front(), [](Form& form) { form.PressCancel(); });
     }
     /// What "Draw Map" leaves on the surface.
     std::string Drawn() {
@@ -143,12 +126,12 @@ TEST_P(ProjectionChanges, CancelledOneIsDrawnWithTheBoundsOfTheOtherOrItsDialogO
         CancelFirst(next.ProjNum);
         mnuBar_Click(DrawItem);
         EXPECT_EQ(machine.boxes.Taken().size(), 1U);
-        EXPECT_THAT(machine.forms.shown, ElementsAre(DialogsOf(next.ProjNum).front()));
+        EXPECT_THAT(machine.forms.shown, ElementsAre(BoundaryDialogsOf(next.ProjNum).front()));
         EXPECT_THAT(surface.Calls(), IsEmpty()) << "nothing is drawn, and nothing wiped off";
         EXPECT_EQ(Design.GridText, texts);
         EXPECT_EQ(Design.ProjNum, next.ProjNum);
         // Its own bounds are accepted and drawn.
-        for (const std::string& dialog : DialogsOf(next.ProjNum)) {
+        for (const std::string& dialog : BoundaryDialogsOf(next.ProjNum)) {
             machine.forms.Script(dialog, [](Form& form) { form.PressDefault(); });
         }
         mnuDesign_Click(0);

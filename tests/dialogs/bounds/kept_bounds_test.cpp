@@ -1,9 +1,10 @@
 // What is left of the design's bounds when dialogs are cancelled, and what a draw or another projection
 // has left when they open.
 
-#include "core/constant_defs.h"
 #include "dialogs/bounds/accept_bounds.h"
 #include "dialogs/bounds/boundary_dialog.h"
+#include "dialogs/bounds/boundary_dialog_names.h"
+#include "dialogs/bounds/boundary_dialogs.h"
 #include "dialogs/bounds/lat_lon_bounds.h"
 #include "dialogs/bounds/lat_lon_bounds_az.h"
 #include "dialogs/bounds/lat_lon_interrupt.h"
@@ -14,7 +15,6 @@
 #include "projection/param_select.h"
 #include "projection/param_std_parallel.h"
 #include "projection/projection_table.h"
-#include "support/fresh_program.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,20 +28,15 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// The program as it starts, the default map accepted.
-class KeptBounds : public FreshProgramTest {
+class KeptBounds : public BoundaryDialogs {
 protected:
     KeptBounds() {
-        ConstantDefs();
         ConstantGrid();
         CalculateBounds();
         ParamStdParallel();
         ParamSelect();
     }
 
-    static void Choose(std::int16_t projNum) {
-        Design.ProjNum = projNum;
-        Design.ProjName = FindProjection(projNum)->ProjName;
-    }
     void Script(const std::string& dialog, std::function<void(Form&)> steps) {
         machine.forms.Script(dialog, std::move(steps));
     }
@@ -54,30 +49,12 @@ protected:
     /// Chooses a projection and presses OK wherever its dialogs ask.
     void AcceptDefaults(std::int16_t projNum) {
         Choose(projNum);
-        for (const char* const dialog : DialogsOf(projNum)) {
+        for (const std::string& dialog : BoundaryDialogsOf(projNum)) {
             Accept(dialog);
         }
         ShowBoundaryDialog();
         EXPECT_TRUE(Design.BoundsChanged) << Design.ProjName;
         EXPECT_THAT(machine.boxes.Taken(), IsEmpty()) << Design.ProjName;
-    }
-    static std::vector<const char*> DialogsOf(std::int16_t projNum) {
-        switch (projNum) {
-        case ProjUtm:
-            return {"UtmSpheroid", "UtmParameters", "UtmCoords"};
-        case ProjVerticalPerspective:
-            return {"LatLonBoundsVp"};
-        case ProjEquirectangular:
-        case ProjCylindricalEqualArea:
-        case ProjEquidistantConic:
-        case ProjConformalConic:
-        case ProjAlbers:
-            return {"LatLonBounds", "LatLonStdPar"};
-        case ProjInterruptedMollweide:
-            return {"LatLonBounds", "LatLonInterrupt"};
-        default:
-            return {IsAzimuthal(projNum) ? "LatLonBoundsAz" : "LatLonBounds"};
-        }
     }
 
     /// The texts of the design and the numbers made of them, in full.
@@ -120,7 +97,7 @@ class AfterADraw : public KeptBounds, public testing::WithParamInterface<Project
 TEST_P(AfterADraw, FirstOkOfEachDialogIsTaken) {
     Choose(GetParam().ProjNum);
     Design.ProjOffMap = true; // the last point of the last draw
-    for (const char* const dialog : DialogsOf(GetParam().ProjNum)) {
+    for (const std::string& dialog : BoundaryDialogsOf(GetParam().ProjNum)) {
         Script(dialog, [](Form& form) {
             Design.ProjOffMap = true;
             form.PressDefault();
@@ -155,7 +132,7 @@ TEST_F(KeptBounds, CancelledDialogGivesEverythingBack) {
     const std::string before = Snapshot();
     for (const ProjectionEntry& entry : Projections) {
         Choose(entry.ProjNum);
-        Cancel(DialogsOf(entry.ProjNum).front());
+        Cancel(BoundaryDialogsOf(entry.ProjNum).front());
         ShowBoundaryDialog();
         EXPECT_EQ(Snapshot(), before) << entry.ProjName;
         EXPECT_TRUE(Design.DialogCancelled);
@@ -167,7 +144,7 @@ TEST_F(KeptBounds, BoundsAreAsBeforeWhenTheFollowUpWasCancelled) {
                                        ProjAlbers, ProjCylindricalEqualArea, ProjInterruptedMollweide}) {
         AcceptDefaults(projNum);
         const std::string before = Snapshot();
-        Cancel(DialogsOf(projNum).back());
+        Cancel(BoundaryDialogsOf(projNum).back());
         Script("LatLonBounds", [&](Form& form) {
             form.Type("LatN", "50    00    00    N");
             form.Type("LatS", "20    00    00    N");
@@ -188,7 +165,7 @@ TEST_F(KeptBounds, BoundsThatWereRefusedAreGivenBackByCancel) {
     for (const std::int16_t projNum : {ProjRobinson, ProjStereographic, ProjVerticalPerspective}) {
         AcceptDefaults(projNum);
         const std::string before = Snapshot();
-        Script(DialogsOf(projNum).front(), [](Form& form) {
+        Script(BoundaryDialogsOf(projNum).front(), [](Form& form) {
             form.Type("LonGr", "007    00    00");
             form.PressDefault(); // refused: the box is closed
             EXPECT_FALSE(form.Closed());
