@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quelmont {
 
@@ -68,9 +69,12 @@ PlaneRings LaidOut(const Ring& ring, std::int32_t west, double low, double high)
 bool ProjectPlace(double lat, double lon, PlanePoint& point) {
     Design.ProjLat = lat;
     Design.ProjLon = lon;
+    // A coordinate that fails keeps its value.
+    Design.ProjX = std::numeric_limits<double>::quiet_NaN();
+    Design.ProjY = Design.ProjX;
     ProjectSelect();
     point = {Design.ProjX, Design.ProjY};
-    return !Design.ProjOffMap;
+    return !Design.ProjOffMap && std::isfinite(point.x) && std::isfinite(point.y);
 }
 
 std::unique_ptr<AreaFrame> FrameOfMap() {

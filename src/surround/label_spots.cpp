@@ -7,7 +7,7 @@
 #include "projection/lobe_row.h"
 #include "projection/projection_table.h"
 #include "surround/grid_label_text.h"
-#include "surround/map_in_hand.h"
+#include "projection/map_in_hand.h"
 #include "surround/outline_ends.h"
 
 #include <algorithm>

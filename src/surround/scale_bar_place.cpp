@@ -11,7 +11,7 @@
 #include "projection/project_select.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
-#include "surround/map_in_hand.h"
+#include "projection/map_in_hand.h"
 
 #include <algorithm>
 #include <array>

@@ -7,7 +7,7 @@
 #include "projection/inverse_select.h"
 #include "projection/project_select.h"
 #include "projection/projection_table.h"
-#include "surround/map_in_hand.h"
+#include "projection/map_in_hand.h"
 #include "surround/scale_bar_place.h"
 #include "surround/surround_state.h"
 
