@@ -5,9 +5,9 @@
 #include "graticule/lobes.h"
 #include "projection/inverse_place.h"
 #include "projection/lobe_row.h"
+#include "projection/map_in_hand.h"
 #include "projection/projection_table.h"
 #include "surround/grid_label_text.h"
-#include "projection/map_in_hand.h"
 #include "surround/outline_ends.h"
 
 #include <algorithm>

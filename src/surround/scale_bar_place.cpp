@@ -8,10 +8,10 @@
 #include "core/rounding.h"
 #include "projection/inverse_select.h"
 #include "projection/inverse_utm.h"
+#include "projection/map_in_hand.h"
 #include "projection/project_select.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
-#include "projection/map_in_hand.h"
 
 #include <algorithm>
 #include <array>

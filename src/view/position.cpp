@@ -103,12 +103,23 @@ std::optional<MapPosition> PositionAt(SurfacePoint pixel) {
     const bool metres = picture->projNum == ProjUtm;
     const BoundsOfPicture bounds(*picture);
     const auto place = PlaceAt(x, y);
-    return place ? std::optional(MapPosition{*place, x, y, perPixel, metres}) : std::nullopt;
+    return place ? std::optional(MapPosition{*place, x, y, perPixel, metres, DistortionOfPoint(x, y)})
+                 : std::nullopt;
 }
 
 std::string PlaceText(const GlobePlace& place, double step) {
     const AngleUnits& units = UnitsFor(step);
     return AngleText(place.lat, units, "NS") + "   " + AngleText(place.lon, units, "EW");
+}
+
+std::string DistortionText(const MapPosition& position) {
+    if (!position.distortion) {
+        return {};
+    }
+    const auto [h, k, area, angle] = *position.distortion;
+    const std::string_view areaPicture = area < 10.0 ? "0.000" : area < 1000.0 ? "0.0" : "#,##0";
+    return "area \u00D7 " + FormatNumber(area, areaPicture) + "   angle " + FormatNumber(angle, "0.0") +
+           "\u00B0";
 }
 
 std::string PositionText(const MapPosition& position) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "areas/distortion.h"
 #include "platform/draw_surface.h"
 #include "projection/inverse_utm.h"
 
@@ -15,6 +16,7 @@ struct MapPosition {
     double x = 0.0, y = 0.0;    ///< projection units: earth radii; on UTM easting and northing, metres
     double unitsPerPixel = 0.0; ///< how many of them a pixel of the window is wide
     bool metres = false;        ///< the map is one of UTM
+    std::optional<Distortion> distortion = {}; ///< of the map there
 };
 
 /// The place that the picture in the window has at one of its pixels, counted from its upper left corner. It
@@ -25,6 +27,10 @@ std::optional<MapPosition> PositionAt(SurfacePoint pixel);
 /// The place as people write it, as exactly as a pixel of the map tells it, UTF-8: 45° 30′ N  7° 05′ E, with
 /// seconds on maps of regions; northing and easting in metres on UTM.
 std::string PositionText(const MapPosition& position);
+
+/// What the map does to areas and angles there, UTF-8: area × 2.000   angle 38.9°. Empty at poles and other
+/// places where that has no value.
+std::string DistortionText(const MapPosition& position);
 
 /// A latitude and a longitude in whole degrees, minutes or seconds, or in tenths or hundredths of a second:
 /// what is as fine as a step of so many degrees.

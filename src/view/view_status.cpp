@@ -6,11 +6,18 @@
 #include "view/position.h"
 #include "view/view_state.h"
 
+#include <string>
+
 namespace quelmont {
 
 namespace {
 
 constexpr const char* OlderText = "The picture is older than the design: F5 draws it";
+
+std::string TextOf(const MapPosition& position) {
+    const std::string distortion = DistortionText(position);
+    return distortion.empty() ? PositionText(position) : PositionText(position) + "   " + distortion;
+}
 
 void ShowText() {
     if (IsPlotting()) {
@@ -21,7 +28,7 @@ void ShowText() {
         return;
     }
     const auto position = ViewNow.pointer ? PositionAt(*ViewNow.pointer) : std::nullopt;
-    Machine().window->SetStatusText(position ? PositionText(*position) : std::string());
+    Machine().window->SetStatusText(position ? TextOf(*position) : std::string());
 }
 
 } // namespace

@@ -7,7 +7,8 @@
 namespace quelmont {
 
 /// What the status line tells outside of a draw: that the picture is older than the design, or else the place
-/// under the mouse; nothing where the mouse is not over the map.
+/// under the mouse, and what the map does to areas and angles there; nothing where the mouse is not over the
+/// map.
 
 /// The mouse is over a pixel of the picture, or over none.
 void PointerMoved(std::optional<SurfacePoint> pixel);

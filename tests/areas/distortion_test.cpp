@@ -138,8 +138,9 @@ TEST_F(DistortionOfMap, FactorsOfTheRobinsonAreTheScaleErrorsOfItsReport) {
 }
 
 TEST_F(DistortionOfMap, FactorsAreTheScaleErrorsOfReportsWhereTheseAreTrueScales) {
-    for (const char* projection : {"equirectangular", "cylindrical equal-area", "hammer equal-area",
-                                   "mollweide equal-area", "equidistant conic", "conformal conic", "albers"}) {
+    for (const char* projection :
+         {"equirectangular", "cylindrical equal-area", "hammer equal-area", "mollweide equal-area",
+          "equidistant conic", "conformal conic", "albers"}) {
         SCOPED_TRACE(projection);
         ASSERT_TRUE(Take({"--projection", projection, "--north", "70N", "--south", "10N", "--west", "60W",
                           "--east", "90E", "--lat-grid", "10", "--lon-grid", "10"}));

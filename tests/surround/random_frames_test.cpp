@@ -5,9 +5,9 @@
 #include "mainwindow/map_draw.h"
 #include "projection/inverse_place.h"
 #include "projection/inverse_select.h"
+#include "projection/map_in_hand.h"
 #include "projection/project_select.h"
 #include "projection/projection_table.h"
-#include "projection/map_in_hand.h"
 #include "surround/scale_bar_place.h"
 #include "surround/surround_state.h"
 

@@ -37,6 +37,19 @@ TEST_F(Position, PixelsOfAWorldMapHaveTheirDegrees) {
     EXPECT_EQ(PositionText(*left), "0\u00B0 06\u2032 N   180\u00B0 00\u2032 W");
 }
 
+TEST_F(Position, ScalesOfAreasAreWrittenWithAsManyDigitsAsMeanSomething) {
+    const auto textOf = [](double area, double angle) {
+        MapPosition position;
+        position.distortion = Distortion{1.0, 1.0, area, angle};
+        return DistortionText(position);
+    };
+    EXPECT_EQ(textOf(1.0, 0.0), "area \u00D7 1.000   angle 0.0\u00B0");
+    EXPECT_EQ(textOf(0.0625, 179.95), "area \u00D7 0.063   angle 180.0\u00B0");
+    EXPECT_EQ(textOf(12.34, 5.0), "area \u00D7 12.3   angle 5.0\u00B0");
+    EXPECT_EQ(textOf(12345.6, 5.0), "area \u00D7 12,346   angle 5.0\u00B0");
+    EXPECT_EQ(DistortionText({}), "") << "at a pole";
+}
+
 TEST_F(Position, NothingStandsBesideTheMap) {
     MapDraw();
     // The map is 904.4 pixels high, about row 461.5: its rows are 10 to 913.

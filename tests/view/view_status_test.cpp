@@ -45,6 +45,18 @@ TEST_F(ViewStatus, TellsThePlaceUnderTheMouse) {
     EXPECT_EQ(window.statusText, "");
 }
 
+TEST_F(ViewStatus, TellsTheScaleOfAreasAndTheErrorOfAnglesBehindThePlace) {
+    MapDraw();
+    // The world is true at 45 degrees: at the equator parallels have a scale of the root of one half, and the
+    // sine of half the angle is (1 - 0.7071) / (1 + 0.7071).
+    PointerMoved(SurfacePoint{640, 461});
+    EXPECT_EQ(window.statusText,
+              "0\u00B0 06\u2032 N   0\u00B0 08\u2032 E   area \u00D7 0.707   angle 19.8\u00B0");
+    // Row 60 lies at 79.911 N, whose cosine is 0.17518: 0.70711 / 0.17518, and (4.0364 - 1) / (4.0364 + 1).
+    PointerMoved(SurfacePoint{640, 60});
+    EXPECT_THAT(window.statusText, testing::EndsWith("E   area \u00D7 4.036   angle 74.2\u00B0"));
+}
+
 TEST_F(ViewStatus, LeavesTheLineToADraw) {
     std::string text;
     machine.pump.At(3, [&] {
