@@ -179,6 +179,8 @@ int DrawPicture(HeadlessMachine& machine, const DrawOptions& options, Printer* p
     }
     if (!done) {
         errors << Program << options.output << ": not written\n";
+    } else if (const std::string reason = BarWithoutRoom(options.frame); !reason.empty()) {
+        errors << Program << "--scale-bar: " << reason << '\n';
     }
     const StopSignals stopSignals;
     for (const std::string& name : MapInputNow.FilesWithoutLineStarts) {

@@ -7,6 +7,7 @@
 #include "core/degrees.h"
 #include "core/map_design.h"
 #include "surround/scale_bar_place.h"
+#include "surround/surround_state.h"
 
 #include <CLI/CLI.hpp>
 
@@ -79,6 +80,13 @@ void TakeFrame(const FrameOptions& frame) {
 std::string BarLeftOut(const FrameOptions& frame) {
     const bool asked = frame.unit && *frame.unit != ScaleBarUnit::None;
     return asked && !PlaceOfScaleBar(frame.latitude) ? NoteOfScaleBar(frame.latitude) : "";
+}
+
+std::string BarWithoutRoom(const FrameOptions& frame) {
+    const bool asked = frame.unit && *frame.unit != ScaleBarUnit::None;
+    return asked && !SurroundNow.bar && PlaceOfScaleBar(frame.latitude)
+               ? "The picture has no room for a scale bar that is true for all of its length."
+               : "";
 }
 
 } // namespace quelmont

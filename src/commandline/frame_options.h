@@ -26,4 +26,7 @@ void TakeFrame(const FrameOptions& frame);
 /// bounds have been accepted.
 std::string BarLeftOut(const FrameOptions& frame);
 
+/// Why a map that has a scale was drawn without the bar that was asked for; empty when it has the bar.
+std::string BarWithoutRoom(const FrameOptions& frame);
+
 } // namespace quelmont

@@ -25,6 +25,8 @@ constexpr double GapBetweenNumbers = 0.7;
 constexpr double LongestShare = 0.25;
 constexpr double LongestHeights = 24.0;
 constexpr double ShortestHeights = 4.0;
+/// From a round length to the next.
+constexpr double LargestStep = 2.5;
 /// A bar is not longer than the scale is true along it: to less than half a pixel.
 constexpr double LargestMiss = 0.4;
 /// Twips: lines of the bar, which are as wide as a pixel of 96 dots per inch, and rows that fill a part of
@@ -269,12 +271,11 @@ bool IsFree(AreaPoint middle, const BarShape& shape, const AreaFit& fit, const M
            std::none_of(texts.begin(), texts.end(), [&](const TextBox& text) { return Overlap(wide, text); });
 }
 
-/// The longest bar that is true for all of its length.
-std::optional<RoundLength> LengthAt(const ScaleBarPlace& place, const AreaFit& fit, double letters) {
+/// The longest bar within a limit in twips that is true for all of its length.
+std::optional<RoundLength> LengthWithin(double most, const ScaleBarPlace& place, const AreaFit& fit,
+                                        double letters) {
     const double kmOfUnit = KmOf(Design.Frame.unit);
     const double twipsPerUnit = place.unitsPerKm * fit.scale * kmOfUnit;
-    const double most =
-        std::min((Design.MapXMax - Design.MapXMin) * fit.scale * LongestShare, letters * LongestHeights);
     for (const RoundLength& round : RoundLengths(most / twipsPerUnit)) {
         if (round.value * twipsPerUnit < letters * ShortestHeights) {
             break;
@@ -287,6 +288,17 @@ std::optional<RoundLength> LengthAt(const ScaleBarPlace& place, const AreaFit& f
         }
     }
     return std::nullopt;
+}
+
+/// A share of the map's width is enough for most; a narrow map has as much of its width as the shortest round
+/// length needs.
+std::optional<RoundLength> LengthAt(const ScaleBarPlace& place, const AreaFit& fit, double letters) {
+    const double width = (Design.MapXMax - Design.MapXMin) * fit.scale;
+    const double usual = std::min(width * LongestShare, letters * LongestHeights);
+    const auto round = LengthWithin(usual, place, fit, letters);
+    return round
+               ? round
+               : LengthWithin(std::min(width, letters * ShortestHeights * LargestStep), place, fit, letters);
 }
 
 } // namespace

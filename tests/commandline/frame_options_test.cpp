@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quelmont {
 namespace {
 
@@ -15,7 +17,10 @@ using testing::IsEmpty;
 class CommandFrames : public DrawCommandTest {
 protected:
     Outcome RunWith(std::vector<std::string> options, const std::string& name = "a.png") {
-        options.insert(options.begin(), {"--no-map", "--window", "640x462"});
+        options.insert(options.begin(), "--no-map");
+        if (std::find(options.begin(), options.end(), "--window") == options.end()) {
+            options.insert(options.begin(), {"--window", "640x462"});
+        }
         options.push_back(folder / name);
         return Run(options);
     }
@@ -48,6 +53,14 @@ TEST_F(CommandFrames, AMapWithoutABarSaysSoAndIsDrawn) {
     EXPECT_THAT(Files(), testing::ElementsAre("a.png"));
     EXPECT_THAT(RunWith({"--scale-bar", "km"}).errors, IsEmpty());
     EXPECT_THAT(RunWith({"--projection", "orthographic"}).errors, IsEmpty());
+}
+
+TEST_F(CommandFrames, ABarWithoutRoomIsToldOf) {
+    const Outcome outcome = RunWith({"--scale-bar", "km", "--window", "60x40"});
+    EXPECT_EQ(outcome.code, ExitDone);
+    EXPECT_THAT(outcome.errors,
+                HasSubstr("quelmont-draw: --scale-bar: The picture has no room for a scale bar"));
+    EXPECT_THAT(RunWith({"--window", "60x40"}).errors, IsEmpty());
 }
 
 TEST_F(CommandFrames, TheMapGivesWayToTicksAndBar) {

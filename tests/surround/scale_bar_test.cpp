@@ -67,6 +67,19 @@ TEST_F(ScaleBars, HasARoundLengthOfAQuarterOfTheMapAtMost) {
                 ElementsAre("0", "1000", "2000", "3000", "4000", "5000 km", "Scale along the equator"));
 }
 
+TEST_F(ScaleBars, ANarrowMapHasTheShortestRoundLengthThatCanBeRead) {
+    // 93 pixels for ten degrees; a quarter of them is less than four heights of a digit, 42 pixels.
+    Rectangle(ProjMercator, 70, 0, 10, 20);
+    const auto bar = Plan(1.0);
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(bar->value, 500.0);
+    EXPECT_EQ(bar->texts.back().TextString, "Scale at 35\u00B0N");
+    // Mercator's ordinate of 70 degrees is 1.735415; its scale is that of the secant.
+    const double pixelsPerRadian = 923.0 / 1.735415;
+    EXPECT_NEAR((bar->right.x - bar->left.x) / 15.0,
+                500.0 / 6371.0 / std::cos(35.0 * std::numbers::pi / 180.0) * pixelsPerRadian, 0.01);
+}
+
 TEST_F(ScaleBars, MeasuresInTheUnitOfTheChoice) {
     Rectangle(ProjMercator, 60, -60, -180, 180);
     Design.Frame.unit = ScaleBarUnit::NauticalMiles;
