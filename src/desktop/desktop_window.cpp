@@ -66,7 +66,7 @@ std::string DroppedDesign(const QDropEvent& event) {
 } // namespace
 
 DesktopWindow::DesktopWindow()
-    : area(new DrawingArea), statusLine(new StatusLine(this)),
+    : area(new DrawingArea), statusLine(new StatusLine(this)), input(*this),
       menus(*menuBar(), [this](Menu menu, int index) { Clicked(menu, index); }) {
     QApplication::setWindowIcon(ProgramIcon());
     setWindowIcon(ProgramIcon());
@@ -79,16 +79,7 @@ DesktopWindow::DesktopWindow()
     // Escape also reaches a draw when the keyboard is with the menu bar.
     menuBar()->installEventFilter(this);
     setCentralWidget(area);
-    area->OnPressed([this](QPointF place) {
-        if (!busy) {
-            Form_MouseDown(place.x() * Design.TwipsPerPixelX, place.y() * Design.TwipsPerPixelY);
-        }
-    });
-    area->OnMoved([this](QPointF place) {
-        if (!busy) {
-            Form_MouseMove(place.x() * Design.TwipsPerPixelX, place.y() * Design.TwipsPerPixelY);
-        }
-    });
+    area->OnMouse([this](const AreaMouse& mouse) { input.Take(mouse); });
     area->OnResized([this] {
         if (Machine().window == this) {
             ToggleCaption();
@@ -310,6 +301,7 @@ void DesktopWindow::Run(const std::function<void()>& command) {
         return;
     }
     busy = true;
+    input.End();
     command();
     busy = false;
     helpOfCommand = 0;
@@ -340,7 +332,7 @@ void DesktopWindow::RedrawAtRest() {
     if (busy || unloaded || !isVisible()) {
         return; // the command's end asks again
     }
-    if (QApplication::activePopupWidget() != nullptr) {
+    if (QApplication::activePopupWidget() != nullptr || input.IsDragging()) {
         rest.start(RestMilliseconds);
     } else if (IsRedrawDue(true)) {
         Run([] { RedrawByItself(); });
@@ -377,34 +369,12 @@ bool DesktopWindow::event(QEvent* event) {
     return QMainWindow::event(event);
 }
 
-bool DesktopWindow::TakenByText(const QKeyEvent& event) {
-    if (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) {
-        return false;
-    }
-    switch (event.key()) {
-    case Qt::Key_Space:
-        return event.isAutoRepeat() || Form_KeyDown(BlankKey);
-    case Qt::Key_Left:
-        return Form_KeyDown(LeftKey);
-    case Qt::Key_Up:
-        return Form_KeyDown(UpKey);
-    case Qt::Key_Right:
-        return Form_KeyDown(RightKey);
-    case Qt::Key_Down:
-        return Form_KeyDown(DownKey);
-    case Qt::Key_1:
-    case Qt::Key_2:
-    case Qt::Key_3:
-        return Form_KeyDown(event.key());
-    default:
-        return false;
-    }
-}
-
 void DesktopWindow::keyPressEvent(QKeyEvent* event) {
     const KeyedEntry keyed = EntryOfKeys(event->keyCombination());
     if (event->key() == Qt::Key_Escape) {
-        EscapeKey();
+        if (!input.GiveUp()) {
+            EscapeKey();
+        }
         if (!busy) {
             FollowUp();
         }
@@ -412,7 +382,7 @@ void DesktopWindow::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat()) {
             PressShortcut(*keyed.entry, keyed.menu, keyed.first);
         }
-    } else if (busy || !TakenByText(*event)) {
+    } else if (!input.Take(*event)) {
         QMainWindow::keyPressEvent(event);
     }
 }
@@ -455,6 +425,7 @@ void DesktopWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     TextDone();
+    input.End();
     if (!unloaded) {
         if (!SessionEnd::IsEnding()) {
             bool leaves = false;

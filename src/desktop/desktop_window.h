@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/drawing_area.h"
+#include "desktop/map_input.h"
 #include "desktop/status_line.h"
 #include "desktop/window_menus.h"
 #include "platform/main_window.h"
@@ -90,8 +91,6 @@ private:
     /// After a command: the status line, and the map drawn again by itself where that is due.
     void FollowUp();
     void RedrawAtRest();
-    /// A key that moves the text which is being placed; false for any other.
-    static bool TakenByText(const QKeyEvent& event);
     void Repaint();
 
     /// What the status line takes of the window's height, units of the screen.
@@ -102,6 +101,7 @@ private:
 
     DrawingArea* area;
     StatusLine* statusLine;
+    MapInput input;
     WindowMenus menus;
     QElapsedTimer sinceRepaint;
     QTimer rest; ///< until the map is drawn again by itself

@@ -18,6 +18,9 @@ constexpr float HintStrength = 0.6F;
 int FirstWhole(qreal place) { return static_cast<int>(std::ceil(place - Tolerance)); }
 int LastWhole(qreal place) { return static_cast<int>(std::floor(place + Tolerance)); }
 
+/// The longest time that a picture is held.
+constexpr qint64 HoldMilliseconds = 200;
+
 /// How light a background is from which on dark letters can be read on it, 0 to 255.
 constexpr int LightBackground = 128;
 
@@ -117,6 +120,20 @@ void DrawingArea::ShowPreview(const PixelBox& box, const std::function<void(Draw
     update();
 }
 
+void DrawingArea::Hold() {
+    held = surface.Image().copy();
+    sinceHold.start();
+}
+
+void DrawingArea::LetGo() {
+    held = QImage();
+    update();
+}
+
+bool DrawingArea::IsHeld() const {
+    return !held.isNull() && sinceHold.elapsed() < HoldMilliseconds && held.size() == surface.Image().size();
+}
+
 void DrawingArea::HidePreview() {
     preview.reset();
     update();
@@ -162,7 +179,7 @@ void DrawingArea::PaintPicture() {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.scale(1.0 / ratio, 1.0 / ratio);
     }
-    painter.drawImage(0, 0, preview ? preview->Image() : surface.Image());
+    painter.drawImage(0, 0, preview ? preview->Image() : IsHeld() ? held : surface.Image());
 }
 
 void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
@@ -174,19 +191,32 @@ void DrawingArea::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
-void DrawingArea::mousePressEvent(QMouseEvent* event) {
-    if (pressed && event->button() == Qt::LeftButton) {
-        pressed(event->position() * devicePixelRatioF());
+void DrawingArea::Tell(AreaMouse::Kind kind, const QMouseEvent& event) {
+    if (mouse) {
+        mouse({kind, event.position() * devicePixelRatioF(), PixelAt(event.position()), event.button(),
+               event.modifiers(), 0});
     }
 }
 
+void DrawingArea::mousePressEvent(QMouseEvent* event) { Tell(AreaMouse::Kind::Press, *event); }
+
+void DrawingArea::mouseDoubleClickEvent(QMouseEvent* event) { Tell(AreaMouse::Kind::DoubleClick, *event); }
+
+void DrawingArea::mouseReleaseEvent(QMouseEvent* event) { Tell(AreaMouse::Kind::Release, *event); }
+
 void DrawingArea::mouseMoveEvent(QMouseEvent* event) {
-    if (moved) {
-        moved(event->position() * devicePixelRatioF());
-    }
+    Tell(AreaMouse::Kind::Move, *event);
     if (pointed) {
         pointed(PixelAt(event->position()));
     }
+}
+
+void DrawingArea::wheelEvent(QWheelEvent* event) {
+    if (mouse) {
+        mouse({AreaMouse::Kind::Wheel, event->position() * devicePixelRatioF(), PixelAt(event->position()),
+               Qt::NoButton, event->modifiers(), event->angleDelta().y()});
+    }
+    event->accept();
 }
 
 void DrawingArea::enterEvent(QEnterEvent* event) {

@@ -3,6 +3,7 @@
 #include "platform/main_window.h"
 #include "qtsurface/image_surface.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QWidget>
 
@@ -11,6 +12,17 @@
 #include <optional>
 
 namespace quelmont {
+
+/// What the mouse did over the drawing area.
+struct AreaMouse {
+    enum class Kind { Press, DoubleClick, Move, Release, Wheel };
+    Kind kind = Kind::Move;
+    QPointF place;                         ///< device pixels from the corner of the area
+    SurfacePoint pixel;                    ///< of the picture
+    Qt::MouseButton button = Qt::NoButton; ///< that was pressed or released
+    Qt::KeyboardModifiers modifiers;
+    int turned = 0; ///< of the wheel, away from the person, eighths of a degree
+};
 
 /// The inside of the main window: shows the back image, pixel for pixel on the screen.
 ///
@@ -51,11 +63,13 @@ public:
                      std::uint32_t color);
     void HidePreview();
 
-    /// Called with a place in device pixels when the left button of the mouse is pressed; a double click is
-    /// one press.
-    void OnPressed(std::function<void(QPointF)> handler) { pressed = std::move(handler); }
-    /// Called with its place in device pixels when the mouse is moved.
-    void OnMoved(std::function<void(QPointF)> handler) { moved = std::move(handler); }
+    /// Shows the picture as it now is, whatever is drawn on it, until LetGo, but for some tenths of a second
+    /// at most: a short draw is seen when it is done.
+    void Hold();
+    void LetGo();
+
+    /// Called with all that the mouse does.
+    void OnMouse(std::function<void(const AreaMouse&)> handler) { mouse = std::move(handler); }
     /// Called with the pixel of the picture that the mouse is over, and with nothing when it leaves the area.
     void OnPointed(std::function<void(std::optional<SurfacePoint>)> handler) { pointed = std::move(handler); }
     /// Called when the area has got another size.
@@ -64,8 +78,10 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -83,15 +99,20 @@ private:
     QSize WholeSize() const;
 
     ImageSurface surface{0, 0};
+    /// Hands on what a button of the mouse did, or its move.
+    void Tell(AreaMouse::Kind kind, const QMouseEvent& event);
+    bool IsHeld() const;
+
     QImage kept;                         ///< null when none is
     std::optional<ImageSurface> preview; ///< the picture with the preview on it
-    QRect previewed;                     ///< where it differs from the picture
+    QImage held;                         ///< what is shown instead of the picture; null when nothing is
+    QElapsedTimer sinceHold;
+    QRect previewed; ///< where it differs from the picture
     bool hasPicture = false;
     bool hinted = true; ///< nothing was drawn yet
     bool readyToDraw = false;
     qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
-    std::function<void(QPointF)> pressed;
-    std::function<void(QPointF)> moved;
+    std::function<void(const AreaMouse&)> mouse;
     std::function<void(std::optional<SurfacePoint>)> pointed;
     std::function<void()> resized;
 };

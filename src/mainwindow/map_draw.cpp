@@ -4,8 +4,10 @@
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "core/stop_signals.h"
+#include "core/unseen_boxes.h"
 #include "mainwindow/drawn_picture.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/picture_window.h"
 #include "mainwindow/plot_stages.h"
 #include "mainwindow/text_placing.h"
 #include "output/draw_target.h"
@@ -15,6 +17,8 @@
 #include "output/print_text.h"
 #include "output/scale_screen.h"
 #include "platform/machine.h"
+
+#include <utility>
 
 namespace quelmont {
 
@@ -53,7 +57,51 @@ void End() {
     GiveWindowBack(Routine);
 }
 
+/// A draw on the window, in the boxes of a draw. True when the picture is whole.
+bool Draw() {
+    const double width = Machine().window->ScaleWidth(); // it may have another size at the end
+    const double height = Machine().window->ScaleHeight();
+    if (!Guarded(Routine, Fit)) {
+        ForgetPicture();
+        DisarmExports();
+        return false;
+    }
+    bool whole = false;
+    Guarded(Routine, [&] {
+        Begin();
+        whole = RunStages(StopCaption);
+        if (whole) {
+            PrintTextOnWindow();
+        }
+    });
+    End();
+    whole = whole && !DrawBoxesShown();
+    NotePicture(whole, width, height);
+    return whole;
+}
+
 } // namespace
+
+bool DrawPicture() {
+    if (IsPlotting() || Design.TextPending) {
+        return false;
+    }
+    MainWindow& before = *Machine().window;
+    PictureWindow window(before);
+    Machine().window = &window;
+    const bool quiet = std::exchange(MainWindowNow.Quiet, true);
+    bool whole = false;
+    {
+        const UnseenBoxes boxes;
+        BeginDrawBoxes();
+        window.Cls();
+        whole = Draw();
+        ResetDrawBoxes();
+    }
+    MainWindowNow.Quiet = quiet;
+    Machine().window = &before;
+    return whole;
+}
 
 void MapDraw() {
     if (IsPlotting()) {
@@ -65,23 +113,7 @@ void MapDraw() {
     }
     BeginDrawBoxes();
     const StopSignals stopSignals;
-    const double width = Machine().window->ScaleWidth(); // it may have another size at the end
-    const double height = Machine().window->ScaleHeight();
-    if (Guarded(Routine, Fit)) {
-        bool whole = false;
-        Guarded(Routine, [&] {
-            Begin();
-            whole = RunStages(StopCaption);
-            if (whole) {
-                PrintTextOnWindow();
-            }
-        });
-        End();
-        NotePicture(whole && !DrawBoxesShown(), width, height);
-    } else {
-        ForgetPicture();
-        DisarmExports();
-    }
+    Draw();
     EndDrawBoxes();
     if (StopSignals::Came()) {
         Machine().window->Close();

@@ -1,6 +1,7 @@
 #include "view/map_move.h"
 
 #include "core/angle_text.h"
+#include "core/coordinates.h"
 #include "core/degrees.h"
 #include "core/number_text.h"
 #include "core/unseen_boxes.h"
@@ -225,14 +226,18 @@ void ScaleHeight(double factor) {
         FormatNumber(std::min(std::round(wanted / step) * step, most), "00000000");
 }
 
-bool ZoomTurned(const DesignBounds& before, PlanePoint about, const GlobePlace& place, double factor) {
-    const double share = std::hypot(about.x, about.y) / Design.MapXMax;
-    const double angle = std::atan2(about.y, about.x);
+void ScaleShown(double factor) {
     if (Design.ProjNum == ProjVerticalPerspective) {
         ScaleHeight(factor);
     } else {
         ScaleRange(factor);
     }
+}
+
+bool ZoomTurned(const DesignBounds& before, PlanePoint about, const GlobePlace& place, double factor) {
+    const double share = std::hypot(about.x, about.y) / Design.MapXMax;
+    const double angle = std::atan2(about.y, about.x);
+    ScaleShown(factor);
     if (!Accepted(before)) {
         return false;
     }
@@ -250,20 +255,27 @@ MapAxis ScaledLongitudes(const MapAxis& axis, double about, double factor) {
     return Scaled(axis, about, factor, LonLimits(axis), StepUnit::Seconds);
 }
 
-bool ZoomBounds(const DesignBounds& before, PlanePoint about, const GlobePlace& place, double factor) {
+/// Scales both axes about a place on them, seconds or metres.
+bool ZoomBounds(const DesignBounds& before, double aboutLat, double aboutLon, double factor) {
     const MapAxes axes = AxesNow();
-    MapAxes zoomed;
-    if (IsMetric()) {
-        zoomed = {Scaled(axes.lat, about.y, factor, LatLimits(), StepUnit::Metres),
-                  Scaled(axes.lon, about.x, factor, LonLimits(axes.lon), StepUnit::Metres)};
-    } else {
-        double lon = place.lon * DegreeSeconds;
-        lon += lon < static_cast<double>(axes.lon.low) ? static_cast<double>(FullCircle) : 0.0;
-        zoomed = {Scaled(axes.lat, place.lat * DegreeSeconds, factor, LatLimits(), StepUnit::Seconds),
-                  ScaledLongitudes(axes.lon, lon, factor)};
-    }
-    return AcceptAxes(before, axes, zoomed);
+    const MapAxis lat = Scaled(axes.lat, aboutLat, factor, LatLimits(), Unit());
+    const MapAxis lon = IsMetric() ? Scaled(axes.lon, aboutLon, factor, LonLimits(axes.lon), Unit())
+                                   : ScaledLongitudes(axes.lon, aboutLon, factor);
+    return AcceptAxes(before, axes, {lat, lon});
 }
+
+bool ZoomBoundsAt(const DesignBounds& before, PlanePoint about, const GlobePlace& place, double factor) {
+    if (IsMetric()) {
+        return ZoomBounds(before, about.y, about.x, factor);
+    }
+    const auto west = static_cast<double>(AxesNow().lon.low);
+    const double lon = place.lon * DegreeSeconds;
+    return ZoomBounds(before, place.lat * DegreeSeconds,
+                      lon < west ? lon + static_cast<double>(FullCircle) : lon, factor);
+}
+
+double Middle(const MapAxis& axis) { return static_cast<double>(axis.low + axis.high) / 2.0; }
+double Length(const MapAxis& axis) { return static_cast<double>(axis.high - axis.low); }
 
 /// Moves the bounds by distances, as far as they go; a map round the globe moves east and west alone.
 bool MoveBounds(const DesignBounds& before, double north, double east) {
@@ -301,7 +313,7 @@ std::vector<GlobePlace> PlacesOnEdges(PlanePoint a, PlanePoint b) {
 
 /// The axis that holds two places at least, with whole divisions.
 MapAxis Spanning(double low, double high, const MapAxis& axis, const AxisLimits& limits) {
-    const double length = static_cast<double>(axis.high - axis.low);
+    const double length = Length(axis);
     const double middle = (low + high) / 2.0;
     // Scaled about its middle, where the axis stays before it is moved.
     const double own = static_cast<double>(axis.low) + length / 2.0;
@@ -338,12 +350,7 @@ bool ShowCircle(const DesignBounds& before, const std::vector<GlobePlace>& place
     for (const GlobePlace& place : places) {
         farthest = std::max(farthest, SeenFrom(middle, place).distance);
     }
-    const double factor = farthest * DegreeSeconds / static_cast<double>(Design.RangeSec);
-    if (Design.ProjNum == ProjVerticalPerspective) {
-        ScaleHeight(factor);
-    } else {
-        ScaleRange(factor);
-    }
+    ScaleShown(farthest * DegreeSeconds / static_cast<double>(Design.RangeSec));
     WriteCentre(middle);
     return Accepted(before);
 }
@@ -358,7 +365,7 @@ bool IsChanged(const DesignBounds& before) {
 MapDrag::MapDrag(PlanePoint point) : from(point), held(PlaceAt(point.x, point.y)) {}
 
 bool MapDrag::To(PlanePoint point) const {
-    static_cast<DesignBounds&>(Design) = before;
+    Back();
     if (!held) {
         return false;
     }
@@ -387,8 +394,33 @@ bool ZoomMap(PlanePoint about, double factor) {
         return false;
     }
     const bool done =
-        IsTurned() ? ZoomTurned(before, about, *place, factor) : ZoomBounds(before, about, *place, factor);
+        IsTurned() ? ZoomTurned(before, about, *place, factor) : ZoomBoundsAt(before, about, *place, factor);
     return done && IsChanged(before);
+}
+
+bool ZoomMap(double factor) {
+    const DesignBounds before = Design;
+    if (IsTurned()) {
+        ScaleShown(factor);
+        return Accepted(before) && IsChanged(before);
+    }
+    const MapAxes axes = AxesNow();
+    return ZoomBounds(before, Middle(axes.lat), Middle(axes.lon), factor) && IsChanged(before);
+}
+
+bool StepMap(double north, double east) {
+    const DesignBounds before = Design;
+    if (IsTurned()) {
+        constexpr double least = 0.1; // about the poles a meridian is no way
+        const GlobePlace centre = CentreNow();
+        const double shown = 2.0 * DegreesOf(Design.RangeSec);
+        const double lat = std::clamp(centre.lat + north * shown, -90.0, 90.0);
+        const double shrunk = std::max(std::cos(centre.lat * DegToRad), least);
+        WriteCentre({lat, centre.lon + east * shown / shrunk});
+        return Accepted(before) && IsChanged(before);
+    }
+    const MapAxes axes = AxesNow();
+    return MoveBounds(before, north * Length(axes.lat), east * Length(axes.lon)) && IsChanged(before);
 }
 
 bool CentreMap(PlanePoint point) {
@@ -402,8 +434,8 @@ bool CentreMap(PlanePoint point) {
         return Accepted(before) && IsChanged(before);
     }
     const MapAxes axes = AxesNow();
-    const double midNorth = static_cast<double>(axes.lat.low + axes.lat.high) / 2.0;
-    const double midEast = static_cast<double>(axes.lon.low + axes.lon.high) / 2.0;
+    const double midNorth = Middle(axes.lat);
+    const double midEast = Middle(axes.lon);
     const bool moved = IsMetric()
                            ? MoveBounds(before, point.y - midNorth, point.x - midEast)
                            : MoveBounds(before, place->lat * DegreeSeconds - midNorth,

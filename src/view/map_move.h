@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/map_design.h"
+#include "output/area_rings.h"
 #include "projection/inverse_utm.h"
 
 #include <optional>
@@ -10,15 +11,10 @@
 ///
 /// Angles are rounded to what makes no difference in the picture. A move changes the bounds of the design
 /// (DesignBounds) and nothing else; one that is refused changes nothing. To be called while the projection in
-/// force has its bounds accepted (BoundsProjNum is ProjNum) and no draw runs.
+/// force has its bounds accepted (BoundsProjNum is ProjNum) and no draw runs. Points of the map are those
+/// that PlaceAt takes, metres on UTM.
 
 namespace quelmont {
-
-/// A point of the map, projection units as PlaceAt takes them; metres on UTM.
-struct PlanePoint {
-    double x = 0.0;
-    double y = 0.0;
-};
 
 /// A hand that has taken hold of the map. Every move is worked out from the design as it was then, so that a
 /// hand that comes back gives the same design.
@@ -35,6 +31,8 @@ public:
     /// Moves what is held to a point of the map as it was then; it may lie off the map. False when nothing is
     /// held or the bounds that this takes are refused; then the design is as it was.
     bool To(PlanePoint point) const;
+    /// Puts the design back as it was when the hand took hold.
+    void Back() const { static_cast<DesignBounds&>(Design) = before; }
 
 private:
     DesignBounds before = Design;
@@ -46,6 +44,12 @@ private:
 /// of an azimuthal map, the height of a view point, or the bounds. factor is above 0. False when nothing
 /// changed.
 bool ZoomMap(PlanePoint about, double factor);
+/// The same about the middle of the map, wherever that lies.
+bool ZoomMap(double factor);
+
+/// Shows what lies shares of the map's height to the north and of its width to the east, negative ones to the
+/// south and west, as far as the bounds go. False when nothing changed.
+bool StepMap(double north, double east);
 
 /// Makes the place at a point the middle of the map. False off the map and when it cannot be.
 bool CentreMap(PlanePoint point);

@@ -90,20 +90,29 @@ std::string MetresText(double metres, double perPixel) {
 
 } // namespace
 
-std::optional<MapPosition> PositionAt(SurfacePoint pixel) {
-    auto& picture = MainWindowNow.Picture;
+std::optional<PlanePoint> PointAt(SurfacePoint pixel) {
+    const auto& picture = MainWindowNow.Picture;
     if (!picture || IsPlotting() || picture->scaleX == 0.0 || picture->scaleY == 0.0) {
         return std::nullopt;
     }
     const double twipsX = static_cast<double>(pixel.x) * picture->twipsPerPixelX;
     const double twipsY = static_cast<double>(pixel.y) * picture->twipsPerPixelY;
-    const double x = (twipsX - picture->originX) / picture->scaleX + picture->bounds.MapXMin;
-    const double y = (picture->originY - twipsY) / picture->scaleY + picture->bounds.MapYMin;
+    return PlanePoint{(twipsX - picture->originX) / picture->scaleX + picture->bounds.MapXMin,
+                      (picture->originY - twipsY) / picture->scaleY + picture->bounds.MapYMin};
+}
+
+std::optional<MapPosition> PositionAt(SurfacePoint pixel) {
+    const auto point = PointAt(pixel);
+    if (!point) {
+        return std::nullopt;
+    }
+    auto& picture = MainWindowNow.Picture;
     const double perPixel = picture->twipsPerPixelX / picture->scaleX;
     const bool metres = picture->projNum == ProjUtm;
     const BoundsOfPicture bounds(*picture);
-    const auto place = PlaceAt(x, y);
-    return place ? std::optional(MapPosition{*place, x, y, perPixel, metres, DistortionOfPoint(x, y)})
+    const auto place = PlaceAt(point->x, point->y);
+    return place ? std::optional(MapPosition{*place, point->x, point->y, perPixel, metres,
+                                             DistortionOfPoint(point->x, point->y)})
                  : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "areas/distortion.h"
+#include "output/area_rings.h"
 #include "platform/draw_surface.h"
 #include "projection/inverse_utm.h"
 
@@ -18,6 +19,11 @@ struct MapPosition {
     bool metres = false;        ///< the map is one of UTM
     std::optional<Distortion> distortion = {}; ///< of the map there
 };
+
+/// The point of the plane, in projection units, that the picture in the window has at one of its pixels,
+/// counted from its upper left corner; it may lie off the map. Nothing where there is no picture, and while a
+/// draw runs.
+std::optional<PlanePoint> PointAt(SurfacePoint pixel);
 
 /// The place that the picture in the window has at one of its pixels, counted from its upper left corner. It
 /// is asked of the picture, whatever became of the design since it was drawn.
