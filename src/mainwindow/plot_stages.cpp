@@ -17,6 +17,7 @@
 #include "output/draw_target.h"
 #include "output/export_file.h"
 #include "output/fan_out.h"
+#include "output/map_surround.h"
 #include "platform/machine.h"
 #include "reports/map_description.h"
 
@@ -132,7 +133,11 @@ void BeginStages() {
         Design.AsciiFileName.resize(outputs);
     }
     ResetLineState();
-    Design.MapLabels.clear(); // those of the draw before
+    // Those of the draw before.
+    Design.MapLabels.clear();
+    if (Surround() != nullptr && !Design.PrintingNow) {
+        Surround()->ForgetTexts();
+    }
     Design.Statistics = {};
     if (Design.OutputSvg) {
         Design.MapTitle = MapTitleText();

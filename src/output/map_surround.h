@@ -23,6 +23,8 @@ public:
     /// Draws the texts about the map on the surface in use, after a draw or a print of the map.
     /// A failure shows its message box.
     virtual void DrawTexts() = 0;
+    /// A draw on the window begins: what an earlier one left to be drawn again is gone with its picture.
+    virtual void ForgetTexts() = 0;
     /// Draws those of the last draw on the window again, where the text items leave room for them.
     virtual void DrawTextsAgain() = 0;
 };

@@ -82,6 +82,11 @@ void GridSurround::DrawTexts() {
     });
 }
 
+void GridSurround::ForgetTexts() {
+    SurroundNow.drawnBar.reset();
+    SurroundNow.drawnLabels.clear();
+}
+
 void GridSurround::DrawTextsAgain() {
     Guarded(Routine, [] {
         DrawTextsOfBarAgain();

@@ -22,6 +22,7 @@ public:
     void PlotLines() override;
     void AddTexts() override;
     void DrawTexts() override;
+    void ForgetTexts() override;
     void DrawTextsAgain() override;
 };
 

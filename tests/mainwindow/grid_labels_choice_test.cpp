@@ -1,3 +1,4 @@
+#include "annotation/text_picture.h"
 #include "core/file_numbers.h"
 #include "core/map_design.h"
 #include "designfile/cnf_read.h"
@@ -78,6 +79,23 @@ TEST_F(GridLabelsChoice, ShowsWithTheNextDraw) {
     MapDraw();
     EXPECT_TRUE(WindowHas("-30"));
     EXPECT_THAT(Design.TextItems, IsEmpty());
+}
+
+TEST_F(GridLabelsChoice, PictureOfAStoppedDrawGetsNoLabelsOfTheDrawBefore) {
+    Design.InputFiles.clear();
+    Design.MapFileCount = 0;
+    Design.Frame.unit = ScaleBarUnit::Kilometres;
+    Choose(1, 0);
+    MapDraw();
+    window.surface.Forget();
+    ShowTexts();
+    EXPECT_TRUE(WindowHas("30\u00B0N"));
+    EXPECT_TRUE(WindowHas("0"));
+    machine.pump.At(machine.pump.calls + 3, EscapeKey);
+    MapDraw();
+    window.surface.Forget();
+    ShowTexts();
+    EXPECT_THAT(window.surface.Texts(), IsEmpty());
 }
 
 TEST_F(GridLabelsChoice, IsNoPartOfADesign) {
