@@ -5,7 +5,7 @@
 
 namespace quelmont {
 
-/// A box of a plane, by which areas are cut. Nothing of it is curved; what its coordinates are is told by
+/// A box of a plane, by which areas are cut. Nothing of it is curved; what its coordinates are is said by
 /// whoever uses it.
 struct PlaneBox {
     double west = 0.0, south = 0.0, east = 0.0, north = 0.0;

@@ -123,17 +123,17 @@ void TakeStyle(InputFileEntry& entry, const MapFileOptions& options) {
 }
 
 void TakeMaps(const DrawOptions& options) {
-    if (options.noMap || !options.maps.empty()) {
+    if (options.map.noMap || !options.map.files.empty()) {
         Design.InputFiles.clear();
-        for (const MapFileOptions& map : options.maps) {
+        for (const MapFileOptions& map : options.map.files) {
             TakeStyle(Design.InputFiles.emplace_back(NewMapFileEntry(map.file)), map);
         }
-        Design.MapFileCount = RoundToInt16(static_cast<double>(options.maps.size()));
+        Design.MapFileCount = RoundToInt16(static_cast<double>(options.map.files.size()));
         return;
     }
     // The default map, or those of a recalled design.
     for (InputFileEntry& entry : Design.InputFiles) {
-        TakeStyle(entry, options.defaultMap);
+        TakeStyle(entry, options.map.defaultMap);
     }
 }
 
@@ -143,21 +143,21 @@ bool ApplyCircles(const DrawOptions& options) {
     const auto pixels = [](std::optional<int> width, float& twips) {
         twips = width ? static_cast<float>(*width) * Design.TwipsPerPixelY : twips;
     };
-    Design.GcColor = options.greatCircleLine.color.value_or(Design.GcColor);
-    Design.ScColor = options.smallCircleLine.color.value_or(Design.ScColor);
-    pixels(options.greatCircleLine.width, Design.GcLineWidth);
-    pixels(options.smallCircleLine.width, Design.ScLineWidth);
-    Design.ScSymbolCount = options.circles.value_or(Design.ScSymbolCount);
+    Design.GcColor = options.circles.greatCircleLine.color.value_or(Design.GcColor);
+    Design.ScColor = options.circles.smallCircleLine.color.value_or(Design.ScColor);
+    pixels(options.circles.greatCircleLine.width, Design.GcLineWidth);
+    pixels(options.circles.smallCircleLine.width, Design.ScLineWidth);
+    Design.ScSymbolCount = options.circles.count.value_or(Design.ScSymbolCount);
     const auto take = [](const std::string& table, std::string& name) {
         name = table.empty() ? name : table;
     };
-    take(options.greatCircleLine.table, Design.GcFileName);
-    take(options.smallCircleLine.table, Design.ScFileName);
-    if (options.circles && !options.smallCircle && Design.ScDefined) {
+    take(options.circles.greatCircleLine.table, Design.GcFileName);
+    take(options.circles.smallCircleLine.table, Design.ScFileName);
+    if (options.circles.count && !options.circles.smallCircle && Design.ScDefined) {
         ScCalc(); // those of a recalled design
     }
-    return (!options.greatCircle || AcceptGreatCircle(*options.greatCircle)) &&
-           (!options.smallCircle || AcceptSmallCircle(*options.smallCircle));
+    return (!options.circles.greatCircle || AcceptGreatCircle(*options.circles.greatCircle)) &&
+           (!options.circles.smallCircle || AcceptSmallCircle(*options.circles.smallCircle));
 }
 
 bool ApplyOptions(const DrawOptions& options) {
@@ -168,7 +168,7 @@ bool ApplyOptions(const DrawOptions& options) {
         Design.LineWidthsScaled = !options.noLineScaling;
     }
     Design.TextScalePercent = RoundToInt16(options.textScale.value_or(Design.TextScalePercent));
-    Design.LabelsVisible = Design.LabelsVisible && !options.noLabels;
+    Design.LabelsVisible = Design.LabelsVisible && !options.map.noLabels;
     TakeGrid(options);
     TakeGridLabels(options.gridLabels);
     TakeFrame(options.frame);

@@ -108,10 +108,10 @@ void SavePicture(HeadlessMachine& machine, const std::string& output) {
 
 /// The tables of circles that were asked for.
 void SaveTables(const DrawOptions& options) {
-    if (!options.greatCircleLine.table.empty()) {
+    if (!options.circles.greatCircleLine.table.empty()) {
         GcSave();
     }
-    if (!options.smallCircleLine.table.empty()) {
+    if (!options.circles.smallCircleLine.table.empty()) {
         ScSave();
     }
 }
@@ -229,7 +229,8 @@ int TakeOptions(const HeadlessMachine& machine, const DrawOptions& options, std:
     FilesBeside beside{.tables = FilesOf(options.reports),
                        .savedDesign = options.saveDesign,
                        .recalledDesign = options.design};
-    for (const std::string& table : {options.greatCircleLine.table, options.smallCircleLine.table}) {
+    for (const std::string& table :
+         {options.circles.greatCircleLine.table, options.circles.smallCircleLine.table}) {
         if (!table.empty()) {
             beside.tables.push_back(table);
         }

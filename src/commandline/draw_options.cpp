@@ -1,13 +1,10 @@
 #include "commandline/draw_options.h"
 
-#include "circles/small_circle.h"
 #include "commandline/angle_value.h"
+#include "commandline/draw_help.h"
 #include "commandline/export_output.h"
 #include "commandline/option_values.h"
 #include "core/file_names.h"
-#include "mainwindow/start_up.h"
-#include "mapfiles/feature_rows.h"
-#include "mapfiles/map_formats.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 
@@ -80,64 +77,6 @@ constexpr const char* DesignEnding = "cnf";
 constexpr std::array<const char*, 2> LobeNames = {"--lobes-north", "--lobes-south"};
 // clang-format on
 
-/// The most that a dialog lets a line or a symbol measure.
-constexpr int LargestPixels = 600;
-
-constexpr const char* Notes =
-    R"(An angle A is 40N, 122:26:00W, 22:30, or decimal degrees such as -37.5 (south and
-west are negative). What is not given stands as the dialogs of the window propose
-it: bounds and grid for the projection, standard parallels for the bounds.
-
-A map file that ends in .prn is a text of one's own, a point on each line:
-  flag, latitude, longitude, and perhaps a label in double quotes
-The flag is -1 where a line begins and 0 where it goes on. Decimal degrees, south and
-west negative; commas or blanks between them:
-  -1  46.20   6.15  "Geneva"
-   0  46.52   6.63
-   0  46.46   6.84
-  -1 -33.86 151.21  "Sydney"
-
-A map design holds all of a map: what the window's "Save Map Design" and --save-design
-write, and what "Recall Map Design" and --design read. Options beside --design change
-what they name; those of a map file without --map change every map file of the design.
-
-Examples:
-  quelmont-draw world.png
-      The whole world on the equirectangular projection.
-  quelmont-draw --projection mercator --north 48N --south 30N --west 7W --east 37E \
-      --lat-grid 6 --lon-grid 4 --window 1600x1000 --text "Mare Nostrum" --at 45%,68% \
-      --text-size 24 --italic --rotate 10 mediterranean.png
-      A region, on a larger picture, with a name on it.
-  quelmont-draw --projection orthographic --central-lat 20S --central-lon 60W \
-      --map rivers.map --feature-color 0000FF --map towns.prn --symbol 12 \
-      --label-font "DejaVu Serif" --label-size 12 america.png
-      A globe, with map files and styles of one's own, and the names of the towns.
-  quelmont-draw --projection "azimuthal equidistant" --central-lat 37:47N \
-      --central-lon 122:26W --great-circle 37:47N,122:26W,29:20N,47:59E \
-      --small-circle 37:47N,122:26W,90 --circles 9 --small-circle-width 1 route.png
-      The shortest way between two places, and rings of equal distance.
-  quelmont-draw --design trip.cnf --background E0F0FF trip.png
-      A design made in the window, on another background.
-
-  quelmont-draw --projection robinson --landscape --paper A3 --map-width 38cm world.pdf
-      A page to print, or to send.
-
-Exit status: 0 done; 1 the design was refused, or a map file, the picture or a table
-failed, as the messages tell; 2 the command line is wrong, or its circles were refused.)";
-
-std::string Lists() {
-    std::string text = "Projections, by number or name; the first words of a name will do:\n";
-    for (const ProjectionEntry& entry : Projections) {
-        const std::string number = std::to_string(entry.ProjNum);
-        text += std::string(4 - number.size(), ' ') + number + "  " + std::string(entry.ProjName) + "\n";
-    }
-    text += "\nSpheroids:\n";
-    for (const Spheroid& spheroid : Spheroids) {
-        text += "  " + std::string(spheroid.name) + "\n";
-    }
-    return text + "\n";
-}
-
 /// The help without what the parser knows about each option beside its name and its values.
 class PlainFormatter : public CLI::Formatter {
 public:
@@ -165,24 +104,21 @@ public:
 
 private:
     using Take = std::function<void(const std::string& value)>;
-    using TakeOfMap = std::function<void(MapFileOptions& map, const std::string& value)>;
 
     CLI::Option* Add(const std::string& name, const char* type, const char* description, Take take);
+    /// What adds an option to the group in hand.
+    AddOption Adder();
     template <std::size_t Size>
     void AddAngles(std::span<const AngleOption> table, std::array<std::optional<std::string>, Size>& texts);
     template <std::size_t Size>
     void AddDigits(const DigitsOption& option, const char* type,
                    std::array<std::optional<std::string>, Size>& texts);
-    void AddOfMap(const std::string& name, const char* type, const char* description, TakeOfMap take);
-    void AddOfLabels(const std::string& name, const char* type, const char* description, TakeOfMap take);
     void AddProjection();
     void AddUtm();
     void AddGrid();
     void AddFills();
     void AddCircles();
-    void AddCircleLine(CLI::Option* circle, const std::string& name, const char* table, CircleOptions& line);
     void AddMaps();
-    void AddLabels();
     void AddTexts();
     void AddReports();
     void AddPicture();
@@ -190,7 +126,7 @@ private:
     void AddDesign();
 
     DrawOptions& options;
-    std::vector<std::pair<CLI::Option*, CLI::Option*>> ofCircles; ///< each beside the circle that it is for
+    OptionsOfCircles ofCircles;
     CLI::App app{"Draws a map without a window: coastlines, borders, rivers and a grid.", "quelmont-draw"};
     const char* group = "";
 };
@@ -202,7 +138,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     app.get_formatter()->label("Positionals", "Argument");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.set_version_flag("--version", "quelmont-draw " + version, "Print the version and exit");
-    app.footer(Lists() + Notes);
+    app.footer(HelpBelowOptions());
     AddPicture();
     AddPage();
     AddDesign();
@@ -225,9 +161,9 @@ std::string OptionTable::OptionWithoutObject() const {
             return option->get_name() + " requires " + circle->get_name();
         }
     }
-    for (const std::string& name : options.namesOfDefaultMap) {
+    for (const std::string& name : options.map.namesOfDefaultMap) {
         if (name.rfind("--label-", 0) == 0) {
-            return name + ": the points of " + options.defaultMap.file + " have no labels";
+            return name + ": the points of " + options.map.defaultMap.file + " have no labels";
         }
     }
     return "";
@@ -250,6 +186,12 @@ CLI::Option* OptionTable::Add(const std::string& name, const char* type, const c
         }
     };
     return app.add_option_function<std::string>(name, takeOrTell, description)->type_name(type)->group(group);
+}
+
+AddOption OptionTable::Adder() {
+    return [this](const std::string& name, const char* type, const char* description, Take take) {
+        return Add(name, type, description, std::move(take));
+    };
 }
 
 template <std::size_t Size>
@@ -315,12 +257,7 @@ void OptionTable::AddPicture() {
 
 void OptionTable::AddPage() {
     group = "Page of a PDF file";
-    AddPageOptions(
-        app, group,
-        [this](const std::string& name, const char* type, const char* description, Take take) {
-            return Add(name, type, description, std::move(take));
-        },
-        options.page);
+    AddPageOptions(app, group, Adder(), options.page);
 }
 
 void OptionTable::AddDesign() {
@@ -374,15 +311,8 @@ void OptionTable::AddGrid() {
         [this](const std::string& value) { options.gridWidth = NumberValue(value, 1, LargestPixels); });
     Add("--background", "RRGGBB", "Colour of the background (FFFFFF)",
         [this](const std::string& value) { options.background = ColorOf(value); });
-    AddGridLabelOptions([this](const std::string& name, const char* type, const char* description,
-                               Take take) { return Add(name, type, description, std::move(take)); },
-                        options.gridLabels);
-    AddFrameOptions(
-        app, group,
-        [this](const std::string& name, const char* type, const char* description, Take take) {
-            return Add(name, type, description, std::move(take));
-        },
-        options.frame);
+    AddGridLabelOptions(Adder(), options.gridLabels);
+    AddFrameOptions(app, group, Adder(), options.frame);
 }
 
 void OptionTable::AddFills() {
@@ -397,139 +327,22 @@ void OptionTable::AddFills() {
 
 void OptionTable::AddCircles() {
     group = "Circles";
-    CLI::Option* const great =
-        Add("--great-circle", "A,A,A,A", "Latitude and longitude of a route's start, then of its end",
-            [this](const std::string& value) {
-                options.greatCircle = AngleValues<4>({Latitude, Longitude, Latitude, Longitude}, value);
-            });
-    AddCircleLine(great, "great-circle", "Save the route as a text file (.prn)", options.greatCircleLine);
-    CLI::Option* const small =
-        Add("--small-circle", "A,A,A", "Latitude, longitude and radius of a circle about a place",
-            [this](const std::string& value) {
-                options.smallCircle = AngleValues<3>({Latitude, Longitude, Arc}, value);
-            });
-    CLI::Option* const count = Add(
-        "--circles", "1..80", "So many circles, the others within it (3)", [this](const std::string& value) {
-            options.circles = static_cast<std::int16_t>(NumberValue(value, 1, MostSmallCircles));
-        });
-    ofCircles.emplace_back(count, small);
-    AddCircleLine(small, "small-circle", "Save the circles as a text file (.prn)", options.smallCircleLine);
-}
-
-/// The line of a kind of circles.
-void OptionTable::AddCircleLine(CLI::Option* circle, const std::string& name, const char* table,
-                                CircleOptions& line) {
-    CLI::Option* const color = Add("--" + name + "-color", "RRGGBB", "Its colour (0000FF)",
-                                   [&line](const std::string& value) { line.color = ColorOf(value); });
-    CLI::Option* const width =
-        Add("--" + name + "-width", "PX", "Its width (3)",
-            [&line](const std::string& value) { line.width = NumberValue(value, 1, LargestPixels); });
-    CLI::Option* const save = Add("--save-" + name, "FILE", table, [&line](const std::string& value) {
-        if (value.empty()) {
-            throw BadValue("\"\" is no file");
-        }
-        line.table = value;
-    });
-    for (CLI::Option* const option : {color, width, save}) {
-        ofCircles.emplace_back(option, circle);
-    }
-}
-
-/// An option that belongs to the --map before it, and to the default map before the first. It is taken when
-/// it is read, not at the end.
-void OptionTable::AddOfMap(const std::string& name, const char* type, const char* description,
-                           TakeOfMap take) {
-    Add(name, type, description, [this, name, take = std::move(take)](const std::string& value) {
-        if (options.maps.empty()) {
-            take(options.defaultMap, value);
-            options.namesOfDefaultMap.push_back(name);
-        } else {
-            take(options.maps.back(), value);
-        }
-    })->trigger_on_parse();
-}
-
-/// An option of the labels that the points of a map file may have.
-void OptionTable::AddOfLabels(const std::string& name, const char* type, const char* description,
-                              TakeOfMap take) {
-    AddOfMap(name, type, description,
-             [this, take = std::move(take)](MapFileOptions& map, const std::string& value) {
-                 // Before the first --map they may be for the files of a design, which is yet to be read.
-                 if (!options.maps.empty() && !MayHaveLabels(map.file)) {
-                     throw BadValue("the points of " + map.file + " have no labels");
-                 }
-                 take(map, value);
-             });
-}
-
-void OptionTable::AddLabels() {
-    app.add_flag("--no-labels", options.noLabels, "No labels beside the points of any map")->group(group);
-    AddOfLabels("--label-font", "NAME", "Font of its labels (Arial)",
-                [](MapFileOptions& file, const std::string& value) {
-                    if (value.empty()) {
-                        throw BadValue("\"\" is no font");
-                    }
-                    file.labelFont = value;
-                });
-    AddOfLabels("--label-size", "4..200", "Their size in points (10)",
-                [](MapFileOptions& file, const std::string& value) {
-                    file.labelSize = NumberValue(value, SmallestFontSize, LargestFontSize);
-                });
-    AddOfLabels("--label-color", "RRGGBB", "Their colour (000000)",
-                [](MapFileOptions& file, const std::string& value) { file.labelColor = ColorOf(value); });
+    ofCircles = AddCircleOptions(Adder(), options.circles);
 }
 
 void OptionTable::AddMaps() {
     group = "Map files, in their order; the others belong to the --map before, or the default map";
-    options.defaultMap.file = DefaultMapTitle;
-    CLI::Option* const map =
-        Add("--map", "FILE", "A map file, instead of the default map",
-            [this](const std::string& value) { options.maps.emplace_back().file = value; });
-    map->trigger_on_parse();
-    app.add_flag("--no-map", options.noMap, "No map file at all")->group(group)->excludes(map);
-    AddOfMap("--symbol", "1..12",
-             "1 lines, 2 dots, 3 plus, 4 cross, 5/6 square, 7/8 diamond, 9/10\n"
-             "triangle, 11/12 circle, open/filled (1)",
-             [](MapFileOptions& file, const std::string& value) {
-                 file.symbol = static_cast<std::int16_t>(NumberValue(value, 1, 12));
-             });
-    AddOfMap("--feature-color", "RRGGBB", "One colour for all its features",
-             [](MapFileOptions& file, const std::string& value) { file.color = ColorOf(value); });
-    AddOfMap("--line-width", "PX", "Width of lines (1)", [](MapFileOptions& file, const std::string& value) {
-        file.lineWidth = NumberValue(value, 1, LargestPixels);
-    });
-    AddOfMap("--symbol-size", "PX", "Radius of symbols (3)",
-             [](MapFileOptions& file, const std::string& value) {
-                 file.symbolSize = NumberValue(value, 1, LargestPixels);
-             });
-    AddOfMap("--border-width", "PX", "Outline of open symbols (1)",
-             [](MapFileOptions& file, const std::string& value) {
-                 file.borderWidth = NumberValue(value, 1, LargestPixels);
-             });
-    AddOfMap("--hide", "N[,N...]", "Feature rows not to draw",
-             [](MapFileOptions& file, const std::string& value) {
-                 const std::vector<int> rows =
-                     NumbersValue(value, 1, static_cast<int>(FeatureRows(file.file).size()));
-                 file.hidden.insert(file.hidden.end(), rows.begin(), rows.end());
-             });
-    AddLabels();
+    AddMapOptions(app, group, Adder(), options.map);
 }
 
 void OptionTable::AddTexts() {
     group = "Text, over everything; the others belong to the --text before";
-    AddTextOptions(
-        app, group,
-        [this](const std::string& name, const char* type, const char* description, Take take) {
-            return Add(name, type, description, std::move(take));
-        },
-        options.texts);
+    AddTextOptions(app, group, Adder(), options.texts);
 }
 
 void OptionTable::AddReports() {
     group = "Reports; OUTPUT may then be left out";
-    AddReportOptions([this](const std::string& name, const char* type, const char* description,
-                            Take take) { return Add(name, type, description, std::move(take)); },
-                     options.reports);
+    AddReportOptions(Adder(), options.reports);
 }
 
 void OptionTable::Read(std::vector<std::string> arguments) {
@@ -563,8 +376,9 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
         return WrongUsage{
             "--paper, --landscape, --map-width, --left and --top are for an OUTPUT that ends in .pdf"};
     }
-    const bool savesTables = !options.greatCircleLine.table.empty() ||
-                             !options.smallCircleLine.table.empty() || !FilesOf(options.reports).empty();
+    const bool savesTables = !options.circles.greatCircleLine.table.empty() ||
+                             !options.circles.smallCircleLine.table.empty() ||
+                             !FilesOf(options.reports).empty();
     if (options.output.empty() && !savesTables && !options.saveDesign) {
         return WrongUsage{"OUTPUT is required"};
     }
@@ -576,7 +390,8 @@ std::variant<DrawOptions, TextAnswer, WrongUsage> ReadDrawOptions(const std::vec
 }
 
 std::vector<std::string> OptionsOfUndrawnMap(const DrawOptions& options) {
-    return options.noMap || !options.maps.empty() ? options.namesOfDefaultMap : std::vector<std::string>();
+    return options.map.noMap || !options.map.files.empty() ? options.map.namesOfDefaultMap
+                                                           : std::vector<std::string>();
 }
 
 std::vector<std::string> OptionsWithoutMeaning(const DrawOptions& options) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "commandline/circle_options.h"
 #include "commandline/frame_options.h"
 #include "commandline/grid_label_options.h"
+#include "commandline/map_options.h"
 #include "commandline/page_options.h"
 #include "commandline/report_options.h"
 #include "commandline/text_options.h"
@@ -17,27 +19,6 @@
 #include <vector>
 
 namespace quelmont {
-
-/// A map file of the command line and what was said about it. Sizes in pixels.
-struct MapFileOptions {
-    std::string file;
-    std::optional<std::int16_t> symbol;
-    std::optional<ColorValue> color;
-    std::optional<int> lineWidth;
-    std::optional<int> symbolSize;
-    std::optional<int> borderWidth;
-    std::vector<int> hidden; ///< feature rows, from 1
-    std::optional<std::string> labelFont;
-    std::optional<int> labelSize; ///< points
-    std::optional<ColorValue> labelColor;
-};
-
-/// How a kind of circles is drawn, and the file for the table of its points (empty: none).
-struct CircleOptions {
-    std::optional<ColorValue> color;
-    std::optional<int> width; ///< pixels
-    std::string table;
-};
 
 /// The command line of quelmont-draw. Angles and metres are the texts of the fields that they stand
 /// for, as far as they were given; nothing of it is checked against the projection yet.
@@ -59,20 +40,12 @@ struct DrawOptions {
     FillChoice fill;
     GridLabelOptions gridLabels;
     FrameOptions frame;
-    std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
-    CircleOptions greatCircleLine;
-    std::optional<std::array<std::string, 3>> smallCircle; ///< ScText
-    std::optional<std::int16_t> circles;                   ///< ScSymbolCount
-    CircleOptions smallCircleLine;
+    CircleOptions circles;
     ReportOptions reports;
-    bool noMap = false;
-    bool noLabels = false;
-    std::vector<MapFileOptions> maps; ///< empty: the default map
-    MapFileOptions defaultMap;        ///< its style; the file is the one that comes with the program
-    std::vector<std::string> namesOfDefaultMap; ///< the options that were given for it
-    std::vector<PlacedTextOptions> texts;       ///< each with its place
-    PageOptions page;                           ///< of a PDF file
-    SurfacePoint window{1280, 924};             ///< drawing area, pixels
+    MapOptions map;
+    std::vector<PlacedTextOptions> texts; ///< each with its place
+    PageOptions page;                     ///< of a PDF file
+    SurfacePoint window{1280, 924};       ///< drawing area, pixels
     bool windowGiven = false;
     std::optional<SurfacePoint> screen;
     int percent = 100;

@@ -7,29 +7,17 @@
 #include "core/degrees.h"
 #include "core/map_design.h"
 #include "surround/scale_bar_place.h"
+#include "surround/scale_bar_units.h"
 #include "surround/surround_state.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace quelmont {
 
 namespace {
-
-struct UnitWord {
-    std::string_view word;
-    ScaleBarUnit unit;
-};
-
-constexpr std::array Units = std::to_array<UnitWord>({
-    {"km", ScaleBarUnit::Kilometres},
-    {"mi", ScaleBarUnit::StatuteMiles},
-    {"nmi", ScaleBarUnit::NauticalMiles},
-    {"none", ScaleBarUnit::None},
-});
 
 double LatitudeValue(std::string_view value) {
     const AngleField rule{AngleFieldKind::Latitude, "", 90, "Latitude cannot be > 90  00  00"};
@@ -43,12 +31,11 @@ double LatitudeValue(std::string_view value) {
 void TakeBar(FrameOptions& frame, std::string_view value) {
     const std::size_t at = std::min(value.find('@'), value.size());
     const std::string_view word = value.substr(0, at);
-    const auto* const unit =
-        std::find_if(Units.begin(), Units.end(), [&](const UnitWord& row) { return row.word == word; });
-    if (unit == Units.end()) {
+    const std::optional<ScaleBarUnit> unit = ScaleBarUnitOf(word);
+    if (!unit) {
         throw BadValue("\"" + std::string(word) + "\" is none of km, mi, nmi, none");
     }
-    frame.unit = unit->unit;
+    frame.unit = unit;
     frame.latitude.reset();
     if (at < value.size()) {
         frame.latitude = LatitudeValue(value.substr(at + 1));

@@ -11,7 +11,7 @@ namespace quelmont {
 /// The frame and the scale bar, as far as the command line tells of them.
 struct FrameOptions {
     bool frame = false;
-    /// Nothing was told of a bar; one without a unit is none.
+    /// Without a value nothing was said of a bar; one without a unit is none.
     std::optional<ScaleBarUnit> unit;
     std::optional<double> latitude; ///< degrees
 };

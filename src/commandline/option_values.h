@@ -29,6 +29,9 @@ std::string DigitsValue(std::string_view value, std::size_t width);
 /// A scale factor above 0, as it stands.
 std::string ScaleFactorValue(std::string_view value);
 
+/// The most that a dialog lets a line or a symbol measure.
+constexpr int LargestPixels = 600;
+
 /// Points that a font may have.
 constexpr int SmallestFontSize = 4;
 constexpr int LargestFontSize = 200;

@@ -184,7 +184,7 @@ void Restore(const std::string& target, const std::unique_ptr<TemporaryFile>& ke
             std::filesystem::remove(target, ignored);
         }
     } catch (const RunTimeError&) {
-        // The failure for which it was to be put back is told.
+        // The failure for which it was to be put back is reported.
     }
 }
 

@@ -131,7 +131,7 @@ void WriteDesignFile(const std::string& name, const std::string& text) {
         try {
             CloseFile(OutputFileNumber);
         } catch (const RunTimeError&) {
-            // The failure of the writing is told.
+            // The failure of the writing is reported.
         }
         throw;
     }

@@ -15,7 +15,7 @@
 
 namespace quelmont {
 
-/// The screen and the window for which a design was saved. Sizes in twips unless told.
+/// The screen and the window for which a design was saved. Sizes in twips unless stated.
 struct SavedWindow {
     std::int32_t ScreenPixelsX = 0, ScreenPixelsY = 0;
     float TwipsPerPixelX = 0.0F, TwipsPerPixelY = 0.0F;

@@ -28,7 +28,7 @@ class MaskedEdit;
 class PageView;
 
 /// The widgets that show the controls of a form, one function for each kind of control. A widget and its
-/// control are bound: the widget shows what the control has, and what is done to the widget is told to the
+/// control are bound: the widget shows what the control has, and what is done to the widget is passed to the
 /// form. What the dialog does with focus, keys and the screen is FormView's (form_view.h).
 ///
 /// Buttons get the focus by the tab key only.

@@ -14,7 +14,7 @@ namespace {
 constexpr int Requests = 3;
 constexpr int Milliseconds = 100;
 
-/// A request for the keyboard bears the time of the last event that the window system told; one from
+/// A request for the keyboard bears the time of the last event that came from the window system; one from
 /// before the moment when the window manager took the keyboard away counts as outdated. A property
 /// that is set brings an event with the time of now, for the next request.
 void AskForTheTime(const QWidget& window) {

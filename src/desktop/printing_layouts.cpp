@@ -27,23 +27,14 @@ QGroupBox* Box(FormView& view, std::string_view frame) {
     return box;
 }
 
-QGroupBox* BoxOfOptions(FormView& view, std::string_view frame,
-                        std::initializer_list<std::string_view> options) {
+/// Options or checks, one below the other.
+QGroupBox* BoxOfButtons(FormView& view, std::string_view frame,
+                        std::initializer_list<std::string_view> buttons) {
     QGroupBox* const box = Box(view, frame);
     auto* const column = new QVBoxLayout(box);
-    for (const std::string_view option : options) {
-        column->addWidget(view.AddOption(option));
-    }
-    column->addStretch();
-    return box;
-}
-
-QGroupBox* BoxOfChecks(FormView& view, std::string_view frame,
-                       std::initializer_list<std::string_view> checks) {
-    QGroupBox* const box = Box(view, frame);
-    auto* const column = new QVBoxLayout(box);
-    for (const std::string_view check : checks) {
-        column->addWidget(view.AddCheck(check));
+    for (const std::string_view name : buttons) {
+        const bool check = view.Shown().At(name).kind == ControlKind::Check;
+        column->addWidget(check ? static_cast<QWidget*>(view.AddCheck(name)) : view.AddOption(name));
     }
     column->addStretch();
     return box;
@@ -96,11 +87,11 @@ void LayOutPrintMap(FormView& view) {
         papers->addWidget(list, 1);
         boxes->addLayout(papers, 0, column++, 3, 1);
     }
-    boxes->addWidget(BoxOfOptions(view, "MapOrientation", {"Portrait", "Landscape"}), 0, column);
-    boxes->addWidget(BoxOfOptions(view, "PrintUnits", {"Inches", "Centimeters"}), 0, column + 1);
+    boxes->addWidget(BoxOfButtons(view, "MapOrientation", {"Portrait", "Landscape"}), 0, column);
+    boxes->addWidget(BoxOfButtons(view, "PrintUnits", {"Inches", "Centimeters"}), 0, column + 1);
     boxes->addWidget(BoxOfFields(view, "MapSize", {"WidthMap", "HeightMap"}), 1, column);
     boxes->addWidget(BoxOfFields(view, "MapMargins", {"LeftMap", "TopMap"}), 1, column + 1);
-    boxes->addWidget(BoxOfChecks(view, "CenterMap", {"HorizontalMap", "VerticalMap"}), 2, column);
+    boxes->addWidget(BoxOfButtons(view, "CenterMap", {"HorizontalMap", "VerticalMap"}), 2, column);
     view.Column()->addLayout(boxes);
     view.AddButtons({"OK", "Cancel"});
 }
@@ -109,8 +100,8 @@ void LayOutReportMargins(FormView& view) {
     view.Column()->addWidget(view.AddExplanation("Help"));
     auto* const boxes = new QGridLayout;
     boxes->setSpacing(view.Gap());
-    boxes->addWidget(BoxOfOptions(view, "ReportOrientation", {"Portrait", "Landscape"}), 0, 0);
-    boxes->addWidget(BoxOfOptions(view, "ReportUnits", {"Inches", "Centimeters"}), 0, 1);
+    boxes->addWidget(BoxOfButtons(view, "ReportOrientation", {"Portrait", "Landscape"}), 0, 0);
+    boxes->addWidget(BoxOfButtons(view, "ReportUnits", {"Inches", "Centimeters"}), 0, 1);
     boxes->addWidget(BoxOfFields(view, "ReportFrame", {"RptTbLeft", "RptTbRight", "RptTbTop", "RptTbBottom"}),
                      1, 0, 1, 2);
     view.Column()->addLayout(boxes);

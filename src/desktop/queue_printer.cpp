@@ -25,7 +25,7 @@ struct PaperDots {
     QRect printable;
 };
 
-/// What a queue cannot print on is told for paper that stands upright. Paper that lies may have been turned
+/// What a queue cannot print on is known for paper that stands upright. Paper that lies may have been turned
 /// either way.
 PaperDots DotsOf(const QPrinter& printer) {
     const QPageLayout layout = printer.pageLayout();

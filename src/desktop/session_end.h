@@ -7,7 +7,7 @@ class QWidget;
 
 namespace quelmont {
 
-/// Ends the program as its close button does when its session ends: when the process is told to end
+/// Ends the program as its close button does when its session ends: when the process is asked to end
 /// (interrupt, terminate, hang up), or by the session manager. Open dialogs are cancelled, a draw is stopped,
 /// the settings are written. A second signal ends the process at once.
 ///

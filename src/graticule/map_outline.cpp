@@ -4,17 +4,16 @@
 #include "core/degrees.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
-#include "core/unseen_boxes.h"
 #include "graticule/lobes.h"
 #include "projection/lobe_row.h"
-#include "projection/project_select.h"
+#include "projection/map_in_hand.h"
+#include "projection/project_place.h"
 #include "projection/projection_table.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <optional>
 
 namespace quelmont {
@@ -30,32 +29,6 @@ constexpr int CurvedPieces = 16;
 constexpr int MostHalvings = 8;
 /// From so many lines on they cannot be told apart.
 constexpr std::int32_t MostMarks = 2000;
-
-/// The design's own numbers, which come back at the end.
-class KeptDesign {
-public:
-    KeptDesign() = default;
-    ~KeptDesign() {
-        static_cast<DesignBounds&>(Design) = bounds;
-        Design.LobeOffsetX = offset;
-        Design.ProjLat = lat;
-        Design.ProjLon = lon;
-        Design.ProjX = x;
-        Design.ProjY = y;
-        Design.ProjOffMap = offMap;
-        Design.ProjTestMode = testMode;
-        Design.PointStatus = status;
-    }
-    KeptDesign(const KeptDesign&) = delete;
-    KeptDesign& operator=(const KeptDesign&) = delete;
-
-private:
-    DesignBounds bounds = Design;
-    double offset = Design.LobeOffsetX;
-    double lat = Design.ProjLat, lon = Design.ProjLon, x = Design.ProjX, y = Design.ProjY;
-    bool offMap = Design.ProjOffMap;
-    std::int16_t testMode = Design.ProjTestMode, status = Design.PointStatus;
-};
 
 double SizeOfMap() { return std::max(Design.MapXMax - Design.MapXMin, Design.MapYMax - Design.MapYMin); }
 
@@ -76,18 +49,8 @@ struct GridPlace {
 };
 
 std::optional<PlanePlace> Projected(GridPlace place) {
-    const UnseenBoxes unseen;
-    Design.ProjTestMode = TestNone;
-    Design.ProjLat = place.lat;
-    Design.ProjLon = place.lon;
-    // A coordinate that fails keeps its value.
-    Design.ProjX = std::numeric_limits<double>::quiet_NaN();
-    Design.ProjY = Design.ProjX;
-    ProjectSelect();
-    if (Design.ProjOffMap || !std::isfinite(Design.ProjX) || !std::isfinite(Design.ProjY)) {
-        return std::nullopt;
-    }
-    return PlanePlace{Design.ProjX, Design.ProjY};
+    return ProjectPlace(place.lat, place.lon) ? std::optional(PlanePlace{Design.ProjX, Design.ProjY})
+                                              : std::nullopt;
 }
 
 using Chain = std::vector<PlanePlace>;
@@ -409,7 +372,7 @@ MapOutline OutlineOfDisc() {
 } // namespace
 
 MapOutline OutlineOfMap() {
-    const KeptDesign kept;
+    const MapInHand map;
     if (IsAzimuthal(Design.ProjNum)) {
         return OutlineOfDisc();
     }

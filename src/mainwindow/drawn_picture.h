@@ -14,7 +14,7 @@ struct DrawnPicture {
     double originX = 0.0, originY = 0.0, scaleX = 0.0, scaleY = 0.0; ///< as ScaleScreen left them, twips
     float twipsPerPixelX = 0.0F, twipsPerPixelY = 0.0F;
     double width = 0.0, height = 0.0; ///< of the drawing area, twips
-    std::string design;               ///< as DrawnDesign told it
+    std::string design;               ///< as DrawnDesign gave it
     double seconds = 0.0;             ///< that the draw took
     bool whole = false;               ///< neither stopped nor with a message box
 };

@@ -4,9 +4,8 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "mainwindow/settings.h"
+#include "surround/scale_bar_units.h"
 
-#include <algorithm>
-#include <array>
 #include <charconv>
 #include <optional>
 #include <sstream>
@@ -15,18 +14,6 @@
 namespace quelmont {
 
 namespace {
-
-struct UnitName {
-    std::string_view name;
-    ScaleBarUnit unit;
-};
-
-constexpr std::array Units = std::to_array<UnitName>({
-    {"none", ScaleBarUnit::None},
-    {"km", ScaleBarUnit::Kilometres},
-    {"mi", ScaleBarUnit::StatuteMiles},
-    {"nmi", ScaleBarUnit::NauticalMiles},
-});
 
 /// A latitude in seconds of arc.
 std::optional<std::int32_t> LatitudeOf(const std::string& word) {
@@ -41,9 +28,7 @@ std::optional<std::int32_t> LatitudeOf(const std::string& word) {
 
 std::string FrameText() {
     const FrameChoice& choice = Design.Frame;
-    const auto* const unit = std::find_if(Units.begin(), Units.end(),
-                                          [&](const UnitName& row) { return row.unit == choice.unit; });
-    std::string text = SettingOfFlag(choice.frame) + " " + std::string(unit->name);
+    std::string text = SettingOfFlag(choice.frame) + " " + std::string(WordOf(choice.unit));
     if (choice.latitude) {
         text += " " + std::to_string(RoundToInt32(*choice.latitude * SecPerDegree));
     }
@@ -60,13 +45,12 @@ void TakeFrameText(std::string_view text) {
         return;
     }
     const std::optional<bool> frame = FlagOfSetting(words[0]);
-    const auto* const unit =
-        std::find_if(Units.begin(), Units.end(), [&](const UnitName& row) { return row.name == words[1]; });
+    const std::optional<ScaleBarUnit> unit = ScaleBarUnitOf(words[1]);
     const std::optional<std::int32_t> latitude = words.size() > 2 ? LatitudeOf(words[2]) : std::nullopt;
-    if (!frame || unit == Units.end() || (words.size() > 2 && !latitude)) {
+    if (!frame || !unit || (words.size() > 2 && !latitude)) {
         return;
     }
-    Design.Frame = {*frame, unit->unit, latitude ? std::optional(DegreesOf(*latitude)) : std::nullopt};
+    Design.Frame = {*frame, *unit, latitude ? std::optional(DegreesOf(*latitude)) : std::nullopt};
 }
 
 } // namespace quelmont

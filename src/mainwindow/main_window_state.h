@@ -48,7 +48,7 @@ struct MainWindowState {
     bool DesignHasFile = false;           ///< the design was saved or recalled
     std::string SavedDesign;              ///< what its file holds, as ComparableDesignText tells it
     std::optional<KeptFile> Kept;         ///< where this process keeps the design
-    std::string ToldDesign;               ///< the design as it was when Changes was told of it last
+    std::string ToldDesign;               ///< the design as Changes was last notified of it
     std::vector<std::string> ChoicesKept; ///< texts of the choices that the settings file holds
     std::string PdfFileName;              ///< of the map saved as PDF last
     ProgramWriters writers;

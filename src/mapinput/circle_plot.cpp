@@ -95,7 +95,7 @@ private:
     static constexpr double Beside = -0.96;
     /// So often a step of some degrees can be halved before it is shorter than a second.
     static constexpr int Halvings = 15;
-    /// The same where the places that lie far from the map cannot be told.
+    /// The same where it cannot be known which places lie far from the map.
     static constexpr int FewHalvings = 8;
     /// A step over the map from outside to outside would not be seen: it is at most this share of the map.
     static constexpr double LargestShare = 1.0 / 8.0;

@@ -9,14 +9,13 @@
 #include "projection/inverse_select.h"
 #include "projection/inverse_utm.h"
 #include "projection/map_in_hand.h"
-#include "projection/project_select.h"
+#include "projection/project_place.h"
 #include "projection/projection_table.h"
 #include "projection/utm.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace quelmont {
 
@@ -32,17 +31,7 @@ constexpr double Step = 2e-3;
 double KmPerRadian() { return KilometresPerNauticalMile * 60.0 / DegToRad; }
 
 std::optional<PlanePlace> Projected(double lat, double lon) {
-    Design.ProjTestMode = TestNone;
-    Design.ProjLat = lat;
-    Design.ProjLon = lon;
-    // A coordinate that fails keeps its value.
-    Design.ProjX = std::numeric_limits<double>::quiet_NaN();
-    Design.ProjY = Design.ProjX;
-    ProjectSelect();
-    if (Design.ProjOffMap || !std::isfinite(Design.ProjX) || !std::isfinite(Design.ProjY)) {
-        return std::nullopt;
-    }
-    return PlanePlace{Design.ProjX, Design.ProjY};
+    return ProjectPlace(lat, lon) ? std::optional(PlanePlace{Design.ProjX, Design.ProjY}) : std::nullopt;
 }
 
 /// Length on the map of a way of two steps about a point, per radian of what is stepped in.

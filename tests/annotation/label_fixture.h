@@ -18,7 +18,7 @@ protected:
 
     /// A map file of filled circles with a radius of 45 twips, or of another symbol.
     static InputFileEntry& AddFile(std::int16_t symbolType = SymbolFilledCircle);
-    /// Of the first file unless told otherwise, in Times of 12 points.
+    /// Of the first file unless stated otherwise, in Times of 12 points.
     static MapLabel& AddLabel(const std::string& text, double lat, double lon, std::int16_t file = 1);
 };
 

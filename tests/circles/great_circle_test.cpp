@@ -19,7 +19,7 @@ using testing::IsEmpty;
 using testing::Lt;
 using testing::Pointwise;
 
-constexpr double NoCourse = -1.0; ///< of a row whose course is not told
+constexpr double NoCourse = -1.0; ///< of a row whose course is not given
 
 constexpr double Angle(int degrees, int minutes) { return degrees + minutes / 60.0; }
 

@@ -266,6 +266,23 @@ TEST_F(DrawCommandOf, NoteAboutMissingFlagsComesOncePerFile) {
     EXPECT_EQ(Run({"--no-map", picture}).errors, "") << "the next draw has forgotten it";
 }
 
+TEST_F(DrawCommandOf, GridOfMoreThanTenMillionPointsIsReportedBeforeItIsDrawn) {
+    const auto errors = [&](const char* spacing) {
+        return Run({"--no-map", "--grid-type", "4", "--lat-grid", spacing, "--lon-grid", spacing,
+                    folder / "none/a.txt"})
+            .errors;
+    };
+    // 10801 parallels and 21601 meridians cross in 233 312 401 points, each of which comes with its parallel
+    // and with its meridian.
+    const std::string note =
+        "quelmont-draw: note: the grid has some 467 million points; Ctrl+C stops the draw.\n";
+    const std::string told = errors("0:01");
+    EXPECT_EQ(told.substr(0, note.size()), note);
+    EXPECT_NE(told.find("Path not found"), std::string::npos) << "which ended the draw";
+    // 181 and 361 cross in 65 341.
+    EXPECT_EQ(errors("1").find("million"), std::string::npos);
+}
+
 TEST_F(DrawCommandOf, StreamThatFailsIsAFailure) {
     ResetCore();
     std::ostringstream output;

@@ -36,8 +36,8 @@ TEST(DrawOptionsOf, NothingAreTheDefaults) {
     EXPECT_EQ(options.percent, 100);
     EXPECT_FALSE(options.smooth);
     EXPECT_FALSE(options.stats);
-    EXPECT_FALSE(options.noMap);
-    EXPECT_THAT(options.maps, IsEmpty());
+    EXPECT_FALSE(options.map.noMap);
+    EXPECT_THAT(options.map.files, IsEmpty());
     EXPECT_FALSE(options.gridType || options.gridColor || options.gridWidth || options.background);
 }
 
@@ -133,34 +133,35 @@ TEST(DrawOptionsOf, MapFilesBelongToTheMapBeforeThem) {
         {"--map",          "a.map", "--symbol", "12",  "--feature-color", "FF0000", "--map",         "b.map",
          "--map",          "c.map", "--symbol", "1",   "--line-width",    "2",      "--symbol-size", "5",
          "--border-width", "4",     "--hide",   "1,3", "--hide",          "10",     "a.png"});
-    ASSERT_EQ(options.maps.size(), 3U);
-    EXPECT_EQ(options.maps[0].file, "a.map");
-    EXPECT_EQ(options.maps[0].symbol, 12);
-    EXPECT_EQ(options.maps[0].color, 0x020000FFU);
-    EXPECT_FALSE(options.maps[0].lineWidth);
-    EXPECT_FALSE(options.maps[1].symbol);
-    EXPECT_THAT(options.maps[1].hidden, IsEmpty());
-    EXPECT_EQ(options.maps[2].symbol, 1);
-    EXPECT_EQ(options.maps[2].lineWidth, 2);
-    EXPECT_EQ(options.maps[2].symbolSize, 5);
-    EXPECT_EQ(options.maps[2].borderWidth, 4);
-    EXPECT_THAT(options.maps[2].hidden, ElementsAre(1, 3, 10));
+    ASSERT_EQ(options.map.files.size(), 3U);
+    EXPECT_EQ(options.map.files[0].file, "a.map");
+    EXPECT_EQ(options.map.files[0].symbol, 12);
+    EXPECT_EQ(options.map.files[0].color, 0x020000FFU);
+    EXPECT_FALSE(options.map.files[0].lineWidth);
+    EXPECT_FALSE(options.map.files[1].symbol);
+    EXPECT_THAT(options.map.files[1].hidden, IsEmpty());
+    EXPECT_EQ(options.map.files[2].symbol, 1);
+    EXPECT_EQ(options.map.files[2].lineWidth, 2);
+    EXPECT_EQ(options.map.files[2].symbolSize, 5);
+    EXPECT_EQ(options.map.files[2].borderWidth, 4);
+    EXPECT_THAT(options.map.files[2].hidden, ElementsAre(1, 3, 10));
 }
 
 TEST(DrawOptionsOf, LabelsBelongToTheMapBeforeThem) {
     const DrawOptions options = Read({"--map", "a.prn", "--label-font", "DejaVu Serif", "--label-size", "14",
                                       "--label-color", "0000FF", "--map", "b.utm", "--label-size", "4",
                                       "--map", "towns.txt", "--label-size", "200", "a.png"});
-    ASSERT_EQ(options.maps.size(), 3U);
-    EXPECT_EQ(options.maps[0].labelFont, "DejaVu Serif");
-    EXPECT_EQ(options.maps[0].labelSize, 14);
-    EXPECT_EQ(options.maps[0].labelColor, 0x02FF0000U);
-    EXPECT_FALSE(options.maps[1].labelFont);
-    EXPECT_EQ(options.maps[1].labelSize, 4);
-    EXPECT_FALSE(options.maps[1].labelColor);
-    EXPECT_EQ(options.maps[2].labelSize, 200) << "read as a text of points, as every ending of no format";
-    EXPECT_FALSE(options.noLabels);
-    EXPECT_TRUE(Read({"--no-labels", "a.png"}).noLabels);
+    ASSERT_EQ(options.map.files.size(), 3U);
+    EXPECT_EQ(options.map.files[0].labelFont, "DejaVu Serif");
+    EXPECT_EQ(options.map.files[0].labelSize, 14);
+    EXPECT_EQ(options.map.files[0].labelColor, 0x02FF0000U);
+    EXPECT_FALSE(options.map.files[1].labelFont);
+    EXPECT_EQ(options.map.files[1].labelSize, 4);
+    EXPECT_FALSE(options.map.files[1].labelColor);
+    EXPECT_EQ(options.map.files[2].labelSize, 200)
+        << "read as a text of points, as every ending of no format";
+    EXPECT_FALSE(options.map.noLabels);
+    EXPECT_TRUE(Read({"--no-labels", "a.png"}).map.noLabels);
 }
 
 TEST(WrongUsageOf, Labels) {
@@ -232,13 +233,13 @@ TEST(WrongUsageOf, NumbersAndColours) {
 
 TEST(DrawOptionsOf, StylesBeforeTheFirstMapAreOfTheDefaultMap) {
     const DrawOptions alone = Read({"--line-width", "3", "--hide", "4", "a.png"});
-    EXPECT_EQ(alone.defaultMap.lineWidth, 3);
-    EXPECT_THAT(alone.defaultMap.hidden, ElementsAre(4));
-    EXPECT_THAT(alone.maps, IsEmpty());
+    EXPECT_EQ(alone.map.defaultMap.lineWidth, 3);
+    EXPECT_THAT(alone.map.defaultMap.hidden, ElementsAre(4));
+    EXPECT_THAT(alone.map.files, IsEmpty());
     EXPECT_THAT(OptionsOfUndrawnMap(alone), IsEmpty());
     const DrawOptions both = Read({"--line-width", "3", "--map", "b.prn", "--line-width", "5", "a.png"});
-    EXPECT_EQ(both.defaultMap.lineWidth, 3);
-    EXPECT_EQ(both.maps.at(0).lineWidth, 5);
+    EXPECT_EQ(both.map.defaultMap.lineWidth, 3);
+    EXPECT_EQ(both.map.files.at(0).lineWidth, 5);
     EXPECT_THAT(OptionsOfUndrawnMap(both), ElementsAre("--line-width"));
     EXPECT_THAT(OptionsOfUndrawnMap(Read({"--no-map", "--symbol", "2", "a.png"})), ElementsAre("--symbol"));
 }

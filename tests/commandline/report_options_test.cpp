@@ -78,7 +78,7 @@ TEST_F(ReportCommand, PictureBesideAReportIsThePictureWithoutOne) {
     }
 }
 
-TEST_F(ReportCommand, DesignIsNamedAndTold) {
+TEST_F(ReportCommand, DesignIsNamedAndReported) {
     ASSERT_EQ(Run({"--projection", "mercator", "--save-design", folder / "d.cnf"}).code, ExitDone);
     ASSERT_EQ(Run({"--design", folder / "d.cnf", "--report", text}).code, ExitDone);
     EXPECT_THAT(ReadWholeFile(text),

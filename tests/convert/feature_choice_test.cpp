@@ -123,7 +123,7 @@ TEST_F(FeatureChoosing, UnknownColumnsAreReportedWithThoseThereAre) {
               "--label: there is no column \"name\"; there are a, b");
 }
 
-TEST_F(FeatureChoosing, WithoutAnyItIsTheFirstRowAndTold) {
+TEST_F(FeatureChoosing, WithoutAnyItIsTheFirstRowAndReported) {
     PutPoints({R"("name":"Rhine")"});
     const Outcome outcome = Run({"in.geojson", "out.pkv"});
     EXPECT_EQ(outcome.code, 0);
@@ -161,7 +161,7 @@ TEST_F(FeatureChoosing, FileOfOneRowBecomesTheFirstRowAndIsReported) {
     EXPECT_THAT(outcome.errors, HasSubstr("became feature 1, \"Coastlines\""));
 }
 
-TEST_F(FeatureChoosing, LinesOfNoKnownFeatureAreLeftOutAndTold) {
+TEST_F(FeatureChoosing, LinesOfNoKnownFeatureAreLeftOutAndReported) {
     // Rank 11 stands for nothing.
     Put("in.map", Bytes("F8 2A 00 00 00 00 58 1B 00 00 00 00"));
     const Outcome outcome = Run({"in.map", "out.pkv"});

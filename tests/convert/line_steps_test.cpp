@@ -91,7 +91,7 @@ TEST(SplittingAt180, PointsBehindTheCutAreExact) {
     EXPECT_EQ(pieces[1][3], (LonLat{-12.3, 0.1}));
 }
 
-TEST(PlaceOnEarth, IsCheckedAndTold) {
+TEST(PlaceOnEarth, IsCheckedAndReported) {
     MapLine good{{-360, 90}, {360, -90}};
     CheckOnEarth(good);
     for (const LonLat bad : {LonLat{0, 90.1}, LonLat{360.1, 0}, LonLat{-400, 0}, LonLat{0, -91},

@@ -30,7 +30,7 @@ TEST_F(Losses, FeaturesThatBecomeOneAreReported) {
                 {"two.map", "out.all", "--feature", "Lakes"});
 }
 
-TEST_F(Losses, FeaturesThatStayApartAreNotTold) {
+TEST_F(Losses, FeaturesThatStayApartAreNotReported) {
     Convert({"two.map", "out.all"});
     Convert({"two.map", "out.dat", "--where", "name = 'Rivers'"});
 }

@@ -150,7 +150,7 @@ TEST_F(ConvertProgram, AppendedBySeveralAtOnceAFileHoldsAllOfThem) {
 
 TEST_F(ConvertProgram, TellsThatItWaitsForAnotherToAppend) {
     WriteWholeFile(folder / "out.dat", "");
-    // The other one holds the lock until something is told.
+    // The other one holds the lock until something is reported.
     EXPECT_EQ(Shell("{ >err; flock out.dat sh -c 'touch held; until [ -s err ]; do sleep 0.02; done' & "
                     "until [ -e held ]; do sleep 0.02; done; $convert --append in.geojson out.dat 2>err; }"),
               0);

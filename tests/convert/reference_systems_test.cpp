@@ -110,7 +110,7 @@ TEST_F(ReferenceSystems, AnotherDatumIsBroughtToWgs84) {
     EXPECT_THAT(Prn("4314", "[10,50],[10,50.5]"), StartsWith("1,49.998857,9.998811\r\n"));
 }
 
-TEST_F(ReferenceSystems, NoneIsTakenForDegreesAndTold) {
+TEST_F(ReferenceSystems, NoneIsTakenForDegreesAndReported) {
     Put("in.csv", "WKT,n\n\"LINESTRING (10 50,20 60)\",1\n");
     ConvertWith({"the coordinates are taken for longitude and latitude, as there is no reference system"},
                 {"in.csv", "out.prn"});

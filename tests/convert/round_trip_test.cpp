@@ -24,7 +24,7 @@ protected:
                 PointFeature(R"("n":"point","r":2)", "[-180,90]") + "," +
                 PointFeature(R"("n":"Łódź","r":1)", "[19.455,51.7769]")));
     }
-    /// What the format cannot hold is told here, and not on the way back.
+    /// What the format cannot hold is reported here, and not on the way back.
     void Make(const std::string& name) const {
         std::vector<std::string> arguments = {"in.geojson", name, "--label", "n", "--utm", Zone};
         if (FeatureRows(name).size() > 1) {

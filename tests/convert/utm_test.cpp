@@ -66,7 +66,7 @@ TEST_F(SouthernZones, AreReadWithTheirFalseNorthing) {
     EXPECT_EQ(Get("out.prn"), "1,0.000000,9.000000\r\n1,-50.000000,10.000000,\"A\"\r\n");
 }
 
-TEST_F(SouthernZones, AreReadFromTheEquatorWithoutOneAndTold) {
+TEST_F(SouthernZones, AreReadFromTheEquatorWithoutOneAndReported) {
     Put("in.utm", "1,571666.4475,5539109.8153\r\n1,571666.4475,-5539109.8153\r\n");
     ConvertWith({FromTheEquator}, {"in.utm", "out.prn", "--utm", "9,WGS84 1984"});
     EXPECT_EQ(Get("out.prn"), "1,50.000000,10.000000\r\n1,-50.000000,10.000000\r\n");

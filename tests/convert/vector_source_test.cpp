@@ -53,7 +53,7 @@ TEST_F(Geometries, PolygonBecomesAClosedLineForEachRing) {
               "1,2.000000,4.000000\r\n0,3.000000,5.000000\r\n0,2.000000,5.000000\r\n0,2.000000,4.000000\r\n");
 }
 
-TEST_F(Geometries, OpenRingIsClosedAndTold) {
+TEST_F(Geometries, OpenRingIsClosedAndReported) {
     Put("in.geojson", Collection(Feature("", R"("type":"Polygon","coordinates":[[[0,0],[9,0],[9,9]]])")));
     const Outcome outcome = Run({"in.geojson", "out.prn"});
     EXPECT_EQ(Get("out.prn"),

@@ -146,7 +146,7 @@ TEST_F(WrittenBytes, StepOf127SecondsIsTheLongest) {
     EXPECT_EQ(Pairs(Get("out.pkv").substr(24)), "00 C0 00 C0");
 }
 
-TEST_F(WrittenBytes, RepeatedPointsAreLeftOutAndTold) {
+TEST_F(WrittenBytes, RepeatedPointsAreLeftOutAndReported) {
     // All within half a minute of 0, 0, then a minute north.
     Put("in.geojson", Collection(LineFeature("", "[0,0],[0.001,0.001],[0.008,0],[0,0.016666667]")));
     const Outcome outcome = Run({"in.geojson", "out.map", "--feature", "1"});
@@ -191,7 +191,7 @@ TEST_F(WrittenBytes, FullPackedSegmentIsNotDivided) {
     EXPECT_EQ(Get("out.pkv").size(), 24U + 2U * 25754U);
 }
 
-TEST_F(WrittenBytes, QuotesAndLineEndsInLabelsAreChangedAndTold) {
+TEST_F(WrittenBytes, QuotesAndLineEndsInLabelsAreChangedAndReported) {
     Put("in.geojson", Collection(PointFeature(R"("n":"the \"Rock\"\nof")", "[1,2]")));
     const Outcome outcome = Run({"in.geojson", "out.prn", "--label", "n"});
     EXPECT_EQ(Get("out.prn"), "1,2.000000,1.000000,\"the 'Rock' of\"\r\n");
@@ -227,7 +227,7 @@ TEST_F(WrittenBytes, LabelOfAFeatureStandsOnce) {
                               "1,3.000000,3.000000\r\n0,4.000000,4.000000\r\n");
 }
 
-TEST_F(WrittenBytes, PointsFarFromTheZoneAreLeftOutAndTold) {
+TEST_F(WrittenBytes, PointsFarFromTheZoneAreLeftOutAndReported) {
     // A quarter of the equator off the central meridian a transverse Mercator map has no end.
     Put("in.geojson", Collection(LineFeature("", "[80,1],[99,0],[80,2],[80,3]")));
     ConvertWith({"1 point left out: too far from the zone"}, {"in.geojson", "out.utm", "--utm", "9"});

@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(OneFault, AngleFields, testing::Values(
     FieldCase{Spacing,   "000    00    00",      "must be greater than zero."},
     FieldCase{Spacing,   "                ",     "must be greater than zero."}));
 
-// Of two faults the one is told that is tested first: hemisphere, seconds, minutes, degrees.
+// Of two faults the one is reported that is tested first: hemisphere, seconds, minutes, degrees.
 INSTANTIATE_TEST_SUITE_P(TwoFaults, AngleFields, testing::Values(
     FieldCase{Latitude,  "37    00    60    X",  "Hemisphere must be N or S"},
     FieldCase{Latitude,  "99    00    00    X",  "Hemisphere must be N or S"},

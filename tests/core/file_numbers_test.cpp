@@ -219,7 +219,7 @@ TEST_F(FileNumbers, FullDiskFailsTheWrite) {
     const FullDisk full(1000);
     const std::string block(100000, 'b');
     EXPECT_EQ(ErrorOf([&] { Write(block); }), ErrorDiskFull);
-    EXPECT_EQ(ErrorOf([] { CloseFile(OutputFileNumber); }), 0) << "the failure was told";
+    EXPECT_EQ(ErrorOf([] { CloseFile(OutputFileNumber); }), 0) << "the failure was reported";
     EXPECT_FALSE(IsFileOpen(OutputFileNumber));
 }
 

@@ -40,7 +40,7 @@ MapPlace OnGlobe(const MapBytes& map, MapPlace place);
 double MinutesOfArc(const MapBytes& map, MapPlace from, MapPlace to);
 
 /// Distance of a place from the nearest point of a line's segments, minutes of arc, for distances of a
-/// few minutes; another unit of the place is told.
+/// few minutes; another unit of the place is stated.
 double MinutesFromLine(const MapBytes& map, const MapBytesLine& line, double lonMinutes, double latMinutes);
 
 } // namespace quelmont

@@ -270,7 +270,7 @@ TEST_F(RecordLines, TextsOfBoundsStandInTheirOrder) {
     EXPECT_EQ(Design.LonCentralText, "clon");
     EXPECT_EQ(Design.LatGridText, "latgr");
     EXPECT_EQ(Design.LonGridText, "longr");
-    EXPECT_EQ(Design.GridText[GridTextRange], "") << "is told by another record";
+    EXPECT_EQ(Design.GridText[GridTextRange], "") << "is in another record";
     Design.GridText[GridTextRange] = "180    00    00";
     Design.GridText[GridTextHeight] = "00035840";
     EXPECT_EQ(Written(39), "latgr,longr,180 00 00,00035840\r\n");

@@ -218,7 +218,7 @@ TEST_F(LabelDraw, TenThousandCharactersFitWhereAFormatHasNoLimit) {
     EXPECT_EQ(TextsOfDxf(File("map.dxf")).at(0).text, std::string(10'000, 'x'));
     EXPECT_EQ(TextsOfWmf(File("map.wmf")).at(0).text, std::string(10'000, 'x'));
     EXPECT_EQ(TextsOfSvg(File("map.svg")).at(0).text, std::string(10'000, 'x'));
-    // A string of a CGM has 248 characters at most: the file is given up, and that is told.
+    // A string of a CGM has 248 characters at most: the file is given up, and that is reported.
     Prepare({"--map", towns}, folder / "map.cgm");
     MapDraw();
     const std::vector<AskedBox> boxes = machine.boxes.Taken();

@@ -168,7 +168,7 @@ TEST_F(Commands, GridAndLineWidthHaveTheirDialogs) {
     EXPECT_TRUE(window.MenuChecked(Menu::mnuDesign, 9));
 }
 
-TEST_F(Commands, FrameAndScaleHaveADialogWhoseChoiceIsToldOf) {
+TEST_F(Commands, FrameAndScaleHaveADialogWhoseChoiceIsAnnounced) {
     machine.forms.Script("MapFrame", [](Form& form) { form.PressDefault(); });
     ClickMenuItem(Menu::mnuDesign, FrameItem);
     EXPECT_TRUE(machine.changes.accepted.empty()) << "nothing was changed";

@@ -49,7 +49,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(GridLabelsChoice, IsToldAndKept) {
+TEST_F(GridLabelsChoice, IsAnnouncedAndKept) {
     machine.changes.accepted.clear();
     Choose(1, 1);
     EXPECT_THAT(machine.changes.accepted, ElementsAre(Pair("Grid Labels...", testing::_)));
@@ -60,7 +60,7 @@ TEST_F(GridLabelsChoice, IsToldAndKept) {
     EXPECT_EQ(Design.GridLabels.style, GridLabelStyle::Letter);
 }
 
-TEST_F(GridLabelsChoice, ThatStaysTheSameIsNotTold) {
+TEST_F(GridLabelsChoice, ThatStaysTheSameIsNotAnnounced) {
     machine.changes.accepted.clear();
     Choose(0, 0);
     EXPECT_THAT(machine.changes.accepted, IsEmpty());

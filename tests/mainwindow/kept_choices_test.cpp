@@ -137,7 +137,7 @@ TEST_F(Choices, NonsenseLeavesTheChoice) {
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
 }
 
-TEST_F(Choices, FillColorsAreKeptAndToldWhenTheDialogChangesThem) {
+TEST_F(Choices, FillColorsAreKeptAndAnnouncedWhenTheDialogChangesThem) {
     machine.forms.Script("FillLandAndWater", [](Form& form) {
         form.Choose("FillLand", 1);
         form.PressDefault();

@@ -341,7 +341,7 @@ TEST_F(Printing, FailingBackgroundHasItsOwnBox) {
                 ElementsAre(AskedBox{"Windows API Error", "Rectangle(2) error in PlotGrid"}));
 }
 
-TEST_F(Printing, FailureAfterAFailureOfTheLastPrintIsTold) {
+TEST_F(Printing, FailureAfterAFailureOfTheLastPrintIsReported) {
     for (int round = 0; round < 2; ++round) {
         printer.FailAt(JobStep::EndDoc);
         MapPrint(printer);

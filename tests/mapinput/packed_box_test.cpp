@@ -77,7 +77,7 @@ TEST_F(PackedBox, ZoneDropsWhatIsFarAway) {
     EXPECT_FALSE(BoxMayTouchMap(Box(-75, 40, -70, 45)));
 }
 
-TEST_F(PackedBox, ZoneKeepsWhatCannotBeToldOf) {
+TEST_F(PackedBox, ZoneKeepsWhatItsBoundsCannotDecide) {
     Zone(6'200'000, 5'600'000, 300'000, 800'000);
     EXPECT_TRUE(BoxMayTouchMap(Box(0, 80, 10, 90))) << "a pole";
     EXPECT_TRUE(BoxMayTouchMap(Box(170, 0, 172, 1))) << "the meridian opposite of 9 W";

@@ -102,7 +102,7 @@ protected:
         return item;
     }
 
-    /// Finishes an export that lost something, which the boxes told: no file is there.
+    /// Finishes an export that lost something, which the boxes reported: no file is there.
     void ExpectGivenUp(std::vector<AskedBox> boxes) {
         FinishFile();
         boxes.push_back({"Map Not Saved", target +

@@ -381,7 +381,7 @@ TEST_F(Utm, EnclosureOfADegreeInTheZoneIsSomeKilometresTooLarge) {
     }
 }
 
-TEST_F(Utm, EnclosureIsNotToldWhereItWouldBeOfNoUse) {
+TEST_F(Utm, EnclosureIsNotGivenWhereItWouldBeOfNoUse) {
     CalcUtmZone();
     EXPECT_FALSE(UtmEnclosure(80.0, 90.0, 0.0, 1.0));
     EXPECT_FALSE(UtmEnclosure(-90.0, -80.0, 0.0, 1.0));

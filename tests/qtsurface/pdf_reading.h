@@ -7,7 +7,7 @@ namespace quelmont {
 
 /// What stands in a PDF file: the pages of its last table, and what each draws.
 struct PdfText {
-    int pages = 0;                     ///< told by the page tree
+    int pages = 0;                     ///< by the page tree
     std::vector<std::string> contents; ///< of each page, all its streams one after another
 };
 

@@ -1,6 +1,7 @@
 #include "dialogs/look/grid_labels_form.h"
 
 #include "dialogs/text/font_dialog.h"
+#include "dialogs/text/font_words.h"
 #include "platform/machine.h"
 
 #include <array>
@@ -37,14 +38,7 @@ void GridLabelsForm::ShowSample() {
     Control& sample = Edit("GridLabelSample");
     const int style = At("GridLabelStyle").value;
     sample.text = style < 0 ? "" : Samples.at(static_cast<std::size_t>(style));
-    sample.letters = {.fontName = look.FontName,
-                      .points = look.FontSize,
-                      .bold = look.FontBold,
-                      .italic = look.FontItalic,
-                      .underline = look.FontUnderline,
-                      .strikeout = look.FontStrikeout,
-                      .color = ColorBits(look.FontColour),
-                      .background = ColorBits(Design.BackColor)};
+    sample.letters = LettersOf(look, ColorBits(Design.BackColor));
 }
 
 void GridLabelsForm::GridLabelFont_Click() {

@@ -158,28 +158,28 @@ void PrintMap::FollowSize() {
     }
 }
 
-void PrintMap::HorizontalMap_Click() {
-    if (At("HorizontalMap").value != 0 && !CanCenterHorizontally()) {
-        ShowCannotCenter("Error: Map cannot be centered horizontally",
-                         "The map cannot be centered horizontally, because the map width is too large.",
-                         "To center the map horizontally, reduce the map width!");
-        Edit("HorizontalMap").value = 0;
+void PrintMap::Center(const CenterCheck& check) {
+    if (At(check.name).value != 0 && !check.canCenter()) {
+        ShowCannotCenter(check.title, check.why, check.remedy);
+        Edit(check.name).value = 0;
     }
-    Design.CenterHorizontal = At("HorizontalMap").value != 0;
+    *check.centered = At(check.name).value != 0;
     FollowSize();
-    Edit(left.name).enabled = !Design.CenterHorizontal;
+    Edit(check.margin).enabled = !*check.centered;
+}
+
+void PrintMap::HorizontalMap_Click() {
+    Center({"HorizontalMap", CanCenterHorizontally, &Design.CenterHorizontal, left.name,
+            "Error: Map cannot be centered horizontally",
+            "The map cannot be centered horizontally, because the map width is too large.",
+            "To center the map horizontally, reduce the map width!"});
 }
 
 void PrintMap::VerticalMap_Click() {
-    if (At("VerticalMap").value != 0 && !CanCenterVertically()) {
-        ShowCannotCenter("Error: Map cannot be centered vertically",
-                         "The map cannot be centered vertically, because the map height is too large.",
-                         "To center the map vertically, reduce the map width!");
-        Edit("VerticalMap").value = 0;
-    }
-    Design.CenterVertical = At("VerticalMap").value != 0;
-    FollowSize();
-    Edit(top.name).enabled = !Design.CenterVertical;
+    Center({"VerticalMap", CanCenterVertically, &Design.CenterVertical, top.name,
+            "Error: Map cannot be centered vertically",
+            "The map cannot be centered vertically, because the map height is too large.",
+            "To center the map vertically, reduce the map width!"});
 }
 
 void PrintMap::TakeUnit(std::int32_t twips) {

@@ -43,6 +43,16 @@ private:
         std::string written = {}; ///< by the program
         float exact = 0.0F;       ///< what that stands for
     };
+    /// A check that centres the map one way, and what the box says where the map is too large for it.
+    struct CenterCheck {
+        const char* name;
+        bool (*canCenter)();
+        bool* centered;     ///< of the design
+        const char* margin; ///< the field that is worked out then
+        const char* title;
+        const char* why;
+        const char* remedy;
+    };
     PrintMap(const Printer* printer_, std::string_view printerName);
     void AddControls();
     void Form_Load();
@@ -59,6 +69,7 @@ private:
     void HeightMap_Change();
     /// The margins of a centred map after its size.
     void FollowSize();
+    void Center(const CenterCheck& check);
     void HorizontalMap_Click();
     void VerticalMap_Click();
     void TakeUnit(std::int32_t twips) override;

@@ -7,6 +7,7 @@
 #include "dialogs/file_questions.h"
 #include "dialogs/reports/report_margins.h"
 #include "dialogs/text/font_dialog.h"
+#include "dialogs/text/font_words.h"
 #include "platform/machine.h"
 #include "reports/great_circle_report.h"
 #include "reports/parameter_report.h"
@@ -52,14 +53,7 @@ void ReportDialog::ShowReport() {
     const TextLook& look = Design.Fonts[ReportFontSlot];
     Control& box = Edit("ReportRtb");
     box.page = LayOutReport(report);
-    box.letters = {.fontName = look.FontName,
-                   .points = look.FontSize,
-                   .bold = look.FontBold,
-                   .italic = look.FontItalic,
-                   .underline = look.FontUnderline,
-                   .strikeout = look.FontStrikeout,
-                   .color = look.FontColour & 0xFFFFFFU,
-                   .background = 0xFFFFFFU};
+    box.letters = LettersOf(look, 0xFFFFFFU);
 }
 
 void ReportDialog::mnuOptions_Click() {

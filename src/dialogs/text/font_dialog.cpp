@@ -1,4 +1,5 @@
 #include "dialogs/text/font_dialog.h"
+#include "dialogs/text/font_words.h"
 
 #include "core/color_table.h"
 #include "core/run_time_error.h"
@@ -205,14 +206,7 @@ void FontDialog::ColorSquare_MouseUp() {
 }
 
 void FontDialog::DisplaySampleText() {
-    Edit("SampleText").letters = {.fontName = working.FontName,
-                                  .points = working.FontSize,
-                                  .bold = working.FontBold,
-                                  .italic = working.FontItalic,
-                                  .underline = working.FontUnderline,
-                                  .strikeout = working.FontStrikeout,
-                                  .color = ColorBits(working.FontColour),
-                                  .background = ColorBits(Design.BackColor)};
+    Edit("SampleText").letters = LettersOf(working, ColorBits(Design.BackColor));
 }
 
 void FontDialog::cmdOK_Click() {

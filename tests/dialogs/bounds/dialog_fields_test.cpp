@@ -1,5 +1,5 @@
 // Every check of every field of the boundary dialogs, made in the dialogs themselves: what the box
-// says, what Retry and Cancel do, and which of two faults is told.
+// says, what Retry and Cancel do, and which of two faults is reported.
 
 #include "core/constant_defs.h"
 #include "dialogs/bounds/boundary_defaults.h"

@@ -305,7 +305,7 @@ TEST_F(KeptBounds, LobesThatNewBoundsRefuseAreProposedAnew) {
     EXPECT_EQ(LatLonInterrupt().At("LonInt(0)").text, "090    00    00    E");
     Design.LobeText[LobeTextNorth] = "095    00    00    E"; // 75 degrees from the west, the grid has 10
     EXPECT_EQ(LatLonInterrupt().At("LonInt(0)").text, "100    00    00    E");
-    EXPECT_THAT(machine.boxes.asked, IsEmpty()) << "nobody is told";
+    EXPECT_THAT(machine.boxes.asked, IsEmpty()) << "no box is shown";
 }
 
 } // namespace

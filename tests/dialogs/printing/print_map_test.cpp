@@ -282,7 +282,7 @@ TEST_F(PrintMapDialog, TopMarginMayBeTheStripButNotLess) {
     ExpectAccepted(form);
 }
 
-TEST_F(PrintMapDialog, LimitsAreToldInCentimetresToo) {
+TEST_F(PrintMapDialog, LimitsAreShownInCentimetresToo) {
     PrintMap form(printer);
     form.Choose("Centimeters");
     form.Type("WidthMap", "019.80"); // 2338 dots of 4.8 twips are 19.7926
