@@ -1,4 +1,5 @@
 #include "core/field_entry.h"
+#include "support/field_masks.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +10,6 @@
 
 namespace quelmont {
 namespace {
-
-constexpr std::string_view Latitude = "%%    %%    %%    ?";
-constexpr std::string_view Longitude = "%%%    %%    %%    ?";
-constexpr std::string_view Arc = "%%%    %%    %%";
-constexpr std::string_view Million = "%,%%%,%%%";
-constexpr std::string_view Scale = "%.%%%%";
 
 /// A field just entered.
 FieldEntry Entered(std::string_view mask, std::string_view text) {
@@ -35,16 +30,16 @@ std::string Left(std::string_view mask, std::string_view text, std::string_view 
 void SelectAll(FieldEntry& entry) { entry.Select(0, entry.Text().size()); }
 
 TEST(FieldEntry, TakesWhatPeopleType) {
-    EXPECT_EQ(Left(Longitude, "180    30    00    W", "70 w"), "070    00    00    W");
-    EXPECT_EQ(Left(Latitude, "20    30    00    N", "5 n"), "05    00    00    N");
-    EXPECT_EQ(Left(Longitude, "180    30    00    W", "12.5 W"), "012    30    00    W");
-    EXPECT_EQ(Left(Arc, "030    00    00", "15"), "015    00    00");
-    EXPECT_EQ(Left(Million, "0,300,000", "500000"), "0,500,000");
-    EXPECT_EQ(Left(Scale, "0.9996", "1"), "1.0000");
+    EXPECT_EQ(Left(LongitudeMask, "180    30    00    W", "70 w"), "070    00    00    W");
+    EXPECT_EQ(Left(LatitudeMask, "20    30    00    N", "5 n"), "05    00    00    N");
+    EXPECT_EQ(Left(LongitudeMask, "180    30    00    W", "12.5 W"), "012    30    00    W");
+    EXPECT_EQ(Left(ArcMask, "030    00    00", "15"), "015    00    00");
+    EXPECT_EQ(Left(MillionMask, "0,300,000", "500000"), "0,500,000");
+    EXPECT_EQ(Left(ScaleMask, "0.9996", "1"), "1.0000");
 }
 
 TEST(FieldEntry, LeavingTwiceOrUntouchedChangesNothing) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.Leave();
     EXPECT_EQ(entry.Text(), "030    00    00");
     entry.Enter();
@@ -55,7 +50,7 @@ TEST(FieldEntry, LeavingTwiceOrUntouchedChangesNothing) {
 }
 
 TEST(FieldEntry, EnteringAgainTypesAnew) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.Type("0153000");
     EXPECT_FALSE(entry.Type("1")) << "it is full";
     entry.Enter();
@@ -66,7 +61,7 @@ TEST(FieldEntry, EnteringAgainTypesAnew) {
 }
 
 TEST(FieldEntry, AfterACursorKeyDigitsReplaceOneColumnEach) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     entry.MoveRight();
     EXPECT_TRUE(entry.Type("2"));
     EXPECT_EQ(entry.Text(), "120    30    00    W");
@@ -78,7 +73,7 @@ TEST(FieldEntry, AfterACursorKeyDigitsReplaceOneColumnEach) {
 }
 
 TEST(FieldEntry, CursorKeyEndsFreshDigitsWhereTheyStand) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.Type("15");
     entry.MoveRight();
     entry.Leave();
@@ -86,7 +81,7 @@ TEST(FieldEntry, CursorKeyEndsFreshDigitsWhereTheyStand) {
 }
 
 TEST(FieldEntry, CursorKeyThatCannotMoveCountsToo) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.MoveLeft();
     entry.Type("1");
     entry.Leave();
@@ -94,7 +89,7 @@ TEST(FieldEntry, CursorKeyThatCannotMoveCountsToo) {
 }
 
 TEST(FieldEntry, CursorThatStandsElsewhereWasMoved) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     entry.Select(7, 7);
     EXPECT_TRUE(entry.Type("1"));
     entry.Leave();
@@ -102,7 +97,7 @@ TEST(FieldEntry, CursorThatStandsElsewhereWasMoved) {
 }
 
 TEST(FieldEntry, TypingReplacesTheWholeWhenAllIsSelected) {
-    FieldEntry entry = Entered(Longitude, "180    30    15    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    15    W");
     SelectAll(entry);
     EXPECT_TRUE(entry.Type("7"));
     EXPECT_EQ(entry.Text(), "700    00    00    W");
@@ -114,14 +109,14 @@ TEST(FieldEntry, TypingReplacesTheWholeWhenAllIsSelected) {
 }
 
 TEST(FieldEntry, PartlySelectedIsTypedOverFromItsBeginning) {
-    FieldEntry entry = Entered(Longitude, "180    30    15    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    15    W");
     entry.Select(7, 15);
     EXPECT_TRUE(entry.Type("4"));
     EXPECT_EQ(entry.Text(), "180    40    15    W");
 }
 
 TEST(FieldEntry, ErasesWhatWasTypedLast) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     entry.Type("75");
     entry.Backspace();
     EXPECT_EQ(entry.Text(), "700    30    00    W") << "an erased digit becomes 0";
@@ -134,7 +129,7 @@ TEST(FieldEntry, ErasesWhatWasTypedLast) {
 }
 
 TEST(FieldEntry, ErasesDigitsAtTheCursor) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     entry.Backspace();
     EXPECT_EQ(entry.Text(), "180    30    00    W") << "nothing stands before the first column";
     entry.Select(8, 8);
@@ -148,7 +143,7 @@ TEST(FieldEntry, ErasesDigitsAtTheCursor) {
 }
 
 TEST(FieldEntry, ErasedWholeTakesANewValue) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     SelectAll(entry);
     entry.Delete();
     EXPECT_EQ(entry.Text(), "000    00    00    W");
@@ -158,7 +153,7 @@ TEST(FieldEntry, ErasedWholeTakesANewValue) {
 }
 
 TEST(FieldEntry, LetterTypedAgainCorrectsTheFirst) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     EXPECT_TRUE(entry.Type("70 w"));
     EXPECT_TRUE(entry.Type("e"));
     EXPECT_EQ(entry.Text(), "070    00    00    E");
@@ -168,13 +163,13 @@ TEST(FieldEntry, LetterTypedAgainCorrectsTheFirst) {
 }
 
 TEST(FieldEntry, LetterWithoutAPlaceEndsItsGroupAndIsRefused) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     EXPECT_FALSE(entry.Type("15n"));
     EXPECT_EQ(entry.Text(), "015    00    00");
 }
 
 TEST(FieldEntry, TypesUpToTheFirstRefusedCharacter) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     EXPECT_FALSE(entry.Type("70 /w"));
     EXPECT_EQ(entry.Text(), "070    30    00    W");
 }
@@ -191,47 +186,47 @@ TEST(FieldEntry, PasteIsTakenWholeOrRefused) {
     constexpr std::string_view n1 = "01    02    03    N";
     constexpr std::string_view arc = "030    15    00";
     const std::vector<Pasted> table = {
-        {Longitude, e1, "122    26    00    W", "122    26    00    W"},
-        {Longitude, e1, "122 26 0 W", "122    26    00    W"},
-        {Longitude, e1, " 122 26 00 w\r\n", "122    26    00    W"},
-        {Longitude, e1, "122\t26\t00\tW", "122    26    00    W"},
-        {Longitude, e1, "122:26:00W", "122    26    00    W"},
-        {Longitude, e1, "122:26:00:W", "122    26    00    W"},
-        {Longitude, e1, "1222600W", "122    26    00    W"},
-        {Longitude, e1, "122\u00B026\u203200\u2033 W", "122    26    00    W"},
-        {Longitude, e1, "-122.4333", "122    26    00    W"},
-        {Longitude, e1, "70", "070    00    00    E"},
-        {Longitude, e1, "999 W", "999    00    00    W"},
-        {Latitude, n1, "-37.5", "37    30    00    S"},
-        {Latitude, n1, "40N", "40    00    00    N"},
-        {Latitude, n1, "37\u00B046'30.12\"N", "37    46    30    N"},
-        {Arc, arc, "22.5", "022    30    00"},
-        {Arc, arc, "15", "015    00    00"},
-        {Million, "0300000", "500,000", "0,500,000"},
-        {Million, "0300000", "500000.00", "0,500,000"},
-        {Million, "0300000", "500000", "0,500,000"},
-        {Scale, "0.9996", "1", "1.0000"},
-        {Longitude, e1, "1234 W", ""}, // 123 4 or 12 34
-        {Longitude, e1, "1000 W", ""},
-        {Longitude, e1, "somewhere else", ""},
-        {Longitude, e1, "W", ""},
-        {Longitude, e1, "12 W E", ""},
-        {Longitude, e1, "12 30 15 10 W", ""},
-        {Longitude, e1, "122 W\n37 N", ""},
-        {Longitude, e1, "12\n30", ""},
-        {Longitude, e1, "\u00B012", ""},
-        {Longitude, e1, "", ""},
-        {Longitude, e1, "   ", ""},
-        {Longitude, e1, "\xC3\x28\xFF", ""},
-        {Latitude, n1, "-37 N", ""},
-        {Latitude, n1, "1e5", ""},
-        {Arc, arc, "15 N", ""},
-        {Arc, arc, "-15", ""},
-        {Million, "0300000", "12345678", ""},
-        {Million, "0300000", "no number", ""},
-        {Million, "0300000", "5,00", ""},
-        {Million, "0300000", "500.000", ""}, // thousands or decimals
-        {Scale, "0.9996", "0.99987742", ""},
+        {LongitudeMask, e1, "122    26    00    W", "122    26    00    W"},
+        {LongitudeMask, e1, "122 26 0 W", "122    26    00    W"},
+        {LongitudeMask, e1, " 122 26 00 w\r\n", "122    26    00    W"},
+        {LongitudeMask, e1, "122\t26\t00\tW", "122    26    00    W"},
+        {LongitudeMask, e1, "122:26:00W", "122    26    00    W"},
+        {LongitudeMask, e1, "122:26:00:W", "122    26    00    W"},
+        {LongitudeMask, e1, "1222600W", "122    26    00    W"},
+        {LongitudeMask, e1, "122\u00B026\u203200\u2033 W", "122    26    00    W"},
+        {LongitudeMask, e1, "-122.4333", "122    26    00    W"},
+        {LongitudeMask, e1, "70", "070    00    00    E"},
+        {LongitudeMask, e1, "999 W", "999    00    00    W"},
+        {LatitudeMask, n1, "-37.5", "37    30    00    S"},
+        {LatitudeMask, n1, "40N", "40    00    00    N"},
+        {LatitudeMask, n1, "37\u00B046'30.12\"N", "37    46    30    N"},
+        {ArcMask, arc, "22.5", "022    30    00"},
+        {ArcMask, arc, "15", "015    00    00"},
+        {MillionMask, "0300000", "500,000", "0,500,000"},
+        {MillionMask, "0300000", "500000.00", "0,500,000"},
+        {MillionMask, "0300000", "500000", "0,500,000"},
+        {ScaleMask, "0.9996", "1", "1.0000"},
+        {LongitudeMask, e1, "1234 W", ""}, // 123 4 or 12 34
+        {LongitudeMask, e1, "1000 W", ""},
+        {LongitudeMask, e1, "somewhere else", ""},
+        {LongitudeMask, e1, "W", ""},
+        {LongitudeMask, e1, "12 W E", ""},
+        {LongitudeMask, e1, "12 30 15 10 W", ""},
+        {LongitudeMask, e1, "122 W\n37 N", ""},
+        {LongitudeMask, e1, "12\n30", ""},
+        {LongitudeMask, e1, "\u00B012", ""},
+        {LongitudeMask, e1, "", ""},
+        {LongitudeMask, e1, "   ", ""},
+        {LongitudeMask, e1, "\xC3\x28\xFF", ""},
+        {LatitudeMask, n1, "-37 N", ""},
+        {LatitudeMask, n1, "1e5", ""},
+        {ArcMask, arc, "15 N", ""},
+        {ArcMask, arc, "-15", ""},
+        {MillionMask, "0300000", "12345678", ""},
+        {MillionMask, "0300000", "no number", ""},
+        {MillionMask, "0300000", "5,00", ""},
+        {MillionMask, "0300000", "500.000", ""}, // thousands or decimals
+        {ScaleMask, "0.9996", "0.99987742", ""},
     };
     for (const Pasted& row : table) {
         FieldEntry entry = Entered(row.mask, row.before);
@@ -245,7 +240,7 @@ TEST(FieldEntry, PasteIsTakenWholeOrRefused) {
 }
 
 TEST(FieldEntry, PasteOfAnyLengthIsAnswered) {
-    FieldEntry entry = Entered(Longitude, "001    02    03    E");
+    FieldEntry entry = Entered(LongitudeMask, "001    02    03    E");
     EXPECT_FALSE(entry.Paste(std::string(10000, '1')));
     EXPECT_FALSE(entry.Paste("12." + std::string(10000, '5')));
     EXPECT_FALSE(entry.Paste("12" + std::string(10000, ' ') + "W"));
@@ -253,7 +248,7 @@ TEST(FieldEntry, PasteOfAnyLengthIsAnswered) {
 }
 
 TEST(FieldEntry, PastedDigitsReplaceColumnsAfterAMove) {
-    FieldEntry entry = Entered(Longitude, "122    26    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "122    26    00    W");
     entry.MoveCursor(7);
     EXPECT_TRUE(entry.Paste("3045"));
     EXPECT_EQ(entry.Text(), "122    30    45    W");
@@ -266,14 +261,14 @@ TEST(FieldEntry, PastedDigitsReplaceColumnsAfterAMove) {
 }
 
 TEST(FieldEntry, PasteReplacesWhatIsSelected) {
-    FieldEntry entry = Entered(Longitude, "122    26    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "122    26    00    W");
     SelectAll(entry);
     EXPECT_TRUE(entry.Paste("70"));
     EXPECT_EQ(entry.Text(), "070    00    00    W");
 }
 
 TEST(FieldEntry, UndoGivesTheLastTextBack) {
-    FieldEntry entry = Entered(Longitude, "180    30    00    W");
+    FieldEntry entry = Entered(LongitudeMask, "180    30    00    W");
     EXPECT_FALSE(entry.CanUndo());
     EXPECT_FALSE(entry.Undo());
     entry.Type("70 w");
@@ -298,7 +293,7 @@ TEST(FieldEntry, UndoGivesTheLastTextBack) {
 }
 
 TEST(FieldEntry, UndoOutlivesLeavingTheField) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.Type("15");
     entry.Leave();
     entry.Enter();
@@ -310,7 +305,7 @@ TEST(FieldEntry, UndoOutlivesLeavingTheField) {
 }
 
 TEST(FieldEntry, TextOfTheProgramForgetsWhatWasTyped) {
-    FieldEntry entry = Entered(Arc, "030    00    00");
+    FieldEntry entry = Entered(ArcMask, "030    00    00");
     entry.Type("99");
     entry.Show("045    00    00");
     entry.Leave();
@@ -342,7 +337,7 @@ TEST(FieldEntry, KeepsItsColumnsWhateverIsDone) {
         "\u00B0", "\u2032", "\u2033", "\u0663", "\U0001F30D", "\xFF", "12.5 W", "1 2 3", "6,200"};
     std::mt19937 random(20260401);
     const auto below = [&](std::size_t n) { return random() % n; };
-    for (const std::string_view mask : {Latitude, Longitude, Arc, Million, Scale}) {
+    for (const std::string_view mask : {LatitudeMask, LongitudeMask, ArcMask, MillionMask, ScaleMask}) {
         FieldEntry entry(mask);
         for (int step = 0; step < 20000; ++step) {
             const std::string before = entry.Text();

@@ -37,4 +37,21 @@ void StartDesign(std::int16_t projNum) {
     ConstantGrid();
 }
 
+void StartRectangle(std::int16_t projNum, int north, int south, int west, int east, int spacing) {
+    StartDesign(projNum);
+    Design.GridText[GridTextNorth] = LatitudeText(north * 3600);
+    Design.GridText[GridTextSouth] = LatitudeText(south * 3600);
+    Design.GridText[GridTextWest] = LongitudeText(west * 3600);
+    Design.GridText[GridTextEast] = LongitudeText(east * 3600);
+    Design.GridText[GridTextLatSpacing] = ArcText(spacing * 3600);
+    Design.GridText[GridTextLonSpacing] = ArcText(spacing * 3600);
+}
+
+void StartDisc(std::int16_t projNum, int lat, int lon, int range) {
+    StartDesign(projNum);
+    Design.GridText[GridTextCentralLat] = LatitudeText(lat * 3600);
+    Design.GridText[GridTextCentralLon] = LongitudeText(lon * 3600);
+    Design.GridText[GridTextRange] = ArcText(range * 3600);
+}
+
 } // namespace quelmont

@@ -62,20 +62,11 @@ class Outline : public GridTest {
 protected:
     /// A map between bounds in whole degrees.
     void StartRectangle(std::int16_t projNum, int north, int south, int west, int east, int spacing) {
-        StartDesign(projNum);
-        Design.GridText[GridTextNorth] = LatitudeText(north * 3600);
-        Design.GridText[GridTextSouth] = LatitudeText(south * 3600);
-        Design.GridText[GridTextWest] = LongitudeText(west * 3600);
-        Design.GridText[GridTextEast] = LongitudeText(east * 3600);
-        Design.GridText[GridTextLatSpacing] = ArcText(spacing * 3600);
-        Design.GridText[GridTextLonSpacing] = ArcText(spacing * 3600);
+        quelmont::StartRectangle(projNum, north, south, west, east, spacing);
         PrepareDesign();
     }
     void StartDisc(std::int16_t projNum, int lat, int lon, int range) {
-        StartDesign(projNum);
-        Design.GridText[GridTextCentralLat] = LatitudeText(lat * 3600);
-        Design.GridText[GridTextCentralLon] = LongitudeText(lon * 3600);
-        Design.GridText[GridTextRange] = ArcText(range * 3600);
+        quelmont::StartDisc(projNum, lat, lon, range);
         PrepareDesign();
     }
     /// The whole world between 20 E and 20 E, cut twice in the north and twice in the south.

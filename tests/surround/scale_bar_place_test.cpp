@@ -43,20 +43,11 @@ std::string Argument(const char* name, double value) {
 class ScaleBarPlaces : public FreshProgramTest {
 protected:
     static void Rectangle(std::int16_t projNum, int north, int south, int west, int east, int spacing = 5) {
-        StartDesign(projNum);
-        Design.GridText[GridTextNorth] = LatitudeText(north * 3600);
-        Design.GridText[GridTextSouth] = LatitudeText(south * 3600);
-        Design.GridText[GridTextWest] = LongitudeText(west * 3600);
-        Design.GridText[GridTextEast] = LongitudeText(east * 3600);
-        Design.GridText[GridTextLatSpacing] = ArcText(spacing * 3600);
-        Design.GridText[GridTextLonSpacing] = ArcText(spacing * 3600);
+        StartRectangle(projNum, north, south, west, east, spacing);
         PrepareDesign();
     }
     static void Disc(std::int16_t projNum, int lat, int range) {
-        StartDesign(projNum);
-        Design.GridText[GridTextCentralLat] = LatitudeText(lat * 3600);
-        Design.GridText[GridTextCentralLon] = LongitudeText(15 * 3600);
-        Design.GridText[GridTextRange] = ArcText(range * 3600);
+        StartDisc(projNum, lat, 15, range);
         PrepareDesign();
     }
     static std::string Words(std::optional<double> latitude = std::nullopt) {
