@@ -18,9 +18,8 @@ constexpr const char* Routine = "GcCalc";
 
 bool IsPole(double lat) { return std::fabs(lat) >= 90.0 - SameAngle; }
 
-/// The ends of the design, where each meridian has one name, and a pole the other end's.
-RouteEnds EndsOfDesign() {
-    RouteEnds ends{Design.GcStartLat, Design.GcStartLon, Design.GcEndLat, Design.GcEndLon};
+/// The ends where each meridian has one name, and a pole the other end's.
+RouteEnds WithOneName(RouteEnds ends) {
     if (!(std::fabs(ends.startLat) <= 90.0 && std::fabs(ends.endLat) <= 90.0 &&
           std::fabs(ends.startLon) <= 180.0 && std::fabs(ends.endLon) <= 180.0)) {
         throw RunTimeError(ErrorInvalidCall);
@@ -54,21 +53,34 @@ void TellThatItIsCut(std::int16_t mostRows) {
                          BoxButtons::Ok, BoxIcon::Exclamation);
 }
 
+GreatCircleTable TableOf(RouteRows& walk, bool exchanged) {
+    const std::int16_t count = RoundToInt16(static_cast<double>(walk.rows.size()));
+    GreatCircleTable table;
+    table.Rows = std::move(walk.rows);
+    table.GcFirst = exchanged ? count : std::int16_t{1};
+    table.GcLast = exchanged ? std::int16_t{1} : count;
+    table.GcStep = exchanged ? std::int16_t{-1} : std::int16_t{1};
+    return table;
+}
+
 } // namespace
+
+GreatCircleTable GreatCircleBetween(const RouteEnds& ends) {
+    RouteRows walk(MostGreatCircleRows);
+    const bool exchanged = Walk(WithOneName(ends), walk);
+    return TableOf(walk, exchanged);
+}
 
 void GcCalc(std::int16_t mostRows) {
     Design.GcTable = {};
     Guarded(Routine, [mostRows] {
         RouteRows walk(static_cast<std::size_t>(mostRows));
-        const bool exchanged = Walk(EndsOfDesign(), walk);
+        const RouteEnds ends{Design.GcStartLat, Design.GcStartLon, Design.GcEndLat, Design.GcEndLon};
+        const bool exchanged = Walk(WithOneName(ends), walk);
         if (walk.cut) {
             TellThatItIsCut(mostRows);
         }
-        const std::int16_t count = RoundToInt16(static_cast<double>(walk.rows.size()));
-        Design.GcTable.Rows = std::move(walk.rows);
-        Design.GcTable.GcFirst = exchanged ? count : std::int16_t{1};
-        Design.GcTable.GcLast = exchanged ? std::int16_t{1} : count;
-        Design.GcTable.GcStep = exchanged ? std::int16_t{-1} : std::int16_t{1};
+        Design.GcTable = TableOf(walk, exchanged);
     });
 }
 

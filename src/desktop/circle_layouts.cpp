@@ -32,6 +32,8 @@ void PutBeside(FormView& view, const char* field, const char* button) {
     grid->addLayout(both, row, column);
 }
 
+void AddPick(FormView& view) { view.Column()->addWidget(view.AddButton("PickOnMap"), 0, Qt::AlignLeft); }
+
 void AddShow(FormView& view) { view.Column()->addWidget(view.AddCheck("ShowOnMap")); }
 
 } // namespace
@@ -39,6 +41,7 @@ void AddShow(FormView& view) { view.Column()->addWidget(view.AddCheck("ShowOnMap
 void LayOutGreatCircle(FormView& view) {
     view.AddFields(QObject::tr("Start"), {"LatN", "LonW"});
     view.AddFields(QObject::tr("End"), {"LatS", "LonE"});
+    AddPick(view);
     view.AddFields(QObject::tr("Line"), {"GCircleWidth", "GcColorSpin"});
     PutBeside(view, "GcColorSpin", "GcColorPicture");
     AddShow(view);
@@ -47,6 +50,7 @@ void LayOutGreatCircle(FormView& view) {
 
 void LayOutSmallCircle(FormView& view) {
     view.AddFields(QObject::tr("Center"), {"LatCenter", "LonCenter"});
+    AddPick(view);
     view.AddFields(QObject::tr("Radius"), {"RadiusDeg", "RadiusNM", "RadiusSM", "RadiusKM"}, "RadiusHeading");
     view.AddFields(QObject::tr("Lines"), {"SCircleWidth", "SCircleNum", "ScColorSpin"});
     PutBeside(view, "ScColorSpin", "ScColorPicture");

@@ -43,7 +43,8 @@ int Print(const std::string& text) {
 
 } // namespace
 
-Desktop::Desktop() : boxes(window), forms(window), screen(window), printers(window), fileDialogs(window) {
+Desktop::Desktop()
+    : boxes(window), forms(window), screen(window), printers(window), fileDialogs(window), picker(window) {
     InitialiseResources();
     Machine() = {&boxes, &forms,    &window, &pump,        &screen, &places,
                  &clock, &printers, &help,   &fileDialogs, &fonts};

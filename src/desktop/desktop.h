@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_help.h"
 #include "desktop/desktop_machine.h"
+#include "desktop/desktop_picker.h"
 #include "desktop/desktop_pictures.h"
 #include "desktop/desktop_printers.h"
 #include "desktop/desktop_window.h"
@@ -43,6 +44,7 @@ private:
     DesktopFileDialogs fileDialogs;
     DesktopChanges changes;
     DesktopPictures pictures;
+    DesktopPicker picker;
     QtFonts fonts;
 };
 

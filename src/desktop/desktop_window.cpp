@@ -3,6 +3,7 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/standard_colors.h"
+#include "desktop/map_menu.h"
 #include "desktop/qt_text.h"
 #include "desktop/session_end.h"
 #include "desktop/window_place.h"
@@ -17,6 +18,8 @@
 #include "mainwindow/text_placing.h"
 #include "platform/help_pages.h"
 #include "platform/machine.h"
+#include "view/map_clicks.h"
+#include "view/place_picking.h"
 #include "view/redraw.h"
 #include "view/view_status.h"
 
@@ -80,13 +83,18 @@ DesktopWindow::DesktopWindow()
     menuBar()->installEventFilter(this);
     setCentralWidget(area);
     area->OnMouse([this](const AreaMouse& mouse) { input.Take(mouse); });
+    area->OnMenuWanted([this](SurfacePoint pixel, QPoint place) {
+        if (!busy && !Design.TextPending) {
+            ShowMapMenu(*this, pixel, place);
+        }
+    });
     area->OnResized([this] {
         if (Machine().window == this) {
             ToggleCaption();
             rest.start(RestMilliseconds);
         }
     });
-    area->OnPointed([](std::optional<SurfacePoint> pixel) { PointerMoved(pixel); });
+    area->OnPointed([](std::optional<SurfacePoint> pixel) { PointAtMap(pixel); });
     rest.setSingleShot(true);
     connect(&rest, &QTimer::timeout, this, [this] { RedrawAtRest(); });
     area->setFocus();
@@ -290,6 +298,9 @@ void DesktopWindow::Clicked(Menu menu, int index) {
         mnuBar_Click(index);
         return;
     }
+    if (GiveUpPicking()) {
+        return; // the dialog comes back; it has the window to itself
+    }
     Run([&] {
         helpOfCommand = HelpContextOf(menu, index);
         ClickMenuItem(menu, index);
@@ -302,6 +313,7 @@ void DesktopWindow::Run(const std::function<void()>& command) {
     }
     busy = true;
     input.End();
+    EndClicks();
     command();
     busy = false;
     helpOfCommand = 0;
@@ -372,7 +384,7 @@ bool DesktopWindow::event(QEvent* event) {
 void DesktopWindow::keyPressEvent(QKeyEvent* event) {
     const KeyedEntry keyed = EntryOfKeys(event->keyCombination());
     if (event->key() == Qt::Key_Escape) {
-        if (!input.GiveUp()) {
+        if (!EscapeClicks() && !input.GiveUp()) {
             EscapeKey();
         }
         if (!busy) {
@@ -419,8 +431,10 @@ void DesktopWindow::changeEvent(QEvent* event) {
 
 void DesktopWindow::closeEvent(QCloseEvent* event) {
     if (busy) {
-        EscapeKey();
         closeWanted = true;
+        if (!GiveUpPicking()) {
+            EscapeKey();
+        }
         event->ignore();
         return;
     }

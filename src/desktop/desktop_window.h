@@ -32,6 +32,8 @@ public:
     bool Busy() const { return busy; }
     /// The page of the help about the command that runs, 0 where there is none.
     int HelpOfCommand() const { return helpOfCommand; }
+    /// The window closes as soon as the command that runs has ended.
+    bool IsCloseWanted() const { return closeWanted; }
     /// Runs something as a command, unless one runs.
     void Run(const std::function<void()>& command);
 

@@ -12,6 +12,7 @@
 #include "desktop/text_layouts.h"
 
 #include <QApplication>
+#include <QEventLoop>
 
 #include <algorithm>
 #include <array>
@@ -92,7 +93,11 @@ void DesktopForms::Show(Form& form) {
     EntryOf(form).layOut(view);
     const KeyboardReturn keyboard(view, *below);
     view.setWindowModality(Qt::WindowModal); // the help stays in use
-    view.exec();
+    // A dialog may hide for a while, which ends what QDialog::exec waits in.
+    QEventLoop shown;
+    QObject::connect(&view, &QDialog::finished, &shown, &QEventLoop::quit);
+    view.show();
+    shown.exec(QEventLoop::DialogExec);
     if (!form.Closed()) {
         form.PressCancel();
     }

@@ -1,6 +1,8 @@
 #include "desktop/drawing_area.h"
 
 #include <QAccessibleWidget>
+#include <QContextMenuEvent>
+#include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -217,6 +219,15 @@ void DrawingArea::wheelEvent(QWheelEvent* event) {
                Qt::NoButton, event->modifiers(), event->angleDelta().y()});
     }
     event->accept();
+}
+
+void DrawingArea::contextMenuEvent(QContextMenuEvent* event) {
+    if (menuWanted) {
+        const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+        const QPoint under = underMouse() ? mapFromGlobal(QCursor::pos()) : rect().center();
+        const QPoint place = byMouse ? event->pos() : under;
+        menuWanted(PixelAt(place), mapToGlobal(place));
+    }
 }
 
 void DrawingArea::enterEvent(QEnterEvent* event) {

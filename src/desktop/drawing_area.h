@@ -72,6 +72,9 @@ public:
     void OnMouse(std::function<void(const AreaMouse&)> handler) { mouse = std::move(handler); }
     /// Called with the pixel of the picture that the mouse is over, and with nothing when it leaves the area.
     void OnPointed(std::function<void(std::optional<SurfacePoint>)> handler) { pointed = std::move(handler); }
+    /// Called when a menu about a pixel of the picture is asked for, with the place of the screen to show it
+    /// at: the pixel under the mouse, or by a key without the mouse the middle of the area.
+    void OnMenuWanted(std::function<void(SurfacePoint, QPoint)> handler) { menuWanted = std::move(handler); }
     /// Called when the area has got another size.
     void OnResized(std::function<void()> handler) { resized = std::move(handler); }
 
@@ -82,6 +85,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -114,6 +118,7 @@ private:
     qreal ratio = 1.0; ///< device pixels per unit of the screen that the picture was drawn for
     std::function<void(const AreaMouse&)> mouse;
     std::function<void(std::optional<SurfacePoint>)> pointed;
+    std::function<void(SurfacePoint, QPoint)> menuWanted;
     std::function<void()> resized;
 };
 

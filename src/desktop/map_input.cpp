@@ -4,6 +4,8 @@
 #include "desktop/desktop_window.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/text_placing.h"
+#include "view/map_clicks.h"
+#include "view/place_picking.h"
 
 #include <QKeyEvent>
 
@@ -60,16 +62,19 @@ MapInput::MapInput(DesktopWindow& window_) : window(window_) {
 }
 
 void MapInput::Take(const AreaMouse& mouse) {
+    if (IsPicking()) { // for a dialog, which is part of the command that runs
+        TakenByClick(mouse);
+        return;
+    }
     if (window.Busy()) {
         if (fillingIn && (BeginsMove(mouse) || !waiting.empty())) {
             Interrupt([this, mouse] { Take(mouse); });
         }
         return;
     }
-    if (TakenByText(mouse) || TakenByMove(mouse)) {
-        return;
+    if (!TakenByText(mouse) && !TakenByClick(mouse)) {
+        TakenByMove(mouse);
     }
-    // What is left to others: a click, and whatever is done with the Shift key held.
 }
 
 bool MapInput::Take(const QKeyEvent& event) {
@@ -122,11 +127,28 @@ bool MapInput::TakenByText(const QKeyEvent& event) {
     }
 }
 
+bool MapInput::TakenByClick(const AreaMouse& mouse) {
+    const bool left = mouse.button == Qt::LeftButton;
+    switch (mouse.kind) {
+    case AreaMouse::Kind::Press:
+        return left && TakeClick(mouse.pixel, mouse.modifiers.testFlag(Qt::ShiftModifier));
+    case AreaMouse::Kind::DoubleClick:
+        return left && TakeSecondClick();
+    case AreaMouse::Kind::Wheel:
+        EndClicks(); // the picture becomes another one
+        return false;
+    case AreaMouse::Kind::Move:
+    case AreaMouse::Kind::Release:
+        break;
+    }
+    return false;
+}
+
 bool MapInput::TakenByMove(const AreaMouse& mouse) {
     bool taken = false;
     switch (mouse.kind) {
     case AreaMouse::Kind::Press:
-        if (mouse.button == Qt::LeftButton && !(mouse.modifiers & Qt::ShiftModifier)) {
+        if (mouse.button == Qt::LeftButton) {
             hand.Press(mouse.pixel, mouse.modifiers.testFlag(Qt::ControlModifier));
         }
         return false; // it may become a click
@@ -152,6 +174,7 @@ bool MapInput::TakenByMove(const QKeyEvent& event) {
     if (!key || !MapHand::IsFree()) {
         return false;
     }
+    EndClicks();
     hand.Press(*key);
     WaitForRest();
     return true;

@@ -14,8 +14,9 @@ namespace quelmont {
 
 class DesktopWindow;
 
-/// What the mouse and the keyboard do with the map, and who gets it: a text that is being placed, then what
-/// moves the map. While a command runs nobody does.
+/// What the mouse and the keyboard do with the map, and who gets it: a text that is being placed, a
+/// distance that is measured, then what moves the map. While a command runs nobody does, but for a dialog
+/// that waits for a place of the map.
 ///
 /// A map of so many lines that its picture is cut while it moves is filled in when the hand rests; the next
 /// move stops that and goes on.
@@ -36,6 +37,7 @@ private:
     /// True when the event was theirs.
     static bool TakenByText(const AreaMouse& mouse);
     static bool TakenByText(const QKeyEvent& event);
+    static bool TakenByClick(const AreaMouse& mouse);
     bool TakenByMove(const AreaMouse& mouse);
     bool TakenByMove(const QKeyEvent& event);
 

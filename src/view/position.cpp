@@ -2,37 +2,22 @@
 
 #include "core/coordinates.h"
 #include "core/degrees.h"
+#include "core/distance_units.h"
 #include "core/map_design.h"
 #include "core/number_text.h"
 #include "mainwindow/drawn_picture.h"
 #include "mainwindow/main_window_state.h"
 #include "projection/inverse_place.h"
+#include "view/bounds_of_picture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
-#include <utility>
 
 namespace quelmont {
 
 namespace {
-
-/// The bounds that a picture was drawn with, in the place of those of the design as long as it lives.
-class BoundsOfPicture {
-public:
-    explicit BoundsOfPicture(DrawnPicture& picture_) : picture(picture_) { Exchange(); }
-    ~BoundsOfPicture() { Exchange(); }
-    BoundsOfPicture(const BoundsOfPicture&) = delete;
-    BoundsOfPicture& operator=(const BoundsOfPicture&) = delete;
-
-private:
-    void Exchange() noexcept {
-        std::swap(static_cast<DesignBounds&>(Design), picture.bounds);
-        std::swap(Design.ProjNum, picture.projNum);
-    }
-
-    DrawnPicture& picture;
-};
 
 /// How an angle is written whose smallest unit is so many degrees.
 struct AngleUnits {
@@ -129,6 +114,17 @@ std::string DistortionText(const MapPosition& position) {
     const std::string_view areaPicture = area < 10.0 ? "0.000" : area < 1000.0 ? "0.0" : "#,##0";
     return "area \u00D7 " + FormatNumber(area, areaPicture) + "   angle " + FormatNumber(angle, "0.0") +
            "\u00B0";
+}
+
+double DegreesPerPixel(const MapPosition& position) {
+    // Of a zone, whose maps are in metres, on the ellipsoid: a minute is a nautical mile within a hundredth.
+    constexpr double metresPerDegree = KilometresPerNauticalMile * 60.0 * 1000.0;
+    return position.metres ? position.unitsPerPixel / metresPerDegree : InDegrees(position.unitsPerPixel);
+}
+
+GlobePlace RoundedPlace(const GlobePlace& place, double step) {
+    const double unit = std::max(UnitsFor(step).unit, 1.0 / SecPerDegree);
+    return {std::round(place.lat / unit) * unit, std::round(place.lon / unit) * unit};
 }
 
 std::string PositionText(const MapPosition& position) {

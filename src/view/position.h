@@ -38,6 +38,13 @@ std::string PositionText(const MapPosition& position);
 /// places where that has no value.
 std::string DistortionText(const MapPosition& position);
 
+/// How much of the globe a pixel of the map is wide, degrees.
+double DegreesPerPixel(const MapPosition& position);
+
+/// The place in whole degrees, minutes or seconds: what PlaceText tells of it, but nothing finer than
+/// seconds.
+GlobePlace RoundedPlace(const GlobePlace& place, double step);
+
 /// A latitude and a longitude in whole degrees, minutes or seconds, or in tenths or hundredths of a second:
 /// what is as fine as a step of so many degrees.
 std::string PlaceText(const GlobePlace& place, double step);

@@ -3,6 +3,8 @@
 #include "mainwindow/drawn_picture.h"
 #include "mainwindow/main_window_state.h"
 #include "platform/machine.h"
+#include "view/measuring.h"
+#include "view/place_picking.h"
 #include "view/position.h"
 #include "view/view_state.h"
 
@@ -22,6 +24,10 @@ std::string TextOf(const MapPosition& position) {
 void ShowText() {
     if (IsPlotting()) {
         return; // the line is the draw's
+    }
+    if (IsPicking() || IsMeasuring()) {
+        Machine().window->SetStatusText(IsPicking() ? PickingText() : MeasuredText());
+        return;
     }
     if (ViewNow.older) {
         Machine().window->SetStatusText(OlderText);

@@ -1,11 +1,15 @@
 #include "dialogs/circles/circle_form.h"
 
+#include "core/angle_text.h"
 #include "core/color_table.h"
 #include "core/rounding.h"
 #include "dialogs/look/colors256.h"
 #include "platform/machine.h"
+#include "platform/place_picker.h"
 
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace quelmont {
@@ -16,6 +20,9 @@ constexpr int MinPixels = 1;
 constexpr int MaxPixels = 600;
 constexpr int LastCell = static_cast<int>(ColorCells) - 1;
 constexpr const char* ShowControl = "ShowOnMap";
+constexpr const char* PickControl = "PickOnMap";
+/// Blanks between the columns of a field.
+constexpr std::int16_t GroupGap = 4;
 
 } // namespace
 
@@ -23,6 +30,33 @@ CircleForm::CircleForm(const char* className, const char* caption, const Line& l
     : DesignFields(className, caption), line(line_), colorBefore(Design.*line_.color),
       colorIndexBefore(Design.*line_.colorIndex) {
     Design.DialogCancelled = true;
+}
+
+void CircleForm::AddPick(std::span<const PlaceFields> places) {
+    place = &places.front();
+    for (const PlaceFields& one : places) {
+        for (const std::string_view field : {one.lat, one.lon}) {
+            On(field, ControlEvent::GotFocus, [this, &one] { place = &one; });
+        }
+    }
+    Add({.name = PickControl,
+         .kind = ControlKind::Button,
+         .text = "&Pick on Map",
+         .enabled = Picker() != nullptr && Picker()->CanPick()});
+    On(PickControl, ControlEvent::Click, [this] { PickOnMap_Click(); });
+}
+
+void CircleForm::PickOnMap_Click() {
+    const std::optional<PickedPlace> picked = Picker()->Pick(place->what);
+    if (picked && !Closed()) {
+        std::string lat;
+        std::string lon;
+        DegMinSec(picked->lat, lat, "LAT", GroupGap);
+        DegMinSec(picked->lon, lon, "LON", GroupGap);
+        SetText(place->lat, lat);
+        SetText(place->lon, lon);
+    }
+    SetFocus(place->lat);
 }
 
 void CircleForm::AddWidth() {

@@ -5,11 +5,16 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
+#include <string_view>
 
 namespace quelmont {
 
-/// What the two dialogs of circles have in common: the line's width and colour, whether the circle is shown,
-/// and the buttons.
+/// What the two dialogs of circles have in common: the button that takes a place from the map, the line's
+/// width and colour, whether the circle is shown, and the buttons.
+///
+/// The place goes into the latitude and the longitude that had the focus last, of the first place at first,
+/// and the focus to the latitude. The button is disabled where there is no picture of a map.
 ///
 /// A colour that is chosen is the design's at once; Cancel gives the old one back.
 class CircleForm : public DesignFields {
@@ -31,6 +36,13 @@ protected:
 
     CircleForm(const char* className, const char* caption, const Line& line);
 
+    /// The fields of a place, and what it is, in words.
+    struct PlaceFields {
+        std::string_view lat, lon; ///< controls
+        const char* what;
+    };
+    /// The button "Pick on Map", for one of several places, which outlive the dialog.
+    void AddPick(std::span<const PlaceFields> places);
     void AddWidth();
     void AddColor();
     /// The check "Show on map" and the buttons.
@@ -41,11 +53,13 @@ protected:
     void Cancel_Click() override;
 
 private:
+    void PickOnMap_Click();
     void ColorSpin_Change();
     void ColorPicture_Click();
     void ShowColor();
 
     const Line& line;
+    const PlaceFields* place = nullptr; ///< that had the focus last
     ColorValue colorBefore;
     std::int16_t colorIndexBefore;
 };

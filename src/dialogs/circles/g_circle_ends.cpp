@@ -28,6 +28,10 @@ GCircleEnds::GCircleEnds() : CircleForm("GCircleEnds", "Select Endpoints of Grea
                  Design.GcText[i]);
         CheckWhenLeft(GreatCircleFields[i], [this, i] { return CheckGreatCircleField(i, Texts()); });
     }
+    static constexpr std::array Places = {
+        PlaceFields{GreatCircleFields[0], GreatCircleFields[1], "the start of the great circle"},
+        PlaceFields{GreatCircleFields[2], GreatCircleFields[3], "the end of the great circle"}};
+    AddPick(Places);
     AddWidth();
     AddColor();
     AddShowAndButtons([this] { OK_Click(); });

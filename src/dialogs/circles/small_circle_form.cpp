@@ -29,6 +29,9 @@ SmallCircleForm::SmallCircleForm()
     : CircleForm("SmallCircle", "Select Center and Radius of Small Circle", OwnLine()) {
     AddField("LatCenter", "&Latitude of circle center", LatitudeMask, Design.ScText[0]);
     AddField("LonCenter", "Lo&ngitude of circle center", LongitudeMask, Design.ScText[1]);
+    static constexpr std::array Places = {
+        PlaceFields{SmallCircleFields[0], SmallCircleFields[1], "the center of the small circle"}};
+    AddPick(Places);
     Add({.name = "RadiusHeading", .kind = ControlKind::Label, .text = "_____ Radius of Outer Circle _____"});
     AddField("RadiusDeg", "&Degrees", ArcMask, Design.ScText[2]);
     for (std::size_t i = 0; i < SmallCircleFields.size(); ++i) {
