@@ -46,15 +46,17 @@ double Brightness(ColorValue color) {
 
 } // namespace
 
-ColorValue SurroundInk() {
-    constexpr double least = 0.3;
+ColorValue InkOn(ColorValue paper) {
+    constexpr double least = 0.2;
     const ColorValue color = Design.Fonts[GridLabelFontSlot].FontColour;
-    const double paper = Brightness(Design.BackColor);
-    if (std::fabs(Brightness(color) - paper) >= least) {
+    const double light = Brightness(paper);
+    if (std::fabs(Brightness(color) - light) >= least) {
         return color;
     }
-    return SolidColor(paper > 0.5 ? Rgb(0, 0, 0) : Rgb(255, 255, 255));
+    return SolidColor(light > 0.5 ? Rgb(0, 0, 0) : Rgb(255, 255, 255));
 }
+
+ColorValue SurroundInk() { return InkOn(Design.BackColor); }
 
 double FrameReach() {
     return Design.Frame.frame ? FrameWidth() / 2.0 + TickLength() : Design.GridLineWidth / 2.0;

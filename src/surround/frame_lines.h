@@ -14,8 +14,11 @@ struct SurroundStroke {
     double width = 0.0;             ///< twips of the window
 };
 
-/// The colour of the frame and the scale bar: that of the grid's labels, or where it can hardly be told from
-/// the background black or white. Reads   the look of GridLabelFontSlot, BackColor.
+/// The colour of labels, frame and scale bar on a colour: that of the grid's labels, or where it can hardly
+/// be told from the other black or white. Reads   the look of GridLabelFontSlot.
+ColorValue InkOn(ColorValue paper);
+
+/// The same on the background. Reads   the look of GridLabelFontSlot, BackColor.
 ColorValue SurroundInk();
 
 /// How far the frame reaches beyond the map's outline, with its ticks: twips. Without a frame half the width

@@ -5,6 +5,7 @@
 #include "core/rounding.h"
 #include "output/print_text.h"
 #include "platform/machine.h"
+#include "surround/frame_lines.h"
 #include "surround/label_measure.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace quelmont {
 
@@ -104,7 +106,8 @@ private:
     bool PlaceOnLine(const LabelledLine& line, const LabelSpot& spot, double side);
     bool HasRoom(const TextBox& letters, const TextBox& cell) const;
     bool Touches(const TextBox& letters, bool map) const;
-    void Keep(const LabelledLine& line, const TextBox& letters, int angle);
+    /// paper: what the label stands on.
+    void Keep(const LabelledLine& line, const TextBox& letters, int angle, ColorValue paper);
 
     /// The cell of the font about the letters.
     TextBox CellOf(const TextBox& letters) const {
@@ -145,8 +148,10 @@ bool Layout::Touches(const TextBox& letters, bool map) const {
     return false;
 }
 
-void Layout::Keep(const LabelledLine& line, const TextBox& letters, int angle) {
-    labels.push_back({.item = measure->ItemOf(line.text, letters, angle), .letters = letters});
+void Layout::Keep(const LabelledLine& line, const TextBox& letters, int angle, ColorValue paper) {
+    TextItem item = measure->ItemOf(line.text, letters, angle);
+    item.TextColour = InkOn(paper);
+    labels.push_back({.item = std::move(item), .letters = letters});
 }
 
 void Layout::PlaceAtFrame(const LabelledLine& line, const LabelSpot& spot) {
@@ -156,7 +161,7 @@ void Layout::PlaceAtFrame(const LabelledLine& line, const LabelSpot& spot) {
                           .halfWidth = measure->width / 2.0,
                           .halfHeight = measure->letters / 2.0};
     if (HasRoom(letters, CellOf(letters)) && !Touches(letters, true)) {
-        Keep(line, letters, 0);
+        Keep(line, letters, 0, Design.BackColor);
     }
 }
 
@@ -178,7 +183,7 @@ bool Layout::PlaceOnLine(const LabelledLine& line, const LabelSpot& spot, double
     if (!HasRoom(letters, CellOf(letters)) || Touches(letters, false)) {
         return false;
     }
-    Keep(line, letters, angle);
+    Keep(line, letters, angle, Design.Fill.sea.value_or(Design.BackColor));
     return true;
 }
 

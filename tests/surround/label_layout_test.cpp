@@ -112,6 +112,23 @@ TEST_F(LabelLayout, HasTheLookOfItsSlot) {
     EXPECT_EQ(item.TextHeight, 19 * 15) << "14 points are 18.7 pixels";
 }
 
+TEST_F(LabelLayout, IsSeenOnADarkBackgroundAndOnADarkSea) {
+    const auto color = [] { return ColorBits(Place().front().item.TextColour); };
+    Design.Fonts[GridLabelFontSlot].FontColour = Rgb(0, 0, 0);
+    Design.BackColor = Rgb(16, 32, 64);
+    EXPECT_EQ(color(), Rgb(255, 255, 255));
+    Design.Fonts[GridLabelFontSlot].FontColour = Rgb(255, 255, 0);
+    EXPECT_EQ(color(), Rgb(255, 255, 0)) << "a colour that is seen is kept";
+    Design.BackColor = Rgb(255, 255, 255);
+    EXPECT_EQ(color(), Rgb(0, 0, 0));
+    // The sea lies under labels on the lines, not under those beside the map.
+    Design.Fonts[GridLabelFontSlot].FontColour = Rgb(0, 0, 0);
+    Design.Fill.sea = Rgb(0, 16, 48);
+    EXPECT_EQ(color(), Rgb(0, 0, 0));
+    Design.GridLabels.place = GridLabelPlace::Lines;
+    EXPECT_EQ(color(), Rgb(255, 255, 255));
+}
+
 TEST_F(LabelLayout, GivesWayToATextOfTheMap) {
     const TextItem label = ItemsOf(Place(), "30\u00B0N").at(0);
     TextItem text = label;
