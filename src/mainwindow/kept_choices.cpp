@@ -48,8 +48,18 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"RedrawByItself", RedrawText, TakeRedraw},
     {"Fill", FillText, TakeFill, true},
     {"Frame", FrameText, TakeFrameText, true},
-    {"SmoothLines", SmoothLinesText, TakeSmoothLines, true},
+    {"SmoothLines", SmoothLinesText, TakeSmoothLines, true, true},
 });
+
+std::string TextsOf(bool (*belongs)(const KeptChoice& choice)) {
+    std::string texts;
+    for (const KeptChoice& choice : Choices) {
+        if (belongs(choice)) {
+            texts += choice.text() + '\n';
+        }
+    }
+    return texts;
+}
 
 std::vector<std::string> TextsNow() {
     std::vector<std::string> texts;
@@ -88,13 +98,11 @@ void KeepChoices() {
 void NoteChoices() { MainWindowNow.ChoicesKept = TextsNow(); }
 
 std::string DrawnChoices() {
-    std::string texts;
-    for (const KeptChoice& choice : Choices) {
-        if (choice.drawn) {
-            texts += choice.text() + '\n';
-        }
-    }
-    return texts;
+    return TextsOf([](const KeptChoice& choice) { return choice.drawn; });
+}
+
+std::string MapChoices() {
+    return TextsOf([](const KeptChoice& choice) { return choice.drawn && !choice.ofView; });
 }
 
 } // namespace quelmont

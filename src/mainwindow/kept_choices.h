@@ -14,7 +14,8 @@ struct KeptChoice {
     std::string (*text)();
     /// Makes the choice what a line tells. A line that means nothing leaves it as it is.
     void (*take)(std::string_view text);
-    bool drawn = false; ///< the picture of the map depends on it
+    bool drawn = false;  ///< the picture of the map depends on it
+    bool ofView = false; ///< how the map is looked at, and not what is on it
 };
 
 /// All of them. A new one needs its row in the table behind this, and nothing else.
@@ -32,5 +33,7 @@ void NoteChoices();
 
 /// The choices that the picture depends on, as one text to be compared.
 std::string DrawnChoices();
+/// Those of them that say what is on the map.
+std::string MapChoices();
 
 } // namespace quelmont

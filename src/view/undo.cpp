@@ -23,7 +23,7 @@ namespace {
 /// The design to compare by; empty for one that no file can hold.
 std::string TextNow() {
     try {
-        return DesignTextWithoutNames() + DrawnChoices();
+        return DesignTextWithoutNames() + MapChoices();
     } catch (const RunTimeError&) {
         return {};
     }

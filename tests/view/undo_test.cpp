@@ -98,6 +98,21 @@ const std::vector<std::function<void(int)>> EachChange = {
     },
 };
 
+TEST_F(Undoing, SmoothLinesAreNoStep) {
+    ChangeGrid(Rgb(1, 2, 3));
+    ASSERT_EQ(changes.steps.StepsBack(), 1U);
+    const bool smooth = Design.SmoothLines;
+    ClickMenuItem(Menu::mnuView, SmoothLinesItem);
+    EXPECT_EQ(Design.SmoothLines, !smooth);
+    EXPECT_EQ(changes.steps.StepsBack(), 1U) << "it says how the map is looked at";
+    EXPECT_EQ(UndoText(), "&Undo Grid Color, Width, Type");
+    Undo();
+    EXPECT_EQ(Design.SmoothLines, !smooth) << "and stays";
+    EXPECT_EQ(changes.steps.StepsForward(), 1U);
+    ClickMenuItem(Menu::mnuView, SmoothLinesItem);
+    EXPECT_EQ(changes.steps.StepsForward(), 1U) << "what was taken back can be brought back";
+}
+
 TEST_F(Undoing, DesignsComeBackByteForByteOneAfterTheOtherBothWays) {
     std::mt19937 random(16);
     std::vector<std::string> designs = {DesignFileText()};
