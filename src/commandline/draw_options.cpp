@@ -179,6 +179,7 @@ private:
     void AddUtm();
     void AddGrid();
     void AddFills();
+    void AddDistortion();
     void AddCircles();
     void AddCircleLine(CLI::Option* circle, const std::string& name, const char* table, CircleOptions& line);
     void AddMaps();
@@ -210,6 +211,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddUtm();
     AddGrid();
     AddFills();
+    AddDistortion();
     AddCircles();
     AddMaps();
     AddTexts();
@@ -393,6 +395,13 @@ void OptionTable::AddFills() {
         [this](const std::string& value) { options.fill.lakes = ColorOf(value); });
     Add("--fill-sea", "RRGGBB", "Fill the rest of the map",
         [this](const std::string& value) { options.fill.sea = ColorOf(value); });
+}
+
+void OptionTable::AddDistortion() {
+    group = "Distortion";
+    AddDistortionOptions([this](const std::string& name, const char* type, const char* description,
+                                Take take) { return Add(name, type, description, std::move(take)); },
+                         options.distortion);
 }
 
 void OptionTable::AddCircles() {

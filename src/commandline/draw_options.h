@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/distortion_options.h"
 #include "commandline/frame_options.h"
 #include "commandline/grid_label_options.h"
 #include "commandline/page_options.h"
@@ -59,6 +60,7 @@ struct DrawOptions {
     FillChoice fill;
     GridLabelOptions gridLabels;
     FrameOptions frame;
+    DistortionOptions distortion;
     std::optional<std::array<std::string, 4>> greatCircle; ///< GcText
     CircleOptions greatCircleLine;
     std::optional<std::array<std::string, 3>> smallCircle; ///< ScText
