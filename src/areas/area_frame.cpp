@@ -4,11 +4,13 @@
 #include "areas/disc_frame.h"
 #include "areas/zone_frame.h"
 #include "core/map_design.h"
+#include "graticule/lobes.h"
 #include "projection/project_select.h"
 #include "projection/projection_table.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace quelmont {
@@ -51,6 +53,22 @@ PlaneRing RoundTheAxis(const Ring& ring, double offset, double low, double high)
     return line;
 }
 
+/// Bounds and lobe of the design, as long as it lives.
+class BoundsKept {
+public:
+    BoundsKept() = default;
+    ~BoundsKept() {
+        static_cast<DesignBounds&>(Design) = bounds;
+        Design.LobeOffsetX = offset;
+    }
+    BoundsKept(const BoundsKept&) = delete;
+    BoundsKept& operator=(const BoundsKept&) = delete;
+
+private:
+    DesignBounds bounds = Design;
+    double offset = Design.LobeOffsetX;
+};
+
 } // namespace
 
 PlaneRings LaidOut(const Ring& ring, std::int32_t west, double low, double high) {
@@ -91,6 +109,19 @@ std::unique_ptr<AreaFrame> FrameOfMap() {
         break;
     }
     return nullptr;
+}
+
+void ForEachPartOfMap(const std::function<void()>& use) {
+    if (Design.ProjNum != ProjInterruptedMollweide) {
+        use();
+        return;
+    }
+    const BoundsKept kept;
+    for (const std::int16_t lobe : LobesWithHeight()) {
+        CalcGraticuleInterrupt(lobe);
+        Design.LobeOffsetX = Design.LobeCentral[static_cast<std::size_t>(lobe)];
+        use();
+    }
 }
 
 } // namespace quelmont

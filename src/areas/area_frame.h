@@ -4,6 +4,7 @@
 #include "output/area_rings.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace quelmont {
@@ -34,6 +35,9 @@ public:
 
 /// The frame of the map, of a lobe on the interrupted projection. Null on an unknown projection.
 std::unique_ptr<AreaFrame> FrameOfMap();
+
+/// Calls use for the map, or for each of its lobes, whose bounds the design has then. They are put back.
+void ForEachPartOfMap(const std::function<void()>& use);
 
 /// So many pieces stand for a side of a map's outline that may be bent.
 constexpr int PiecesOfSide = 256;

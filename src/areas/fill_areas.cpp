@@ -6,7 +6,6 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/run_time_error.h"
-#include "graticule/lobes.h"
 #include "output/area_output.h"
 #include "platform/machine.h"
 
@@ -22,36 +21,13 @@ namespace quelmont {
 
 namespace {
 
-/// Bounds and lobe of the design, as long as it lives.
-class BoundsKept {
-public:
-    BoundsKept() = default;
-    ~BoundsKept() {
-        static_cast<DesignBounds&>(Design) = bounds;
-        Design.LobeOffsetX = offset;
-    }
-    BoundsKept(const BoundsKept&) = delete;
-    BoundsKept& operator=(const BoundsKept&) = delete;
-
-private:
-    DesignBounds bounds = Design;
-    double offset = Design.LobeOffsetX;
-};
-
 /// Calls use for the frame of the map, or of each of its lobes, whose bounds the design has then.
 void ForEachFrame(const std::function<void(const AreaFrame&)>& use) {
-    if (Design.ProjNum != ProjInterruptedMollweide) {
+    ForEachPartOfMap([&] {
         if (const std::unique_ptr<AreaFrame> frame = FrameOfMap()) {
             use(*frame);
         }
-        return;
-    }
-    const BoundsKept kept;
-    for (const std::int16_t lobe : LobesWithHeight()) {
-        CalcGraticuleInterrupt(lobe);
-        Design.LobeOffsetX = Design.LobeCentral[static_cast<std::size_t>(lobe)];
-        use(*FrameOfMap());
-    }
+    });
 }
 
 /// Lines may be thinned so much that nothing is seen of it.

@@ -172,6 +172,7 @@ bool ApplyOptions(const DrawOptions& options) {
     TakeGrid(options);
     TakeGridLabels(options.gridLabels);
     TakeFrame(options.frame);
+    TakeDistortion(options.distortion);
     TakeMaps(options);
     PlaceTexts(options.texts);
     return TakeProjection(options);

@@ -117,6 +117,7 @@ private:
     void AddUtm();
     void AddGrid();
     void AddFills();
+    void AddDistortion();
     void AddCircles();
     void AddMaps();
     void AddTexts();
@@ -146,6 +147,7 @@ OptionTable::OptionTable(DrawOptions& options_, const std::string& version) : op
     AddUtm();
     AddGrid();
     AddFills();
+    AddDistortion();
     AddCircles();
     AddMaps();
     AddTexts();
@@ -323,6 +325,13 @@ void OptionTable::AddFills() {
         [this](const std::string& value) { options.fill.lakes = ColorOf(value); });
     Add("--fill-sea", "RRGGBB", "Fill the rest of the map",
         [this](const std::string& value) { options.fill.sea = ColorOf(value); });
+}
+
+void OptionTable::AddDistortion() {
+    group = "Distortion";
+    AddDistortionOptions([this](const std::string& name, const char* type, const char* description,
+                                Take take) { return Add(name, type, description, std::move(take)); },
+                         options.distortion);
 }
 
 void OptionTable::AddCircles() {

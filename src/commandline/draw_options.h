@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline/circle_options.h"
+#include "commandline/distortion_options.h"
 #include "commandline/frame_options.h"
 #include "commandline/grid_label_options.h"
 #include "commandline/map_options.h"
@@ -40,6 +41,7 @@ struct DrawOptions {
     FillChoice fill;
     GridLabelOptions gridLabels;
     FrameOptions frame;
+    DistortionOptions distortion;
     CircleOptions circles;
     ReportOptions reports;
     MapOptions map;

@@ -32,6 +32,7 @@ constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AboutQMNT",        LayOutAbout},
     {"AscOutput",       LayOutAsciiOutputs},
     {"Colors256",        LayOutColors},
+    {"Distortion",       LayOutDistortion},
     {"FillLandAndWater", LayOutFills},
     {"FontDialog",       LayOutFonts},
     {"GcReport",         LayOutReportBox},

@@ -89,6 +89,13 @@ void LayOutFills(FormView& view) {
     view.AddButtons({"OK", "Cancel"});
 }
 
+void LayOutDistortion(FormView& view) {
+    view.AddFrame("Kind");
+    view.AddFields({}, {"Radius", "Spacing"});
+    view.Column()->addWidget(view.AddExplanation("Note"));
+    view.AddButtons({"OK", "Cancel"});
+}
+
 void LayOutMapFrame(FormView& view) {
     view.Column()->addWidget(view.AddCheck("Frame"));
     view.AddFrame("ScaleBar");

@@ -8,6 +8,7 @@ class FormView;
 
 void LayOutMapSize(FormView& view);
 void LayOutFills(FormView& view);
+void LayOutDistortion(FormView& view);
 void LayOutGridType(FormView& view);
 void LayOutGridLabels(FormView& view);
 void LayOutMapFrame(FormView& view);

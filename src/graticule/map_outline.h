@@ -1,16 +1,14 @@
 #pragma once
 
+#include "output/area_rings.h"
+
 #include <vector>
 
 /// The edge of the map, as lines in the plane and as the place where the grid ends.
 
 namespace quelmont {
 
-/// A place in the plane, projection units.
-struct PlanePlace {
-    double x = 0.0, y = 0.0;
-    bool operator==(const PlanePlace&) const = default;
-};
+using PlanePlace = PlanePoint;
 
 /// Where a parallel or a meridian of the grid ends on the outline.
 struct OutlineMark {

@@ -1,5 +1,6 @@
 #include "mainwindow/kept_choices.h"
 
+#include "mainwindow/distortion_commands.h"
 #include "mainwindow/fill_commands.h"
 #include "mainwindow/frame_choice.h"
 #include "mainwindow/kept_grid_labels.h"
@@ -48,6 +49,7 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"RedrawByItself", RedrawText, TakeRedraw},
     {"Fill", FillText, TakeFill, true},
     {"Frame", FrameText, TakeFrameText, true},
+    {"Distortion", DistortionSetting, TakeDistortionSetting, true},
     {"SmoothLines", SmoothLinesText, TakeSmoothLines, true, true},
 });
 

@@ -2,6 +2,7 @@
 
 #include "mainwindow/copy_map.h"
 #include "mainwindow/design_commands.h"
+#include "mainwindow/distortion_commands.h"
 #include "mainwindow/fill_commands.h"
 #include "mainwindow/map_draw.h"
 #include "mainwindow/menu_commands.h"
@@ -88,6 +89,7 @@ constexpr std::array ViewMenu = {
     MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
     MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleRedraw,      {}, true},
     MenuEntry{DrawAgainItem,         "Dra&w Again",              DrawAgain,         {}, false, "F5"},
+    MenuEntry{DistortionItem,        "&Distortion...",           ChooseDistortion},
 };
 
 constexpr std::array AboutMenu = {

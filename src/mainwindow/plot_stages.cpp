@@ -3,6 +3,7 @@
 #include "annotation/label_convert.h"
 #include "annotation/label_print.h"
 #include "areas/fill_areas.h"
+#include "areas/plot_distortion.h"
 #include "core/checked_math.h"
 #include "core/elapsed.h"
 #include "core/map_design.h"
@@ -33,9 +34,19 @@ double Now() { return Machine().clock->SecondsSinceMidnight(); }
 
 double ClockSecondsSince(double start) { return ElapsedSeconds(start, Now()); }
 
+/// What lies beneath the grid. Shades would cover what is filled.
+void PlotGround() {
+    if (!HasShades()) {
+        FillAreas();
+    }
+    if (Design.PlotStopReason == StopReason::None) {
+        PlotDistortion();
+    }
+}
+
 void PlotGridTimed() {
     const double start = Now();
-    PlotGrid(HasFilledAreas() ? FillAreas : nullptr);
+    PlotGrid(HasFilledAreas() || HasDistortion() ? PlotGround : nullptr);
     Design.Statistics.GridSeconds += ClockSecondsSince(start);
 }
 

@@ -10,8 +10,8 @@
 namespace quelmont {
 
 /// The parts of a map, which a file with groups keeps apart.
-enum class MapPart : std::uint8_t { Grid, MapFile, SmallCircles, GreatCircle, Frame };
-constexpr std::size_t MapPartCount = 5;
+enum class MapPart : std::uint8_t { Grid, MapFile, SmallCircles, GreatCircle, Frame, Distortion };
+constexpr std::size_t MapPartCount = 6;
 
 /// A writer of one file format: what the fan-out asks of it. A draw begins the file, writes it in
 /// stretches, one for the grid and one for each map file, and finishes it.
@@ -39,7 +39,8 @@ public:
     /// Whether Area does something; there is no need to find areas for a writer that takes none.
     virtual bool TakesAreas() const { return false; }
     /// Fills what lies inside an odd number of the rings, which are in projection units; the file is open for
-    /// the stretch of the grid.
+    /// the stretch of the grid. Areas of MapPart::Distortion belong to the part and the feature that began
+    /// last, others to no part.
     virtual void Area(ColorValue /*color*/, const PlaneRings& /*rings*/) {}
     /// After the last stretch: texts, the file's end, and the file takes its place. A writer whose
     /// routines have names shows the message boxes of their failures.

@@ -2,6 +2,7 @@
 
 #include "core/replaced_file.h"
 #include "output/fan_out.h"
+#include "output/shade_key.h"
 #include "platform/fine_lines.h"
 
 #include <cstddef>
@@ -59,6 +60,7 @@ struct OutputState {
     double PenPixels = 1.0;                         ///< PenWidth before it was rounded
     DevicePen pen;
     MapSurround* surround = nullptr; ///< what Surround gives
+    ShadeKey shadeKey;               ///< of the draw or print in hand, or of the last one
 
     // ---- The printer. Its measures are written by GetPrinterParams, its surface by MapPrint.
     float PrinterTwipsPerPixelX = 0.0F, PrinterTwipsPerPixelY = 0.0F;

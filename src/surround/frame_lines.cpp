@@ -62,8 +62,8 @@ double FrameReach() {
     return Design.Frame.frame ? FrameWidth() / 2.0 + TickLength() : Design.GridLineWidth / 2.0;
 }
 
-std::vector<SurroundStroke> FrameStrokes(const MapOutline& outline, const AreaFit& fit) {
-    std::vector<SurroundStroke> strokes;
+std::vector<PlaneStroke> FrameStrokes(const MapOutline& outline, const AreaFit& fit) {
+    std::vector<PlaneStroke> strokes;
     if (!Design.Frame.frame) {
         return strokes;
     }

@@ -1,18 +1,12 @@
 #pragma once
 
 #include "core/standard_colors.h"
+#include "output/plane_strokes.h"
 #include "surround/area_fit.h"
 
 #include <vector>
 
 namespace quelmont {
-
-/// A line about the map.
-struct SurroundStroke {
-    std::vector<PlanePlace> points; ///< projection units
-    bool closed = false;            ///< the last point is joined to the first
-    double width = 0.0;             ///< twips of the window
-};
 
 /// The colour of labels, frame and scale bar on a colour: that of the grid's labels, or where it can hardly
 /// be told from the other black or white. Reads   the look of GridLabelFontSlot.
@@ -29,6 +23,6 @@ double FrameReach();
 /// The frame: a line along the outline, and ticks outward from it where the grid ends. Ticks that would merge
 /// are left out, and those that would point at another part of the map. None without a frame. Reads   as
 /// FrameReach.
-std::vector<SurroundStroke> FrameStrokes(const MapOutline& outline, const AreaFit& fit);
+std::vector<PlaneStroke> FrameStrokes(const MapOutline& outline, const AreaFit& fit);
 
 } // namespace quelmont

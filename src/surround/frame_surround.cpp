@@ -6,16 +6,10 @@
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "graticule/map_outline.h"
-#include "output/device_pen.h"
-#include "output/draw_target.h"
-#include "output/export_file.h"
 #include "output/fan_out.h"
-#include "output/page_scale.h"
+#include "output/plane_strokes.h"
 #include "output/print_text.h"
-#include "output/print_to_screen.h"
 #include "output/window_scale.h"
-#include "output/without_ascii.h"
-#include "platform/draw_surface.h"
 #include "surround/frame_lines.h"
 #include "surround/label_measure.h"
 #include "surround/label_spots.h"
@@ -32,9 +26,6 @@ namespace quelmont {
 namespace {
 
 constexpr const char* Routine = "MapFrame";
-/// Sites of the pen in the routine, as its messages name them.
-constexpr int SiteLine = 1;
-constexpr int SiteEnd = 2;
 
 bool WantsBar() { return Design.Frame.unit != ScaleBarUnit::None; }
 
@@ -136,70 +127,14 @@ double ShareBesideBar(double share) {
 
 // ---- Lines.
 
-void PlotPlace(PlanePlace place, bool first, bool toFile) {
-    Design.ProjX = place.x;
-    Design.ProjY = place.y;
-    Design.PointStatus = first ? PointBeginsLine : PointContinues;
-    PrintToScreen();
-    if (toFile) {
-        ScaleXY();
-    }
-}
-
-void PlotStroke(const SurroundStroke& stroke, bool toFile) {
-    bool first = true;
-    for (const PlanePlace place : stroke.points) {
-        PlotPlace(place, first, toFile);
-        first = false;
-    }
-    if (stroke.closed) {
-        PlotPlace(stroke.points.front(), false, toFile);
-    }
-    if (toFile) {
-        PrintLineBrkDisk();
-    }
-}
-
-void TakePen(double twips) {
-    ReleaseDevicePen(SiteLine, Routine);
-    Design.PenWidth = RoundToInt32(Divide(twips, Design.TwipsPerPixelY));
-    MakeDevicePen(PenStyleSolid, DevicePenWidth(), Design.PenColor, SiteLine, Routine);
-}
-
 /// title: of the strokes in a file with groups.
-void PlotStrokes(const std::vector<SurroundStroke>& strokes, const char* title) {
-    if (strokes.empty()) {
-        return;
-    }
-    const WithoutAscii withoutAscii;
-    SelectDevice();
-    Design.CurrentSymbolType = SymbolLine;
-    Design.PenColor = SurroundInk();
-    const bool toFile = OpenExport(1);
-    if (toFile) {
-        BeginFilePart(MapPart::Frame, title);
-    }
-    double width = 0.0;
-    for (const SurroundStroke& stroke : strokes) {
-        if (stroke.width != width) {
-            width = stroke.width;
-            TakePen(width);
-            if (toFile) {
-                StartCircles(Design.PenColor);
-            }
-        }
-        PlotStroke(stroke, toFile);
-    }
-    Design.PointStatus = PointContinues;
-    if (toFile) {
-        CloseExport();
-    }
-    ReleaseDevicePen(SiteEnd, Routine);
-    Design.PenWidth = 1;
+void PlotPart(const std::vector<PlaneStroke>& strokes, const char* title) {
+    BeginFilePart(MapPart::Frame, title);
+    PlotStrokes(strokes, SurroundInk(), Routine);
 }
 
 /// The frame of the draw; plans its bar. On paper the places are those of the window.
-std::vector<SurroundStroke> PlanFrame() {
+std::vector<PlaneStroke> PlanFrame() {
     const WindowScale scale;
     const MapOutline outline = OutlineOfMap();
     const AreaFit fit = FitOfWindow();
@@ -246,9 +181,9 @@ void PlotFrame() {
     SurroundNow.bar.reset();
     if (Design.Frame.frame || WantsBar()) {
         Guarded(Routine, [] {
-            PlotStrokes(PlanFrame(), "Frame");
+            PlotPart(PlanFrame(), "Frame");
             if (SurroundNow.bar) {
-                PlotStrokes(SurroundNow.bar->strokes, "Scale bar");
+                PlotPart(SurroundNow.bar->strokes, "Scale bar");
             }
         });
     }

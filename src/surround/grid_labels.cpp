@@ -9,6 +9,7 @@
 #include "surround/frame_lines.h"
 #include "surround/frame_surround.h"
 #include "surround/label_spots.h"
+#include "surround/shade_key_plot.h"
 #include "surround/surround_state.h"
 
 #include <algorithm>
@@ -39,6 +40,8 @@ std::vector<GridLabel> GridLabelsOfDesign() {
     std::vector<TextBox> taken = TextsOnMap();
     const std::vector<TextBox> bar = BoxesOfBar();
     taken.insert(taken.end(), bar.begin(), bar.end());
+    const std::vector<TextBox> key = BoxesOfShadeKey();
+    taken.insert(taken.end(), key.begin(), key.end());
     return PlaceGridLabels(LabelledLines(Design.GridLabels), taken, FrameReach());
 }
 
@@ -60,11 +63,15 @@ double GridSurround::ShareOfArea(double share) {
 
 double GridSurround::RiseOfMap(double share) { return RiseBesideFrame(share); }
 
-void GridSurround::PlotLines() { PlotFrame(); }
+void GridSurround::PlotLines() {
+    PlotFrame();
+    PlotShadeKey();
+}
 
 void GridSurround::AddTexts() {
     Guarded(Routine, [] {
         AddTextsOfBar();
+        AddTextsOfShadeKey();
         for (GridLabel& label : GridLabelsOfDesign()) {
             Design.TextItems.push_back(std::move(label.item));
         }
@@ -76,6 +83,7 @@ void GridSurround::DrawTexts() {
         std::vector<GridLabel> labels = GridLabelsOfDesign();
         Draw(labels);
         DrawTextsOfBar();
+        DrawTextsOfShadeKey();
         if (!Design.PrintingNow) {
             SurroundNow.drawnLabels = std::move(labels);
         }
@@ -90,6 +98,7 @@ void GridSurround::ForgetTexts() {
 void GridSurround::DrawTextsAgain() {
     Guarded(Routine, [] {
         DrawTextsOfBarAgain();
+        DrawTextsOfShadeKeyAgain();
         if (SurroundNow.drawnLabels.empty()) {
             return;
         }

@@ -60,6 +60,19 @@ std::optional<LabelMeasure> MeasureOf(const std::string& text) {
                         .pixel = twipsX};
 }
 
+std::optional<TextItem> TextItemAt(const std::string& text, AreaPoint begin, ColorValue color) {
+    const std::optional<LabelMeasure> measure = MeasureOf(text);
+    if (!measure) {
+        return std::nullopt;
+    }
+    const TextBox box{.middle = {begin.x + measure->width / 2.0, begin.y - measure->letters / 2.0},
+                      .halfWidth = measure->width / 2.0,
+                      .halfHeight = measure->letters / 2.0};
+    TextItem item = measure->ItemOf(text, box, 0);
+    item.TextColour = color;
+    return item;
+}
+
 double TextWidthOf(const TextLook& look, const std::string& text) {
     const std::optional<TextExtent> extent = Machine().fonts->Extent(WindowFont(look), text);
     return extent ? static_cast<double>(extent->width) * Design.TwipsPerPixelX : 0.0;

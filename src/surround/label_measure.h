@@ -34,6 +34,10 @@ struct LabelMeasure {
 /// Reads   the look of GridLabelFontSlot, TwipsPerPixelX, TwipsPerPixelY, the machine's fonts.
 std::optional<LabelMeasure> MeasureOf(const std::string& text);
 
+/// A text in that font whose letters begin at a place, on its baseline, twips. As MeasureOf; RunTimeError as
+/// ItemOf.
+std::optional<TextItem> TextItemAt(const std::string& text, AreaPoint begin, ColorValue color);
+
 /// Width of a text in the window, twips; 0 for a font without measures.
 double TextWidthOf(const TextLook& look, const std::string& text);
 

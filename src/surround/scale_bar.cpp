@@ -176,13 +176,8 @@ private:
 
 /// A text whose letters begin at x and stand on y.
 void BarShape::Add(ScaleBar& bar, const std::string& text, double x, double y) {
-    if (const std::optional<LabelMeasure> measure = MeasureOf(text)) {
-        const TextBox box{.middle = {x + measure->width / 2.0, y - measure->letters / 2.0},
-                          .halfWidth = measure->width / 2.0,
-                          .halfHeight = measure->letters / 2.0};
-        TextItem item = measure->ItemOf(text, box, 0);
-        item.TextColour = SurroundInk();
-        bar.texts.push_back(std::move(item));
+    if (std::optional<TextItem> item = TextItemAt(text, {x, y}, SurroundInk())) {
+        bar.texts.push_back(std::move(*item));
     }
 }
 
@@ -198,7 +193,7 @@ void BarShape::AddStrokes(ScaleBar& bar, const AreaFit& fit) const {
     for (int i = 0; i < round.divisions; ++i) {
         const double from = bar.left.x + i * part;
         const double to = from + part;
-        SurroundStroke stroke{{}, false, LineWidth};
+        PlaneStroke stroke{{}, false, LineWidth};
         if (i % 2 == 1) {
             continue; // the outline is enough
         }

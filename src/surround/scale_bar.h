@@ -12,12 +12,12 @@ namespace quelmont {
 
 /// A scale bar where it stands beside the map.
 struct ScaleBar {
-    TextBox box;                         ///< what it covers, with its texts; upright
-    AreaPoint left, right;               ///< the ends of the bar, twips
-    double value = 0.0;                  ///< what it measures, in the unit of the choice
-    double km = 0.0;                     ///< the same in kilometres
-    std::vector<SurroundStroke> strokes; ///< of the bar itself
-    std::vector<TextItem> texts;         ///< numbers, and where the bar is true
+    TextBox box;                      ///< what it covers, with its texts; upright
+    AreaPoint left, right;            ///< the ends of the bar, twips
+    double value = 0.0;               ///< what it measures, in the unit of the choice
+    double km = 0.0;                  ///< the same in kilometres
+    std::vector<PlaneStroke> strokes; ///< of the bar itself
+    std::vector<TextItem> texts;      ///< numbers, and where the bar is true
 };
 
 /// The height that a bar below the map needs there with the gaps above and below it, twips; nothing for a

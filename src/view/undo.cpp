@@ -52,7 +52,7 @@ void PutBack(const MapDesign& from) {
                &D::GcTable, &D::ScText, &D::ScCenterLat, &D::ScCenterLon, &D::ScRadiusDeg, &D::ScSymbolCount,
                &D::ScDefined, &D::ScTable>(from);
     TakeFields<&D::TextItems, &D::Fonts, &D::InputFiles, &D::MapFileCount, &D::MapFeatureMax,
-               &D::LabelsVisible, &D::GridLabels, &D::Frame, &D::Fill>(from);
+               &D::LabelsVisible, &D::GridLabels, &D::Frame, &D::Fill, &D::Distortion>(from);
     TakeFields<&D::PrintUnitTwips, &D::PrintLeft, &D::PrintTop, &D::PrintWidth, &D::PrintHeight,
                &D::CenterHorizontal, &D::CenterVertical, &D::ReportLeft, &D::ReportRight, &D::ReportTop,
                &D::ReportBottom, &D::PrinterOrientation>(from);

@@ -2,6 +2,7 @@
 
 #include "areas/caps.h"
 #include "areas/fill_areas.h"
+#include "areas/plot_distortion.h"
 #include "commandline/design_options.h"
 #include "mainwindow/start_up.h"
 #include "output/draw_target.h"
@@ -44,6 +45,16 @@ void FilledMap::WriteMap(const std::string& name, const std::string& contents) {
 }
 
 bool FilledMap::Fill(const FillChoice& choice) {
+    Design.Fill = choice;
+    return Paint(FillAreas);
+}
+
+bool FilledMap::Show(const DistortionChoice& choice) {
+    Design.Distortion = choice;
+    return Paint(PlotDistortion);
+}
+
+bool FilledMap::Paint(void (*plot)()) {
     Design.TwipsPerPixelX = Design.TwipsPerPixelY = static_cast<float>(Twips);
     Design.FullScreenX = Width;
     Design.FullScreenY = Height;
@@ -59,16 +70,19 @@ bool FilledMap::Fill(const FillChoice& choice) {
     ScaleScreen();
     SelectDevice();
     Design.LobeFirst = true;
-    Design.Fill = choice;
-    FillAreas();
+    plot();
     picture = surface.Pixels();
     return silent.boxes == 0;
 }
 
+PlanePoint FilledMap::PlaneAt(double x, double y) {
+    return {(x * Twips - Design.ScreenOriginX) / Design.ScreenScaleX + Design.MapXMin,
+            (Design.ScreenOriginY - y * Twips) / Design.ScreenScaleY + Design.MapYMin};
+}
+
 std::optional<AreaClass> FilledMap::ClassOf(double x, double y) {
-    const double projX = (x * Twips - Design.ScreenOriginX) / Design.ScreenScaleX + Design.MapXMin;
-    const double projY = (Design.ScreenOriginY - y * Twips) / Design.ScreenScaleY + Design.MapYMin;
-    const std::optional<GlobePlace> place = PlaceAt(projX, projY);
+    const PlanePoint point = PlaneAt(x, y);
+    const std::optional<GlobePlace> place = PlaceAt(point.x, point.y);
     return place ? std::optional(ClassAt(place->lat, place->lon)) : std::nullopt;
 }
 

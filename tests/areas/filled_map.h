@@ -2,6 +2,7 @@
 
 #include "areas/area_row.h"
 #include "core/map_design.h"
+#include "output/area_rings.h"
 #include "qtsurface/image_surface.h"
 #include "support/fresh_program.h"
 #include "support/silent_machine.h"
@@ -30,8 +31,12 @@ protected:
     void WriteMap(const std::string& name, const std::string& contents);
     /// Fills the areas of the design. False when a message box was shown.
     bool Fill(const FillChoice& choice = {LandColor, LakeColor, SeaColor});
+    /// Shows distortion instead. False when a message box was shown.
+    bool Show(const DistortionChoice& choice);
 
     ColorValue At(int x, int y) const { return picture.pixels[static_cast<std::size_t>(y * Width + x)]; }
+    /// The place in the plane of a pixel.
+    static PlanePoint PlaneAt(double x, double y);
     /// The place on the globe whose pixel that is, and the class of the world of caps there; Paper's place is
     /// off the map.
     static std::optional<AreaClass> ClassOf(double x, double y);
@@ -41,6 +46,9 @@ protected:
     /// Of the pixels on the map those in a colour.
     double ShareOf(ColorValue color) const;
     int Count(ColorValue color) const;
+
+    /// Paints by a routine on an empty picture.
+    bool Paint(void (*plot)());
 
     static constexpr int Width = 1600, Height = 1000;
     TemporaryFolder folder;

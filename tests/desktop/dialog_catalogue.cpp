@@ -20,6 +20,7 @@
 #include "dialogs/files/input_file_params.h"
 #include "dialogs/files/symbol_size_spin.h"
 #include "dialogs/look/colors256.h"
+#include "dialogs/look/distortion_form.h"
 #include "dialogs/look/fill_land_and_water.h"
 #include "dialogs/look/grid_labels_form.h"
 #include "dialogs/look/map_frame.h"
@@ -94,6 +95,16 @@ std::unique_ptr<Form> FrameAndScale() {
     form->Choose("Frame");
     form->Choose("Kilometers");
     form->Choose("OwnLatitude");
+    return form;
+}
+
+/// With circles, whose radius and spacing can be typed, on a map of the world.
+std::unique_ptr<Form> DistortionOfWorld() {
+    Design.ProjNum = ProjRobinson;
+    ProposeBounds();
+    AcceptProjection();
+    auto form = std::make_unique<DistortionForm>();
+    form->Choose("Ellipses");
     return form;
 }
 
@@ -197,6 +208,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"select-grid-type", Of<SelectGridType>()},
         {"grid-labels-form", Of<GridLabelsForm>()},
         {"fill-land-and-water", Of<FillLandAndWater>()},
+        {"distortion", DistortionOfWorld},
         {"select-label-option", Of<SelectLabelOption>()},
         {"map-frame", FrameAndScale},
         {"colors256", OfPurpose<Colors256>(PurposeBackground)},

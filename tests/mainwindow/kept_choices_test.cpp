@@ -211,6 +211,41 @@ TEST_F(Choices, ALineThatIsNoFrameIsPassedOver) {
     }
 }
 
+TEST_F(Choices, DistortionIsKeptAndToldWhenItsDialogChangesIt) {
+    machine.forms.Script("Distortion", [](Form& form) {
+        form.Choose("Ellipses");
+        form.Type("Radius", "002    30    00");
+        form.PressDefault();
+    });
+    ClickMenuItem(Menu::mnuView, DistortionItem);
+    EXPECT_EQ(Kept("Distortion"), "ellipses 9000 108000");
+    ASSERT_EQ(machine.changes.accepted.size(), 1U);
+    EXPECT_EQ(machine.changes.accepted[0].first, "Distortion...");
+    for (const DistortionChoice& choice :
+         {DistortionChoice{DistortionKind::Area, 5.0, 30.0},
+          DistortionChoice{DistortionKind::Ellipses, 0.01, 90.0},
+          DistortionChoice{DistortionKind::Angle, 45.0, 0.5}, DistortionChoice{}}) {
+        Design.Distortion = choice;
+        KeepChoices();
+        Design.Distortion = {DistortionKind::Ellipses, 1.0, 2.0};
+        ReadSettings();
+        EXPECT_EQ(Design.Distortion, choice);
+    }
+}
+
+TEST_F(Choices, ALineThatIsNoDistortionIsPassedOver) {
+    for (const char* nonsense :
+         {"area", "area 18000", "shades 18000 108000", "area 0 108000", "area 18000 324001", "area 18000 35",
+          "area 162001 108000", "area 1e9 108000", "area 18000 108000 1", "18000 108000 area",
+          "area 99999999999 108000", "area -18000 108000"}) {
+        StartUp();
+        Design.Distortion = {DistortionKind::Ellipses, 1.0, 2.0};
+        Keep("Distortion=" + std::string(nonsense) + "\n");
+        ReadSettings();
+        EXPECT_EQ(Design.Distortion, (DistortionChoice{DistortionKind::Ellipses, 1.0, 2.0})) << nonsense;
+    }
+}
+
 TEST_F(Choices, HaveKeysOfTheirOwn) {
     std::set<std::string> keys = {"PrinterUnits", "ScreenSize", "MainWindow", "WindowMaximized"};
     for (const KeptChoice& choice : KeptChoices()) {

@@ -202,6 +202,20 @@ TEST_F(Undoing, PictureFollows) {
     EXPECT_EQ(machine.clock.beeps, beeps);
 }
 
+TEST_F(Undoing, DistortionThatIsShownIsTakenBackByTheNameOfItsItem) {
+    machine.forms.Script("Distortion", [](Form& form) {
+        form.Choose("AngleError");
+        form.PressDefault();
+    });
+    ClickMenuItem(Menu::mnuView, DistortionItem);
+    EXPECT_EQ(Design.Distortion.kind, DistortionKind::Angle);
+    EXPECT_EQ(UndoText(), "&Undo Distortion");
+    Undo();
+    EXPECT_EQ(Design.Distortion, DistortionChoice{});
+    Redo();
+    EXPECT_EQ(Design.Distortion.kind, DistortionKind::Angle);
+}
+
 TEST_F(Undoing, TextsComeAndGoWithoutADraw) {
     MapDraw();
     const int beeps = machine.clock.beeps;

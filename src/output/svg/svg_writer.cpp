@@ -37,6 +37,8 @@ std::string_view IdOf(MapPart part) {
         return "great-circle";
     case MapPart::Frame:
         return "frame";
+    case MapPart::Distortion:
+        return "distortion";
     }
     return "part";
 }
@@ -258,10 +260,15 @@ void SvgWriter::FlushChain() {
 // ---- Areas
 
 void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
-    CloseGroups();
-    WriteExport("<g" + Attribute("id", "area-" + std::to_string(++areaIds)) +
-                Attribute("fill", Color(ColorBits(color))) + Attribute("fill-rule", "evenodd") + ">\n" +
-                Element("title", "Area"));
+    const bool ofPart = now.part == MapPart::Distortion;
+    if (ofPart) {
+        Enter(now, {ColorBits(color), 0, true});
+    } else {
+        CloseGroups();
+        WriteExport("<g" + Attribute("id", "area-" + std::to_string(++areaIds)) +
+                    Attribute("fill", Color(ColorBits(color))) + Attribute("fill-rule", "evenodd") + ">\n" +
+                    Element("title", "Area"));
+    }
     const auto place = [](const PlanePoint& point) -> Hundredths {
         const double x = (((point.x - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
                          Design.TwipsPerPixelX;
@@ -269,7 +276,7 @@ void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
                          Design.TwipsPerPixelY;
         return {RoundToInt32((x + PixelMiddle) * 100.0), RoundToInt32((y + PixelMiddle) * 100.0)};
     };
-    WriteExport("<path d=\"");
+    WriteExport(ofPart ? "<path fill-rule=\"evenodd\" d=\"" : "<path d=\"");
     for (const PlaneRing& ring : rings) {
         std::vector<Hundredths> places;
         std::vector<std::int32_t> counts;
@@ -283,7 +290,7 @@ void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
         }
         WriteExport(outline.empty() ? outline : outline + "Z");
     }
-    WriteExport("\"/>\n</g>\n");
+    WriteExport(ofPart ? "\"/>\n" : "\"/>\n</g>\n");
 }
 
 // ---- Symbols
