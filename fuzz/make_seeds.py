@@ -148,6 +148,31 @@ def records():
         put("records", ending + "_in_pieces", (order.index(ending),), data, 2)
 
 
+def minute_grid(*lines):
+    """Lines of degrees, latitude and longitude, each with its row, as a minute-grid file."""
+    return b"".join(struct.pack("<hhh", row * 1000 if i == 0 else 0, round(lat * 60), round(lon * 60))
+                    for row, line in lines for i, (lat, lon) in enumerate(line))
+
+
+def areas():
+    """Closed lines, one of each kind that areas are cut from (see areas_fuzz.cpp): about a place, over the 180th
+    meridian, about a pole, with a lake, through each other, in pieces that meet, round the whole axis."""
+    box = [(40, 0), (40, 20), (60, 20), (60, 0), (40, 0)]
+    lake = [(45, 5), (45, 10), (50, 10), (50, 5), (45, 5)]
+    over = [(-20, 170), (-20, -170), (20, -170), (20, 170), (-20, 170)]
+    pole = [(70, lon) for lon in range(-180, 180, 30)] + [(70, -180)]
+    south = [(-65 + lon % 20, lon) for lon in range(-180, 180, 10)] + [(-65, -180)]
+    knot = [(0, 0), (30, 30), (0, 30), (30, 0), (0, 0)]
+    far = [(80 * (-1) ** i, 7 * i - 90) for i in range(26)] + [(80, -90)]
+    for number, (name, lines) in enumerate((
+            ("box", [(1, box)]), ("lake", [(1, box), (3, lake)]), ("over", [(1, over)]), ("pole", [(1, pole)]),
+            ("south", [(2, south)]), ("knot", [(1, knot)]), ("far", [(1, far)]),
+            ("pieces", [(1, box[:3]), (1, box[2:])]), ("all", [(1, box), (3, lake), (2, over), (1, south)]))):
+        put("areas", name, (3 * number, number % 5, 0, 0), minute_grid(*lines))
+    put("areas", "lake_geneva", (0, 4, 0, 0), excerpt("fuzz.map"))
+    put("areas", "lake_geneva_packed", (5, 4, 1, 0), (CORPUS / "packed" / "lake_geneva").read_bytes()[5:])
+
+
 def designs():
     """Map designs of some projections, and two of them as version 2 and as an older one would have them."""
     draw = pathlib.Path(CONVERT).with_name("quelmont-draw")
@@ -194,6 +219,7 @@ def main():
     ascii_map()
     convert()
     put("minute_grid", "lake_geneva", (1, 0, 0, 0), excerpt("fuzz.map"))
+    areas()
     records()
     designs()
     strange_files()

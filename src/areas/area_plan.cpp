@@ -38,7 +38,7 @@ std::optional<ColorValue> AreaPlan::ColorOf(AreaClass area) const {
 void AreaPlan::Add(const std::vector<NestedRing>& /*nested*/, const NestedRing& line) {
     const auto [found, isNew] = layerOf.try_emplace({line.depth, line.inside}, layers.size());
     if (isNew) {
-        layers.push_back({*ColorOf(line.inside), {}, {}});
+        layers.push_back({*ColorOf(line.inside), line.inside, {}, {}});
     }
     layers[found->second].lines.push_back(line.ring);
 }

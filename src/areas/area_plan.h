@@ -18,6 +18,7 @@ namespace quelmont {
 /// What is painted in one colour at once.
 struct AreaLayer {
     ColorValue color = 0;
+    AreaClass area = AreaClass::Sea;
     std::vector<std::size_t> lines; ///< numbers of the closed lines that bound it together
     PlaneRings rings;               ///< the same on the map
 };

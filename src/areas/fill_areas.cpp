@@ -7,6 +7,7 @@
 #include "core/rounding.h"
 #include "core/run_time_error.h"
 #include "output/area_output.h"
+#include "output/fan_out.h"
 #include "platform/machine.h"
 
 #include <algorithm>
@@ -58,6 +59,10 @@ PlaneRings Sea(const std::vector<AreaPlan>& plans) {
     return sea;
 }
 
+std::string_view TitleOf(AreaClass area) {
+    return area == AreaClass::Land ? LandTitle : area == AreaClass::Lake ? LakesTitle : SeaTitle;
+}
+
 /// False when Escape was pressed.
 bool PlanFile(const InputFileEntry& file, const LineDetail& detail, std::vector<AreaPlan>& plans) {
     std::vector<Ring> rings;
@@ -93,10 +98,12 @@ void FillAreas() {
     }
     AreaOutput output;
     if (Design.Fill.sea) {
+        output.Begin(SeaTitle);
         output.Fill(*Design.Fill.sea, Sea(plans));
     }
     for (const AreaPlan& plan : plans) {
         for (const AreaLayer& layer : plan.Layers()) {
+            output.Begin(TitleOf(layer.area));
             output.Fill(layer.color, layer.rings);
         }
     }

@@ -4,10 +4,12 @@
 #include "desktop/session_end.h"
 #include "mainwindow/design_commands.h"
 #include "mainwindow/kept_design.h"
+#include "mainwindow/main_window_state.h"
 #include "mainwindow/print_commands.h"
 #include "mainwindow/settings.h"
 #include "mainwindow/start_up.h"
 #include "platform/machine.h"
+#include "view/choose_projection.h"
 
 #include <QApplication>
 
@@ -56,6 +58,7 @@ Desktop::~Desktop() { Machine() = {}; }
 
 void Desktop::Start() {
     StartUp();
+    MainWindowNow.HelpInChoosing = HelpMeChoose;
     ReadSettings();
     window.show();
 }

@@ -1,6 +1,7 @@
 #include "desktop/dialogs.h"
 
 #include "desktop/boundary_layouts.h"
+#include "desktop/choose_layout.h"
 #include "desktop/circle_layouts.h"
 #include "desktop/form_view.h"
 #include "desktop/keyboard_return.h"
@@ -31,6 +32,7 @@ struct DialogEntry {
 constexpr std::array Dialogs = std::to_array<DialogEntry>({
     {"AboutQMNT",        LayOutAbout},
     {"AscOutput",       LayOutAsciiOutputs},
+    {"ChooseProjection", LayOutChooseProjection},
     {"Colors256",        LayOutColors},
     {"Distortion",       LayOutDistortion},
     {"FillLandAndWater", LayOutFills},

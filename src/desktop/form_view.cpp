@@ -70,7 +70,9 @@ void FormView::AddFields(const QString& title, std::initializer_list<std::string
     column->addWidget(group);
 }
 
-void FormView::AddFrame(std::string_view frame) {
+void FormView::AddFrame(std::string_view frame) { column->addWidget(FrameOfOptions(frame)); }
+
+QGroupBox* FormView::FrameOfOptions(std::string_view frame) {
     auto* group = new QGroupBox(this);
     auto* options = new QVBoxLayout(group);
     for (const Control& control : form.Controls()) {
@@ -78,8 +80,9 @@ void FormView::AddFrame(std::string_view frame) {
             options->addWidget(AddOption(control.name));
         }
     }
+    options->addStretch();
     Bind(frame, group, [group](const Control& control) { group->setTitle(Text(control.text)); });
-    column->addWidget(group);
+    return group;
 }
 
 void FormView::AddButtons(std::initializer_list<std::string_view> names) {

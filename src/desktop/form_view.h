@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+class QGroupBox;
+
 namespace quelmont {
 
 /// A dialog on the screen. It shows the controls of a form and calls its handlers; the form decides
@@ -33,6 +35,8 @@ public:
                    std::string_view heading = {});
     /// The options of a frame under its heading.
     void AddFrame(std::string_view frame);
+    /// The same, which lies in no layout yet. The rest of its height stays free.
+    QGroupBox* FrameOfOptions(std::string_view frame);
     /// Buttons in a row at the lower right.
     void AddButtons(std::initializer_list<std::string_view> names);
 

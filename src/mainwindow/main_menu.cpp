@@ -129,8 +129,9 @@ constexpr std::array RecentMenu = [] {
 }();
 
 constexpr std::array ProjMenu = [] {
-    auto menu = ProjectionItems<20>(false, ChooseProjection);
+    auto menu = ProjectionItems<22>(false, ChooseProjection);
     menu[MollweideItem] = {MollweideItem, "Moll&weide equal-area", nullptr, Menu::mnuProjMollweide};
+    menu[HelpMeChooseItem] = {HelpMeChooseItem, "Hel&p Me Choose...", ChooseWithHelp};
     return menu;
 }();
 

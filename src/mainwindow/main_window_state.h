@@ -51,6 +51,8 @@ struct MainWindowState {
     std::string ToldDesign;               ///< the design as Changes was last notified of it
     std::vector<std::string> ChoicesKept; ///< texts of the choices that the settings file holds
     std::string PdfFileName;              ///< of the map saved as PDF last
+    /// Shows what helps to choose a projection. Put here at the start of a program that has a window.
+    void (*HelpInChoosing)() = nullptr;
     ProgramWriters writers;
     GridSurround surround;
 };

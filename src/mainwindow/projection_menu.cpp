@@ -4,6 +4,7 @@
 #include "dialogs/bounds/boundary_dialog.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/main_menu.h"
+#include "mainwindow/main_window_state.h"
 #include "platform/machine.h"
 #include "projection/projection_table.h"
 
@@ -35,6 +36,12 @@ void ChooseProjection(int index) { SelectProjection(index, NoItem); }
 
 void ChooseMollweide(int index) { SelectProjection(MollweideItem, index); }
 
+void ChooseWithHelp(int /*index*/) {
+    if (MainWindowNow.HelpInChoosing != nullptr) {
+        MainWindowNow.HelpInChoosing();
+    }
+}
+
 void MarkProjection(std::int16_t ProjNum) {
     const ProjectionEntry& projection = PropertiesOf(ProjNum);
     const bool lower = projection.mollweideIndex != NoItem;
@@ -46,8 +53,10 @@ void mnuProj_Click(int Index) {
     if (Index == MollweideItem) {
         return;
     }
-    MarkMenuItem(Menu::mnuProjMollweide, NoItem);
-    MarkMenuItem(Menu::mnuProj, Index);
+    if (Index != HelpMeChooseItem) {
+        MarkMenuItem(Menu::mnuProjMollweide, NoItem);
+        MarkMenuItem(Menu::mnuProj, Index);
+    }
     RunMenuItem(Menu::mnuProj, Index);
 }
 

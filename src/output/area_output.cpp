@@ -80,6 +80,12 @@ AreaOutput::~AreaOutput() {
     }
 }
 
+void AreaOutput::Begin(std::string_view title) const {
+    if (toFile) {
+        BeginFilePart(MapPart::Areas, title);
+    }
+}
+
 void AreaOutput::Fill(ColorValue color, const PlaneRings& rings) {
     FillOnSurface(color, rings);
     if (FileWriter* writer = toFile ? AreaWriter() : nullptr) {

@@ -3,6 +3,8 @@
 #include "core/standard_colors.h"
 #include "output/area_rings.h"
 
+#include <string_view>
+
 namespace quelmont {
 
 /// How many units of the finest device a projection unit is: pixels of the surface in use, logical units of a
@@ -20,6 +22,8 @@ public:
     AreaOutput(const AreaOutput&) = delete;
     AreaOutput& operator=(const AreaOutput&) = delete;
 
+    /// The areas that follow are of a kind with this title.
+    void Begin(std::string_view title) const;
     /// Fills what lies inside an odd number of the rings; points are thinned to the device's. A surface
     /// operation that fails shows its message box under "Windows API Error", a failure of the file "Error in
     /// FillAreas".

@@ -10,8 +10,13 @@
 namespace quelmont {
 
 /// The parts of a map, which a file with groups keeps apart.
-enum class MapPart : std::uint8_t { Grid, MapFile, SmallCircles, GreatCircle, Frame, Distortion };
-constexpr std::size_t MapPartCount = 6;
+enum class MapPart : std::uint8_t { Grid, MapFile, SmallCircles, GreatCircle, Frame, Distortion, Areas };
+constexpr std::size_t MapPartCount = 7;
+
+/// Titles of MapPart::Areas.
+constexpr std::string_view LandTitle = "Land";
+constexpr std::string_view LakesTitle = "Lakes";
+constexpr std::string_view SeaTitle = "Sea";
 
 /// A writer of one file format: what the fan-out asks of it. A draw begins the file, writes it in
 /// stretches, one for the grid and one for each map file, and finishes it.

@@ -37,6 +37,7 @@
 #include "platform/machine.h"
 #include "projection/projection_table.h"
 #include "support/scripted_printer.h"
+#include "view/choose_projection_form.h"
 
 #include <utility>
 
@@ -87,6 +88,16 @@ std::unique_ptr<Form> PrinterPage() {
 
 std::unique_ptr<Form> PdfPage() {
     return WithPrinter([](const Printer& /*printer*/) { return std::make_unique<PrintMapOnPdf>(); });
+}
+
+/// For a map of the United States.
+std::unique_ptr<Form> ProjectionHelp() {
+    Design.ProjNum = ProjAlbers;
+    Design.ProjName = FindProjection(ProjAlbers)->ProjName;
+    Design.GridText = {"50    00    00    N",  "25    00    00    N",  "005    00    00",
+                       "125    00    00    W", "065    00    00    W", "010    00    00"};
+    AcceptProjection();
+    return std::make_unique<ChooseProjectionForm>();
 }
 
 /// With a bar, and a latitude that can be typed.
@@ -234,6 +245,7 @@ const std::vector<CataloguedDialog>& DialogCatalogue() {
         {"report-param", FullReport},
         {"gc-report", RouteReport},
         {"report-margins", MarginChoice},
+        {"choose-projection", ProjectionHelp},
         {"about", Of<AboutQMNT>()},
     };
     return catalogue;

@@ -4,6 +4,7 @@
     light_consumers.py PROGRAM
 """
 
+import math
 import re
 import subprocess
 import sys
@@ -111,6 +112,30 @@ class Consumers(shapes.ConsumerTest):
         self.assertGreater(len(own), 6000)
         self.assert_only_the_file_itself_is_read_so(file, lambda name: read_by_ezdxf(name)[0], own,
                                                     with_digit_before(data, b" 20", b"VERTEX"))
+
+    def test_ezdxf_reads_filled_areas_of_their_true_size(self):
+        """On an equal-area map the solids of the sea, which lies beneath the land too, are the whole world, and
+        those of the land 29.2 percent of it (148.94 of 510.07 million square kilometres, CIA World Factbook)."""
+        file = self.draw(["--projection", "mollweide", "--fill-land", "FFFFCC", "--fill-lakes", "99CCFF",
+                          "--fill-sea", "CCE6FF"], "filled.dxf")
+        document, auditor = recover.readfile(file)
+        self.assertEqual(len(auditor.errors) + len(auditor.fixes), 0)
+        self.assertEqual({layer.dxf.name: layer.dxf.color for layer in document.layers if layer.dxf.name != "Defpoints"},
+                         {"0": 8, "SEA": 151, "LAND": 51, "LAKES": 141})
+        places = []
+        areas = dict.fromkeys(("SEA", "LAND", "LAKES"), 0.0)
+        for solid in document.modelspace().query("SOLID"):
+            (x0, y0, _), (x1, y1, _), (x2, y2, _), (x3, y3, _) = (solid.dxf.vtx0, solid.dxf.vtx1, solid.dxf.vtx2,
+                                                                solid.dxf.vtx3)
+            self.assertTrue(y0 == y1 < y2 == y3 and x0 <= x1 and x2 <= x3, "a trapezoid that stands upright")
+            places += [(x0, y0), (x1, y0), (x2, y2), (x3, y2)]
+            areas[solid.dxf.layer] += (y2 - y0) * (x1 - x0 + x3 - x2) / 2
+        (left, bottom), (right, top) = (tuple(map(end, zip(*places))) for end in (min, max))
+        self.assertAlmostEqual(areas["SEA"] / ((right - left) * (top - bottom) * math.pi / 4), 1, delta=0.001,
+                               msg="an ellipse")
+        self.assertAlmostEqual(areas["LAND"] / areas["SEA"], 0.292, delta=0.004)
+        self.assertGreater(areas["LAKES"] / areas["SEA"], 0.001)
+        self.assertEqual({entity.dxf.layer for entity in document.modelspace().query("POLYLINE")}, {"0"})
 
     def test_ezdxf_reads_every_text(self):
         texts = ["Plain", "Quotes \"'", "%%u \\P {\\b} ^I ;", "K\u00f8ge \u0416", "a\r\nb\tc", "a\u200f\u202eb", "x" * 10000]

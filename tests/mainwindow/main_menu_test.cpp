@@ -91,8 +91,9 @@ TEST(MainMenu, ProjectionMenuHasItsGroups) {
             separators.push_back(entry.index);
         }
     }
-    EXPECT_EQ(MenuEntries(Menu::mnuProj).size(), 20U);
-    EXPECT_THAT(separators, ElementsAre(3, 7, 11, 18));
+    EXPECT_EQ(MenuEntries(Menu::mnuProj).size(), 22U);
+    EXPECT_THAT(separators, ElementsAre(3, 7, 11, 18, 20));
+    EXPECT_EQ(Texts(Menu::mnuProj)[21], "Hel&p Me Choose...");
 }
 
 TEST(MainMenu, HelpMenuHasItsItems) {

@@ -1,15 +1,19 @@
+#include "core/number_text.h"
 #include "export_fixture.h"
 #include "output/area_output.h"
 #include "output/cgm/cgm_writer.h"
+#include "output/dxf/dxf_writer.h"
 #include "output/svg/svg_writer.h"
 #include "output/wmf/wmf_writer.h"
 #include "support/cgm_file.h"
+#include "support/dxf_file.h"
 #include "support/svg_file.h"
 #include "support/wmf_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -56,6 +60,7 @@ protected:
         PrintFileHeader();
         {
             AreaOutput areas;
+            areas.Begin(LandTitle);
             areas.Fill(Rgb(1, 2, 3), rings);
         }
         FinishFile();
@@ -141,6 +146,115 @@ TEST_F(AreaWriters, SvgHasAPathByTheRuleOfOddAndEven) {
     EXPECT_EQ(paths[0].At("fill"), "#010203");
     EXPECT_EQ(paths[0].At("fill-rule"), "evenodd");
     EXPECT_EQ(paths[0].group, "area-1");
+    EXPECT_NE(Written().find("<title>Land</title>"), std::string::npos);
+}
+
+class DxfAreas : public AreaWriters {
+protected:
+    DxfAreas() {
+        Writers().dxf = &writer;
+        Design.DxfFileName = target;
+        Design.OutputDxf = true;
+    }
+
+    struct Corner {
+        double x = 0.0, y = 0.0;
+    };
+    /// The corners of each solid in the order in which they are walked round: the third and the fourth of a
+    /// solid stand in the file the other way round.
+    std::vector<std::array<Corner, 4>> Solids() const {
+        std::vector<std::array<Corner, 4>> solids;
+        constexpr std::array<std::size_t, 4> order = {0, 1, 3, 2};
+        for (const DxfGroup& group : ReadDxf(Written())) {
+            if (group.code == 0 && group.value == "SOLID") {
+                solids.emplace_back();
+            } else if (!solids.empty() && group.code >= 10 && group.code <= 13) {
+                solids.back().at(order.at(static_cast<std::size_t>(group.code - 10))).x =
+                    ValueOf(group.value);
+            } else if (!solids.empty() && group.code >= 20 && group.code <= 23) {
+                solids.back().at(order.at(static_cast<std::size_t>(group.code - 20))).y =
+                    ValueOf(group.value);
+            }
+        }
+        return solids;
+    }
+    static double AreaOf(const std::array<Corner, 4>& solid) {
+        double twice = 0.0;
+        for (std::size_t i = 0; i < solid.size(); ++i) {
+            const Corner& a = solid.at(i);
+            const Corner& b = solid.at((i + 1) % solid.size());
+            twice += a.x * b.y - b.x * a.y;
+        }
+        return twice / 2.0;
+    }
+    double WholeArea() const {
+        double area = 0.0;
+        for (const auto& solid : Solids()) {
+            area += AreaOf(solid);
+        }
+        return area;
+    }
+
+    DxfWriter writer;
+};
+
+TEST_F(DxfAreas, AreSolidsOnTheLayerOfTheirKind) {
+    Design.Fill.land = Rgb(255, 255, 204);
+    FillWith(Frame);
+    // The square is cut where its hole begins and ends.
+    EXPECT_THAT(DxfEntities(Written()),
+                ElementsAre("SOLID 8=LAND 62=250 10=0 20=0 11=100 21=0 12=0 22=40 13=100 23=40",
+                            "SOLID 8=LAND 62=250 10=0 20=40 11=40 21=40 12=0 22=60 13=40 23=60",
+                            "SOLID 8=LAND 62=250 10=60 20=40 11=100 21=40 12=60 22=60 13=100 23=60",
+                            "SOLID 8=LAND 62=250 10=0 20=60 11=100 21=60 12=0 22=100 13=100 23=100"));
+    EXPECT_DOUBLE_EQ(WholeArea(), 100.0 * 100.0 - 20.0 * 20.0);
+}
+
+TEST_F(DxfAreas, LayersStandInTheTableOfAFileThatHasThem) {
+    const auto layers = [this] {
+        std::vector<std::string> names;
+        const std::vector<DxfGroup> groups = ReadDxf(Written());
+        for (std::size_t i = 1; i + 1 < groups.size(); ++i) {
+            if (groups[i] == DxfGroup{0, "LAYER"}) {
+                names.push_back(groups[i + 1].value + " " + groups[i + 3].value);
+            }
+        }
+        return names;
+    };
+    FillWith({});
+    EXPECT_THAT(layers(), ElementsAre("0 8"));
+    Design.Fill = {.land = Rgb(255, 255, 204), .lakes = Rgb(153, 204, 255), .sea = Rgb(204, 230, 255)};
+    Design.OutputDxf = true;
+    FillWith({});
+    EXPECT_THAT(layers(), ElementsAre("0 8", "SEA 151", "LAND 51", "LAKES 141"));
+}
+
+TEST_F(DxfAreas, MakeUpTheWholeOfALargeArea) {
+    FillWith(Star(20000));
+    const double whole = 20000 * 11000.0 * 9000.0 * std::sin(3.14159265358979 / 20000);
+    EXPECT_NEAR(WholeArea(), whole, whole * 0.002);
+    for (const auto& solid : Solids()) {
+        ASSERT_GE(AreaOf(solid), 0.0) << "none is turned over";
+    }
+}
+
+TEST_F(DxfAreas, LinesBehindThemLieOnTheirOwnLayer) {
+    ResetLineState();
+    PrintFileHeader();
+    {
+        AreaOutput areas;
+        areas.Begin(SeaTitle);
+        areas.Fill(Rgb(0, 0, 255), Frame);
+    }
+    BeginFilePart(MapPart::Grid, "Grid");
+    {
+        AreaOutput areas;
+        areas.Fill(Rgb(0, 0, 255), Frame);
+    }
+    FinishFile();
+    const std::vector<std::string> entities = DxfEntities(Written());
+    EXPECT_EQ(entities.front().substr(0, 11), "SOLID 8=SEA");
+    EXPECT_EQ(entities.back().substr(0, 9), "SOLID 8=0");
 }
 
 } // namespace

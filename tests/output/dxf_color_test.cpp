@@ -162,5 +162,27 @@ TEST(DxfColor, ColourOutsideOfTheTableHasNoNumber) {
     EXPECT_EQ(DxfColor(242), ""); // how many there are
 }
 
+/// 51 and 151 are tints of yellow and of the blue at 210 degrees; 254 is the light grey before white.
+TEST(DxfAreaColor, PaleColoursAreTintsAndNotWhite) {
+    EXPECT_EQ(DxfAreaColor(Rgb(0xFF, 0xFF, 0xCC)), "51");
+    EXPECT_EQ(DxfAreaColor(Rgb(0xCC, 0xE6, 0xFF)), "151");
+    EXPECT_EQ(DxfAreaColor(Rgb(0xFF, 0xCC, 0xCC)), "11");
+    EXPECT_EQ(DxfAreaColor(Rgb(255, 255, 255)), "255");
+}
+
+TEST(DxfAreaColor, ColoursWithANumberKeepIt) {
+    EXPECT_EQ(DxfAreaColor(Rgb(0x99, 0xCC, 0xFF)), "141");
+    EXPECT_EQ(DxfAreaColor(Rgb(0, 0, 255)), "5");
+    EXPECT_EQ(DxfAreaColor(Rgb(0, 0, 255) | 0x02000000U), "5") << "with the flag of the palette";
+}
+
+TEST(DxfAreaColor, EveryOtherColourHasTheNumberOfItsHue) {
+    EXPECT_EQ(DxfAreaColor(Rgb(250, 3, 2)), "10");
+    EXPECT_EQ(DxfAreaColor(Rgb(3, 200, 2)), "92") << "green at 120 degrees, four fifths bright";
+    EXPECT_EQ(DxfAreaColor(Rgb(255, 2, 60)), "240") << "hues end beside red";
+    EXPECT_EQ(DxfAreaColor(Rgb(200, 200, 199)), "254");
+    EXPECT_EQ(DxfAreaColor(Rgb(3, 2, 1)), "250");
+}
+
 } // namespace
 } // namespace quelmont

@@ -119,4 +119,9 @@ constexpr std::array IndexedColors = std::to_array<IndexedColor>({
 /// The text of a colour's number, empty for a colour that has none. The palette flag is taken off.
 std::string DxfColor(ColorValue color);
 
+/// The same of areas, whose colour need not be exact, but must not become white when it is pale: the number
+/// that DxfColor has, or that of the nearest hue, shade and tint. 10 to 249 are 24 hues in steps of 15
+/// degrees, five shades of each, behind each of which stands its tint; 250 to 255 are greys.
+std::string DxfAreaColor(ColorValue color);
+
 } // namespace quelmont

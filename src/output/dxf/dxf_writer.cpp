@@ -5,6 +5,8 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/text_encoding.h"
+#include "output/area_pieces.h"
+#include "output/area_trapezoids.h"
 #include "output/dxf/dxf_color.h"
 #include "output/export_file.h"
 #include "output/output_state.h"
@@ -13,8 +15,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
+#include <limits>
+#include <span>
 #include <utility>
+#include <vector>
 
 namespace quelmont {
 
@@ -97,15 +103,16 @@ struct FixedGroup {
 };
 
 // clang-format off
-/// Tables and the empty section of blocks.
-constexpr std::array FixedGroups = std::to_array<FixedGroup>({
+/// Tables.
+constexpr std::array GroupsBeforeLayers = std::to_array<FixedGroup>({
     {0, "ENDSEC"},
     {0, "SECTION"}, {2, "TABLES"},
     {0, "TABLE"}, {2, "LTYPE"}, {70, "1"},
     {0, "LTYPE"}, {2, "CONTINUOUS"}, {70, "64"}, {3, "Solid line"}, {72, "65"}, {73, "0"}, {40, "0"},
     {0, "ENDTAB"},
-    {0, "TABLE"}, {2, "LAYER"}, {70, "1"},
-    {0, "LAYER"}, {2, "0"}, {70, "0"}, {62, "8"}, {6, "CONTINUOUS"},
+});
+/// More tables and the empty section of blocks.
+constexpr std::array GroupsBehindLayers = std::to_array<FixedGroup>({
     {0, "ENDTAB"},
     {0, "TABLE"}, {2, "STYLE"}, {70, "1"},
     {0, "STYLE"}, {2, "STANDARD"}, {70, "0"}, {40, "0"}, {41, "1"}, {50, "0"}, {71, "0"}, {42, "1"}, {3, "TXT"}, {4, ""},
@@ -115,6 +122,66 @@ constexpr std::array FixedGroups = std::to_array<FixedGroup>({
     {0, "SECTION"}, {2, "ENTITIES"},
 });
 // clang-format on
+
+void FixedGroups(std::span<const FixedGroup> groups) {
+    for (const FixedGroup& group : groups) {
+        Group(group.code, group.value);
+    }
+}
+
+/// The layer of an area by the title of its part: "Land" lies on "LAND".
+std::string LayerOf(std::string_view title) {
+    std::string layer(title);
+    std::transform(layer.begin(), layer.end(), layer.begin(),
+                   [](char letter) { return letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter; });
+    return layer;
+}
+
+/// The table of layers: that of everything, and one for each kind of areas that are filled.
+void Layers() {
+    std::vector<std::pair<std::string, std::string>> layers = {{"0", "8"}};
+    for (const auto& [title, color] :
+         {std::pair(SeaTitle, Design.Fill.sea), std::pair(LandTitle, Design.Fill.land),
+          std::pair(LakesTitle, Design.Fill.lakes)}) {
+        if (color) {
+            layers.emplace_back(LayerOf(title), DxfAreaColor(*color));
+        }
+    }
+    Group(0, "TABLE");
+    Group(2, "LAYER");
+    Group(70, static_cast<int>(layers.size()));
+    for (const auto& [name, color] : layers) {
+        Group(0, "LAYER");
+        Group(2, name);
+        Group(70, "0");
+        Group(62, color);
+        Group(6, "CONTINUOUS");
+    }
+}
+
+/// Two decimals are a hundredth of what lines are rounded to.
+double Hundredths(double value) { return std::round(value * 100.0) / 100.0; }
+
+void AppendPlace(std::string& text, int code, double x, double y) {
+    AppendCode(text, code);
+    AppendReal(text, Hundredths(x));
+    text += LineEnd;
+    AppendCode(text, code + 10);
+    AppendReal(text, Hundredths(y));
+    text += LineEnd;
+}
+
+PlaneRings RingsOf(const AreaPiece& piece) {
+    PlaneRings rings;
+    auto point = piece.points.begin();
+    for (const std::int32_t count : piece.counts) {
+        PlaneRing& ring = rings.emplace_back();
+        for (std::int32_t i = 0; i < count; ++i, ++point) {
+            ring.push_back({static_cast<double>(point->x), static_cast<double>(point->y)});
+        }
+    }
+    return rings;
+}
 
 void Limits(const char* least, const char* most) {
     Group(9, least);
@@ -147,15 +214,19 @@ void DxfWriter::DxfHeader() {
     Group(999, "QUELMONT version " + Design.VersionText + " DXF file");
     Limits("$EXTMIN", "$EXTMAX");
     Limits("$LIMMIN", "$LIMMAX");
-    for (const FixedGroup& group : FixedGroups) {
-        Group(group.code, group.value);
-    }
+    FixedGroups(GroupsBeforeLayers);
+    Layers();
+    FixedGroups(GroupsBehindLayers);
     CloseExport();
 }
 
 void DxfWriter::OpenStretch(std::size_t /*slot*/) { ResumeExport(Design.DxfFileName); }
 
 void DxfWriter::StartStretch() { PolylineMark = Design.CurrentSymbolType == SymbolLine; }
+
+void DxfWriter::BeginPart(MapPart part, std::string_view title) {
+    areaLayer = part == MapPart::Areas ? LayerOf(title) : "0";
+}
 
 void DxfWriter::ResetLine() {
     DxfSeqEndPos = 0;
@@ -184,9 +255,9 @@ void DxfWriter::DxfEnd() {
 
 // ---- Entities
 
-void DxfWriter::StartEntity(std::string_view name, const std::string& colour) {
+void DxfWriter::StartEntity(std::string_view name, const std::string& colour, std::string_view layer) {
     Group(0, name);
-    Group(8, "0");
+    Group(8, layer);
     Group(62, colour);
 }
 
@@ -237,6 +308,21 @@ void DxfWriter::Solid(std::initializer_list<Place> corners) {
         Group(code + 10, corner.y);
         ++code;
     }
+}
+
+void DxfWriter::Area(ColorValue color, const PlaneRings& rings) {
+    const std::string head = DxfAreaColor(color);
+    ForEachPiece(rings, std::numeric_limits<std::size_t>::max(), [&](const AreaPiece& piece) {
+        ForEachTrapezoid(RingsOf(piece), [&](const Trapezoid& part) {
+            StartEntity("SOLID", head, areaLayer);
+            std::string corners;
+            AppendPlace(corners, 10, part.lowLeft, part.low);
+            AppendPlace(corners, 11, part.lowRight, part.low);
+            AppendPlace(corners, 12, part.highLeft, part.high);
+            AppendPlace(corners, 13, part.highRight, part.high);
+            WriteExport(corners);
+        });
+    });
 }
 
 /// Two half circles as one thick closed line: a ring, or a disk when it is as wide as it is large.

@@ -20,8 +20,12 @@ public:
     void Header() override;
     void OpenStretch(std::size_t slot) override;
     void StartStretch() override;
+    void BeginPart(MapPart part, std::string_view title) override;
     void Point() override;
     void LineBreak() override;
+    /// As solids, triangles or trapezoids, on a layer that is named by the title of their part.
+    bool TakesAreas() const override { return true; }
+    void Area(ColorValue color, const PlaneRings& rings) override;
     void Finish() override;
     void ResetLine() override;
 
@@ -38,7 +42,7 @@ private:
 
     void Chain();
     void Symbol();
-    static void StartEntity(std::string_view name, const std::string& colour);
+    static void StartEntity(std::string_view name, const std::string& colour, std::string_view layer = "0");
     static void PolylineHead(double width, bool closed);
     void Vertex(Place place);
     static void SequenceEnd();
@@ -53,6 +57,7 @@ private:
     std::optional<Place> carried;  ///< a full chain's last vertex, which opens the next one
     Place last = {0.0, 0.0};
     std::string vertexText; ///< kept for its memory
+    std::string areaLayer = "0";
 };
 
 } // namespace quelmont

@@ -39,6 +39,8 @@ std::string_view IdOf(MapPart part) {
         return "frame";
     case MapPart::Distortion:
         return "distortion";
+    case MapPart::Areas:
+        return "area";
     }
     return "part";
 }
@@ -267,7 +269,7 @@ void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
         CloseGroups();
         WriteExport("<g" + Attribute("id", "area-" + std::to_string(++areaIds)) +
                     Attribute("fill", Color(ColorBits(color))) + Attribute("fill-rule", "evenodd") + ">\n" +
-                    Element("title", "Area"));
+                    Element("title", now.part == MapPart::Areas ? now.partTitle : "Area"));
     }
     const auto place = [](const PlanePoint& point) -> Hundredths {
         const double x = (((point.x - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) /
