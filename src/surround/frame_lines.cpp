@@ -46,8 +46,11 @@ double Brightness(ColorValue color) {
 
 } // namespace
 
-ColorValue SurroundInk() {
-    constexpr double least = 0.3;
+namespace {
+
+/// The colour chosen for the grid's labels, unless it is less than a share of white brighter or darker than
+/// the background.
+ColorValue InkAtLeast(double least) {
     const ColorValue color = Design.Fonts[GridLabelFontSlot].FontColour;
     const double paper = Brightness(Design.BackColor);
     if (std::fabs(Brightness(color) - paper) >= least) {
@@ -55,6 +58,12 @@ ColorValue SurroundInk() {
     }
     return SolidColor(paper > 0.5 ? Rgb(0, 0, 0) : Rgb(255, 255, 255));
 }
+
+} // namespace
+
+ColorValue SurroundInk() { return InkAtLeast(0.3); }
+
+ColorValue GridLabelInk() { return InkAtLeast(0.15); } // pale labels may be what is wanted
 
 double FrameReach() {
     return Design.Frame.frame ? FrameWidth() / 2.0 + TickLength() : Design.GridLineWidth / 2.0;

@@ -17,6 +17,8 @@ struct SurroundStroke {
 /// The colour of the frame and the scale bar: that of the grid's labels, or where it can hardly be told from
 /// the background black or white. Reads   the look of GridLabelFontSlot, BackColor.
 ColorValue SurroundInk();
+/// The same of the grid's labels themselves, which keep a colour that can just be told from the background.
+ColorValue GridLabelInk();
 
 /// How far the frame reaches beyond the map's outline, with its ticks: twips. Without a frame half the width
 /// of the grid's line. Reads   Frame, GridLineWidth, the look of GridLabelFontSlot, TwipsPerPixelY, the

@@ -3,6 +3,7 @@
 #include "core/rounding.h"
 #include "output/print_text.h"
 #include "platform/machine.h"
+#include "surround/frame_lines.h"
 
 namespace quelmont {
 
@@ -30,7 +31,7 @@ TextItem LabelMeasure::ItemOf(const std::string& text, const TextBox& box, int a
             .TextAngle = RoundToInt16((angle + Circle) % Circle),
             .TextFont = look.FontName,
             .TextSize = RoundToInt16(look.FontSize),
-            .TextColour = look.FontColour,
+            .TextColour = GridLabelInk(),
             .TextBold = look.FontBold,
             .TextItalic = look.FontItalic,
             .TextUnderline = look.FontUnderline,
