@@ -1,6 +1,7 @@
 #include "surround/grid_labels.h"
 
 #include "core/map_design.h"
+#include "core/standard_colors.h"
 #include "graticule/grid_fixture.h"
 #include "graticule/grid_texts.h"
 #include "output/draw_target.h"
@@ -73,6 +74,21 @@ TEST_F(GridSurrounds, GoBehindTheTextItemsForAnExport) {
     EXPECT_EQ(Design.TextItems[0].TextString, "Title");
     EXPECT_EQ(Design.TextItems[1].TextFont, "Arial");
     EXPECT_EQ(Design.TextItems[1].TextSize, 10);
+}
+
+TEST_F(GridSurrounds, CanBeReadOnADarkBackground) {
+    Design.Fonts[GridLabelFontSlot].FontColour = SolidColor(Rgb(0, 0, 0));
+    Design.BackColor = SolidColor(Rgb(16, 24, 48));
+    EXPECT_EQ(GridLabelsOfDesign().at(0).item.TextColour, SolidColor(Rgb(255, 255, 255)));
+    Design.Fonts[GridLabelFontSlot].FontColour = SolidColor(Rgb(255, 255, 0));
+    EXPECT_EQ(GridLabelsOfDesign().at(0).item.TextColour, SolidColor(Rgb(255, 255, 0)))
+        << "a colour that can be told from it stays";
+    Design.BackColor = SolidColor(Rgb(255, 255, 255));
+    Design.Fonts[GridLabelFontSlot].FontColour = SolidColor(Rgb(192, 192, 192));
+    EXPECT_EQ(GridLabelsOfDesign().at(0).item.TextColour, SolidColor(Rgb(192, 192, 192)))
+        << "though it is pale";
+    Design.Fonts[GridLabelFontSlot].FontColour = SolidColor(Rgb(0, 0, 0));
+    EXPECT_EQ(GridLabelsOfDesign().at(0).item.TextColour, SolidColor(Rgb(0, 0, 0)));
 }
 
 TEST_F(GridSurrounds, DrawAgainWhatTheLastDrawHadAndTextsLeaveRoomFor) {
