@@ -50,8 +50,8 @@ TEST(MainMenu, FileMenuHasItsItems) {
 
 TEST(MainMenu, EditAndViewMenusHaveTheirItems) {
     EXPECT_THAT(Texts(Menu::mnuEdit), ElementsAre("&Undo", "&Redo", "", "&Copy Map"));
-    EXPECT_THAT(Texts(Menu::mnuView),
-                ElementsAre("&Smooth Lines", "Status &Line", "&Redraw by Itself", "Dra&w Again"));
+    EXPECT_THAT(Texts(Menu::mnuView), ElementsAre("&Smooth Lines", "Status &Line", "&Redraw by Itself",
+                                                  "Mo&ve with the Mouse", "Dra&w Again"));
 }
 
 TEST(MainMenu, MenusWithoutAddedItemsHaveNoGapsInTheirIndices) {
