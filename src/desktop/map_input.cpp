@@ -6,6 +6,7 @@
 #include "mainwindow/text_placing.h"
 #include "view/map_clicks.h"
 #include "view/place_picking.h"
+#include "view/view_status.h"
 
 #include <QKeyEvent>
 
@@ -207,14 +208,19 @@ void MapInput::Interrupt(std::function<void()> move) {
 }
 
 void MapInput::WaitForRest() {
+    ShowViewStatus(); // another place may be under the mouse
     if (hand.IsUnfinished() || hand.LacksLines()) {
         rest.start(hand.IsUnfinished() ? RestMilliseconds : 0);
     }
 }
 
 void MapInput::Rest() {
-    if (hand.IsDragging() || window.Busy()) {
-        return; // the end of that asks again
+    if (hand.IsDragging()) {
+        return; // its end asks again
+    }
+    if (window.Busy()) {
+        rest.start(RestMilliseconds);
+        return;
     }
     window.Run([] {}); // with which what was moved is accepted
     if (hand.LacksLines()) {

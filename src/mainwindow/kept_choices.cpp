@@ -27,11 +27,16 @@ void TakeStatusLine(std::string_view text) {
     }
 }
 
-std::string RedrawText() { return SettingOfFlag(IsSwitchedOn(RedrawItem)); }
+/// A switch that nothing has to be done for at once.
+template <ViewItem Item>
+std::string SwitchText() {
+    return SettingOfFlag(IsSwitchedOn(Item));
+}
 
-void TakeRedraw(std::string_view text) {
+template <ViewItem Item>
+void TakeSwitch(std::string_view text) {
     if (const auto on = FlagOfSetting(text)) {
-        Machine().window->SetMenuChecked(Menu::mnuView, RedrawItem, *on);
+        Machine().window->SetMenuChecked(Menu::mnuView, Item, *on);
     }
 }
 
@@ -46,7 +51,8 @@ constexpr std::array Choices = std::to_array<KeptChoice>({
     {"GridLabelStyle", GridLabelStyleText, TakeGridLabelStyle, true},
     {"GridLabelFont", GridLabelFontText, TakeGridLabelFont, true},
     {"StatusLine", StatusLineText, TakeStatusLine},
-    {"RedrawByItself", RedrawText, TakeRedraw},
+    {"RedrawByItself", SwitchText<RedrawItem>, TakeSwitch<RedrawItem>},
+    {"MoveWithTheMouse", SwitchText<MoveItem>, TakeSwitch<MoveItem>},
     {"Fill", FillText, TakeFill, true},
     {"Frame", FrameText, TakeFrameText, true},
     {"Distortion", DistortionSetting, TakeDistortionSetting, true},

@@ -87,7 +87,8 @@ constexpr std::array EditMenu = {
 constexpr std::array ViewMenu = {
     MenuEntry{SmoothLinesItem,       "&Smooth Lines",            ToggleSmoothLines, {}, true},
     MenuEntry{StatusLineItem,        "Status &Line",             ToggleStatusLine,  {}, true},
-    MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleRedraw,      {}, true},
+    MenuEntry{RedrawItem,            "&Redraw by Itself",        ToggleSwitch,      {}, true},
+    MenuEntry{MoveItem,              "Mo&ve with the Mouse",     ToggleSwitch,      {}, true},
     MenuEntry{DrawAgainItem,         "Dra&w Again",              DrawAgain,         {}, false, "F5"},
     MenuEntry{DistortionItem,        "&Distortion...",           ChooseDistortion},
 };

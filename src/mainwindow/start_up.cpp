@@ -33,6 +33,7 @@ void ResetMenus() {
     Machine().window->SetMenuChecked(Menu::mnuDesign, PixelSizeItem, false);
     SwitchStatusLine(true);
     Machine().window->SetMenuChecked(Menu::mnuView, RedrawItem, true);
+    Machine().window->SetMenuChecked(Menu::mnuView, MoveItem, true);
     SwitchSmoothLines(true);
     EnableMenuBar(false);
     ShowRecentDesigns();

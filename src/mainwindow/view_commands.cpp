@@ -18,7 +18,7 @@ void SwitchStatusLine(bool on) {
 
 void ToggleStatusLine(int index) { SwitchStatusLine(!IsSwitchedOn(index)); }
 
-void ToggleRedraw(int index) { Machine().window->SetMenuChecked(Menu::mnuView, index, !IsSwitchedOn(index)); }
+void ToggleSwitch(int index) { Machine().window->SetMenuChecked(Menu::mnuView, index, !IsSwitchedOn(index)); }
 
 void SwitchSmoothLines(bool on) {
     Machine().window->SetMenuChecked(Menu::mnuView, SmoothLinesItem, on);

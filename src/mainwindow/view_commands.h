@@ -14,7 +14,8 @@ void SwitchSmoothLines(bool on);
 
 /// What the items do: each turns its switch.
 void ToggleStatusLine(int index);
-void ToggleRedraw(int index);
+/// Of a switch that nothing has to be done for at once.
+void ToggleSwitch(int index);
 /// A map that is on the window is drawn again, at the size that it had last.
 void ToggleSmoothLines(int index);
 

@@ -4,6 +4,7 @@
 #include "mapfiles/byte_reader.h"
 #include "mapfiles/map_formats.h"
 #include "mapfiles/minute_grid_records.h"
+#include "mapinput/line_choice.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/shown_features.h"
@@ -21,7 +22,7 @@ bool ReadMinuteGrid(MapPoint& point, std::int32_t FileIndex, const MapFormat& fo
     bool shown = false;
     for (MinuteGridRecords records(bytes); records.Next();) {
         if (records.BeginsLine()) {
-            shown = features.Shows(records.Feature());
+            shown = features.Shows(records.Feature()) && TakesLine();
         }
         if (!shown) {
             if (!point.CountPoint()) {

@@ -4,6 +4,7 @@
 #include "mapfiles/byte_reader.h"
 #include "mapfiles/map_formats.h"
 #include "mapfiles/packed_segments.h"
+#include "mapinput/line_choice.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/packed_box.h"
@@ -31,7 +32,7 @@ bool ReadPacked(MapPoint& point, std::int32_t FileIndex, const MapFormat& format
         if (!segments.IsWhole()) {
             break;
         }
-        if (!shown || !BoxMayTouchMap(segments.Header())) {
+        if (!shown || !BoxMayTouchMap(segments.Header()) || !TakesLine()) {
             if (!point.SkipPoints(segments.Header().Count)) {
                 return false;
             }

@@ -3,6 +3,7 @@
 #include "core/map_design.h"
 #include "mapfiles/byte_reader.h"
 #include "mapfiles/world_records.h"
+#include "mapinput/line_choice.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
 #include "mapinput/world_outside.h"
@@ -46,6 +47,7 @@ bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex, const MapFormat& /
     WorldFloatPoints points(bytes);
     const WorldOutside outside(Design.LatNorthSec, Design.LatSouthSec, Design.LonWestSec, Design.LonSpanSec);
     const auto isOutside = [outside](float lat, float lon) { return outside.Holds(lat, lon); };
+    bool taken = true;
     for (;;) {
         if (const std::int64_t passed = points.PassOver(point.OutsideLimit(), isOutside)) {
             Put(WorldPointOf(points.Lat(), points.Lon()));
@@ -53,6 +55,15 @@ bool ReadWorldBinary(MapPoint& point, std::int32_t FileIndex, const MapFormat& /
         }
         if (!points.Next()) {
             break;
+        }
+        if (points.BeginsLine()) {
+            taken = TakesLine();
+        }
+        if (!taken) {
+            if (!point.CountPoint()) {
+                return false;
+            }
+            continue;
         }
         if (!Plot(point, WorldPointOf(points.Lat(), points.Lon()), points.BeginsLine())) {
             return false;

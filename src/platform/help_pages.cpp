@@ -198,6 +198,7 @@ constexpr auto MenuItems = std::to_array<MenuHelp>({
     {Menu::mnuView,           1, {"view-menu", "status-line"}},
     {Menu::mnuView,           2, {"view-menu", "redraw-by-itself"}},
     {Menu::mnuView,           3, {"view-menu", "draw-again"}},
+    {Menu::mnuView,           4, {"view-menu", "move-with-the-mouse"}},
     {Menu::mnuView,           5, {"distortion", ""}},
     {Menu::mnuAbout,          0, {"help-menu", ""}},
     {Menu::mnuAbout,          1, {"help-menu", ""}},

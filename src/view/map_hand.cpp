@@ -52,8 +52,20 @@ bool MapHand::IsFree() {
 }
 
 void MapHand::Show() {
-    const MovingPicture picture = DrawMovingPicture();
-    cut = picture == MovingPicture::Cut;
+    constexpr int most = 256;
+    constexpr double longDraw = 4.0 * MovingPictureSeconds;
+    const auto& before = MainWindowNow.Picture;
+    if (before && before->whole) {
+        const double share = before->seconds < longDraw ? 1.0 : before->seconds / MovingPictureSeconds;
+        nth = static_cast<int>(std::min<double>(std::ceil(share), most));
+    }
+    const MovingPicture picture = DrawMovingPicture(LongestMovingPicture, nth);
+    cut = picture == MovingPicture::Cut || picture == MovingPicture::Thinned;
+    if (picture == MovingPicture::Cut) {
+        nth = std::min(2 * nth, most);
+    } else if (picture == MovingPicture::Thinned && Design.PlotSeconds < MovingPictureSeconds / 3.0) {
+        nth = std::max(nth / 2, 1);
+    }
 }
 
 void MapHand::FinishOther(const char* name) {
@@ -262,8 +274,12 @@ bool MapHand::Press(Key key) {
     return false;
 }
 
+bool MapHand::LacksLines() const {
+    const auto& picture = MainWindowNow.Picture;
+    return cut && !drag && picture && !picture->whole;
+}
+
 bool MapHand::FillIn() {
-    cut = false;
     RedrawByItself();
     return MainWindowNow.Picture && MainWindowNow.Picture->whole;
 }

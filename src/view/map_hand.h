@@ -63,7 +63,7 @@ public:
     bool IsDragging() const { return drag && drag->begun; }
 
     /// The picture lacks lines, and no drag is under way: FillIn is to be called when the hand rests.
-    bool LacksLines() const { return cut && !drag; }
+    bool LacksLines() const;
     /// Draws the whole map as Draw Again does, without its beep. False when it was stopped or something
     /// failed.
     bool FillIn();
@@ -105,6 +105,7 @@ private:
     std::optional<Zooming> zooming;
     std::string changeName; ///< of what is to be told; empty: nothing
     bool cut = false;
+    int nth = 1; ///< of large files every n-th line is drawn while they move
 };
 
 } // namespace quelmont

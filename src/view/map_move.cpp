@@ -10,6 +10,7 @@
 #include "projection/inverse_place.h"
 #include "projection/projection_table.h"
 #include "view/moved_centre.h"
+#include "view/moved_lobes.h"
 #include "view/round_steps.h"
 
 #include <algorithm>
@@ -40,8 +41,8 @@ bool IsRound(const MapAxes& axes) { return !IsMetric() && axes.lon.high - axes.l
 StepUnit Unit() { return IsMetric() ? StepUnit::Metres : StepUnit::Seconds; }
 
 AxisLimits LatLimits() {
-    constexpr std::int64_t metres = 99'999'999;  // eight figures
-    constexpr std::int64_t mercator = 89 * 3600; // the poles are infinitely far
+    constexpr std::int64_t metres = 99'999'999;                // eight figures
+    constexpr std::int64_t mercator = std::int64_t{89} * 3600; // the poles are infinitely far
     const std::int64_t limit = Design.ProjNum == ProjMercator ? mercator : HalfCircle / 2;
     return IsMetric() ? AxisLimits{0, metres} : AxisLimits{-limit, limit};
 }
@@ -70,11 +71,7 @@ MapAxes AxesNow() {
 
 double Degrees(std::int64_t seconds) { return static_cast<double>(seconds) / DegreeSeconds; }
 
-/// A longitude in seconds as one from -180 degrees up to, not including, 180.
-std::int64_t Wrapped(std::int64_t seconds) {
-    const std::int64_t rest = (seconds + HalfCircle) % FullCircle;
-    return (rest < 0 ? rest + FullCircle : rest) - HalfCircle;
-}
+std::int64_t Wrapped(std::int64_t seconds) { return WrappedLongitude(seconds); }
 
 /// The same, as an eastern end: 180 degrees instead of -180.
 std::int64_t WrappedEast(std::int64_t seconds) { return -Wrapped(-seconds); }
@@ -105,20 +102,10 @@ void WriteAxes(const MapAxes& axes) {
     SetArc(Design.GridText[GridTextLonSpacing], axes.lon.spacing);
 }
 
-/// Moves the interruptions by as much as the western boundary, and the parallels of a cone by as much as the
-/// southern one.
-void MoveWithThem(const MapAxes& before, const MapAxes& after) {
-    const std::int64_t east = after.lon.low - before.lon.low;
-    if (Design.ProjNum == ProjInterruptedMollweide && east != 0) {
-        for (std::size_t i = LobeTextNorth; i < LobeTextCount; ++i) {
-            std::string& text = Design.LobeText[i];
-            if (!text.empty()) {
-                SetLongitude(text, Wrapped(LongitudeSeconds(text) + east));
-            }
-        }
-    }
-    const std::int64_t north = after.lat.low - before.lat.low;
-    if (IsConic(Design.ProjNum) && north != 0 && after.lat.high - before.lat.high == north) {
+/// Moves the parallels of a cone by as much as its bounds.
+void MoveParallels(const MapAxis& before, const MapAxis& after) {
+    const std::int64_t north = after.low - before.low;
+    if (north != 0 && after.high - before.high == north) {
         for (std::string& text : Design.StdParText) {
             SetLatitude(text, std::clamp(LatitudeSeconds(text) + north, -HalfCircle / 2, HalfCircle / 2));
         }
@@ -135,9 +122,15 @@ bool Accepted(const DesignBounds& before) {
     return false;
 }
 
-bool AcceptAxes(const DesignBounds& before, const MapAxes& axesBefore, const MapAxes& axes) {
-    WriteAxes(axes);
-    MoveWithThem(axesBefore, axes);
+/// Accepts other axes, and with them whatever moves along.
+bool AcceptAxes(const DesignBounds& before, const MapAxes& from, MapAxes to) {
+    if (Design.ProjNum == ProjInterruptedMollweide && to.lon != from.lon) {
+        to.lon = MoveInterruptions(from.lon, to.lon);
+    }
+    if (IsConic(Design.ProjNum)) {
+        MoveParallels(from.lat, to.lat);
+    }
+    WriteAxes(to);
     return Accepted(before);
 }
 
@@ -355,9 +348,31 @@ bool ShowCircle(const DesignBounds& before, const std::vector<GlobePlace>& place
     return Accepted(before);
 }
 
-bool IsChanged(const DesignBounds& before) {
-    return before.GridText != Design.GridText || before.UtmText != Design.UtmText ||
-           before.LobeText != Design.LobeText || before.StdParText != Design.StdParText;
+/// The end of a move that was accepted or not: one that leaves every text as it was has done nothing.
+bool Ended(const DesignBounds& before, bool accepted) {
+    const bool changed = before.GridText != Design.GridText || before.UtmText != Design.UtmText ||
+                         before.LobeText != Design.LobeText || before.StdParText != Design.StdParText;
+    if (!accepted || !changed) {
+        static_cast<DesignBounds&>(Design) = before;
+    }
+    return accepted && changed;
+}
+
+/// Shows the place at a point, which lies on the map, at another one.
+bool MoveTo(const DesignBounds& before, const GlobePlace& held, PlanePoint from, PlanePoint point) {
+    if (IsTurned()) {
+        return TurnTo(before, held, point);
+    }
+    if (IsMetric()) {
+        return MoveBounds(before, from.y - point.y, from.x - point.x);
+    }
+    const PlaceOnWay last = LastOnMap(from, point, held);
+    if (last.share <= 0.0) {
+        return false;
+    }
+    const double seconds = DegreeSeconds / last.share;
+    return MoveBounds(before, (held.lat - last.place.lat) * seconds,
+                      Difference(held.lon, last.place.lon) * seconds);
 }
 
 } // namespace
@@ -369,22 +384,12 @@ bool MapDrag::To(PlanePoint point) const {
     if (!held) {
         return false;
     }
-    if (point.x == from.x && point.y == from.y) {
+    if (point == from) {
         return true;
     }
-    if (IsTurned()) {
-        return TurnTo(before, *held, point);
-    }
-    if (IsMetric()) {
-        return MoveBounds(before, from.y - point.y, from.x - point.x);
-    }
-    const PlaceOnWay last = LastOnMap(from, point, *held);
-    if (last.share <= 0.0) {
-        return false;
-    }
-    const double seconds = DegreeSeconds / last.share;
-    return MoveBounds(before, (held->lat - last.place.lat) * seconds,
-                      Difference(held->lon, last.place.lon) * seconds);
+    const bool moved = MoveTo(before, *held, from, point);
+    Ended(before, moved);
+    return moved;
 }
 
 bool ZoomMap(PlanePoint about, double factor) {
@@ -395,17 +400,17 @@ bool ZoomMap(PlanePoint about, double factor) {
     }
     const bool done =
         IsTurned() ? ZoomTurned(before, about, *place, factor) : ZoomBoundsAt(before, about, *place, factor);
-    return done && IsChanged(before);
+    return Ended(before, done);
 }
 
 bool ZoomMap(double factor) {
     const DesignBounds before = Design;
     if (IsTurned()) {
         ScaleShown(factor);
-        return Accepted(before) && IsChanged(before);
+        return Ended(before, Accepted(before));
     }
     const MapAxes axes = AxesNow();
-    return ZoomBounds(before, Middle(axes.lat), Middle(axes.lon), factor) && IsChanged(before);
+    return Ended(before, ZoomBounds(before, Middle(axes.lat), Middle(axes.lon), factor));
 }
 
 bool StepMap(double north, double east) {
@@ -417,10 +422,10 @@ bool StepMap(double north, double east) {
         const double lat = std::clamp(centre.lat + north * shown, -90.0, 90.0);
         const double shrunk = std::max(std::cos(centre.lat * DegToRad), least);
         WriteCentre({lat, centre.lon + east * shown / shrunk});
-        return Accepted(before) && IsChanged(before);
+        return Ended(before, Accepted(before));
     }
     const MapAxes axes = AxesNow();
-    return MoveBounds(before, north * Length(axes.lat), east * Length(axes.lon)) && IsChanged(before);
+    return Ended(before, MoveBounds(before, north * Length(axes.lat), east * Length(axes.lon)));
 }
 
 bool CentreMap(PlanePoint point) {
@@ -431,7 +436,7 @@ bool CentreMap(PlanePoint point) {
     }
     if (IsTurned()) {
         WriteCentre(*place);
-        return Accepted(before) && IsChanged(before);
+        return Ended(before, Accepted(before));
     }
     const MapAxes axes = AxesNow();
     const double midNorth = Middle(axes.lat);
@@ -440,7 +445,7 @@ bool CentreMap(PlanePoint point) {
                            ? MoveBounds(before, point.y - midNorth, point.x - midEast)
                            : MoveBounds(before, place->lat * DegreeSeconds - midNorth,
                                         Difference(place->lon, midEast / DegreeSeconds) * DegreeSeconds);
-    return moved && IsChanged(before);
+    return Ended(before, moved);
 }
 
 bool ShowRectangle(PlanePoint corner, PlanePoint opposite) {
@@ -452,7 +457,7 @@ bool ShowRectangle(PlanePoint corner, PlanePoint opposite) {
     }
     const bool done =
         IsTurned() ? ShowCircle(before, places, *middle) : ShowBounds(before, places, corner, opposite);
-    return done && IsChanged(before);
+    return Ended(before, done);
 }
 
 bool ShowWhole() {
@@ -460,7 +465,7 @@ bool ShowWhole() {
     if (IsMetric()) {
         // A zone of the northern hemisphere.
         WriteAxes({{0, 9'000'000, 1'000'000}, {100'000, 900'000, 100'000}});
-        return Accepted(before) && IsChanged(before);
+        return Ended(before, Accepted(before));
     }
     bool& wasAccepted = Design.ProjGridSet[static_cast<std::size_t>(Design.ProjNum)];
     const bool kept = wasAccepted;
@@ -469,7 +474,7 @@ bool ShowWhole() {
     wasAccepted = kept;
     Design.GridText[GridTextCentralLat] = before.GridText[GridTextCentralLat];
     Design.GridText[GridTextCentralLon] = before.GridText[GridTextCentralLon];
-    return Accepted(before) && IsChanged(before);
+    return Ended(before, Accepted(before));
 }
 
 } // namespace quelmont

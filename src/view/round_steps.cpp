@@ -9,9 +9,12 @@ namespace quelmont {
 
 namespace {
 
+constexpr std::int64_t Minute = 60;
+constexpr std::int64_t Degree = 3600;
 constexpr std::array<std::int64_t, 20> Arcs = {
-    1,       2,       5,    10,       15,       30,        60,        2 * 60,    5 * 60,    10 * 60,
-    15 * 60, 30 * 60, 3600, 2 * 3600, 5 * 3600, 10 * 3600, 15 * 3600, 30 * 3600, 45 * 3600, 90 * 3600};
+    1,          2,           5,           10,          15,          30,         Minute,
+    2 * Minute, 5 * Minute,  10 * Minute, 15 * Minute, 30 * Minute, Degree,     2 * Degree,
+    5 * Degree, 10 * Degree, 15 * Degree, 30 * Degree, 45 * Degree, 90 * Degree};
 
 constexpr std::array<std::int64_t, 22> Lengths = [] {
     std::array<std::int64_t, 22> lengths{};
@@ -81,7 +84,7 @@ MapAxis Scaled(const MapAxis& axis, double about, double factor, const AxisLimit
     constexpr double most = 12.0;
     constexpr double usual = 6.0;
     const auto before = static_cast<double>(axis.high - axis.low);
-    const double room = static_cast<double>(limits.high - limits.low);
+    const auto room = static_cast<double>(limits.high - limits.low);
     const double wanted = std::clamp(before * factor, fewest, room);
     const double divisions = wanted / static_cast<double>(axis.spacing);
     const std::int64_t spacing =

@@ -51,7 +51,7 @@ TEST(MainMenu, FileMenuHasItsItems) {
 TEST(MainMenu, EditAndViewMenusHaveTheirItems) {
     EXPECT_THAT(Texts(Menu::mnuEdit), ElementsAre("&Undo", "&Redo", "", "&Copy Map"));
     EXPECT_THAT(Texts(Menu::mnuView), ElementsAre("&Smooth Lines", "Status &Line", "&Redraw by Itself",
-                                                  "Dra&w Again", "&Distortion..."));
+                                                  "Mo&ve with the Mouse", "Dra&w Again", "&Distortion..."));
 }
 
 TEST(MainMenu, MenusWithoutAddedItemsHaveNoGapsInTheirIndices) {

@@ -160,6 +160,20 @@ TEST_F(MapMoves, InterruptionsGoWithTheFrame) {
     EXPECT_EQ(Design.LobeText[9], "") << "a text without a longitude stays empty";
 }
 
+TEST_F(MapMoves, ZoomOfTheInterruptedMapKeepsTheInterruptionsInside) {
+    Take(ProjInterruptedMollweide);
+    // From 20 E round the world, interrupted in the north at 100 E and 100 W, in the south at 140 E and 70 W.
+    // Half of it about 160 W, its middle: from 110 E to 70 W.
+    ASSERT_TRUE(ZoomMap({0.0, 0.1}, 0.5));
+    EXPECT_EQ(Design.GridText[GridTextWest], "110    00    00    E");
+    EXPECT_EQ(Design.GridText[GridTextEast], "070    00    00    W");
+    EXPECT_EQ(Design.LobeText[0], "1") << "100 E lies outside";
+    EXPECT_EQ(Design.LobeText[LobeTextNorth], "100    00    00    W");
+    EXPECT_EQ(Design.LobeText[1], "1") << "70 W is the edge";
+    EXPECT_EQ(Design.LobeText[LobeTextSouth], "140    00    00    E");
+    EXPECT_TRUE(WouldAccept(AcceptChain));
+}
+
 TEST_F(MapMoves, UtmMovesItsMetres) {
     Take(ProjUtm);
     // 300 to 800 km east, 5600 to 6200 km north
