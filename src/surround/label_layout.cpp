@@ -81,6 +81,14 @@ int ReadingAngle(const LabelSpot& spot) {
     return angle;
 }
 
+/// What most labels on the lines stand on: the shades of a distortion, which are light, lie over the sea.
+ColorValue ColorUnderLines() {
+    const DistortionKind kind = Design.Distortion.kind;
+    return kind == DistortionKind::Area || kind == DistortionKind::Angle
+               ? SolidColor(Rgb(255, 255, 255))
+               : Design.Fill.sea.value_or(Design.BackColor);
+}
+
 class Layout {
 public:
     Layout(const std::vector<TextBox>& taken_, double clearance_) : taken(taken_), clearance(clearance_) {}
@@ -183,7 +191,7 @@ bool Layout::PlaceOnLine(const LabelledLine& line, const LabelSpot& spot, double
     if (!HasRoom(letters, CellOf(letters)) || Touches(letters, false)) {
         return false;
     }
-    Keep(line, letters, angle, Design.Fill.sea.value_or(Design.BackColor));
+    Keep(line, letters, angle, ColorUnderLines());
     return true;
 }
 

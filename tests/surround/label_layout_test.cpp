@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quelmont {
 namespace {
@@ -127,6 +128,22 @@ TEST_F(LabelLayout, IsSeenOnADarkBackgroundAndOnADarkSea) {
     EXPECT_EQ(color(), Rgb(0, 0, 0));
     Design.GridLabels.place = GridLabelPlace::Lines;
     EXPECT_EQ(color(), Rgb(255, 255, 255));
+}
+
+TEST_F(LabelLayout, IsSeenOnTheLightShadesThatHideADarkSea) {
+    Design.GridLabels.place = GridLabelPlace::Lines;
+    Design.Fonts[GridLabelFontSlot].FontColour = Rgb(0, 0, 0);
+    Design.BackColor = Rgb(0, 0, 0);
+    Design.Fill.sea = Rgb(0, 16, 48);
+    for (const auto& [kind, color] : {std::pair{DistortionKind::None, Rgb(255, 255, 255)},
+                                      {DistortionKind::Ellipses, Rgb(255, 255, 255)},
+                                      {DistortionKind::Area, Rgb(0, 0, 0)},
+                                      {DistortionKind::Angle, Rgb(0, 0, 0)}}) {
+        Design.Distortion.kind = kind;
+        const auto labels = Place();
+        ASSERT_FALSE(labels.empty());
+        EXPECT_EQ(ColorBits(labels.front().item.TextColour), color) << static_cast<int>(kind);
+    }
 }
 
 TEST_F(LabelLayout, GivesWayToATextOfTheMap) {
