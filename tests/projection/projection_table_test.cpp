@@ -30,7 +30,10 @@ TEST(ProjectionTable, FindsEveryNumberAndNoOther) {
     EXPECT_THAT(Which([](std::int16_t projNum) { return FindProjection(projNum) != nullptr; }),
                 ElementsAre(1, 2, 6, 7, 8, 12, 16, 17, 26, 27, 28, 29, 30, 31, 40, 41, 42));
     for (const ProjectionEntry& entry : Projections) {
-        EXPECT_EQ(FindProjection(entry.ProjNum), &entry);
+        const ProjectionEntry* const found = FindProjection(entry.ProjNum);
+        ASSERT_NE(found, nullptr);
+        EXPECT_EQ(found->ProjNum, entry.ProjNum);
+        EXPECT_EQ(found->ProjName, entry.ProjName);
     }
 }
 
