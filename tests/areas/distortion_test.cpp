@@ -237,7 +237,7 @@ TEST_F(DistortionOfMap, PlacesOfThePlaneHaveTheDistortionOfTheirPlacesOnTheGlobe
     }
 }
 
-TEST_F(DistortionOfMap, NothingIsToldOffTheMapAtPolesAndOfNumbersThatAreNone) {
+TEST_F(DistortionOfMap, NothingIsKnownOffTheMapAtPolesAndOfNumbersThatAreNone) {
     ASSERT_TRUE(Take({"--projection", "orthographic"}));
     EXPECT_FALSE(DistortionOfPoint(1.2, 0.0)) << "beyond the horizon";
     EXPECT_FALSE(DistortionOfPoint(std::nan(""), 0.0));

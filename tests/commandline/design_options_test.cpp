@@ -242,7 +242,7 @@ TEST_F(DesignOptions, BorderWidthIsOfSymbolsThatHaveABorder) {
     }
 }
 
-TEST_F(DesignOptions, LabelsAreArialOfTenPointsInBlackUnlessToldOtherwise) {
+TEST_F(DesignOptions, LabelsAreArialOfTenPointsInBlackUnlessAnOptionSaysOtherwise) {
     ASSERT_TRUE(Apply({"--map", "a.prn", "--label-font", "Courier", "--label-size", "24", "--label-color",
                        "FF0000", "--map", "b.utm", "--map", "c.map"}));
     EXPECT_EQ(Design.InputFiles[0].LabelFontName, "Courier");

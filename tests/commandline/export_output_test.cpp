@@ -231,7 +231,7 @@ TEST_F(ExportCommand, WindowMayNotExceedTheScreen) {
               ExitDone);
 }
 
-TEST_F(ExportCommand, LineWidthsAreAShareOfTheMapUnlessToldOtherwise) {
+TEST_F(ExportCommand, LineWidthsAreAShareOfTheMapUnlessAnOptionSaysOtherwise) {
     // A window that is the whole screen is 32000 units wide, and a pixel less in twips: 3 pixels of 15
     // twips are 45 * 32000 / 19185 = 75.06 and 45 * 32000 / 9585 = 150.2 units.
     EXPECT_EQ(Run({"--no-map", "--grid-width", "3", "--window", "1280x924", folder / "a.cgm"}).code,

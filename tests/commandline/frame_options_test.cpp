@@ -55,7 +55,7 @@ TEST_F(CommandFrames, AMapWithoutABarSaysSoAndIsDrawn) {
     EXPECT_THAT(RunWith({"--projection", "orthographic"}).errors, IsEmpty());
 }
 
-TEST_F(CommandFrames, ABarWithoutRoomIsToldOf) {
+TEST_F(CommandFrames, ABarWithoutRoomIsReported) {
     const Outcome outcome = RunWith({"--scale-bar", "km", "--window", "60x40"});
     EXPECT_EQ(outcome.code, ExitDone);
     EXPECT_THAT(outcome.errors,

@@ -211,7 +211,7 @@ TEST_F(Choices, ALineThatIsNoFrameIsPassedOver) {
     }
 }
 
-TEST_F(Choices, DistortionIsKeptAndToldWhenItsDialogChangesIt) {
+TEST_F(Choices, DistortionIsKeptAndAnnouncedWhenItsDialogChangesIt) {
     machine.forms.Script("Distortion", [](Form& form) {
         form.Choose("Ellipses");
         form.Type("Radius", "002    30    00");
