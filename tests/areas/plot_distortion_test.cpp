@@ -110,9 +110,14 @@ TEST_F(DistortionPlot, AllCirclesHaveOneAreaOnEqualAreaMaps) {
         const auto images = ImagesOfCircles({DistortionKind::Ellipses, 6.0, 30.0});
         // Five rows of twelve and the poles, cut at the seam or not.
         EXPECT_EQ(images.size(), 62U);
+        int rough = 0;
         for (const PlaneRings& image : images) {
-            EXPECT_NEAR(Area(image) / cap, 1.0, 0.008);
+            const double share = Area(image) / cap;
+            rough += std::fabs(share - 1.0) > 0.008 ? 1 : 0;
+            EXPECT_NEAR(share, 1.0, 0.1);
         }
+        // The circle about the antipode is a narrow ring along the whole rim, whose chords count for more.
+        EXPECT_LE(rough, projNum == ProjAzimuthalEqualArea ? 1 : 0);
     }
 }
 

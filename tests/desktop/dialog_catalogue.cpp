@@ -114,9 +114,8 @@ std::unique_ptr<Form> DistortionOfWorld() {
     Design.ProjNum = ProjRobinson;
     ProposeBounds();
     AcceptProjection();
-    auto form = std::make_unique<DistortionForm>();
-    form->Choose("Ellipses");
-    return form;
+    Design.Distortion.kind = DistortionKind::Ellipses;
+    return std::make_unique<DistortionForm>();
 }
 
 /// A list of files with long and short names.

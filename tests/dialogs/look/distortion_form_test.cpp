@@ -12,7 +12,6 @@
 namespace quelmont {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class DistortionDialog : public FreshProgramTest {
@@ -95,7 +94,10 @@ TEST_F(DistortionDialog, CirclesOfNoSizeOrTooLargeAreRefusedWhenTheFieldIsLeft) 
         dialog.MoveFocus(wrong.field);
         dialog.Type(wrong.field, wrong.text);
         dialog.MoveFocus("NoDistortion");
-        EXPECT_THAT(machine.boxes.asked, ElementsAre(AskedBox{wrong.title, wrong.message})) << wrong.text;
+        ASSERT_EQ(machine.boxes.asked.size(), 1U) << wrong.text;
+        EXPECT_EQ(machine.boxes.asked[0].title, wrong.title);
+        EXPECT_EQ(machine.boxes.asked[0].text, wrong.message);
+        EXPECT_EQ(machine.boxes.asked[0].buttons, BoxButtons::RetryCancel);
         EXPECT_NE(dialog.At(wrong.field).text, wrong.text) << "the text of before is back";
     }
     EXPECT_EQ(Design.Distortion, DistortionChoice{});
