@@ -121,7 +121,7 @@ class Consumers(shapes.ConsumerTest):
         document, auditor = recover.readfile(file)
         self.assertEqual(len(auditor.errors) + len(auditor.fixes), 0)
         self.assertEqual({layer.dxf.name: layer.dxf.color for layer in document.layers if layer.dxf.name != "Defpoints"},
-                         {"0": 8, "SEA": 151, "LAND": 51, "LAKES": 141})
+                         {"0": 8, "SEA": 151, "LAND": 51, "LAKES": 151})
         places = []
         areas = dict.fromkeys(("SEA", "LAND", "LAKES"), 0.0)
         for solid in document.modelspace().query("SOLID"):
