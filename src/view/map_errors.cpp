@@ -26,10 +26,10 @@ constexpr double NearAntipode = 2.0 * Pole - 3.75;
 /// Places on a bound belong to the map, degrees.
 constexpr double Slack = 1e-9;
 
-/// A latitude of the lattice; half a step inside the region in place of a pole.
-double LatitudeOfStep(const MapRegion& region, int step) {
-    const double height = (region.north - region.south) / Steps;
-    const double lat = region.south + height * step;
+/// A latitude of the lattice between two; half a step inside them in place of a pole.
+double LatitudeOfStep(double south, double north, int step) {
+    const double height = (north - south) / Steps;
+    const double lat = south + height * step;
     return std::fabs(lat) < Pole - Slack ? lat : std::copysign(Pole - height / 2.0, lat);
 }
 
@@ -45,8 +45,12 @@ GlobePlace PlaceSeenAt(const GlobePlace& centre, double distance, double azimuth
             centre.lon + InDegrees(std::atan2(east, north))};
 }
 
+/// A lattice over what the map shows of the region.
 std::vector<GlobePlace> PlacesOf(const MapRegion& region) {
     std::vector<GlobePlace> places;
+    const bool bounded = !IsAzimuthal(Design.ProjNum) && Design.ProjNum != ProjUtm;
+    const double south = bounded ? std::max(region.south, Design.LatSouth) : region.south;
+    const double north = bounded ? std::min(region.north, Design.LatNorth) : region.north;
     for (int i = 0; i <= Steps; ++i) {
         for (int j = 0; j <= Steps; ++j) {
             const double share = static_cast<double>(j) / Steps;
@@ -55,7 +59,7 @@ std::vector<GlobePlace> PlacesOf(const MapRegion& region) {
                 const double distance = region.radius * std::max(i, 1) / Steps;
                 places.push_back(PlaceSeenAt(region.centre, distance, share * FullCircle));
             } else {
-                places.push_back({LatitudeOfStep(region, i), region.west + share * region.span});
+                places.push_back({LatitudeOfStep(south, north, i), region.west + share * region.span});
             }
         }
     }
@@ -101,13 +105,12 @@ void TakeErrorsAt(const GlobePlace& place, MapErrors& largest) {
 
 MapErrors LargestErrors(const MapRegion& region) {
     MapErrors largest;
-    const std::vector<GlobePlace> places = PlacesOf(region);
     const bool interrupted = Design.ProjNum == ProjInterruptedMollweide;
     for (const std::int16_t lobe : interrupted ? LobesWithHeight() : std::vector<std::int16_t>{0}) {
         if (interrupted) {
             CalcGraticuleInterrupt(lobe);
         }
-        for (const GlobePlace& place : places) {
+        for (const GlobePlace& place : PlacesOf(region)) {
             TakeErrorsAt(place, largest);
         }
     }

@@ -290,7 +290,9 @@ private:
         } else if (entity.name == "SEQEND") {
             TakePolyline();
         } else if (entity.name == "SOLID") {
-            TakeSolid(entity);
+            if (entity.groups.at(8) == "0") { // others are parts of areas
+                TakeSolid(entity);
+            }
         } else if (entity.name == "CIRCLE") {
             AddCircle(entity.points.at(0), std::stoi(entity.groups.at(40)), 1, ColorOf(entity));
         }

@@ -226,7 +226,24 @@ TEST_F(DxfAreas, LayersStandInTheTableOfAFileThatHasThem) {
     Design.Fill = {.land = Rgb(255, 255, 204), .lakes = Rgb(153, 204, 255), .sea = Rgb(204, 230, 255)};
     Design.OutputDxf = true;
     FillWith({});
-    EXPECT_THAT(layers(), ElementsAre("0 8", "SEA 151", "LAND 51", "LAKES 141"));
+    EXPECT_THAT(layers(), ElementsAre("0 8", "SEA 151", "LAND 51", "LAKES 151"));
+    Design.Fill = {};
+    Design.Distortion.kind = DistortionKind::Area;
+    Design.OutputDxf = true;
+    FillWith({});
+    EXPECT_THAT(layers(), ElementsAre("0 8", "DISTORTION 8"));
+}
+
+TEST_F(DxfAreas, ShadesOfDistortionLieOnTheirOwnLayer) {
+    ResetLineState();
+    PrintFileHeader();
+    {
+        AreaOutput areas;
+        BeginFilePart(MapPart::Distortion, "Distortion");
+        areas.Fill(Rgb(255, 0, 0), Frame);
+    }
+    FinishFile();
+    EXPECT_EQ(DxfEntities(Written()).front().substr(0, 24), "SOLID 8=DISTORTION 62=1 ");
 }
 
 TEST_F(DxfAreas, MakeUpTheWholeOfALargeArea) {

@@ -171,7 +171,7 @@ TEST(DxfAreaColor, PaleColoursAreTintsAndNotWhite) {
 }
 
 TEST(DxfAreaColor, ColoursWithANumberKeepIt) {
-    EXPECT_EQ(DxfAreaColor(Rgb(0x99, 0xCC, 0xFF)), "141");
+    EXPECT_EQ(DxfAreaColor(Rgb(0xB3, 0xD9, 0xFF)), "141");
     EXPECT_EQ(DxfAreaColor(Rgb(0, 0, 255)), "5");
     EXPECT_EQ(DxfAreaColor(Rgb(0, 0, 255) | 0x02000000U), "5") << "with the flag of the palette";
 }

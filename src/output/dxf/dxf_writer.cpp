@@ -129,6 +129,8 @@ void FixedGroups(std::span<const FixedGroup> groups) {
     }
 }
 
+constexpr const char* DistortionLayer = "DISTORTION";
+
 /// The layer of an area by the title of its part: "Land" lies on "LAND".
 std::string LayerOf(std::string_view title) {
     std::string layer(title);
@@ -137,7 +139,7 @@ std::string LayerOf(std::string_view title) {
     return layer;
 }
 
-/// The table of layers: that of everything, and one for each kind of areas that are filled.
+/// The table of layers: that of everything, and one for each kind of areas that are filled or shaded.
 void Layers() {
     std::vector<std::pair<std::string, std::string>> layers = {{"0", "8"}};
     for (const auto& [title, color] :
@@ -146,6 +148,9 @@ void Layers() {
         if (color) {
             layers.emplace_back(LayerOf(title), DxfAreaColor(*color));
         }
+    }
+    if (Design.Distortion.kind != DistortionKind::None) {
+        layers.emplace_back(DistortionLayer, "8");
     }
     Group(0, "TABLE");
     Group(2, "LAYER");
@@ -225,7 +230,7 @@ void DxfWriter::OpenStretch(std::size_t /*slot*/) { ResumeExport(Design.DxfFileN
 void DxfWriter::StartStretch() { PolylineMark = Design.CurrentSymbolType == SymbolLine; }
 
 void DxfWriter::BeginPart(MapPart part, std::string_view title) {
-    areaLayer = part == MapPart::Areas ? LayerOf(title) : "0";
+    areaLayer = part == MapPart::Areas ? LayerOf(title) : part == MapPart::Distortion ? DistortionLayer : "0";
 }
 
 void DxfWriter::ResetLine() {
