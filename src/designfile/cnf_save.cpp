@@ -7,6 +7,7 @@
 #include "core/print_units.h"
 #include "core/replaced_file.h"
 #include "core/rounding.h"
+#include "core/text_encoding.h"
 #include "core/unseen_boxes.h"
 #include "designfile/record_lines.h"
 #include "designfile/shown_caption.h"
@@ -138,7 +139,28 @@ void WriteDesignFile(const std::string& name, const std::string& text) {
     part.MoveTo(target);
 }
 
+namespace {
+
+/// A design is UTF-8: a name that is not would come back as that of another file.
+bool HasNamesForAFile() {
+    const auto bad = std::find_if(Design.InputFiles.begin(), Design.InputFiles.end(),
+                                  [](const InputFileEntry& file) { return !IsUtf8(file.MapFileName); });
+    if (bad == Design.InputFiles.end()) {
+        return true;
+    }
+    Machine().boxes->Ask("Error in CnfSave: name of a map file",
+                         "The name of this map file is not UTF-8, and a map design\ncannot keep it:\n\n" +
+                             TextOnOneLine(bad->MapFileName) + "\n\nRename the file, then add it again.",
+                         BoxButtons::Ok, BoxIcon::Exclamation);
+    return false;
+}
+
+} // namespace
+
 bool CnfSave() {
+    if (!HasNamesForAFile()) {
+        return false;
+    }
     const ShownCaption caption("Quelmont: printing configuration file");
     return Guarded("CnfSave", [] { WriteDesignFile(Design.CnfFileName, DesignFileText()); });
 }

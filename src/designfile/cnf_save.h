@@ -25,8 +25,8 @@ std::string DrawnDesignText();
 /// RunTimeError as OpenFile, WriteFile, TemporaryFile::MoveTo; an earlier file then stays as it is.
 void WriteDesignFile(const std::string& name, const std::string& text);
 
-/// Saves the design as the file CnfFileName. A failure shows "Error in CnfSave" and leaves an earlier file
-/// as it is. Returns false then.
+/// Saves the design as the file CnfFileName. A failure, and a map file whose name is no UTF-8, shows a
+/// message box under "Error in CnfSave" and leaves an earlier file as it is. Returns false then.
 bool CnfSave();
 
 } // namespace quelmont

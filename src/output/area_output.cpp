@@ -10,6 +10,7 @@
 #include "output/page_scale.h"
 #include "output/thinned_ring.h"
 #include "platform/draw_surface.h"
+#include "platform/fine_lines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,19 +30,29 @@ FileWriter* AreaWriter() {
     return writer != nullptr && writer->TakesAreas() ? writer : nullptr;
 }
 
+/// Pixels of the device, y downward.
+PlanePoint DevicePlace(const PlanePoint& point) {
+    return {
+        (((point.x - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) / OutputNow.DevicePixelX,
+        (Design.ScreenOriginY - ((point.y - Design.MapYMin) * Design.ScreenScaleY)) / OutputNow.DevicePixelY};
+}
+
 SurfacePoint OnDevice(const PlanePoint& point) {
-    const double x =
-        (((point.x - Design.MapXMin) * Design.ScreenScaleX) + Design.ScreenOriginX) / OutputNow.DevicePixelX;
-    const double y =
-        (Design.ScreenOriginY - ((point.y - Design.MapYMin) * Design.ScreenScaleY)) / OutputNow.DevicePixelY;
-    return {PageX(RoundToInt32(x)), PageY(RoundToInt32(y))};
+    const PlanePoint place = DevicePlace(point);
+    return {PageX(RoundToInt32(place.x)), PageY(RoundToInt32(place.y))};
+}
+
+/// In parts of a pixel. A surface with fine lines is no page.
+SurfacePoint OnFineDevice(const PlanePoint& point) {
+    const PlanePoint place = DevicePlace(point);
+    return {RoundToInt32(place.x * FinePerPixel), RoundToInt32(place.y * FinePerPixel)};
 }
 
 void FillOnSurface(ColorValue color, const PlaneRings& rings) {
     std::vector<SurfacePoint> points;
     std::vector<std::int32_t> counts;
     for (const PlaneRing& ring : rings) {
-        AppendThinned(ring, OnDevice, points, counts);
+        AppendThinned(ring, OutputNow.fineLines != nullptr ? OnFineDevice : OnDevice, points, counts);
     }
     if (counts.empty()) {
         return;
@@ -55,7 +66,10 @@ void FillOnSurface(ColorValue color, const PlaneRings& rings) {
     const SurfaceHandle penBefore = surface.SelectObject(pen);
     const int modeBefore = surface.SetPolyFillMode(FillAlternate);
     if (brush != 0 && pen != 0) {
-        ReportUnless(surface.PolyPolygon(points, counts), "PolyPolygon(1) error in FillAreas");
+        const bool filled = OutputNow.fineLines != nullptr
+                                ? OutputNow.fineLines->PolyPolygonFine(points, counts)
+                                : surface.PolyPolygon(points, counts);
+        ReportUnless(filled, "PolyPolygon(1) error in FillAreas");
     }
     surface.SetPolyFillMode(modeBefore);
     surface.SelectObject(penBefore);

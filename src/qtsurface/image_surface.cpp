@@ -63,6 +63,7 @@ FineLines* ImageSurface::Smooth(bool on) {
 
 void ImageSurface::Clear(std::uint32_t color) {
     smoothLine.Forget();
+    areas.Forget();
     painted.Forget();
     std::fill(pixels.begin(), pixels.end(), PixelOf(color));
 }
@@ -242,6 +243,22 @@ bool ImageSurface::PolyPolygon(std::span<const SurfacePoint> points, std::span<c
     return true;
 }
 
+bool ImageSurface::PolyPolygonFine(std::span<const SurfacePoint> points,
+                                   std::span<const std::int32_t> counts) {
+    if (std::any_of(counts.begin(), counts.end(), [](std::int32_t count) { return count < 2; })) {
+        return false;
+    }
+    smoothLine.Finish(grid);
+    if (CurrentBrush().fills) {
+        try {
+            areas.Fill(grid, points, counts, FillMode(), CurrentBrush().pixel);
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+    }
+    return true;
+}
+
 bool ImageSurface::Rectangle(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
     const Pen& pen = CurrentPen();
     const Brush& brush = CurrentBrush();
@@ -326,7 +343,7 @@ void ImageSurface::SetPixel(std::int32_t x, std::int32_t y, std::uint32_t color)
 
 void ImageSurface::PenSelected() {
     if (smooth) {
-        EndLine();
+        smoothLine.Finish(grid);
         smoothLine.SetPen(CurrentPen().exactWidth, CurrentPen().pixel);
     } else {
         TakeRoundPen();

@@ -2,6 +2,7 @@
 
 #include "platform/fine_lines.h"
 #include "platform/main_window.h"
+#include "qtsurface/area_coverage.h"
 #include "qtsurface/line_coverage.h"
 #include "qtsurface/object_surface.h"
 #include "qtsurface/pixel_grid.h"
@@ -23,7 +24,7 @@ namespace quelmont {
 /// A pen is one pixel wide or round. The outline of a rectangle or an ellipse runs through the centres of
 /// the outermost pixels of its box, whatever the pen's width. Smooth lines between whole pixels, too, have an
 /// even pen lean to the upper left by half a pixel, so that upright and level ones are sharp. A polygon
-/// without an outline is never smooth: areas that lie side by side show no seam.
+/// between whole pixels without an outline is never smooth; a fine one is.
 class ImageSurface final : public ObjectSurface, public FineLines {
 public:
     /// A black picture. Sizes in pixels, 0 to 32767; RunTimeError "Invalid procedure call or
@@ -54,6 +55,7 @@ public:
     SurfaceHandle CreateFinePen(double width, std::uint32_t color) override;
     void MoveToFine(std::int32_t x, std::int32_t y) override;
     void LineToFine(std::int32_t x, std::int32_t y) override;
+    bool PolyPolygonFine(std::span<const SurfacePoint> points, std::span<const std::int32_t> counts) override;
 
     void MoveToEx(std::int32_t x, std::int32_t y) override;
     void LineTo(std::int32_t x, std::int32_t y) override;
@@ -78,7 +80,10 @@ private:
     /// A closed line.
     void Outline(std::span<const SurfacePoint> points);
     /// The line ends here, and something else is painted.
-    void EndLine() { smoothLine.Finish(grid); }
+    void EndLine() {
+        smoothLine.Finish(grid);
+        areas.Forget();
+    }
 
     /// Whether a shape in a box, its outline included, changes no pixel: outside of the picture, or in the
     /// one colour that the picture has.
@@ -93,6 +98,7 @@ private:
     /// Not on the picture before it ends, unless somebody looks.
     mutable LineCoverage smoothLine;
     FinePoint finePosition;
+    AreaCoverage areas;
     SmoothEllipses ellipses;
 };
 

@@ -1,5 +1,7 @@
 #include "qtsurface/pixel_grid.h"
 
+#include "qtsurface/polygon_scan.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -63,86 +65,13 @@ void PaintedSpans::Fill(std::uint32_t* line, std::size_t row, std::int32_t first
     wholeRows += known.first == 0 && known.last == width - 1 ? 1 : 0;
 }
 
-namespace {
-
-/// An edge of a polygon, from its upper end.
-struct PolygonEdge {
-    SurfacePoint upper, lower;
-    double slope;  ///< columns per row
-    int direction; ///< 1 downward, -1 upward
-};
-
-/// Those that go through rows from 0 to before end, from above to below.
-std::vector<PolygonEdge> EdgesInRows(std::span<const SurfacePoint> points,
-                                     std::span<const std::int32_t> counts, std::int32_t end) {
-    std::vector<PolygonEdge> edges;
-    for (const std::int32_t count : counts) {
-        const auto outline = points.first(static_cast<std::size_t>(count));
-        points = points.subspan(outline.size());
-        for (std::size_t i = 0; i < outline.size(); ++i) {
-            SurfacePoint upper = outline[i];
-            SurfacePoint lower = outline[i + 1 == outline.size() ? 0 : i + 1];
-            const int direction = upper.y < lower.y ? 1 : -1;
-            if (direction < 0) {
-                std::swap(upper, lower);
-            }
-            if (upper.y < lower.y && lower.y > 0 && upper.y < end) {
-                const double slope =
-                    (static_cast<double>(lower.x) - upper.x) / (static_cast<double>(lower.y) - upper.y);
-                edges.push_back({upper, lower, slope, direction});
-            }
-        }
-    }
-    std::sort(edges.begin(), edges.end(),
-              [](const PolygonEdge& a, const PolygonEdge& b) { return a.upper.y < b.upper.y; });
-    return edges;
-}
-
-/// Where an edge cuts a row.
-struct RowCrossing {
-    double x;
-    int direction;
-};
-
-void FindCrossings(const std::vector<PolygonEdge>& edges, const std::vector<std::size_t>& active,
-                   std::int64_t row, std::vector<RowCrossing>& crossings) {
-    crossings.clear();
-    for (const std::size_t index : active) {
-        const PolygonEdge& edge = edges[index];
-        crossings.push_back(
-            {edge.upper.x + static_cast<double>(row - edge.upper.y) * edge.slope, edge.direction});
-    }
-    std::sort(crossings.begin(), crossings.end(),
-              [](const RowCrossing& a, const RowCrossing& b) { return a.x < b.x; });
-}
-
-} // namespace
-
 void FillPolygons(const PixelGrid& grid, std::span<const SurfacePoint> points,
                   std::span<const std::int32_t> counts, int fillMode, std::uint32_t pixel) {
-    const std::vector<PolygonEdge> edges = EdgesInRows(points, counts, grid.height);
-    std::vector<std::size_t> active; ///< edges that cut the row
-    std::vector<RowCrossing> crossings;
-    std::size_t next = 0;
-    for (std::int32_t row = edges.empty() ? grid.height : std::max(edges.front().upper.y, 0);
-         row < grid.height && (next < edges.size() || !active.empty()); ++row) {
-        std::erase_if(active, [&](std::size_t index) { return edges[index].lower.y <= row; });
-        for (; next < edges.size() && edges[next].upper.y <= row; ++next) {
-            if (edges[next].lower.y > row) {
-                active.push_back(next);
-            }
-        }
-        FindCrossings(edges, active, row, crossings);
-        int winding = 0;
-        for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
-            winding += fillMode == FillWinding ? crossings[i].direction : 1;
-            const bool inside = fillMode == FillWinding ? winding != 0 : winding % 2 != 0;
-            if (inside) {
-                FillSpan(grid, row, static_cast<std::int64_t>(std::ceil(crossings[i].x)),
-                         static_cast<std::int64_t>(std::ceil(crossings[i + 1].x)) - 1, pixel);
-            }
-        }
-    }
+    PolygonScan(points, counts, {0, 1, grid.height})
+        .EachSpan(fillMode, [&](std::int64_t row, double from, double to) {
+            FillSpan(grid, row, static_cast<std::int64_t>(std::ceil(from)),
+                     static_cast<std::int64_t>(std::ceil(to)) - 1, pixel);
+        });
 }
 
 void FillPolygon(const PixelGrid& grid, std::span<const SurfacePoint> points, int fillMode,

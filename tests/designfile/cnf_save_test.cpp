@@ -68,6 +68,20 @@ TEST_F(SavingDesigns, TextWithALineEndKeepsTheEarlierFile) {
     }
 }
 
+TEST_F(SavingDesigns, NameOfAMapFileThatIsNoUtf8IsRefused) {
+    const std::string earlier = Saved();
+    Design.InputFiles.at(0).MapFileName = "/maps/caf\xE9.prn";
+    EXPECT_FALSE(CnfSave());
+    // Written as UTF-8 it would be the name of another file.
+    ASSERT_EQ(machine.boxes.asked.size(), 1U);
+    EXPECT_EQ(machine.boxes.asked[0].title, "Error in CnfSave: name of a map file");
+    EXPECT_NE(machine.boxes.asked[0].text.find("/maps/caf\u00E9.prn"), std::string::npos);
+    EXPECT_EQ(ReadWholeFile(name), earlier);
+    machine.boxes.Taken();
+    Design.InputFiles.at(0).MapFileName = "/maps/caf\u00E9.prn";
+    EXPECT_TRUE(CnfSave());
+}
+
 TEST_F(SavingDesigns, FullDiskKeepsTheEarlierFile) {
     const std::string earlier = Saved();
     Design.InputFiles.resize(200);

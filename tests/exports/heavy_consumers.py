@@ -216,6 +216,24 @@ class Consumers(shapes.ConsumerTest):
         self.assertRegex(told, r">Caf\S<")
         self.assertIn(">Second<", told)
 
+    def test_libreoffice_shows_scale_bar_and_labels_of_the_grid_in_their_places(self):
+        for ending in ("dxf", "wmf", "svg"):
+            file = self.draw(["--no-map", "--grid-type", "5", "--projection", "equirectangular", "--frame",
+                              "--scale-bar", "km@30N", "--grid-labels", "frame"], "framed." + ending)
+            places = {}
+            for down, line in enumerate(printed_words(file)):
+                for left, word in line:
+                    places.setdefault(word, []).append((left, down))
+            for word in ("Scale", "km", "0\u00b0", "180\u00b0", "90\u00b0N", "90\u00b0S", "135\u00b0W", "135\u00b0E"):
+                self.assertIn(word, places, ending)
+            east = [min(places[f"{degrees}\u00b0E"])[0] for degrees in (45, 90)]
+            west = [min(places[f"{degrees}\u00b0W"])[0] for degrees in (45, 90)]
+            self.assertGreater(east[1] - east[0], 20, ending)
+            self.assertAlmostEqual(west[0] - west[1], east[1] - east[0], delta=0.5, msg=ending)
+            rows = [min(down for _, down in places[label])
+                    for label in ("60\u00b0N", "30\u00b0N", "30\u00b0S", "60\u00b0S")]
+            self.assertEqual(rows, sorted(rows), ending)
+
     def test_libreoffice_prints_the_lines_of_a_report_and_its_columns_below_each_other(self):
         route = ["--no-map", "--projection", "robinson", "--great-circle", "37:47N,122:26W,29:20N,47:59E",
                  "--small-circle", "37:47N,122:26W,15"]

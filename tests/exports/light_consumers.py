@@ -158,6 +158,43 @@ class Consumers(shapes.ConsumerTest):
         self.assertEqual(found[1].dxf.text, texts[1])
         self.assertEqual(found[6].dxf.text, texts[6])
 
+    def test_ezdxf_reads_frame_scale_bar_and_labels_of_the_grid_in_their_places(self):
+        """A world of 360 degrees: labels of meridians stand as far apart as these, labels of parallels too, and a
+        bar that is true at 30 degrees is a share of that parallel (40 030.17 kilometres are the equator)."""
+        file = self.draw(["--no-map", "--grid-type", "5", "--projection", "equirectangular", "--frame",
+                          "--scale-bar", "km@30N", "--grid-labels", "frame"], "framed.dxf")
+        document, auditor = recover.readfile(file)
+        self.assertEqual(len(auditor.errors) + len(auditor.fixes), 0)
+        space = document.modelspace()
+        lines = [[(vertex.dxf.location.x, vertex.dxf.location.y) for vertex in line.vertices]
+                 for line in space.query("POLYLINE")]
+        frame = lines[0]
+        (left, bottom), (right, top) = min(frame), max(frame)
+        self.assertEqual(sorted(set(frame)), [(left, bottom), (left, top), (right, bottom), (right, top)])
+        places = {}
+        for text in space.query("TEXT"):
+            places.setdefault(text.dxf.text, []).append((text.dxf.insert.x, text.dxf.insert.y))
+        degree = (right - left) / 360
+        row = (top - bottom) / 180
+        # Where it begins depends on how wide it is; those of as many letters begin alike.
+        self.assertAlmostEqual(min(places["90\u00b0E"])[0] - min(places["45\u00b0E"])[0], 45 * degree, delta=1.5)
+        self.assertAlmostEqual(min(places["45\u00b0W"])[0] - min(places["90\u00b0W"])[0], 45 * degree, delta=1.5)
+        self.assertAlmostEqual(min(places["60\u00b0N"])[1] - min(places["30\u00b0N"])[1], 30 * row, delta=1.5)
+        self.assertAlmostEqual(min(places["30\u00b0N"])[1] - min(places["30\u00b0S"])[1], 60 * row, delta=1.5)
+        self.assertTrue(all(y < bottom or y > top for x, y in places["45\u00b0E"]), "outside of the frame")
+        self.assertTrue(all(x < left or x > right for x, y in places["30\u00b0N"]))
+        # Ticks at meridians leave the frame where these do.
+        ticks = {line[0][0] for line in lines[1:] if len(line) == 2 and line[0][1] == bottom}
+        self.assertEqual(len(ticks), 7)
+        for meridian, tick in zip(range(-135, 180, 45), sorted(ticks)):
+            self.assertAlmostEqual(tick, left + (meridian + 180) * degree, delta=1.5)
+        bars = [line for line in lines[1:] if len(line) == 5]
+        self.assertEqual(len(bars), 1)
+        km = next(int(text.split()[0]) for text in places if text.endswith(" km"))
+        length = max(x for x, y in bars[0]) - min(x for x, y in bars[0])
+        self.assertAlmostEqual(length, km / (40030.17 * math.cos(math.radians(30))) * (right - left), delta=2)
+        self.assertIn("Scale at 30\u00b0N", places)
+
     def test_ezdxf_reads_circles(self):
         file = self.draw(["--projection", "azimuthal equidistant", "--grid-type", "5", "--no-map",
                           "--great-circle", "37:47N,122:26W,29:20N,47:59E", "--great-circle-color", "FF0000",

@@ -1,5 +1,6 @@
 #include "platform/fine_lines.h"
 
+#include "output/area_output.h"
 #include "output/device_pen.h"
 #include "output/page_scale.h"
 #include "output/print_to_screen.h"
@@ -26,6 +27,14 @@ public:
     }
     void MoveToFine(std::int32_t x, std::int32_t y) override { Write("MoveToFine", x, y); }
     void LineToFine(std::int32_t x, std::int32_t y) override { Write("LineToFine", x, y); }
+    bool PolyPolygonFine(std::span<const SurfacePoint> points,
+                         std::span<const std::int32_t> counts) override {
+        fine += "PolyPolygonFine of " + std::to_string(counts.size()) + "\n";
+        for (const SurfacePoint point : points) {
+            Write("", point.x, point.y);
+        }
+        return !fails;
+    }
 
     std::string fine;
     bool fails = false;
@@ -83,6 +92,23 @@ TEST_F(FineLinesTest, TakePointsInSixtyFourthsOfAPixel) {
     EXPECT_EQ(window.picture.fine, "MoveToFine(656, 1312)\nLineToFine(704, 1314)\nMoveToFine(-224, 448)\n");
     EXPECT_EQ(window.picture.Text(), "");
     EXPECT_EQ(Design.LineStart, LineContinues);
+}
+
+TEST_F(FineLinesTest, TakeAreasInSixtyFourthsOfAPixel) {
+    const auto place = [](double x, double y) {
+        At(x, y);
+        return PlanePoint{Design.ProjX, Design.ProjY};
+    };
+    const PlaneRings triangle = {{place(10.25, 20.5), place(40.0, 20.5), place(40.0, 30.03125)}};
+    AreaOutput().Fill(SolidColor(Rgb(1, 2, 3)), triangle);
+    EXPECT_EQ(window.picture.fine, "PolyPolygonFine of 1\n(656, 1312)\n(2560, 1312)\n(2560, 1922)\n");
+    EXPECT_EQ(window.picture.Text().find("PolyPolygon"), std::string::npos);
+    window.picture.fine.clear();
+    Design.SmoothLines = false;
+    SelectDevice();
+    AreaOutput().Fill(SolidColor(Rgb(1, 2, 3)), triangle);
+    EXPECT_EQ(window.picture.fine, "");
+    EXPECT_NE(window.picture.Text().find("PolyPolygon"), std::string::npos);
 }
 
 TEST_F(FineLinesTest, LoseThePointsThatPlainLinesLose) {
