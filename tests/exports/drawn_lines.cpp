@@ -470,7 +470,8 @@ void TakeSvg(DrawnMap& map, const SvgElement& element) {
 DrawnMap MapOfSvg(std::string_view bytes) {
     DrawnMap map;
     for (const SvgElement& element : ReadSvg(bytes)) {
-        if (!element.group.empty() &&
+        const bool area = element.At("fill-rule") == "evenodd"; // no line and no symbol
+        if (!element.group.empty() && !area &&
             (element.name == "path" || element.name == "rect" || element.name == "circle")) {
             TakeSvg(map, element);
         }
