@@ -27,7 +27,10 @@ ColorValue ColorOf(std::optional<AreaClass> area) {
 
 } // namespace
 
-FilledMap::FilledMap() { StartUp(); }
+FilledMap::FilledMap() {
+    StartUp();
+    Design.SmoothLines = false; // each pixel then has the colour of one area
+}
 
 bool FilledMap::Take(std::vector<std::string> arguments) {
     arguments.insert(arguments.end(), {"--map", mapName, "a.png"});

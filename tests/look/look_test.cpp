@@ -94,8 +94,9 @@ class SampleMapPicture : public testing::TestWithParam<SampleMap> {};
 TEST(SampleMapList, HoldsEveryProjectionAndMore) {
     // Seventeen projections; maps of wide lines, of symbols and across the 180th meridian; six maps of
     // each of the two map files; three of towns with their names; three sheets of texts; two of routes; six
-    // with labels of the grid, two with a frame. Each with smooth lines and with plain ones.
-    EXPECT_EQ(SampleMaps().size(), 2 * 48U);
+    // with labels of the grid, two with a frame; four of distortion; a filled one. Each with smooth lines and
+    // with plain ones.
+    EXPECT_EQ(SampleMaps().size(), 2 * 53U);
 }
 
 TEST_P(SampleMapPicture, LooksAsItDidWhenAPersonAcceptedIt) {
