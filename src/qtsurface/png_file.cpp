@@ -89,8 +89,9 @@ QImage ImageOf(const PixelImage& picture) {
 }
 
 QByteArray EncodePng(const QImage& picture, const PictureNotes& notes) {
-    // Of 0, the smallest file, to 100, no compression. Below this the time doubles for one byte in ten.
-    constexpr int quality = 50;
+    // Of 0, the smallest file, to 100, no compression. Below these the time doubles for one byte in ten.
+    constexpr int ofPalette = 50;
+    constexpr int ofShades = 85;
     if (picture.isNull()) {
         throw RunTimeError(ErrorInvalidCall);
     }
@@ -104,7 +105,7 @@ QByteArray EncodePng(const QImage& picture, const PictureNotes& notes) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG", quality)) {
+    if (!image.save(&buffer, "PNG", image.colorCount() > 0 ? ofPalette : ofShades)) {
         throw RunTimeError(ErrorOutOfMemory);
     }
     return bytes;
