@@ -291,6 +291,9 @@ class ShadesOn : public DistortionPlot, public testing::WithParamInterface<int> 
 
 TEST_P(ShadesOn, PixelsHaveTheShadeOfTheDistortionAtTheirPlaces) {
     for (const DistortionKind kind : {DistortionKind::Area, DistortionKind::Angle}) {
+        if (QUELMONT_SANITIZED && kind == DistortionKind::Area) {
+            continue; // every pixel takes its time there, and the way is the same
+        }
         ASSERT_TRUE(TakeProjection(GetParam()));
         ASSERT_TRUE(Show({kind}));
         const auto& rows = OutputNow.shadeKey.rows;
