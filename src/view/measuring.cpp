@@ -84,8 +84,8 @@ void Reach(const GlobePlace& place) {
     Now()->reached = !route.Rows.empty();
     if (Now()->reached) {
         // A route that runs from east to west counts its distances from the other end.
-        const double ends[] = {route.Row(route.GcFirst).GcDist, route.Row(route.GcLast).GcDist};
-        Now()->minutes = std::fabs(ends[1] - ends[0]);
+        const double first = route.Row(route.GcFirst).GcDist;
+        Now()->minutes = std::fabs(route.Row(route.GcLast).GcDist - first);
         Now()->course = route.Row(route.GcFirst).GcAzimuth;
     }
 }
