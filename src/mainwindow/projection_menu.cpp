@@ -14,10 +14,10 @@ namespace quelmont {
 
 namespace {
 
-void SelectProjection(int item, int itemBelow) {
+void SelectProjection(int inMenu, int inMollweideMenu) {
     const auto* const found =
         std::find_if(Projections.begin(), Projections.end(), [&](const ProjectionEntry& entry) {
-            return entry.menuIndex == item && entry.mollweideIndex == itemBelow;
+            return entry.menuIndex == inMenu && entry.mollweideIndex == inMollweideMenu;
         });
     if (found == Projections.end()) {
         return;

@@ -8,6 +8,7 @@
 #include "platform/machine.h"
 #include "view/position.h"
 #include "view/redraw.h"
+#include "view/view_state.h"
 
 #include <algorithm>
 #include <array>
@@ -53,17 +54,19 @@ bool MapHand::IsFree() {
 
 void MapHand::Show() {
     constexpr int most = 256;
-    constexpr double longDraw = 4.0 * MovingPictureSeconds;
+    const double aim = ViewNow.movingPictureSeconds;
+    const double longDraw = 4.0 * aim;
+    const double longest = 3.0 * aim;
     const auto& before = MainWindowNow.Picture;
     if (before && before->whole) {
-        const double share = before->seconds < longDraw ? 1.0 : before->seconds / MovingPictureSeconds;
+        const double share = before->seconds < longDraw ? 1.0 : before->seconds / aim;
         nth = static_cast<int>(std::min<double>(std::ceil(share), most));
     }
-    const MovingPicture picture = DrawMovingPicture(LongestMovingPicture, nth);
+    const MovingPicture picture = DrawMovingPicture(longest, nth);
     cut = picture == MovingPicture::Cut || picture == MovingPicture::Thinned;
     if (picture == MovingPicture::Cut) {
         nth = std::min(2 * nth, most);
-    } else if (picture == MovingPicture::Thinned && Design.PlotSeconds < MovingPictureSeconds / 3.0) {
+    } else if (picture == MovingPicture::Thinned && Design.PlotSeconds < aim / 3.0) {
         nth = std::max(nth / 2, 1);
     }
 }

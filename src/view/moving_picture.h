@@ -4,11 +4,6 @@ namespace quelmont {
 
 /// The picture of a map that is being moved.
 
-/// Seconds of the processor that such a picture should take: of a larger map it has every n-th line.
-constexpr double MovingPictureSeconds = 0.05;
-/// Seconds after which it is shown as far as it has come.
-constexpr double LongestMovingPicture = 0.15;
-
 enum class MovingPicture {
     Whole,    ///< what MapDraw would show, pixel for pixel
     Thinned,  ///< every n-th line
@@ -19,6 +14,6 @@ enum class MovingPicture {
 /// Draws the design as it is and shows it at once, without anything else that tells of a draw (DrawPicture).
 /// No events run meanwhile. seconds: the time that it may take. nth: of large map files every n-th line is
 /// drawn, from 1.
-MovingPicture DrawMovingPicture(double seconds = LongestMovingPicture, int nth = 1);
+MovingPicture DrawMovingPicture(double seconds, int nth = 1);
 
 } // namespace quelmont

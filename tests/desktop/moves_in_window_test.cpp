@@ -10,6 +10,7 @@
 #include "projection/projection_table.h"
 #include "view/map_hand.h"
 #include "view/redraw.h"
+#include "view/view_state.h"
 
 #include <QAction>
 #include <QApplication>
@@ -56,12 +57,15 @@ protected:
         QApplication::sendEvent(&Area(), &event);
     }
     QString UndoText() { return Window().Action(Menu::mnuEdit, UndoItem)->text(); }
+    /// Pictures are whole while the map moves, whatever slows the program down.
+    static void TakeWhatTimeItNeeds() { ViewNow.movingPictureSeconds = 60.0; }
     static std::string West() { return Design.GridText[GridTextWest]; }
 
     const std::string westBefore = "180    00    00    W";
 };
 
 TEST_F(MovesInWindow, MapFollowsTheMouseAndTheRestIsWhatDrawMapDraws) {
+    TakeWhatTimeItNeeds();
     DrawByKeys();
     const QImage before = Picture();
     Press();
@@ -80,6 +84,7 @@ TEST_F(MovesInWindow, MapFollowsTheMouseAndTheRestIsWhatDrawMapDraws) {
 }
 
 TEST_F(MovesInWindow, EscapePutsTheMapBack) {
+    TakeWhatTimeItNeeds();
     DrawByKeys();
     const QImage before = Picture();
     Press();
