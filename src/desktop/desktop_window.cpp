@@ -84,7 +84,8 @@ DesktopWindow::DesktopWindow()
     setCentralWidget(area);
     area->OnMouse([this](const AreaMouse& mouse) { input.Take(mouse); });
     area->OnMenuWanted([this](SurfacePoint pixel, QPoint place) {
-        if (!busy && !Design.TextPending) {
+        // A menu would take the release of a button that holds the map.
+        if (!busy && !Design.TextPending && !input.IsHolding()) {
             ShowMapMenu(*this, pixel, place);
         }
     });
@@ -344,7 +345,7 @@ void DesktopWindow::RedrawAtRest() {
     if (busy || unloaded || !isVisible()) {
         return; // the command's end asks again
     }
-    if (QApplication::activePopupWidget() != nullptr || input.IsDragging()) {
+    if (QApplication::activePopupWidget() != nullptr || input.IsHolding()) {
         rest.start(RestMilliseconds);
     } else if (IsRedrawDue(true)) {
         Run([] { RedrawByItself(); });

@@ -215,8 +215,8 @@ void MapInput::WaitForRest() {
 }
 
 void MapInput::Rest() {
-    if (hand.IsDragging()) {
-        return; // its end asks again
+    if (hand.IsHolding()) {
+        return; // the release asks again
     }
     if (window.Busy()) {
         rest.start(RestMilliseconds);

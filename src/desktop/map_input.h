@@ -31,7 +31,8 @@ public:
     bool GiveUp();
     /// Something else begins: a drag is given up, and a move by wheel or keys is accepted.
     void End();
-    bool IsDragging() const { return hand.IsDragging(); }
+    /// The button was pressed on the map and not released: the map is dragged, or may be.
+    bool IsHolding() const { return hand.IsHolding(); }
 
 private:
     /// True when the event was theirs.

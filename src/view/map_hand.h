@@ -59,8 +59,8 @@ public:
     void Finish();
     /// There is something to finish.
     bool IsUnfinished() const { return !changeName.empty(); }
-    /// The map or a box is being dragged.
-    bool IsDragging() const { return drag && drag->begun; }
+    /// The button is down: the map or a box is being dragged, or would be with the next move of the mouse.
+    bool IsHolding() const { return drag.has_value(); }
 
     /// The picture lacks lines, and no drag is under way: FillIn is to be called when the hand rests.
     bool LacksLines() const;

@@ -14,8 +14,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -263,6 +265,52 @@ TEST_F(MovesInWindow, TwoHundredRandomMovesOfTheDefaultMapEndInDesignsThatAreDra
         ASSERT_TRUE(MainWindowNow.Picture->whole || hand.LacksLines());
     }
     EXPECT_TRUE(boxes.asked.empty());
+}
+
+TEST_F(MovesInWindow, ButtonThatIsHeldStillForAWhileAfterTheWheelCanStillDrag) {
+    DrawByKeys();
+    Wheel(120);
+    const std::string zoomed = West();
+    Press();
+    QTest::qWait(RestOver);
+    Move({60, 0});
+    Release({120, 0});
+    EXPECT_NE(West(), zoomed);
+    EXPECT_EQ(UndoText(), "&Undo Move");
+}
+
+TEST_F(MovesInWindow, ButtonThatIsHeldStillForAWhileAfterAResizeCanStillDrag) {
+    DrawByKeys();
+    Window().resize(Window().width() - 50, Window().height() - 50);
+    Press();
+    QTest::qWait(RestOver);
+    Move({60, 0});
+    Release({120, 0});
+    EXPECT_NE(West(), westBefore);
+}
+
+TEST_F(MovesInWindow, MenuOfTheMapDoesNotComeWhileTheMapIsHeld) {
+    DrawByKeys();
+    const auto wantMenu = [this] {
+        bool came = false;
+        QTimer::singleShot(0, &Window(), [&came] {
+            if (QWidget* const menu = QApplication::activePopupWidget()) {
+                came = true;
+                menu->close();
+            }
+        });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, Middle(), Area().mapToGlobal(Middle()));
+        QApplication::sendEvent(&Area(), &event);
+        QTest::qWait(1);
+        return came;
+    };
+    Press();
+    EXPECT_FALSE(wantMenu()) << "the release would be the menu's";
+    Move({100, 0});
+    EXPECT_FALSE(wantMenu());
+    Release({100, 0});
+    EXPECT_EQ(UndoText(), "&Undo Move");
+    EXPECT_TRUE(wantMenu());
 }
 
 TEST_F(MovesInWindow, NothingMovesBeforeTheFirstDraw) {
