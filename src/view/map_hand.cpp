@@ -86,7 +86,7 @@ void MapHand::Finish() {
 
 void MapHand::Press(SurfacePoint pixel, bool rectangle) {
     Finish();
-    drag.reset();
+    GiveUp(); // of a drag whose release never came
     if (!IsFree()) {
         return;
     }

@@ -129,6 +129,17 @@ TEST_F(HandOnMap, GivenUpDragPutsDesignAndPictureBack) {
     EXPECT_FALSE(hand.GiveUp()) << "there is none";
 }
 
+TEST_F(HandOnMap, NextPressGivesUpADragWhoseReleaseNeverCame) {
+    const std::string before = DesignTextNow();
+    hand.Press(Middle, false);
+    hand.Drag(East);
+    hand.Press(Middle, false);
+    EXPECT_EQ(DesignTextNow(), before);
+    EXPECT_EQ(machine.window.pointer, MousePointer::Normal);
+    EXPECT_FALSE(hand.Release(Middle));
+    EXPECT_THAT(changes.names, IsEmpty());
+}
+
 TEST_F(HandOnMap, UndoTakesAWholeDragBack) {
     const std::string before = DesignTextWithoutNames();
     hand.Press(Middle, false);
