@@ -39,9 +39,7 @@ void PutBack(const MapDesign& from) {
     using D = MapDesign;
     static_cast<DesignBounds&>(Design) = from;
     TakeFields<&D::ProjNum, &D::ProjName, &D::ProjGridSet, &D::ProjMenuLast, &D::ProjNumPrev>(from);
-    TakeFields<&D::XAxisLength, &D::AsciiScale, &D::MapReduce, &D::LogicalWidth, &D::LogicalHeight,
-               &D::LogicalOriginX, &D::LogicalOriginY, &D::LogicalScale, &D::ClientWidth, &D::ClientHeight,
-               &D::ScreenOriginX, &D::ScreenOriginY, &D::ScreenScaleX, &D::ScreenScaleY>(from);
+    TakeFields<&D::XAxisLength, &D::AsciiScale, &D::MapReduce>(from);
     TakeFields<&D::AsciiFileName, &D::GridOutputCount, &D::BmpFileName, &D::CgmFileName, &D::DxfFileName,
                &D::WmfFileName, &D::GcFileName, &D::ScFileName>(from);
     TakeFields<&D::LineWidthsScaled, &D::MaxChainPoints, &D::TextScalePercent>(from);
@@ -56,6 +54,15 @@ void PutBack(const MapDesign& from) {
     TakeFields<&D::PrintUnitTwips, &D::PrintLeft, &D::PrintTop, &D::PrintWidth, &D::PrintHeight,
                &D::CenterHorizontal, &D::CenterVertical, &D::ReportLeft, &D::ReportRight, &D::ReportTop,
                &D::ReportBottom, &D::PrinterOrientation>(from);
+}
+
+/// The fit to the window, as a recall left it. After any other change it is that of the picture, which draws
+/// after the change may have altered and which another draw works out anew.
+void PutBackFit(const MapDesign& from) {
+    using D = MapDesign;
+    TakeFields<&D::LogicalWidth, &D::LogicalHeight, &D::LogicalOriginX, &D::LogicalOriginY, &D::LogicalScale,
+               &D::ClientWidth, &D::ClientHeight, &D::ScreenOriginX, &D::ScreenOriginY, &D::ScreenScaleX,
+               &D::ScreenScaleY>(from);
 }
 
 /// The picture shows the design again: texts alone are put on it anew, anything else is drawn. Without a
@@ -122,6 +129,7 @@ bool UndoSteps::Go(std::deque<Step>& from, std::deque<Step>& to) {
     now = step.version;
     PutBack(now->design);
     if (step.recall) {
+        PutBackFit(now->design);
         Design.CnfFileName = now->design.CnfFileName;
         MainWindowNow.DesignHasFile = now->hasFile;
         MainWindowNow.SavedDesign = now->savedDesign;

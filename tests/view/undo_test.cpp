@@ -234,6 +234,23 @@ TEST_F(Undoing, TextsComeAndGoWithoutADraw) {
     EXPECT_EQ(machine.clock.beeps, beeps);
 }
 
+TEST_F(Undoing, TextTakenBackAfterADrawLeavesTheFitOfThePictureToTheSavedDesign) {
+    Change("&Stereographic", [] { AcceptProjection(ProjStereographic); });
+    MapDraw(); // which is no change, though the file has the fit
+    const std::string drawn = DesignFileText();
+    Change("Add &Text to Map", [] {
+        TextItem item;
+        item.TextString = "Sea";
+        item.TextFont = "Arial";
+        Design.TextItems = {item};
+    });
+    const std::string withText = DesignFileText();
+    Undo();
+    EXPECT_EQ(DesignFileText(), drawn);
+    Redo();
+    EXPECT_EQ(DesignFileText(), withText);
+}
+
 TEST_F(Undoing, ProjectionComesBackWithItsMarkAndItsCaption) {
     Change("&Robinson", [] { AcceptProjection(ProjRobinson); });
     Undo();
