@@ -238,12 +238,21 @@ bool ZoomTurned(const DesignBounds& before, PlanePoint about, const GlobePlace& 
     return TurnTo(before, place, {radius * std::cos(angle), radius * std::sin(angle)});
 }
 
+/// The spacing of a whole circle that an axis is scaled to: its own, unless that was made for so small a part
+/// of the globe that nothing but meridians would be seen.
+std::int64_t SpacingOfCircle(const MapAxis& axis) {
+    constexpr std::int64_t most = 24;
+    constexpr std::int64_t usual = 45 * SecondsPerDegree;
+    const bool wasCircle = axis.high - axis.low == FullCircle;
+    const bool divides = FullCircle % axis.spacing == 0;
+    return divides && (wasCircle || FullCircle / axis.spacing <= most) ? axis.spacing : usual;
+}
+
 /// Scales the longitudes of a map in degrees; a whole circle stays about its middle.
 MapAxis ScaledLongitudes(const MapAxis& axis, double about, double factor) {
     if (static_cast<double>(axis.high - axis.low) * factor >= static_cast<double>(FullCircle)) {
         const std::int64_t west = (axis.low + axis.high - FullCircle) / 2;
-        return {west, west + FullCircle,
-                FullCircle % axis.spacing == 0 ? axis.spacing : 45 * SecondsPerDegree};
+        return {west, west + FullCircle, SpacingOfCircle(axis)};
     }
     return Scaled(axis, about, factor, LonLimits(axis), StepUnit::Seconds);
 }

@@ -195,6 +195,24 @@ TEST_F(MapMoves, ZoomShowsLessAboutThePointer) {
     EXPECT_EQ(Design.GridText[GridTextEast], "015    00    00    E");
 }
 
+TEST_F(MapMoves, MeridiansOfASmallRegionDoNotCoverTheWorldThatItIsZoomedOutTo) {
+    Take(ProjEquirectangular);
+    TakeBounds("20    00    30    N", "20    00    00    N", "010    00    00    E", "010    00    30    E",
+               "000    00    05");
+    ASSERT_TRUE(ZoomMap(At(0.5, 0.5), 1e5));
+    EXPECT_EQ(Design.LonSpan, 360.0);
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "045    00    00");
+    EXPECT_LE(Design.LatGridCount, 12);
+}
+
+TEST_F(MapMoves, WorldKeepsTheSpacingThatItHas) {
+    Take(ProjEquirectangular);
+    TakeBounds("60    00    00    N", "60    00    00    S", "180    00    00    W", "180    00    00    E",
+               "005    00    00");
+    ASSERT_TRUE(ZoomMap(At(0.5, 0.5), 1.25));
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "005    00    00");
+}
+
 TEST_F(MapMoves, ZoomChangesRangeAndHeight) {
     Take(ProjOrthographic);
     ASSERT_TRUE(ZoomMap({0.0, 0.0}, 0.8));
