@@ -15,6 +15,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 // The macro wants to stand outside every namespace.
 static void InitialiseResources() { Q_INIT_RESOURCE(quelmont); }
@@ -84,11 +86,11 @@ int RunDesktop(int argc, char** argv) {
     const QtMessageHandler before = qInstallMessageHandler(NoDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(before);
-    // Qt has taken its own.
-    const QStringList arguments = QApplication::arguments();
-    const bool hasDesign = arguments.size() > 1 && !arguments[1].startsWith(QLatin1Char('-'));
-    if (const qsizetype known = hasDesign ? 2 : 1; arguments.size() > known) {
-        std::fputs(("quelmont: \"" + arguments[known].toStdString() +
+    // Qt has taken its own. The others as bytes: the name of a file may be no UTF-8.
+    const std::vector<std::string> arguments(argv, argv + argc);
+    const bool hasDesign = arguments.size() > 1 && !arguments[1].starts_with('-');
+    if (const std::size_t known = hasDesign ? 2 : 1; arguments.size() > known) {
+        std::fputs(("quelmont: \"" + arguments[known] +
                     "\" means nothing here\nquelmont --help tells the options.\n")
                        .c_str(),
                    stderr);
@@ -97,7 +99,7 @@ int RunDesktop(int argc, char** argv) {
     Desktop desktop;
     desktop.Start();
     const SessionEnd sessionEnd(desktop.Window());
-    const std::string design = hasDesign ? arguments[1].toStdString() : std::string();
+    const std::string design = hasDesign ? arguments[1] : std::string();
     QMetaObject::invokeMethod(
         &desktop.Window(), [&] { desktop.BeginWith(design); }, Qt::QueuedConnection);
     return QApplication::exec();

@@ -9,6 +9,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/file_dialogs.h"
 #include "qtsurface/qt_fonts.h"
+#include "qtsurface/system_places.h"
 
 namespace quelmont {
 
@@ -37,7 +38,7 @@ private:
     DesktopForms forms;
     DesktopPump pump;
     DesktopScreen screen;
-    DesktopPlaces places;
+    SystemPlaces places;
     DesktopClock clock;
     DesktopPrinters printers;
     DesktopHelp help;

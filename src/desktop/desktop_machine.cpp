@@ -85,24 +85,6 @@ DesktopScreen::DesktopScreen(const QMainWindow& window) {
     fullScreenY = RoundToInt32((available.height() - title - menus) * ratio);
 }
 
-std::string DesktopPlaces::ProgramFolder() const {
-    return QCoreApplication::applicationDirPath().toStdString() + "/";
-}
-
-std::string DesktopPlaces::SettingsFolder() const {
-    QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (!folder.startsWith(QLatin1Char('/'))) {
-        const QString home = qEnvironmentVariable("HOME");
-        if (!home.startsWith(QLatin1Char('/'))) {
-            return {};
-        }
-        folder = home + QStringLiteral("/.config");
-    }
-    return folder.toStdString() + "/quelmont/";
-}
-
-std::string DesktopPlaces::Version() const { return ProgramVersion; }
-
 double DesktopClock::SecondsSinceMidnight() const {
     return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
 }

@@ -58,14 +58,6 @@ private:
     int fullScreenY;
 };
 
-class DesktopPlaces final : public Places {
-public:
-    std::string ProgramFolder() const override;
-    /// "quelmont/" in the user's configuration folder.
-    std::string SettingsFolder() const override;
-    std::string Version() const override;
-};
-
 class DesktopClock final : public Clock {
 public:
     /// Local time.

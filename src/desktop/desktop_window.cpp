@@ -1,8 +1,10 @@
 #include "desktop/desktop_window.h"
 
+#include "core/file_names.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/standard_colors.h"
+#include "desktop/file_drop.h"
 #include "desktop/map_menu.h"
 #include "desktop/qt_text.h"
 #include "desktop/session_end.h"
@@ -58,9 +60,8 @@ QIcon ProgramIcon() {
 /// The map design among the files that are held over the window; empty when there is none.
 std::string DroppedDesign(const QDropEvent& event) {
     for (const QUrl& url : event.mimeData()->urls()) {
-        const QString name = url.toLocalFile();
-        if (name.endsWith(QLatin1String(".cnf"), Qt::CaseInsensitive)) {
-            return name.toStdString();
+        if (std::string name = LocalFileOf(url); Capitals(name).ends_with(".CNF")) {
+            return name;
         }
     }
     return {};

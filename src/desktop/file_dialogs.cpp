@@ -1,6 +1,7 @@
 #include "desktop/file_dialogs.h"
 
 #include "core/file_names.h"
+#include "core/text_encoding.h"
 #include "desktop/dialogs.h"
 #include "desktop/help_key.h"
 #include "desktop/keyboard_return.h"
@@ -11,6 +12,12 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QGridLayout>
+#include <QLabel>
+
+#include <filesystem>
+#include <system_error>
 
 namespace quelmont {
 
@@ -38,6 +45,57 @@ bool IsPattern(const QString& name) {
     return name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
 }
 
+/// The folder, or the nearest one above it that Qt can name: its names are UTF-8. Empty where there is none.
+std::string FolderInUtf8(const std::filesystem::path& folder) {
+    std::filesystem::path nearest = folder;
+    while (!IsUtf8(nearest.string())) {
+        nearest = nearest.parent_path();
+    }
+    return nearest.string();
+}
+
+/// Where a dialog starts; empty: where the last one was.
+std::string StartOf(const FileDialogRequest& request) {
+    if (!request.folder.empty()) {
+        return FolderInUtf8(request.folder);
+    }
+    std::error_code unknown;
+    const std::filesystem::path current = std::filesystem::current_path(unknown);
+    return IsUtf8(current.string()) ? std::string() : FolderInUtf8(current);
+}
+
+/// Whether a folder holds a name that is no UTF-8.
+bool LeavesNamesOut(const QString& folder) {
+    std::error_code failed;
+    std::filesystem::directory_iterator entry(folder.toStdString(), failed);
+    for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
+        if (!IsUtf8(entry->path().filename().string())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Qt lists no file and no folder whose name is no UTF-8. A line below the fields says so where there are
+/// some.
+void TellNamesLeftOut(QFileDialog& dialog) {
+    auto* const fields = qobject_cast<QGridLayout*>(dialog.layout());
+    if (fields == nullptr) {
+        return;
+    }
+    auto* const line = new QLabel(QFileDialog::tr(
+        "Some files or folders here cannot be shown: their names are not UTF-8. Rename them first."));
+    line->setObjectName(QStringLiteral("NamesLeftOut"));
+    line->setWordWrap(true);
+    fields->addWidget(line, fields->rowCount(), 0, 1, -1);
+    const auto look = [line](const QString& folder) { line->setVisible(LeavesNamesOut(folder)); };
+    look(dialog.directory().absolutePath());
+    // Of a folder whose name was typed the dialog itself tells nothing.
+    if (const auto* const files = dialog.findChild<QFileSystemModel*>()) {
+        QObject::connect(files, &QFileSystemModel::rootPathChanged, line, look);
+    }
+}
+
 /// What both dialogs show.
 void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -46,9 +104,10 @@ void Prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     const QStringList filters = NameFilters(request.filter);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
-    if (!request.folder.empty()) {
-        dialog.setDirectory(Text(request.folder));
+    if (const std::string folder = StartOf(request); !folder.empty()) {
+        dialog.setDirectory(Text(folder));
     }
+    TellNamesLeftOut(dialog);
     if (const QString name = Text(request.name); !IsPattern(name)) {
         dialog.selectFile(name);
     }

@@ -1,11 +1,14 @@
 #include "desktop/file_drop.h"
 
+#include "core/text_encoding.h"
+
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QListWidget>
 #include <QMimeData>
 #include <QUrl>
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace quelmont {
@@ -15,9 +18,10 @@ namespace {
 std::vector<std::string> FilesOf(const QMimeData& data) {
     std::vector<std::string> files;
     for (const QUrl& url : data.urls()) {
-        const QString name = url.toLocalFile();
-        if (!name.isEmpty() && !QFileInfo(name).isDir()) {
-            files.push_back(name.toStdString());
+        const std::string name = LocalFileOf(url);
+        std::error_code unknown;
+        if (!name.empty() && !std::filesystem::is_directory(name, unknown)) {
+            files.push_back(name);
         }
     }
     return files;
@@ -85,6 +89,13 @@ private:
 };
 
 } // namespace
+
+std::string LocalFileOf(const QUrl& url) {
+    const std::string name = url.toLocalFile().toStdString();
+    // Qt's own name has U+FFFD for each byte that is no UTF-8, and names another file.
+    const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    return name.empty() || IsUtf8(bytes.toStdString()) ? name : bytes.toStdString();
+}
 
 void AcceptFiles(QListWidget& list, std::function<void(int line, std::vector<std::string> files)> dropped) {
     new FileDrop(list, std::move(dropped));

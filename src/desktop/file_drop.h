@@ -5,8 +5,13 @@
 #include <vector>
 
 class QListWidget;
+class QUrl;
 
 namespace quelmont {
+
+/// The full name of a file of this machine, byte for byte, even where it is not UTF-8; empty for any other
+/// address.
+std::string LocalFileOf(const QUrl& url);
 
 /// Lets files of this machine be dropped on a list. While they are held over it, the line below the
 /// mouse is selected: below the lines it is the last one. dropped is called with that line and the

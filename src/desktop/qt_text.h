@@ -1,13 +1,20 @@
 #pragma once
 
+#include "core/text_encoding.h"
+
 #include <QString>
 
+#include <string>
 #include <string_view>
 
 namespace quelmont {
 
-/// A text in UTF-8 as Qt has it.
+/// A text in UTF-8 as Qt has it. The name of a file may be no UTF-8: its letters are then those of
+/// Windows-1252, as in a map, and the text is not the file's name to Qt.
 inline QString Text(std::string_view text) {
+    if (!IsUtf8(text)) {
+        return QString::fromStdString(ToUtf8(text));
+    }
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 

@@ -37,9 +37,10 @@ protected:
         Design.CnfFileName = name;
         EXPECT_TRUE(SaveDesign());
     }
-    void Drop(const std::string& file) {
+    void Drop(const std::string& file) { Drop(QUrl::fromLocalFile(QString::fromStdString(file))); }
+    void Drop(const QUrl& file) {
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+        data.setUrls({file});
         QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&Window(), &enter);
         if (enter.isAccepted()) {
@@ -96,6 +97,24 @@ TEST_F(DesignInWindow, DroppedDesignIsRecalled) {
     EXPECT_EQ(Design.BackColor, SolidColor(Rgb(1, 2, 3)));
     EXPECT_EQ(Design.CnfFileName, folder / "Dropped.CNF");
     EXPECT_THAT(boxes.asked, IsEmpty());
+}
+
+TEST_F(DesignInWindow, DesignWhoseNameIsNoUtf8IsRecalledAndSavedUnderItsName) {
+    Design.BackColor = SolidColor(Rgb(1, 2, 3));
+    const std::string odd = folder / "caf\xE9.cnf";
+    WriteWholeFile(odd, DesignFileText());
+    Design.BackColor = SolidColor(Rgb(255, 255, 255));
+    Drop(QUrl::fromEncoded(QByteArray::fromStdString("file://" + folder / "caf%E9.cnf")));
+    EXPECT_EQ(Design.BackColor, SolidColor(Rgb(1, 2, 3)));
+    EXPECT_EQ(Design.CnfFileName, odd);
+    Design.BackColor = SolidColor(Rgb(4, 5, 6));
+    const std::size_t files = folder.Names().size();
+    QTest::keyClick(&Window(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(ReadWholeFile(odd), DesignFileText());
+    EXPECT_EQ(folder.Names().size(), files) << "no second file";
+    EXPECT_THAT(boxes.asked, IsEmpty());
+    EXPECT_EQ(Window().Action(Menu::mnuRecent, 0)->text(),
+              QString::fromStdString("&1 " + folder / "caf\u00E9.cnf"));
 }
 
 TEST_F(DesignInWindow, RecalledDesignAsksForNoProjection) {

@@ -6,7 +6,8 @@
 #
 # Alt and a letter reach each menu and a projection's dialog; a text is placed; a draw is stopped by Escape, a second
 # one by the Stop item, and the window is closed in the middle of a third. Then the program is told to end
-# by a signal, once while it is idle and once while dialogs are open: it leaves its settings each time.
+# by a signal, once while it is idle and once while dialogs are open: it leaves its settings each time. At last it is
+# begun with a design in a file whose name is no UTF-8.
 # Needs the packages xvfb, openbox, xdotool.
 # shellcheck source=tests/desktop/virtual_screen.sh
 set -euo pipefail
@@ -117,3 +118,29 @@ for state in idle dialogs draw; do
     [ "$state" != dialogs ] || compgen -G "$work/Qmnt-kept-*.cnf" >/dev/null || fail "the design should be kept"
     echo "signal: ends the program ($state)"
 done
+
+# A design is saved by its keys, and begun with under a name that is no UTF-8.
+rm -f "$work/Qmnt.ini" "$work"/Qmnt-kept-*
+start_program
+xdotool key alt+p
+eventually "the projection menu" more_windows "$alone"
+xdotool key r
+eventually "the dialog of the bounds" active_named "Non-azimuthal Projection Boundaries"
+xdotool key Return
+eventually "the caption of the projection" titled "$caption"
+eventually "the window to be active" active_main
+xdotool key ctrl+s
+eventually "the dialog of files" active_named "Save Map Design"
+xdotool type "$work/map.cnf"
+xdotool key Return
+eventually "the design" test -s "$work/map.cnf"
+eventually "the window to be active" active_main
+xdotool key alt+F4
+expect_good_end
+mkdir "$work"/$'K\xF6ln'
+mv "$work/map.cnf" "$work"/$'K\xF6ln/caf\xE9.cnf'
+start_program "$work"/$'K\xF6ln/caf\xE9.cnf'
+eventually "the caption of the design's projection" titled "$caption"
+kill -TERM "$quelmont"
+expect_good_end
+echo "design: begun with, whatever its name"

@@ -7,11 +7,15 @@
 
 #include <QComboBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace quelmont {
 namespace {
@@ -85,6 +89,64 @@ TEST_F(FileChooser, AnswersFullNamesInUtf8) {
     });
     EXPECT_EQ(answer.error, 0);
     EXPECT_THAT(answer.names, ElementsAre(name));
+}
+
+TEST_F(FileChooser, NameThatIsNoUtf8IsNotListedAndALineSaysSo) {
+    Make("caf\xE9.one");
+    Make("plain.one");
+    std::filesystem::create_directory(folder / "K\xC3\xB6ln");
+    const auto told = [](QFileDialog& dialog) {
+        return dialog.findChild<QLabel*>("NamesLeftOut")->isVisible();
+    };
+    const FileDialogAnswer answer = Ask([&](QFileDialog& dialog) {
+        EXPECT_TRUE(told(dialog));
+        EXPECT_THAT(Offered(dialog), ElementsAre("K\xC3\xB6ln", "plain.one"));
+        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+        edit->setText(QString::fromUtf8("K\xC3\xB6ln"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        EXPECT_FALSE(told(dialog)) << "in another folder";
+        edit->setText(QStringLiteral(".."));
+        QTest::keyClick(edit, Qt::Key_Return);
+        EXPECT_TRUE(told(dialog));
+        // The same letters as UTF-8 are the name of another file, which is not there.
+        edit->setText(QString::fromUtf8("caf\xC3\xA9.one"));
+        InDialog("", [](QDialog& box) {
+            EXPECT_NE(dynamic_cast<QMessageBox&>(box).text().indexOf("File not found"), -1);
+            box.reject();
+        });
+        QTest::keyClick(edit, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    EXPECT_EQ(answer.error, FileDialogCancelled);
+}
+
+TEST_F(FileChooser, StartsAboveAFolderWhoseNameIsNoUtf8) {
+    std::filesystem::create_directories(folder / "caf\xE9/maps");
+    const auto start = [&] {
+        QString shown;
+        Ask([&](QFileDialog& dialog) {
+            shown = dialog.directory().absolutePath();
+            EXPECT_TRUE(dialog.findChild<QLabel*>("NamesLeftOut")->isVisible());
+        });
+        return shown.toStdString();
+    };
+    request.folder = folder / "caf\xE9/maps";
+    EXPECT_EQ(start(), folder.Path());
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(request.folder);
+    request.folder.clear();
+    EXPECT_EQ(start(), folder.Path()) << "the program works in that folder";
+    std::filesystem::current_path(before);
+}
+
+TEST_F(FileChooser, ProposedNameThatIsNoUtf8IsProposedInLetters) {
+    request.name = "caf\xE9.one";
+    InDialog("QFileDialog", [](QDialog& dialog) {
+        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+        EXPECT_EQ(edit->text(), QString::fromUtf8("caf\xC3\xA9.one"));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_THAT(Machine().fileDialogs->Save(request).names, ElementsAre(folder / "caf\xC3\xA9.one"));
 }
 
 TEST_F(FileChooser, EscapeCancels) {

@@ -118,6 +118,18 @@ TEST_F(HostileStart, ConfigurationFolderOfTheUserIsTaken) {
     EXPECT_THAT(ExpectQuietStart().output, HasSubstr("settings " + folder / "home/.config/quelmont/\n"));
 }
 
+TEST_F(HostileStart, FoldersWhoseNamesAreNoUtf8AreTakenAsTheyAre) {
+    const std::string odd = folder / "caf\xE9";
+    fs::copy(Folder(), odd);
+    const Ended ended =
+        Run("/bin/sh", {"-c", QString::fromStdString("cd '" + folder.Path() +
+                                                     "' && cd caf* && XDG_CONFIG_HOME=$PWD exec ./probe")});
+    EXPECT_EQ(ended.exitCode, 0) << ended.errors;
+    EXPECT_THAT(ended.output, HasSubstr("program " + fs::canonical(folder.Path()).string() + "/caf\xE9/\n"));
+    EXPECT_THAT(ended.output, HasSubstr("settings " + odd + "/quelmont/\n"));
+    EXPECT_TRUE(fs::exists(odd + "/Qmnt.ini"));
+}
+
 TEST_F(HostileStart, WithoutTheWorldMap) {
     fs::remove(Folder() / "Qmnt4.map");
     ExpectQuietStart();

@@ -23,6 +23,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace quelmont {
 namespace {
 
@@ -307,6 +309,35 @@ TEST_F(MapFileDialogs, FileDroppedBelowTheLinesGoesToTheEnd) {
         Click(dialog, "OK");
     });
     EXPECT_THAT(Names(), ElementsAre(worldMap, name));
+}
+
+TEST_F(MapFileDialogs, DroppedFileWhoseNameIsNoUtf8IsAddedAndDrawn) {
+    std::filesystem::create_directory(folder / "K\xF6ln");
+    const std::string name = folder / "K\xF6ln/caf\xE9.map";
+    std::filesystem::create_symlink(worldMap, name);
+    boxes.Answer(BoxAnswer::Yes);
+    OpenList([&](QDialog& dialog) {
+        List(dialog).setCurrentRow(0);
+        QTest::keyClick(&List(dialog), Qt::Key_Delete);
+        AnswerNext("InputFileParams", Qt::Key_Return);
+        auto* data = new QMimeData;
+        data->setData("text/uri-list",
+                      QByteArray::fromStdString("file://" + folder / "K%F6ln/caf%E9.map\r\n"));
+        EXPECT_TRUE(Drop(List(dialog), QPoint(5, 5), data));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Names().size() == 1; }));
+        EXPECT_THAT(Texts(List(dialog)), ElementsAre("01   " + (folder / "K\u00F6ln/caf\u00E9.map"), ""));
+        CloseBy(dialog, Qt::Key_Return);
+    });
+    EXPECT_THAT(Names(), ElementsAre(name));
+    boxes.Taken();
+    Activate();
+    DrawByKeys();
+    EXPECT_THAT(boxes.asked, IsEmpty());
+    const QImage drawn = Picture();
+    Design.InputFiles[0].MapFileName = worldMap;
+    Activate();
+    DrawByKeys();
+    EXPECT_EQ(drawn, Picture());
 }
 
 TEST_F(MapFileDialogs, OnlyFilesOfThisMachineCanBeDropped) {

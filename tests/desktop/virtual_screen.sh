@@ -46,12 +46,12 @@ install_program() {
     cp "$2" "$work/Qmnt4.map"
 }
 
-# Starts the program and waits until its window has the keyboard. $quelmont is the process, $main the
+# start_program [DESIGN]: starts the program and waits until its window has the keyboard. $quelmont is the process, $main the
 # window, $alone the number of windows without a dialog or a menu.
 start_program() {
     # Without a session bus: its library would keep memory that the sanitizer counts.
     env -u WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS=disabled: QT_QPA_PLATFORM=xcb HOME="$work" \
-        XDG_CONFIG_HOME="$work" XDG_RUNTIME_DIR="$work" "$work/quelmont" 2>"$work/errors" &
+        XDG_CONFIG_HOME="$work" XDG_RUNTIME_DIR="$work" "$work/quelmont" "$@" 2>"$work/errors" &
     quelmont=$!
     pids+=("$quelmont")
     eventually "the window" find_main
