@@ -237,6 +237,7 @@ void HelpWindow::MarkPage(const QUrl& page) {
 
 void HelpWindow::Print() {
     QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(browser->documentTitle());
     QPrintDialog dialog(&printer, this);
     dialog.setWindowModality(Qt::WindowModal);
     if (dialog.exec() == QDialog::Accepted) {

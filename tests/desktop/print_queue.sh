@@ -4,7 +4,8 @@
 
 # start_queue NAME: in $work, after virtual_screen.sh. The last of its jobs is a PDF file, $job.
 job=
-service_there() { lpstat -r >/dev/null 2>&1; }
+# lpstat succeeds without a service too, and says which it is.
+service_there() { LC_ALL=C lpstat -r 2>/dev/null | grep -q "is running"; }
 start_queue() {
     local root=$work/cups
     mkdir -p "$root"/{spool,cache,run,log,ssl,tmp} "$work/jobs"
@@ -85,6 +86,8 @@ PPD
     pids+=($!)
     export CUPS_SERVER=$root/run/socket
     eventually "the print service" service_there
-    lpadmin -p "$1" -E -v "file://$job" -P "$root/queue.ppd" 2>>"$root/out"
-    lpadmin -d "$1" 2>>"$root/out"
+    if ! lpadmin -p "$1" -E -v "file://$job" -P "$root/queue.ppd" 2>>"$root/out" || ! lpadmin -d "$1" 2>>"$root/out"; then
+        cat "$root/out" >&2
+        fail "the queue could not be made"
+    fi
 }
