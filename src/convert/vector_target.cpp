@@ -4,6 +4,7 @@
 #include "convert/line_source.h"
 #include "core/file_names.h"
 #include "core/run_time_error.h"
+#include "core/text_encoding.h"
 
 #include <cpl_string.h>
 #include <ogr_geometry.h>
@@ -116,7 +117,10 @@ void VectorTarget::CreateLayer(const LineMix& mix) {
     if (kind.oneGeometry) {
         options.SetNameValue("ENCODING", "UTF-8");
     }
-    const std::string title = fs::path(replaced).stem().string();
+    std::string title = fs::path(replaced).stem().string();
+    if (!kind.oneGeometry) {
+        title = ToUtf8(title); // a table's name; that of a Shapefile's layer is its file's
+    }
     layer = dataset->CreateLayer(title.c_str(), &wgs84, GeometryType(mix, kind.oneGeometry), options.List());
     if (layer == nullptr) {
         errors.Throw(name);

@@ -168,6 +168,13 @@ TEST_F(MapFiles, LettersOfAnEndingStayAsTheyWereAskedFor) {
     }
 }
 
+TEST_F(MapFiles, GeoPackageLayerIsNamedInUtf8WhereItsFileIsNot) {
+    Put("in.map", Bytes("58 1B 3C 00 3C 00"));
+    Convert({"in.map", "caf\xE9.gpkg"});
+    Convert({"caf\xE9.gpkg", "out.prn", "--layer", "caf\u00E9"});
+    EXPECT_EQ(Get("out.prn"), "1,1.000000,1.000000\r\n");
+}
+
 TEST_F(MapFiles, GeoPackageLayerIsNamedAsTheFile) {
     Put("in.map", Bytes("58 1B 3C 00 3C 00"));
     Convert({"in.map", "streams.gpkg"});
