@@ -229,7 +229,7 @@ bool MapHand::Zoom(std::optional<SurfacePoint> at, int steps) {
 bool MapHand::Wheel(SurfacePoint pixel, int steps) { return Zoom(pixel, steps); }
 
 bool MapHand::Centre(SurfacePoint pixel) {
-    drag.reset();
+    GiveUp();
     const auto point = IsFree() ? PointAt(pixel) : std::nullopt;
     if (!point) {
         return false;

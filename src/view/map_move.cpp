@@ -9,6 +9,7 @@
 #include "dialogs/bounds/boundary_defaults.h"
 #include "projection/inverse_place.h"
 #include "projection/projection_table.h"
+#include "view/circle_spacing.h"
 #include "view/moved_centre.h"
 #include "view/moved_lobes.h"
 #include "view/round_steps.h"
@@ -147,9 +148,12 @@ void WriteCentre(const GlobePlace& centre) {
     SetLongitude(Design.GridText[GridTextCentralLon], Wrapped(rounded(centre.lon)));
 }
 
-GlobePlace CentreNow() {
-    return {DegreesOf(LatitudeSeconds(Design.GridText[GridTextCentralLat])),
-            DegreesOf(LongitudeSeconds(Design.GridText[GridTextCentralLon]))};
+GlobePlace CentreNow() { return CentreOf(Design); }
+
+/// Accepts an azimuthal map as it is to be now.
+bool AcceptTurned(const DesignBounds& before) {
+    FitSpacings(before);
+    return Accepted(before);
 }
 
 /// A place on the map, and the share of the way from one point to another at which it lies.
@@ -185,7 +189,7 @@ bool TurnTo(const DesignBounds& before, const GlobePlace& place, PlanePoint poin
     const GlobePlace centre = CentreNow();
     const GlobePlace below = LastOnMap({0.0, 0.0}, point, centre).place;
     WriteCentre(CentreThatSees(place, SeenFrom(centre, below), centre.lat));
-    return Accepted(before);
+    return AcceptTurned(before);
 }
 
 /// What the range may be; the rim of some projections lies at infinity.
@@ -354,7 +358,7 @@ bool ShowCircle(const DesignBounds& before, const std::vector<GlobePlace>& place
     }
     ScaleShown(farthest * DegreeSeconds / static_cast<double>(Design.RangeSec));
     WriteCentre(middle);
-    return Accepted(before);
+    return Accepted(before) && AcceptTurned(before);
 }
 
 /// The end of a move that was accepted or not: one that leaves every text as it was has done nothing.
@@ -416,7 +420,7 @@ bool ZoomMap(double factor) {
     const DesignBounds before = Design;
     if (IsTurned()) {
         ScaleShown(factor);
-        return Ended(before, Accepted(before));
+        return Ended(before, Accepted(before) && AcceptTurned(before));
     }
     const MapAxes axes = AxesNow();
     return Ended(before, ZoomBounds(before, Middle(axes.lat), Middle(axes.lon), factor));
@@ -431,7 +435,7 @@ bool StepMap(double north, double east) {
         const double lat = std::clamp(centre.lat + north * shown, -90.0, 90.0);
         const double shrunk = std::max(std::cos(centre.lat * DegToRad), least);
         WriteCentre({lat, centre.lon + east * shown / shrunk});
-        return Ended(before, Accepted(before));
+        return Ended(before, AcceptTurned(before));
     }
     const MapAxes axes = AxesNow();
     return Ended(before, MoveBounds(before, north * Length(axes.lat), east * Length(axes.lon)));
@@ -445,7 +449,7 @@ bool CentreMap(PlanePoint point) {
     }
     if (IsTurned()) {
         WriteCentre(*place);
-        return Ended(before, Accepted(before));
+        return Ended(before, AcceptTurned(before));
     }
     const MapAxes axes = AxesNow();
     const double midNorth = Middle(axes.lat);

@@ -136,6 +136,10 @@ TEST_F(HandOnMap, NextPressGivesUpADragWhoseReleaseNeverCame) {
     hand.Press(Middle, false);
     EXPECT_EQ(DesignTextNow(), before);
     EXPECT_EQ(machine.window.pointer, MousePointer::Normal);
+    hand.Drag(East);
+    hand.Centre({-100, -100}); // which is no place
+    EXPECT_EQ(DesignTextNow(), before);
+    EXPECT_EQ(machine.window.pointer, MousePointer::Normal);
     EXPECT_FALSE(hand.Release(Middle));
     EXPECT_THAT(changes.names, IsEmpty());
 }

@@ -213,6 +213,34 @@ TEST_F(MapMoves, WorldKeepsTheSpacingThatItHas) {
     EXPECT_EQ(Design.GridText[GridTextLonSpacing], "005    00    00");
 }
 
+TEST_F(MapMoves, GridOfAnAzimuthalMapIsSeenHoweverFarItIsZoomed) {
+    Take(ProjAzimuthalEqualArea);
+    Design.GridText[GridTextRange] = "001    00    00";
+    Design.GridText[GridTextLatSpacing] = "000    10    00";
+    Design.GridText[GridTextLonSpacing] = "000    10    00";
+    ASSERT_TRUE(AcceptProjection());
+    ASSERT_TRUE(ZoomMap(PlanePoint{0.0, 0.0}, 5.0));
+    EXPECT_EQ(Design.GridText[GridTextLatSpacing], "000    10    00") << "60 of them";
+    ASSERT_TRUE(ZoomMap(PlanePoint{0.0, 0.0}, 100.0));
+    EXPECT_EQ(Design.GridText[GridTextRange], "180    00    00");
+    EXPECT_EQ(Design.GridText[GridTextLatSpacing], "030    00    00") << "a sixth of 180 degrees";
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "045    00    00") << "about a sixth of 360 degrees";
+    ASSERT_TRUE(ZoomMap(1.0 / 1800.0));
+    EXPECT_EQ(Design.GridText[GridTextRange], "000    06    00");
+    EXPECT_EQ(Design.GridText[GridTextLatSpacing], "000    02    00") << "a sixth of 12 minutes";
+}
+
+TEST_F(MapMoves, DenseGridOfAGlobeStaysWhenItIsTurned) {
+    Take(ProjOrthographic);
+    Design.GridText[GridTextCentralLat] = "50    00    00    N";
+    Design.GridText[GridTextLatSpacing] = "000    30    00";
+    Design.GridText[GridTextLonSpacing] = "000    30    00";
+    ASSERT_TRUE(AcceptProjection());
+    ASSERT_TRUE(StepMap(0.1, 0.1));
+    EXPECT_EQ(Design.GridText[GridTextLatSpacing], "000    30    00");
+    EXPECT_EQ(Design.GridText[GridTextLonSpacing], "000    30    00");
+}
+
 TEST_F(MapMoves, ZoomChangesRangeAndHeight) {
     Take(ProjOrthographic);
     ASSERT_TRUE(ZoomMap({0.0, 0.0}, 0.8));
