@@ -45,7 +45,7 @@ AppendLock::AppendLock(const std::string& file, const std::function<void()>& wai
         if (descriptor < 0 || !Take(waiting)) {
             return;
         }
-        // The holder of the lock before has put another file in the place of the one that was opened.
+        // The previous holder of the lock has put another file in the place of the one that was opened.
         if (isThere ? LeadsTo(file, descriptor) : !Exists(file)) {
             return;
         }

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// What a file is that map files are turned into, by the ending of its name in any case.
+/// The kind of a file that map files are converted to, by the ending of its name in any case.
 
 namespace quelmont {
 

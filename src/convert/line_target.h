@@ -14,7 +14,7 @@ struct TargetFeature {
     std::string Label;       ///< UTF-8; empty for none
 };
 
-/// A file that is written, complete or not at all: it comes into its place by Finish alone.
+/// A file that is written, complete or not at all: only Finish puts it in its place.
 class LineTarget {
 public:
     LineTarget() = default;

@@ -20,7 +20,7 @@ class ByteReader;
 /// label in a file that has labels. It is read under file number 1.
 ///
 /// A label that stands behind the first point of a line becomes a feature of its own, a single point.
-/// LineCollector of a rank or code that means nothing are left out.
+/// Lines of a rank or code that means nothing are left out.
 class MapFileSource : public LineSource {
 public:
     /// The zone is that of a .utm file. ConvertError when the file cannot be opened or the expression is

@@ -14,7 +14,7 @@ public:
     SegmentDistance(const LonLat& a_, const LonLat& b_) : a(a_), b(b_) {}
 
     double Square(const LonLat& point) const {
-        // The smallest of the latitudes counts longitudes for most, so that nothing is dropped too early.
+        // Degrees of longitude are longest at the smallest of the latitudes: nothing is dropped too early.
         const double lat = std::min({std::fabs(a.Lat), std::fabs(b.Lat), std::fabs(point.Lat)});
         const double cosine = std::cos(lat * DegToRad);
         const double dx = (b.Lon - a.Lon) * cosine;

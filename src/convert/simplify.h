@@ -7,7 +7,7 @@
 namespace quelmont {
 
 /// Drops points where the line moves no more than so many seconds of arc, a second of longitude
-/// counting as it measures at that latitude. The ends stay. The time is at most in proportion to n log n:
+/// counting by its length at that latitude. The ends stay. The time is at most in proportion to n log n:
 /// a line on which the farthest points lie at the ends of what is left again and again, as ripples on a
 /// long straight line do, is divided nearer to its middle after a while, and keeps a few points more than
 /// it had to.

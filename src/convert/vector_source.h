@@ -20,8 +20,8 @@ struct WayToWgs84 {
 };
 
 /// A layer of anything that GDAL opens, in longitude and latitude on WGS84. Curves become chords,
-/// polygons a closed line for each ring, points lines of one point; heights and measures go. Lines of a
-/// projected system keep their shape by points that are put in between.
+/// polygons a closed line for each ring, points lines of one point; heights and measures are left out. Lines
+/// of a projected system keep their shape by points that are put in between.
 class VectorSource : public LineSource {
 public:
     /// The layer may be left out when only one has features; an expression chooses among these.
