@@ -42,7 +42,7 @@ SurfacePoint OnDevice(const PlanePoint& point) {
     return {PageX(RoundToInt32(place.x)), PageY(RoundToInt32(place.y))};
 }
 
-/// In parts of a pixel. A surface with fine lines is no page.
+/// In parts of a pixel. Surfaces with fine lines are pictures, never pages, which would move the place.
 SurfacePoint OnFineDevice(const PlanePoint& point) {
     const PlanePoint place = DevicePlace(point);
     return {RoundToInt32(place.x * FinePerPixel), RoundToInt32(place.y * FinePerPixel)};

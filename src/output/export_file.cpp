@@ -84,7 +84,7 @@ void BeginExport(const std::string& target) {
     }
     const std::size_t before = IndexOf(target);
     if (before != ExportState::None) {
-        // First of all: the new one has its name.
+        // Removed before the new one, whose temporary file has the same name, is made.
         state.files.erase(state.files.begin() + static_cast<std::ptrdiff_t>(before));
     }
     BegunFile file;
@@ -189,7 +189,7 @@ void DropExports() {
         try {
             CloseFile(OutputFileNumber);
         } catch (const RunTimeError&) {
-            // What could not be written was not wanted any more.
+            // The file is removed anyway.
         }
     }
     state = ExportState{};

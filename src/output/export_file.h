@@ -15,8 +15,8 @@
 namespace quelmont {
 
 /// Creates the temporary file of a target, anew, and opens it. RunTimeError as OpenFile, and
-/// "Path/File access error" for a target that is no plain file, and for a map file of the design: a map
-/// is not worth what it was made of.
+/// "Path/File access error" for a target that is no plain file, and for a map file of the design: an
+/// export never replaces the data that it shows.
 void BeginExport(const std::string& target);
 
 /// Whether the file of a target was begun in this draw.
@@ -40,7 +40,7 @@ void PatchExport(std::int64_t position, std::string_view bytes);
 /// WriteExport.
 void CloseExport();
 
-/// An element could not be written, and its message box was shown: what is begun is given up whole.
+/// An element could not be written, and its message box was shown: all files that were begun are discarded.
 void LoseExport();
 
 /// Runs a routine of a writer that has an error handler, as Guarded does. What it failed to write costs

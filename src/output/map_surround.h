@@ -2,7 +2,7 @@
 
 namespace quelmont {
 
-/// What stands about a map besides its grid and its files, such as the labels of the grid: what the fit and
+/// What surrounds a map besides its grid and its files, such as the labels of the grid: what the fit and
 /// the draws ask of it. All of it does nothing while nothing of that kind is switched on.
 class MapSurround {
 public:
@@ -13,14 +13,14 @@ public:
     /// How far the map is moved up from the middle of the area, of which it fills such a share (ShareOfArea),
     /// so that what belongs below it has room: a share of the area's height. As ShareOfArea.
     virtual double RiseOfMap(double share) = 0;
-    /// Plots the lines about the map, on the surface in use and into the file that is armed, when the map's
+    /// Plots the lines around the map, on the surface in use and into the file that is armed, when the map's
     /// files and circles are plotted. A failure shows its message box.
     virtual void PlotLines() = 0;
-    /// Puts the texts about the map behind the text items, for the export in hand. The map's own texts and
+    /// Puts the texts around the map behind the text items, for the export in hand. The map's own texts and
     /// labels have their places.
     /// Writes  TextItems. A failure shows its message box.
     virtual void AddTexts() = 0;
-    /// Draws the texts about the map on the surface in use, after a draw or a print of the map.
+    /// Draws the texts around the map on the surface in use, after a draw or a print of the map.
     /// A failure shows its message box.
     virtual void DrawTexts() = 0;
     /// A draw on the window begins: what an earlier one left to be drawn again is gone with its picture.
@@ -29,7 +29,7 @@ public:
     virtual void DrawTextsAgain() = 0;
 };
 
-/// Put here at start-up; nullptr: there is nothing about the map.
+/// Put here at start-up; nullptr: there is nothing around the map.
 MapSurround*& Surround();
 
 } // namespace quelmont

@@ -84,7 +84,7 @@ DeviceText TextOnPage() {
                                            OutputNow.PrinterTwipsPerPixelY);
     const std::int32_t height = RoundToInt32(
         Divide(Design.CurrentLook.FontSize * PageScale() * TwipsPerPoint, OutputNow.PrinterTwipsPerPixelY));
-    // A height of 0 would be one of the printer's choice.
+    // With a height of 0 the printer would choose one.
     return {{x, y}, FontOf(Design.CurrentLook, std::min(height, -1), CurrentEscapement())};
 }
 
@@ -95,7 +95,7 @@ DeviceText TextOnDevice() {
     return Design.TextToMetafile ? TextOnMetafile() : TextOnWindow();
 }
 
-/// Message box of a failed operation. What a metafile lacks makes it worth nothing; on the window the rest
+/// Message box of a failed operation. A metafile that lacks something is discarded; in the window the rest
 /// is still to be seen.
 void ReportRefused(bool done, std::string_view text) {
     if (Design.TextToMetafile) {

@@ -35,7 +35,7 @@ void DrawFinePoint(FineLines& lines, double deviceX, double deviceY) {
     }
 }
 
-/// Apart, so that the points of lines need no room for it on the stack.
+/// A function of its own, so that the points of lines need no room for it on the stack.
 [[gnu::noinline]] void DrawCurrentSymbol(std::int32_t x, std::int32_t y) {
     DrawSymbol(*Design.Surface,
                {.type = Design.CurrentSymbolType,

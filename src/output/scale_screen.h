@@ -3,7 +3,7 @@
 namespace quelmont {
 
 /// Fits the map into the drawing area and into the logical plane of exported files, centred and
-/// with its proportions kept, smaller and higher where what stands about it (map_surround.h) needs
+/// with its proportions kept, smaller and higher where what surrounds it (map_surround.h) needs
 /// the room.
 ///
 /// Reads   MapXMin to MapYMax, MapReduce, TwipsPerPixelX, TwipsPerPixelY, FullScreenX, FullScreenY,

@@ -28,7 +28,7 @@ struct PlacedPoint {
     std::int32_t x, y;
 };
 
-/// The points of a course in pixels, dots so far apart that they are told apart.
+/// The points of a course in pixels, dots so far apart that they can be seen one by one.
 std::vector<PlacedPoint> PointsOfCourse(const SymbolSample& sample) {
     const double step = sample.type == SymbolDot ? DotStep * sample.height : sample.width;
     std::vector<PlacedPoint> points;

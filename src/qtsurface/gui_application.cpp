@@ -9,7 +9,7 @@ namespace quelmont {
 
 namespace {
 
-/// What Qt finds odd about a display that nobody has, or about a font that it passes over, is no business of
+/// What Qt finds odd about a display that nobody has, or about a font that it passes over, does not concern
 /// a program without a window. After a fatal message Qt ends the process.
 void OnlyFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     if (type == QtFatalMsg) {

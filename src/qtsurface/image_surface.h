@@ -18,8 +18,8 @@
 namespace quelmont {
 
 /// A surface whose picture lies in memory: the window's back image and the picture of a file.
-/// Text is antialiased, in shades between its colour and what lies behind; lines and symbols are while they
-/// are smooth.
+/// Text is antialiased, in shades between its colour and what lies behind; lines and symbols are as long as
+/// smooth lines are on.
 ///
 /// A pen is one pixel wide or round. The outline of a rectangle or an ellipse runs through the centres of
 /// the outermost pixels of its box, whatever the pen's width. Smooth lines between whole pixels, too, have an
@@ -95,7 +95,7 @@ private:
     std::optional<RoundPen> round; ///< of the current pen, from two pixels on
     std::int32_t roundWidth = 0;
     bool smooth = false;
-    /// Not on the picture before it ends, unless somebody looks.
+    /// The line in hand: painted on the picture when it ends, or when the picture is asked for.
     mutable LineCoverage smoothLine;
     FinePoint finePosition;
     AreaCoverage areas;

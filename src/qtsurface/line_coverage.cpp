@@ -12,7 +12,7 @@ namespace quelmont {
 
 namespace {
 
-constexpr std::int32_t BlockSize = 8; ///< pixels that are reckoned together
+constexpr std::int32_t BlockSize = 8; ///< pixels that are computed together
 constexpr double Full = 255.0;        ///< the coverage of a whole pixel
 constexpr double FullOfFine = Full / FinePerPixel;
 
@@ -21,7 +21,7 @@ constexpr std::int32_t StampPlaces = 16; ///< in a pixel, each way
 constexpr std::int32_t FinePerStamp = FinePerPixel / StampPlaces;
 /// Stamps that lie as near as this to each other, in fine parts, show no waist between them.
 constexpr std::int64_t StampStep = 12;
-/// A segment of up to this length takes fewer stamps than a stroke takes time.
+/// A segment of up to this length is drawn faster by stamps than as a stroke.
 constexpr std::int64_t LongestStamped = 2 * StampStep;
 /// Reach of the widest pen whose stamp is eight pixels wide at each place.
 constexpr double LargestStampReach = 4.0;
@@ -361,7 +361,7 @@ void LineCoverage::EachBlock(const PixelGrid& grid, Visit visit) {
 
 namespace {
 
-/// Blend of a whole block, byte by byte: without a question in it, and so in vector instructions.
+/// Blend of a whole block, byte by byte: without a branch, so that compilers make vector instructions of it.
 void PaintWholeBlock(const std::uint8_t* covered, std::uint32_t* pixels, std::uint32_t pixel) {
     constexpr std::size_t bytes = BlockSize * sizeof(std::uint32_t);
     std::array<std::uint32_t, BlockSize> spread;

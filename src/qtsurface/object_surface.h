@@ -12,7 +12,7 @@ namespace quelmont {
 /// What every surface that Qt paints keeps in hand: its pens, brushes and fonts, and how it writes.
 ///
 /// It begins with a black pen of one pixel, a white brush and a font, as GetStockObject's objects are:
-/// they can be selected for ever and are never freed. A pen is solid or null; its width is 32767 at most.
+/// they can always be selected and are never freed. A pen is solid or null; its width is 32767 at most.
 class ObjectSurface : public DrawSurface {
 public:
     void MoveToEx(std::int32_t x, std::int32_t y) override { position = {x, y}; }

@@ -35,7 +35,7 @@ public:
     /// Blanks out what begins with a key and ends with a mark, between two places. Nothing when it is not
     /// there.
     void Blank(qint64 from, qint64 to, const char* key, const char* end);
-    /// Blanks out dates in the object of what is known about the file, and what identifies it.
+    /// Blanks out the dates in the document information dictionary, and the file identifier.
     void Anonymise();
 
     /// Objects, by their numbers, and a table of them.

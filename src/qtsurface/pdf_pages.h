@@ -5,7 +5,7 @@
 
 namespace quelmont {
 
-/// Puts the last hand to a PDF file as Qt writes it, in place.
+/// Completes a PDF file as Qt writes it, in place.
 ///
 /// streams tells for each page how many pages of the file hold it, which all begin at the same corner: they
 /// become one page, on which their contents lie over each other in their order. The time of writing and what

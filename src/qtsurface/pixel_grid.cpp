@@ -27,7 +27,7 @@ void FillSpan(const PixelGrid& grid, std::int64_t row, std::int64_t first, std::
 
 void PaintedSpans::Forget() {
     wholeRows = 0;
-    if (++generation == 0) { // after four thousand million times
+    if (++generation == 0) { // after 2^32 calls
         std::fill(rows.begin(), rows.end(), Row{});
         generation = 1;
     }

@@ -65,7 +65,7 @@ void WriteAll(const std::string& name, const QByteArray& bytes) {
         try {
             CloseFile(OutputFileNumber);
         } catch (const RunTimeError&) {
-            // The first failure is the one to tell.
+            // The first failure is the one to report.
         }
         throw;
     }
@@ -89,7 +89,7 @@ QImage ImageOf(const PixelImage& picture) {
 }
 
 QByteArray EncodePng(const QImage& picture, const PictureNotes& notes) {
-    // Of 0, the smallest file, to 100, no compression. Below these the time doubles for one byte in ten.
+    // 0 is the smallest file, 100 no compression. Lower values double the time and save one byte in ten.
     constexpr int ofPalette = 50;
     constexpr int ofShades = 85;
     if (picture.isNull()) {

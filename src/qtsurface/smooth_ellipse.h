@@ -10,7 +10,7 @@
 namespace quelmont {
 
 /// Paints ellipses and rings with smooth edges: each pixel is covered by the share of its area that lies
-/// inside, exact along a row and from sixteen parts of it across. The figures painted last are kept, since a
+/// inside, exact along a row and sampled at sixteen heights of it. The figures painted last are kept, since a
 /// map has many circles of one size.
 class SmoothEllipses {
 public:

@@ -15,7 +15,7 @@ public:
     std::string Version() const override { return ProgramVersion; }
 };
 
-/// Local time, to the microsecond. It has no voice.
+/// Local time, to the microsecond. Beep does nothing.
 class SystemClock : public Clock {
 public:
     double SecondsSinceMidnight() const override;

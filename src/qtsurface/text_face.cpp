@@ -28,7 +28,7 @@ namespace {
 /// or 1000 units an em lose nothing that shows.
 constexpr int LayoutPixels = 256;
 
-/// A font of height 0 has one of its maker's choice.
+/// The size of a font of height 0, which leaves the choice to the program.
 constexpr double DefaultEmPixels = 16.0;
 
 constexpr std::int32_t LeastBoldWeight = 600;
@@ -95,7 +95,7 @@ TextFace::TextFace(const SurfaceFont& made) {
 }
 
 void TextFace::MeasureLines() {
-    // What a font that tells nothing gets.
+    // The defaults for a font without these numbers.
     measures.underline = 0.1;
     measures.strikeout = -0.28;
     measures.underlineWidth = measures.strikeoutWidth = 0.05;

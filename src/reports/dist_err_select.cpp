@@ -15,7 +15,7 @@ namespace quelmont {
 
 namespace {
 
-/// What a projection has of its own: its formulas and what is to be said of them.
+/// What a projection has of its own: its formulas, and the notes beneath the table.
 struct ScaleCase {
     std::int16_t ProjNum;
     ScaleError (*scale)();

@@ -185,7 +185,7 @@ ReportSection Errors() {
     return {" Scale Errors ", Design.ProjNum == ProjInterruptedMollweide ? LobeErrors() : TableOfErrors()};
 }
 
-/// A distance on the globe in four units; the label wants the unit behind it.
+/// A distance on the globe in four units, each of which is put behind the label.
 ReportBlock DistanceOnGlobe(const std::string& label, double nauticalMiles, const char* picture) {
     return {{
         ReportRow{label + " (deg min sec):", AngleText(nauticalMiles / SecPerMinute, "ARC")},

@@ -28,7 +28,7 @@ struct ReportSection {
     std::vector<ReportBlock> blocks;
 };
 
-/// What a report says, without a measure: box, paper and files show the same rows.
+/// What a report says, without any layout: dialog, paper and files show the same rows.
 struct Report {
     std::vector<ReportSection> sections;
 };

@@ -18,7 +18,7 @@ namespace {
 constexpr double TwipsPerInch = 1440.0;
 constexpr double PointsPerInch = 72.0;
 constexpr std::int32_t BoldWeight = 700, RegularWeight = 400;
-/// What a font without measures takes for a line, in its heights.
+/// Height of a line in a font without measures, as a multiple of the font's.
 constexpr double UnmeasuredLine = 1.25;
 
 /// Device pixels of the printer, from the corner of the printable area.

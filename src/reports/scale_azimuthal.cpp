@@ -35,7 +35,7 @@ Factor EquidistantFactor(double cz, double b) {
     if (sz == 0.0) {
         return {};
     }
-    // The last term wants no b: it stands for the one direction in which samples are taken.
+    // The last term has no factor b: samples are taken in one direction alone.
     return {angle / sz, Divide(angle * cz, sz * sz * sz) * b + 1.0 / sz};
 }
 

@@ -39,7 +39,7 @@ struct ScaleBarPlace {
 /// projection has no scale.
 std::optional<ScaleBarPlace> PlaceOfScaleBar(std::optional<double> latitude);
 
-/// What a person is told of the bar on the map as it is: where it is true, or why there is none. A sentence
+/// The note about the bar on the map as it is: where it is true, or why there is none. A sentence
 /// or two.
 std::string NoteOfScaleBar(std::optional<double> latitude);
 

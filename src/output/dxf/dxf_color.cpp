@@ -7,7 +7,7 @@ namespace quelmont {
 
 namespace {
 
-/// Colours stand below the palette flag.
+/// The bits of the colour itself, below the palette flag.
 constexpr std::int32_t PaletteFlag = 33554432;
 
 } // namespace

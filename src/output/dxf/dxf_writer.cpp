@@ -304,7 +304,7 @@ void DxfWriter::Ring(std::initializer_list<Place> corners, double width) {
     SequenceEnd();
 }
 
-/// The third and fourth corners are the far edge of a Z.
+/// The corners of a solid are in the order of a Z: one side, then the opposite one in the same direction.
 void DxfWriter::Solid(std::initializer_list<Place> corners) {
     StartEntity("SOLID", DxfColor(Design.PenColor));
     int code = 10;
@@ -341,7 +341,7 @@ void DxfWriter::Disk(double left, double right, double y, double width) {
     SequenceEnd();
 }
 
-/// A circle has no width, so one wider than 1 is a ring, whose middle is so far from the centre.
+/// A circle has no width, so one wider than 1 is drawn as a ring. middle: radius of the ring's centre line.
 void DxfWriter::Circle(LogicalPoint centre, int middle, double width) {
     if (width > 1.0) {
         Disk(centre.x - middle, centre.x + middle, centre.y, width);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr double TwipsPerCssPixel = 15.0;
 
-/// The whole number that a place has is the middle of a pixel.
+/// Whole coordinates of the picture are the middles of pixels.
 constexpr double PixelMiddle = 0.5;
 
 std::string_view IdOf(MapPart part) {

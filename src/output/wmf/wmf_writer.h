@@ -13,7 +13,7 @@
 namespace quelmont {
 
 /// Writes a map as a Windows metafile with a placeable header, in logical units, y upward. The records
-/// go to the file by the block, whatever their number; the headers, which tell of all records, come at
+/// go to the file by the block, whatever their number; the headers, which depend on all records, come at
 /// the end.
 ///
 /// A surface operation that fails shows its message box under "Windows API Error" and the draw goes on.
