@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-// The macro wants to stand outside every namespace.
+// The macro must stand outside every namespace.
 static void InitialiseResources() { Q_INIT_RESOURCE(quelmont); }
 
 namespace quelmont {

@@ -18,7 +18,7 @@ constexpr int SettledAfter = 80;
 /// What a link looks like on white paper.
 constexpr QColor LinkOnPaper(0, 0, 190);
 
-/// Links that can be read on the ground of the pages: themes that are dark may leave them dark blue.
+/// Links that can be read on the background of the pages: dark themes may leave them dark blue.
 QColor ReadableLink(const QPalette& palette) {
     constexpr int half = 128;
     const QColor link = palette.color(QPalette::Link);

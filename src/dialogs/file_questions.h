@@ -4,7 +4,7 @@
 
 namespace quelmont {
 
-/// Tells that a file dialog failed: "Error ", the number, and of which command (" in Save as BMP"). A dialog
+/// Reports that a file dialog failed: "Error ", the number, and the command (" in Save as BMP"). A dialog
 /// that was cancelled is no failure.
 void ShowFileDialogError(int error, std::string_view command);
 

@@ -21,7 +21,7 @@ std::string DesignTextNow() {
 
 namespace {
 
-/// What a change is told of by: the design, and the choices beside it that its picture depends on.
+/// What is compared to find a change: the design, and the choices beside it that its picture depends on.
 std::string MapTextNow() { return DesignTextNow() + DrawnChoices(); }
 
 } // namespace

@@ -23,7 +23,7 @@ namespace quelmont {
 
 namespace {
 
-/// The main window for a picture beside it: nothing is told to the window, and nothing painted there.
+/// The main window for a picture beside it: nothing reaches the window, and nothing is painted there.
 class SmallWindow final : public ForwardingWindow {
 public:
     SmallWindow(MainWindow& window_, DrawSurface& surface_, std::int32_t width_, std::int32_t height_)

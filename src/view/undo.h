@@ -10,8 +10,8 @@
 
 namespace quelmont {
 
-/// The changes of the design that can be taken back, and those that were. Whoever is told of changes hands
-/// them on here. The items of the Edit menu name what they would take back or bring back.
+/// The changes of the design that can be taken back, and those that were. Whoever learns of a change hands
+/// it on here. The items of the Edit menu name what they would take back or bring back.
 ///
 /// A design that was put back is the one before, to the last digit of the file that it would be saved as. The
 /// picture follows. Files that were exported are no change; the name of the design's own file goes back with

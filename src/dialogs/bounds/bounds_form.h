@@ -27,8 +27,8 @@ private:
 };
 
 /// Shows the dialog that follows another one which has just stored its answers. When it was cancelled,
-/// the bounds of the design become those given, from before that: no draw mixes the answers to one
-/// with the lack of answers to the other.
+/// the bounds of the design become those given, from before that: no draw combines the answers of one
+/// dialog with the missing ones of the other.
 void ShowFollowUp(Form& dialog, const DesignBounds& before);
 
 } // namespace quelmont

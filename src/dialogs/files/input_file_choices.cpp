@@ -149,7 +149,7 @@ void InputFileChoices::MoveFile(std::size_t from, std::size_t to) {
 void InputFileChoices::AddFiles(const std::vector<std::string>& names) {
     auto position = static_cast<std::size_t>(At("InputFilesOpen").value);
     for (const std::string& name : names) {
-        // One that fails keeps none of the others back.
+        // A file that fails does not keep the others from being added.
         Handle([&] {
             if (AddFile(name, position)) {
                 ++position;

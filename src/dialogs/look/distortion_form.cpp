@@ -93,7 +93,7 @@ void DistortionForm::ShowNote() {
 void DistortionForm::OK_Click() {
     const DistortionChoice choice = Chosen();
     if (choice.kind != DistortionKind::Ellipses) {
-        // What stands in the fields is of no use now, and need not be right.
+        // The fields are not used now and need not be valid.
         Design.Distortion.kind = choice.kind;
         CloseAccepted();
         return;

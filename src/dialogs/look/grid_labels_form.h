@@ -5,7 +5,7 @@
 
 namespace quelmont {
 
-/// Where the labels of the grid stand, how they tell the hemisphere, and their font.
+/// Where the labels of the grid stand, how they show the hemisphere, and their font.
 ///
 /// "Font and Color" opens the font dialog for their slot, whose choice is shown at once; Cancel gives the old
 /// look back. OK stores the rest.

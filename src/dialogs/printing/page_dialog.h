@@ -11,9 +11,8 @@ namespace quelmont {
 
 /// What the dialogs of a page have in common: how its paper lies, and its lengths in inches or centimetres.
 ///
-/// Writes  PrinterOrientation; PrintUnitTwips, with which all lengths of pages go. Cancel gives these back,
-/// and
-///         the place of the printed map and the margins of reports.
+/// Writes  PrinterOrientation; PrintUnitTwips, and all lengths of pages in it. Cancel gives these back,
+///         and the place of the printed map and the margins of reports.
 class PageDialog : public DesignDialog {
 protected:
     PageDialog(std::string className, std::string caption);

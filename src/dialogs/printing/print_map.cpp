@@ -134,7 +134,7 @@ void PrintMap::TakePrinter(const Printer* newPrinter) {
 void PrintMap::LeftMap_Change() { Design.PrintLeft = Length(left); }
 void PrintMap::TopMap_Change() { Design.PrintTop = Length(top); }
 
-// What is being typed need not fit: only margins of a centred map, which are not typed, go with it.
+// What is being typed need not fit yet: only the margins of a centred map, which are not typed, follow it.
 void PrintMap::WidthMap_Change() {
     SetPrintWidth(Length(width));
     Show(height);

@@ -21,7 +21,7 @@ namespace quelmont {
 ///
 /// Reads   the window's drawing area.
 /// Writes  PrintLeft, PrintTop, PrintWidth, PrintHeight, CenterHorizontal, CenterVertical,
-///         PrinterOrientation; PrintUnitTwips, with which the margins of reports go; DialogCancelled. Cancel
+///         PrinterOrientation; PrintUnitTwips, and the margins of reports in it; DialogCancelled. Cancel
 ///         gives all of them back.
 class PrintMap : public PageDialog {
 public:

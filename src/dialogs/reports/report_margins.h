@@ -15,8 +15,8 @@ namespace quelmont {
 ///
 /// A length that the program wrote into a field counts as it is, not as it is shown with two decimals.
 ///
-/// Writes  ReportLeft, ReportRight, ReportTop, ReportBottom, PrinterOrientation; PrintUnitTwips, with which
-///         the size and the margins of a map go; DialogCancelled. Cancel gives all of them back.
+/// Writes  ReportLeft, ReportRight, ReportTop, ReportBottom, PrinterOrientation; PrintUnitTwips, and
+///         the size and the margins of a map in it; DialogCancelled. Cancel gives all of them back.
 class ReportMargins : public PageDialog {
 public:
     /// The printer outlives the dialog; the width of the report in twips.

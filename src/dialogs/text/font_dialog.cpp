@@ -15,7 +15,7 @@ namespace quelmont {
 
 namespace {
 
-/// Tall letters and deep ones.
+/// Letters with ascenders and descenders.
 constexpr const char* SampleText = "Ypiranga ";
 
 struct StyleCheck {

@@ -11,7 +11,7 @@ namespace quelmont {
 /// "Current Font is Arial 10 point ."
 std::string CurrentFontSentence(const TextLook& look);
 
-/// The look as the letters of a sample on a ground, 0x00BBGGRR.
+/// The look as the letters of a sample on a background colour, 0x00BBGGRR.
 SampleLetters LettersOf(const TextLook& look, std::uint32_t ground);
 
 /// "Font style is Bold Underline."; without bold and italic it is regular.
