@@ -6,7 +6,7 @@
 #include <cstdint>
 
 /// Arithmetic that fails as a run-time error where plain floating point would go on with an
-/// infinity or with no number. No infinity and no NaN ever reaches a field of the design.
+/// infinity or a NaN. No infinity and no NaN ever reaches a field of the design.
 
 namespace quelmont {
 
@@ -50,7 +50,7 @@ inline double SquareRoot(double value) {
     return std::sqrt(value);
 }
 
-/// Power; RunTimeError "Invalid procedure call or argument" for a negative base with a broken
+/// Power; RunTimeError "Invalid procedure call or argument" for a negative base with a fractional
 /// exponent and for 0 to a negative power, "Overflow" when the result is too large.
 inline double Power(double base, double exponent) {
     if ((base < 0.0 && exponent != std::floor(exponent)) || (base == 0.0 && exponent < 0.0)) {

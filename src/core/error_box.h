@@ -14,7 +14,7 @@ void ShowErrorBox(std::string_view routine, const RunTimeError& error);
 /// Message box of a failed surface or system operation, under the title "Windows API Error".
 void ShowApiErrorBox(std::string_view text);
 
-/// The same unless the operation was done.
+/// The same if the operation has failed.
 inline void ReportUnless(bool done, std::string_view text) {
     if (!done) {
         ShowApiErrorBox(text);

@@ -10,7 +10,7 @@
 
 namespace quelmont {
 
-/// A person at a field of fixed columns: keys, pastes, erasing and undoing, and where the cursor
+/// Editing in a field of fixed columns: keys, pastes, erasing and undoing, and where the cursor
 /// stands. Whatever is done, the text keeps the columns of its mask.
 ///
 /// A field that was entered, or whose whole text is selected, takes what is typed for a new value
@@ -52,8 +52,8 @@ public:
     /// Erases what is selected, else the digit behind the cursor.
     void Delete();
 
-    /// The text before the last run of typing, of erasing, or before the last paste; and forth
-    /// again. False when there is none.
+    /// Undo and redo: the text before the last run of typing or of erasing, or before the last paste, and
+    /// back again. False when there is none.
     bool Undo();
     bool Redo();
     bool CanUndo() const;

@@ -6,14 +6,14 @@
 #include <optional>
 
 /// What a map can have besides its grid and its map files. All of it is off at first, and none of it is kept
-/// in a map design: it is the person's own taste, kept with the settings.
+/// in a map design: these are preferences of the user, kept with the settings.
 
 namespace quelmont {
 
 /// Where the labels of parallels and meridians stand.
 enum class GridLabelPlace : std::uint8_t { None, Frame, Lines };
 
-/// How a label of the grid tells the hemisphere: 30°N, 30 N, or a sign (-30).
+/// How a label of the grid shows the hemisphere: 30°N, 30 N, or a sign (-30).
 enum class GridLabelStyle : std::uint8_t { DegreeSign, Letter, Sign };
 
 /// Labels of the grid. Their font and colour are those of GridLabelFontSlot.

@@ -13,8 +13,8 @@ namespace quelmont {
 /// A text without a number at its front is 0. RunTimeError "Overflow" when it is too large.
 double ValueOf(std::string_view text);
 
-/// A number in a picture: "0" a digit that always stands, "#" one that stands when it means
-/// something, "." the point, "," between digits groups of thousands, "E+00" an exponent, any other
+/// A number in a picture, the pattern of its text: "0" a digit that always stands, "#" one that stands when
+/// it means something, "." the point, "," between digits groups of thousands, "E+00" an exponent, any other
 /// character itself. Digits for which there is no place stand before the first one. The value is
 /// taken to 15 significant digits, and these are rounded, ties away from zero: 2.675 in "0.00" is
 /// 2.68. A negative value has a minus sign before everything else, also when the picture rounds it

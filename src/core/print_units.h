@@ -8,7 +8,7 @@ namespace quelmont {
 constexpr std::int32_t InchTwips = 1440;
 constexpr std::int32_t CentimetreTwips = 567;
 
-/// Measures pages in another unit from now on, with which they stay as large as they were.
+/// Changes the unit in which pages are measured; they stay as large as they were.
 ///
 /// Reads   PrintUnitTwips. Writes  it; PrintLeft, PrintTop, PrintWidth, PrintHeight, ReportLeft,
 ///         ReportRight, ReportTop, ReportBottom.

@@ -25,7 +25,7 @@ constexpr int ErrorPermissionDenied = 70;
 constexpr int ErrorPathFileAccess = 75;
 constexpr int ErrorPathNotFound = 76;
 
-/// The phrase of an error number; "Application-defined or object-defined error" for any other.
+/// The message of an error number; "Application-defined or object-defined error" for any other.
 std::string_view ErrorDescription(int number);
 
 /// The one exception type of the program. It never leaves a routine that has an error handler: such a

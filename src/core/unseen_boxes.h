@@ -4,7 +4,7 @@
 
 namespace quelmont {
 
-/// Message boxes that are not shown, as long as it lives: each is answered like one that was closed.
+/// Suppresses message boxes as long as it lives: each is answered like one that was closed.
 class UnseenBoxes final : public Boxes {
 public:
     UnseenBoxes() { Machine().boxes = this; }

@@ -26,7 +26,7 @@ public:
     virtual BoxAnswer Ask(std::string_view title, std::string_view text, BoxButtons buttons,
                           BoxIcon icon) = 0;
 
-    /// The same about a control of the dialog in use, which the box leaves to be seen.
+    /// The same about a control of the dialog in use, which the box does not cover.
     virtual BoxAnswer AskAbout(std::string_view /*control*/, std::string_view title, std::string_view text,
                                BoxButtons buttons, BoxIcon icon) {
         return Ask(title, text, buttons, icon);

@@ -13,12 +13,12 @@ public:
     virtual ~Changes() = default;
     /// A change was accepted, under the name of the menu item that led to it; the design holds it.
     virtual void Accepted(std::string_view name, ChangeKind kind) = 0;
-    /// The design as it is now is nothing to keep: the program has begun, or the design was saved or
+    /// The design as it is now need not be kept: the program has just started, or the design was saved or
     /// recalled.
     virtual void Noted() {}
     /// Another design was recalled; the design holds it. Noted follows.
     virtual void Recalled() {}
-    /// The last change is to be taken back, and the one that was taken back last to come again.
+    /// Undo takes the last change back; redo makes the one again that was taken back last.
     virtual void Undo() {}
     virtual void Redo() {}
 };

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-/// Which page of the help tells of what. The pages are the files of docs/help.
+/// Which page of the help describes what. The pages are the files of docs/help.
 
 namespace quelmont {
 

@@ -7,14 +7,14 @@
 
 namespace quelmont {
 
-/// What a picture tells besides its pixels.
+/// What a picture file holds besides the pixels.
 struct PictureNotes {
-    double pixelsPerMetreX = 0.0, pixelsPerMetreY = 0.0; ///< 0: it is not told
+    double pixelsPerMetreX = 0.0, pixelsPerMetreY = 0.0; ///< 0: unknown
     std::string title;                                   ///< UTF-8
     std::string software;                                ///< the program and its version
 };
 
-/// Pictures on their way to others.
+/// Pictures for other programs.
 class Pictures {
 public:
     virtual ~Pictures() = default;

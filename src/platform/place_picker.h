@@ -5,8 +5,8 @@
 
 namespace quelmont {
 
-/// A place of the map that a person has pointed at: degrees, no finer than the map tells them; north and east
-/// are positive.
+/// A place of the map that a person has pointed at: degrees, rounded to what the scale of the map resolves;
+/// north and east are positive.
 struct PickedPlace {
     double lat = 0.0;
     double lon = 0.0; ///< -180 to 180
@@ -24,8 +24,8 @@ public:
     virtual std::optional<PickedPlace> Pick(std::string_view what) = 0;
 };
 
-/// The one who does it; null where no map can be clicked on, as at first. It stands beside the machine, which
-/// everybody knows, since only dialogs of places ask for it.
+/// The picker in use; null where no map can be clicked on, as at first. It is kept apart from the machine,
+/// which everybody knows, since only dialogs of places ask for it.
 PlacePicker*& Picker();
 
 } // namespace quelmont
