@@ -14,10 +14,10 @@ namespace quelmont {
 
 namespace {
 
-void SelectProjection(int inMenu, int inMollweideMenu) {
+void SelectProjection(int row, int ovalRow) {
     const auto* const found =
         std::find_if(Projections.begin(), Projections.end(), [&](const ProjectionEntry& entry) {
-            return entry.menuIndex == inMenu && entry.mollweideIndex == inMollweideMenu;
+            return entry.menuIndex == row && entry.mollweideIndex == ovalRow;
         });
     if (found == Projections.end()) {
         return;

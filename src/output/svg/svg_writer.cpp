@@ -278,7 +278,7 @@ void SvgWriter::Area(ColorValue color, const PlaneRings& rings) {
                          Design.TwipsPerPixelY;
         return {RoundToInt32((x + PixelMiddle) * 100.0), RoundToInt32((y + PixelMiddle) * 100.0)};
     };
-    WriteExport(ofPart ? "<path fill-rule=\"evenodd\" d=\"" : "<path d=\"");
+    WriteExport(ofPart ? R"(<path fill-rule="evenodd" d=")" : R"(<path d=")");
     for (const PlaneRing& ring : rings) {
         std::vector<Hundredths> places;
         std::vector<std::int32_t> counts;
