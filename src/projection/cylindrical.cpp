@@ -4,29 +4,41 @@
 #include "projection/forward.h"
 #include "projection/log_tangent.h"
 #include "projection/sine_cosine.h"
+#include "projection/whole_minutes.h"
 
 #include <cmath>
+#include <limits>
 
 namespace quelmont {
 
-void ForwardMercator() {
-    const double x = (Design.ProjLon - Design.LonZero) * DegToRad;
-    // Snyder 1987, eq. 7-2. The poles lie at infinity; the boundary dialog keeps them off the map.
-    const double angle = Design.ProjLat * HalfDegToRad + QuarterPi;
+namespace {
+
+/// Snyder 1987, eq. 7-2. No number where the tangent has no logarithm: the poles lie at infinity.
+double MercatorHeight(double latitude) {
+    const double angle = latitude * HalfDegToRad + QuarterPi;
     // Between 15 and 85 degrees, north or south.
-    if (std::fabs(std::fabs(Design.ProjLat) - 50.0) <= 35.0) {
-        StoreProjected(x, LogTangentOf(angle));
-        return;
+    if (std::fabs(std::fabs(latitude) - 50.0) <= 35.0) {
+        return LogTangentOf(angle);
     }
     // The logarithm is 0 at the equator, where the last digits of the tangent show in it: the tangent is the
     // C library's.
     const double tangent = std::tan(angle);
-    if (!(tangent > 0.0)) {
+    return tangent > 0.0 ? std::log(tangent) : std::numeric_limits<double>::quiet_NaN();
+}
+
+} // namespace
+
+void ForwardMercator() {
+    static WholeMinutes<double> minutes;
+    const double x = (Design.ProjLon - Design.LonZero) * DegToRad;
+    const double y = minutes.Of(Design.ProjLat, [] { return MercatorHeight(Design.ProjLat); });
+    if (std::isnan(y)) {
+        // The boundary dialog keeps the poles off the map.
         StoreX(x);
         ReportProjectSelect(ErrorInvalidCall);
         return;
     }
-    StoreProjected(x, std::log(tangent));
+    StoreProjected(x, y);
 }
 
 void ForwardEquirectangular() {

@@ -4,6 +4,7 @@
 #include "projection/forward.h"
 #include "projection/robinson_polynomials.h"
 #include "projection/sine_cosine.h"
+#include "projection/whole_minutes.h"
 
 #include <array>
 #include <cmath>
@@ -120,9 +121,11 @@ SineCosine MollweideTheta(double latitude, double phi) {
 
 void ForwardMollweide() {
     // Snyder 1987, eq. 31-1, 31-2, 31-4.
+    static WholeMinutes<SineCosine> minutes;
     const double phi = Design.ProjLat * DegToRad;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    const auto [sine, cosine] = MollweideTheta(Design.ProjLat, phi);
+    const auto [sine, cosine] =
+        minutes.Of(Design.ProjLat, [phi] { return MollweideTheta(Design.ProjLat, phi); });
     if (!std::isfinite(sine)) {
         // Very near a pole the slope of Newton's rule is zero.
         ReportProjectSelect(ErrorDivisionByZero);
