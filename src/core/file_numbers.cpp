@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -172,6 +173,23 @@ public:
         return facts.st_size;
     }
 
+    std::optional<FileStamp> Stamp() override {
+        constexpr std::int64_t second = 1'000'000'000;
+        constexpr auto nanoseconds = [](const timespec& time) { return time.tv_sec * second + time.tv_nsec; };
+        struct stat facts = {};
+        timespec now = {};
+        if (fstat(descriptor, &facts) != 0 || clock_gettime(CLOCK_REALTIME, &now) != 0) {
+            return std::nullopt;
+        }
+        const FileStamp stamp{.device = facts.st_dev,
+                              .file = facts.st_ino,
+                              .bytes = facts.st_size,
+                              .written = nanoseconds(facts.st_mtim),
+                              .status = nanoseconds(facts.st_ctim)};
+        const std::int64_t settled = nanoseconds(now) - 2 * second;
+        return stamp.written < settled && stamp.status < settled ? std::optional(stamp) : std::nullopt;
+    }
+
     void Close() override {
         Flush();
         const int closing = std::exchange(descriptor, -1);
@@ -322,6 +340,8 @@ std::optional<std::int64_t> FilePosition(int number) {
 }
 
 std::int64_t FileLength(int number) { return Opened(number).device->Length(); }
+
+std::optional<FileStamp> StampOfFile(int number) { return Opened(number).device->Stamp(); }
 
 void SetFileDeviceMaker(FileDeviceMaker maker) { Maker = maker ? maker : MakeSystemFile; }
 

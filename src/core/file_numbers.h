@@ -56,6 +56,18 @@ std::optional<std::int64_t> FilePosition(int number);
 /// for the size of a buffer.
 std::int64_t FileLength(int number);
 
+/// What tells one state of a file from another. Two files with the same stamp hold the same bytes.
+struct FileStamp {
+    std::uint64_t device = 0, file = 0;   ///< where it lies, whatever its name
+    std::int64_t bytes = 0;               ///< its length
+    std::int64_t written = 0, status = 0; ///< when its bytes and its entry were changed last, nanoseconds
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// The stamp of an open file. None where the operating system has none, and none for a file that was changed
+/// in the last two seconds: its times are too coarse to tell the next change.
+std::optional<FileStamp> StampOfFile(int number);
+
 /// What a file number reads and writes: by default a plain file. Tests put a device of
 /// their own under the numbers, one that fails after so many bytes, say.
 class FileDevice {
@@ -65,6 +77,8 @@ public:
     virtual void Write(std::span<const std::byte> bytes) = 0;
     virtual void Seek(std::int64_t position) = 0;
     virtual std::int64_t Length() = 0;
+    /// As StampOfFile; none unless the device says otherwise.
+    virtual std::optional<FileStamp> Stamp() { return std::nullopt; }
     /// Flushes and closes; afterwards only the destructor is called.
     virtual void Close() = 0;
 };

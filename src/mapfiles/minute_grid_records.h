@@ -44,6 +44,8 @@ public:
     bool BeginsLine() const { return begins; }
     /// Row of the minute-grid features, or 0, which the line of the record has.
     std::int16_t Feature() const { return feature; }
+    std::int16_t LatMinutes() const { return record.Lat; }
+    std::int16_t LonMinutes() const { return record.Lon; }
     std::int32_t LatSec() const { return record.Lat * SecPerMinute; }
     std::int32_t LonSec() const { return record.Lon * SecPerMinute; }
     /// Whether the file holds all bytes of the record.

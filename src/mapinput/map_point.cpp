@@ -9,6 +9,8 @@
 #include "platform/machine.h"
 #include "projection/utm.h"
 
+#include <algorithm>
+
 namespace quelmont {
 
 void MapPoint::BeginFile() {
@@ -53,6 +55,16 @@ void MapPoint::PassOutside(std::int64_t count) {
 bool MapPoint::LetEventsRun() {
     Machine().window->Refresh();
     return RunEvents();
+}
+
+bool MapPoint::CountPoints(std::int64_t count) {
+    for (const std::int64_t end = PointsRead + count; PointsRead < end;) {
+        PointsRead = std::min(end, PointsRead - PointsRead % PointsPerTurn + PointsPerTurn);
+        if (PointsRead % PointsPerTurn == 0 && !LetEventsRun()) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool MapPoint::SkipPoints(std::int64_t count) {

@@ -74,6 +74,9 @@ public:
     /// when Escape was pressed meanwhile.
     bool CountPoint() { return ++PointsRead % PointsPerTurn != 0 || LetEventsRun(); }
 
+    /// The same for so many points at once.
+    bool CountPoints(std::int64_t count);
+
     /// Counts points that are stepped over and lets events run at once, however few they are; false
     /// when Escape was pressed meanwhile.
     bool SkipPoints(std::int64_t count);

@@ -7,7 +7,7 @@
 #include "mapinput/line_choice.h"
 #include "mapinput/map_pen.h"
 #include "mapinput/map_point.h"
-#include "mapinput/packed_box.h"
+#include "mapinput/place_box.h"
 #include "mapinput/shown_features.h"
 
 #include <cstddef>

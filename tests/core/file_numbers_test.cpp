@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <vector>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -55,6 +56,30 @@ TEST_F(FileNumbers, MissingFolderIsAPathNotFound) {
     }
     WriteWholeFile(name, "x");
     EXPECT_EQ(ErrorOfOpening(name + "/file", OpenMode::Input), ErrorPathNotFound) << "a file is no folder";
+}
+
+std::optional<FileStamp> StampOf(const std::string& name) {
+    OpenFile(InputFileNumber, name, OpenMode::Input);
+    const auto stamp = StampOfFile(InputFileNumber);
+    CloseFile(InputFileNumber);
+    return stamp;
+}
+
+TEST_F(FileNumbers, StampIsTheSameForTheSameFileByAnyName) {
+    const std::string ours = std::filesystem::read_symlink("/proc/self/exe");
+    const auto stamp = StampOf(ours);
+    ASSERT_TRUE(stamp) << "this program was built more than two seconds ago";
+    EXPECT_EQ(stamp->bytes, static_cast<std::int64_t>(std::filesystem::file_size(ours)));
+    std::filesystem::create_symlink(ours, name);
+    EXPECT_EQ(StampOf(name), stamp);
+}
+
+TEST_F(FileNumbers, FileThatWasJustWrittenHasNoStamp) {
+    WriteWholeFile(name, "x");
+    EXPECT_EQ(StampOf(name), std::nullopt) << "it may be written again at the same time of its clock";
+    const std::array<timespec, 2> longAgo{timespec{1000, 0}, timespec{1000, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, name.c_str(), longAgo.data(), 0), 0);
+    EXPECT_EQ(StampOf(name), std::nullopt) << "somebody has put its time back";
 }
 
 TEST_F(FileNumbers, FolderIsNoFile) {

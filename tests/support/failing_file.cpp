@@ -23,7 +23,7 @@ void ThrowIf(int error) {
 /// One open file of FailingFiles.
 class FailingFile final : public FileDevice {
 public:
-    FailingFile(FailingFiles& owner_, const std::string& name, OpenMode mode) : owner(owner_) {
+    FailingFile(FailingFiles& owner_, const std::string& name_, OpenMode mode) : owner(owner_), name(name_) {
         ThrowIf(owner.opening);
         if (mode == OpenMode::Input && !owner.files.contains(name)) {
             throw RunTimeError(ErrorFileNotFound);
@@ -45,6 +45,7 @@ public:
         }
         place += allowed;
         readSoFar += allowed;
+        owner.bytesRead += static_cast<std::int64_t>(allowed);
         if (allowed < count) {
             throw RunTimeError(owner.reading->error);
         }
@@ -75,6 +76,8 @@ public:
         return owner.toldLength.value_or(static_cast<std::int64_t>(bytes->size()));
     }
 
+    std::optional<FileStamp> Stamp() override { return owner.stamps[name]; }
+
     void Close() override {
         ++owner.closes;
         ThrowIf(owner.closing);
@@ -91,6 +94,7 @@ private:
     }
 
     FailingFiles& owner;
+    std::string name;
     std::vector<std::byte>* bytes = nullptr;
     std::size_t place = 0;
     std::size_t readSoFar = 0;

@@ -38,11 +38,14 @@ public:
 
     /// From now on each file tells this length, whatever it holds.
     void TellLength(std::int64_t bytes) { toldLength = bytes; }
+    /// From now on a file has this stamp, whatever it holds; nothing: it has none, as at first.
+    void Stamp(const std::string& name, std::optional<FileStamp> stamp) { stamps[name] = stamp; }
     /// From now on a read gives no more bytes than these at once.
     void ReadAtMost(std::size_t bytes) { mostPerRead = bytes; }
 
     int opens = 0;
     int closes = 0;
+    std::int64_t bytesRead = 0; ///< of all files together
 
 private:
     friend class FailingFile;
@@ -59,6 +62,7 @@ private:
     std::optional<Limit> writing;
     std::optional<std::int64_t> toldLength;
     std::optional<std::size_t> mostPerRead;
+    std::map<std::string, std::optional<FileStamp>> stamps;
 };
 
 } // namespace quelmont

@@ -1,4 +1,4 @@
-#include "mapinput/packed_box.h"
+#include "mapinput/place_box.h"
 
 #include "mapfiles/packed_file.h"
 #include "packed_segments.h"
