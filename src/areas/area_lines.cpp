@@ -210,16 +210,20 @@ public:
 
 } // namespace
 
-bool ReadAreaRings(const InputFileEntry& file, const LineDetail& detail, std::vector<Ring>& rings) {
+bool MayHaveAreas(const InputFileEntry& file) {
     const MapFormat& format = MapFormatOf(file.MapFileName);
-    const bool metres = format.form == MapFileForm::AsciiMetres;
     const bool firstOnly = format.opening != OpeningStyle::EachRow;
-    if (file.MapFileType != SymbolLine || (firstOnly && !file.Features[1].Shown) ||
-        (metres && Design.ProjNum != ProjUtm)) {
+    return file.MapFileType == SymbolLine && (!firstOnly || file.Features[1].Shown) &&
+           (format.form != MapFileForm::AsciiMetres || Design.ProjNum == ProjUtm);
+}
+
+bool ReadAreaRings(const InputFileEntry& file, const LineDetail& detail, std::vector<Ring>& rings) {
+    if (!MayHaveAreas(file)) {
         return true;
     }
+    const MapFormat& format = MapFormatOf(file.MapFileName);
     const OpenInput input(file.MapFileName);
-    LineJoiner lines(detail, metres);
+    LineJoiner lines(detail, format.form == MapFileForm::AsciiMetres);
     if (!AreaReader(file, format, lines).Read()) {
         return false;
     }

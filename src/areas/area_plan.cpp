@@ -4,9 +4,9 @@
 
 namespace quelmont {
 
-AreaPlan::AreaPlan(std::vector<Ring> lines_, const FillChoice& choice_)
-    : lines(std::move(lines_)), choice(choice_) {
-    const std::vector<NestedRing> nested = Nest(lines);
+AreaPlan::AreaPlan(std::shared_ptr<const FileAreas> areas_, const FillChoice& choice_)
+    : areas(std::move(areas_)), choice(choice_) {
+    const std::vector<NestedRing>& nested = areas->nested;
     std::vector<const NestedRing*> byDepth;
     byDepth.reserve(nested.size());
     for (const NestedRing& line : nested) {
@@ -16,9 +16,9 @@ AreaPlan::AreaPlan(std::vector<Ring> lines_, const FillChoice& choice_)
                      [](const NestedRing* a, const NestedRing* b) { return a->depth < b->depth; });
     for (const NestedRing* line : byDepth) {
         if (ColorOf(line->inside)) {
-            Add(nested, *line);
+            Add(*line);
         } else {
-            Spare(nested, *line);
+            Spare(*line);
         }
     }
 }
@@ -35,7 +35,7 @@ std::optional<ColorValue> AreaPlan::ColorOf(AreaClass area) const {
     return choice.sea;
 }
 
-void AreaPlan::Add(const std::vector<NestedRing>& /*nested*/, const NestedRing& line) {
+void AreaPlan::Add(const NestedRing& line) {
     const auto [found, isNew] = layerOf.try_emplace({line.depth, line.inside}, layers.size());
     if (isNew) {
         layers.push_back({*ColorOf(line.inside), line.inside, {}, {}});
@@ -45,7 +45,8 @@ void AreaPlan::Add(const std::vector<NestedRing>& /*nested*/, const NestedRing& 
 
 /// Cuts a line's inside out of everything that would be painted there beneath it, up to what is not painted
 /// either.
-void AreaPlan::Spare(const std::vector<NestedRing>& nested, const NestedRing& line) {
+void AreaPlan::Spare(const NestedRing& line) {
+    const std::vector<NestedRing>& nested = areas->nested;
     std::size_t around = line.around;
     while (around != NestedRing::None && ColorOf(nested[around].inside)) {
         const NestedRing& painted = nested[around];
@@ -60,7 +61,7 @@ void AreaPlan::Spare(const std::vector<NestedRing>& nested, const NestedRing& li
 void AreaPlan::Cut(const AreaFrame& frame) {
     const auto cut = [&](AreaLayer& layer) {
         for (const std::size_t line : layer.lines) {
-            frame.Cut(lines[line], layer.rings);
+            frame.Cut(areas->lines[line], layer.rings);
         }
     };
     std::for_each(layers.begin(), layers.end(), cut);

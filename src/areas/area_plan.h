@@ -1,14 +1,15 @@
 #pragma once
 
 #include "areas/area_frame.h"
-#include "areas/ring.h"
-#include "areas/ring_nest.h"
+#include "areas/area_row.h"
+#include "areas/file_areas.h"
 #include "core/map_extras.h"
 #include "core/standard_colors.h"
 #include "output/area_rings.h"
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -27,7 +28,7 @@ struct AreaLayer {
 /// colour is spared in all of them.
 class AreaPlan {
 public:
-    AreaPlan(std::vector<Ring> lines, const FillChoice& choice);
+    AreaPlan(std::shared_ptr<const FileAreas> areas, const FillChoice& choice);
 
     /// Puts what is on a map behind the rings of the layers.
     void Cut(const AreaFrame& frame);
@@ -38,11 +39,11 @@ public:
     const AreaLayer& SparedBySea() const { return inSea; }
 
 private:
-    void Add(const std::vector<NestedRing>& nested, const NestedRing& line);
-    void Spare(const std::vector<NestedRing>& nested, const NestedRing& line);
+    void Add(const NestedRing& line);
+    void Spare(const NestedRing& line);
     std::optional<ColorValue> ColorOf(AreaClass area) const;
 
-    std::vector<Ring> lines;
+    std::shared_ptr<const FileAreas> areas;
     FillChoice choice;
     std::vector<AreaLayer> layers;
     std::map<std::pair<std::size_t, AreaClass>, std::size_t> layerOf; ///< by depth and class

@@ -3,6 +3,7 @@
 #include "areas/area_frame.h"
 #include "areas/area_lines.h"
 #include "areas/area_plan.h"
+#include "areas/file_areas.h"
 #include "core/map_design.h"
 #include "core/rounding.h"
 #include "core/run_time_error.h"
@@ -31,7 +32,17 @@ void ForEachFrame(const std::function<void(const AreaFrame&)>& use) {
     });
 }
 
-/// Lines may be thinned so much that nothing is seen of it.
+/// The largest whole number of 1, 2, 3, 4, 6, 8, 12 and so on that is not above a number of at least 1.
+std::int32_t StepDown(std::int32_t number) {
+    std::int32_t step = 1;
+    while (number / 2 >= step) {
+        step *= 2;
+    }
+    return number >= step / 2 * 3 && step > 1 ? step / 2 * 3 : step;
+}
+
+/// Lines may be thinned so much that nothing is seen of it. In steps, so that a map that is moved or made a
+/// little larger needs the same.
 LineDetail DetailOfMap() {
     constexpr double share = 0.35; // of a device's unit
     LineDetail detail{.south = 90 * SecPerDegree, .north = -90 * SecPerDegree};
@@ -42,7 +53,11 @@ LineDetail DetailOfMap() {
         detail.north = std::max(detail.north, frame.north);
     });
     const double deviceUnits = std::max(unitsPerSecond * DeviceUnitsPerUnit(), share / SecPerDegree);
-    detail.least = std::max(1, RoundToInt32(share / deviceUnits));
+    detail.least = StepDown(std::max(1, RoundToInt32(share / deviceUnits)));
+    constexpr std::int32_t step = 10 * SecPerDegree;
+    const auto outward = [](std::int32_t latitude) { return (latitude + step - 1) / step * step; };
+    detail.north = detail.north > 0 ? outward(detail.north) : detail.north / step * step;
+    detail.south = detail.south < 0 ? -outward(-detail.south) : detail.south / step * step;
     return detail;
 }
 
@@ -65,15 +80,16 @@ std::string_view TitleOf(AreaClass area) {
 
 /// False when Escape was pressed.
 bool PlanFile(const InputFileEntry& file, const LineDetail& detail, std::vector<AreaPlan>& plans) {
-    std::vector<Ring> rings;
+    std::shared_ptr<const FileAreas> areas;
     try {
-        if (!ReadAreaRings(file, detail, rings)) {
-            return false;
-        }
+        areas = AreasOfFile(file, detail);
     } catch (const RunTimeError&) {
         return true; // the plot of its lines tells of it
     }
-    plans.emplace_back(std::move(rings), Design.Fill);
+    if (!areas) {
+        return false;
+    }
+    plans.emplace_back(std::move(areas), Design.Fill);
     ForEachFrame([&](const AreaFrame& frame) { plans.back().Cut(frame); });
     Machine().pump->DoEvents();
     return Design.PlotStopReason != StopReason::Escape;
