@@ -10,6 +10,7 @@
 #include "desktop/file_dialogs.h"
 #include "qtsurface/qt_fonts.h"
 #include "qtsurface/system_places.h"
+#include "view/kept_maps.h"
 
 namespace quelmont {
 
@@ -47,6 +48,7 @@ private:
     DesktopPictures pictures;
     DesktopPicker picker;
     QtFonts fonts;
+    KeptMaps keptMaps;
 };
 
 /// The whole program, from its command line to its exit code. Without a display: one line on

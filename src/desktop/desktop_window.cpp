@@ -39,6 +39,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quelmont {
 
@@ -325,12 +326,26 @@ void DesktopWindow::Run(const std::function<void()>& command) {
         menuBar()->setActiveAction(nullptr);
         area->setFocus();
     }
-    if (closeWanted) {
-        closeWanted = false;
-        close();
-        return;
+    if (!CloseIfWanted()) {
+        FollowUp();
     }
-    FollowUp();
+}
+
+void DesktopWindow::RunInDrag(const std::function<void()>& command) {
+    if (!busy) {
+        busy = true;
+        command();
+        busy = false;
+        CloseIfWanted();
+    }
+}
+
+bool DesktopWindow::CloseIfWanted() {
+    const bool wanted = std::exchange(closeWanted, false);
+    if (wanted) {
+        close();
+    }
+    return wanted;
 }
 
 void DesktopWindow::FollowUp() {

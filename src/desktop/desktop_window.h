@@ -36,6 +36,8 @@ public:
     bool IsCloseWanted() const { return closeWanted; }
     /// Runs something as a command, unless one runs.
     void Run(const std::function<void()>& command);
+    /// The same in a drag of the map, which goes on afterwards.
+    void RunInDrag(const std::function<void()>& command);
 
     std::string Caption() const override;
     void SetCaption(std::string_view caption) override;
@@ -92,6 +94,8 @@ private:
     void PressShortcut(const MenuEntry& entry, Menu menu, bool first);
     /// After a command: the status line, and the map drawn again by itself where that is due.
     void FollowUp();
+    /// After a command in which it was asked for. True when it was.
+    bool CloseIfWanted();
     void RedrawAtRest();
     void Repaint();
 

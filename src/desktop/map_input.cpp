@@ -68,7 +68,7 @@ void MapInput::Take(const AreaMouse& mouse) {
         return;
     }
     if (window.Busy()) {
-        if (fillingIn && (BeginsMove(mouse) || !waiting.empty())) {
+        if (fillingIn && Interrupts(mouse)) {
             Interrupt([this, mouse] { Take(mouse); });
         }
         return;
@@ -154,7 +154,11 @@ bool MapInput::TakenByMove(const AreaMouse& mouse) {
         }
         return false; // it may become a click
     case AreaMouse::Kind::Move:
-        return hand.Drag(mouse.pixel);
+        taken = hand.Drag(mouse.pixel);
+        if (taken && hand.LacksLines()) {
+            rest.start(RestMilliseconds);
+        }
+        return taken;
     case AreaMouse::Kind::Release:
         taken = mouse.button == Qt::LeftButton && hand.Release(mouse.pixel);
         break;
@@ -190,6 +194,10 @@ void MapInput::TurnWheel(const AreaMouse& mouse) {
 }
 
 bool MapInput::GiveUp() {
+    if (fillingIn && hand.IsDragging()) {
+        Interrupt([this] { GiveUp(); });
+        return true;
+    }
     const bool dragged = hand.GiveUp();
     if (dragged) {
         WaitForRest();
@@ -200,6 +208,10 @@ bool MapInput::GiveUp() {
 void MapInput::End() {
     hand.GiveUp();
     hand.Finish();
+}
+
+bool MapInput::Interrupts(const AreaMouse& mouse) const {
+    return hand.IsDragging() || BeginsMove(mouse) || !waiting.empty();
 }
 
 void MapInput::Interrupt(std::function<void()> move) {
@@ -215,12 +227,15 @@ void MapInput::WaitForRest() {
 }
 
 void MapInput::Rest() {
-    if (hand.IsHolding()) {
-        return; // the release asks again
-    }
     if (window.Busy()) {
         rest.start(RestMilliseconds);
         return;
+    }
+    if (hand.IsDragging() && hand.LacksLines()) {
+        FillIn();
+    }
+    if (hand.IsHolding()) {
+        return; // the release asks again
     }
     window.Run([] {}); // with which what was moved is accepted
     if (hand.LacksLines()) {
@@ -229,13 +244,18 @@ void MapInput::Rest() {
 }
 
 void MapInput::FillIn() {
-    window.Run([this] {
+    const auto fillIn = [this] {
         fillingIn = true;
         window.Area().Hold();
         hand.FillIn();
         window.Area().LetGo();
         fillingIn = false;
-    });
+    };
+    if (hand.IsDragging()) {
+        window.RunInDrag(fillIn);
+    } else {
+        window.Run(fillIn);
+    }
     const auto moves = std::exchange(waiting, {});
     if (moves.empty()) {
         hand.LeaveAsItIs();

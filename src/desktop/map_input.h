@@ -43,6 +43,8 @@ private:
     bool TakenByMove(const QKeyEvent& event);
 
     void TurnWheel(const AreaMouse& mouse);
+    /// Whether the mouse does something that the filling in has to stop for.
+    bool Interrupts(const AreaMouse& mouse) const;
     /// Stops the filling in for a move, which has its turn then.
     void Interrupt(std::function<void()> move);
     void WaitForRest();

@@ -3,6 +3,7 @@
 #include "core/standard_colors.h"
 #include "mainwindow/main_menu.h"
 #include "mainwindow/main_window_state.h"
+#include "mainwindow/map_draw.h"
 #include "mainwindow/told_changes.h"
 #include "mainwindow/view_commands.h"
 #include "platform/machine.h"
@@ -279,11 +280,15 @@ bool MapHand::Press(Key key) {
 
 bool MapHand::LacksLines() const {
     const auto& picture = MainWindowNow.Picture;
-    return cut && !drag && picture && !picture->whole;
+    return cut && picture && !picture->whole;
 }
 
 bool MapHand::FillIn() {
-    RedrawByItself();
+    if (!IsDragging()) {
+        RedrawByItself();
+    } else if (DrawPicture()) {
+        Machine().window->Refresh();
+    }
     return MainWindowNow.Picture && MainWindowNow.Picture->whole;
 }
 

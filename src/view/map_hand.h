@@ -61,11 +61,13 @@ public:
     bool IsUnfinished() const { return !changeName.empty(); }
     /// The button is down: the map or a box is being dragged, or would be with the next move of the mouse.
     bool IsHolding() const { return drag.has_value(); }
+    /// The map or a box is being dragged.
+    bool IsDragging() const { return drag && drag->begun; }
 
-    /// The picture lacks lines, and no drag is under way: FillIn is to be called when the hand rests.
+    /// The picture lacks lines: FillIn is to be called when the hand rests, with its button held or not.
     bool LacksLines() const;
-    /// Draws the whole map as Draw Again does, without its beep. False when it was stopped or something
-    /// failed.
+    /// Draws the whole map as Draw Again does, without its beep; in a drag without anything else that tells of
+    /// a draw. Events run meanwhile. False when it was stopped or something failed.
     bool FillIn();
     /// The picture is to stay as it is.
     void LeaveAsItIs() { cut = false; }

@@ -1,3 +1,4 @@
+#include "areas/file_areas.h"
 #include "core/map_design.h"
 #include "designfile/cnf_save.h"
 #include "desktop_fixture.h"
@@ -7,6 +8,7 @@
 #include "mainwindow/main_window_state.h"
 #include "mainwindow/text_placing.h"
 #include "mainwindow/view_commands.h"
+#include "mapinput/kept_lines.h"
 #include "projection/projection_table.h"
 #include "view/map_hand.h"
 #include "view/redraw.h"
@@ -207,6 +209,70 @@ TEST_F(MovesInWindow, MapOfManyLinesIsFilledInAtRestAndTheNextMoveStopsThat) {
     EXPECT_NE(rest, thin);
     DrawByKeys();
     EXPECT_EQ(Picture(), rest);
+}
+
+TEST_F(MovesInWindow, MapOfManyLinesIsFilledInWhileTheButtonIsHeldStill) {
+    DrawByKeys();
+    MainWindowNow.Picture->seconds = 10.0;
+    Press();
+    Move({50, 0});
+    Move({100, 0});
+    EXPECT_FALSE(MainWindowNow.Picture->whole);
+    const std::string west = West();
+    pump->At(1, [&] { Move({60, 0}); });
+    QTest::qWait(RestOver);
+    EXPECT_NE(West(), west) << "the next move stopped it";
+    EXPECT_FALSE(Window().Busy());
+    QTest::qWait(RestOver);
+    EXPECT_TRUE(MainWindowNow.Picture->whole);
+    EXPECT_EQ(UndoText(), "&Undo") << "nothing has been accepted yet";
+    const QImage held = Picture();
+    Release({60, 0});
+    EXPECT_EQ(UndoText(), "&Undo Move");
+    QTest::qWait(RestOver);
+    EXPECT_EQ(Picture(), held);
+    DrawByKeys();
+    EXPECT_EQ(Picture(), held);
+}
+
+TEST_F(MovesInWindow, EscapeWhileAHeldMapIsFilledInPutsItBack) {
+    DrawByKeys();
+    const QImage before = Picture();
+    MainWindowNow.Picture->seconds = 10.0;
+    Press();
+    Move({50, 0});
+    Move({100, 0});
+    ASSERT_NE(West(), westBefore);
+    pump->At(1, [&] { QTest::keyClick(&Window(), Qt::Key_Escape); });
+    QTest::qWait(RestOver);
+    EXPECT_EQ(West(), westBefore);
+    Release({100, 0});
+    QTest::qWait(RestOver);
+    EXPECT_TRUE(MainWindowNow.Picture->whole);
+    EXPECT_EQ(Picture(), before);
+    EXPECT_EQ(UndoText(), "&Undo");
+}
+
+TEST_F(MovesInWindow, ButtonThatIsHeldBehindTheWheelStillDrags) {
+    DrawByKeys();
+    Wheel(120);
+    Press();
+    QTest::qWait(RestOver);
+    const std::string west = West();
+    Move({50, 0});
+    Move({100, 0});
+    EXPECT_NE(West(), west);
+    Release({100, 0});
+    EXPECT_EQ(UndoText(), "&Undo Move");
+}
+
+TEST_F(MovesInWindow, WhatWasReadOfMapFilesIsKeptAsLongAsTheProgramRuns) {
+    ASSERT_NE(KeptMapLines(), nullptr);
+    ASSERT_NE(KeptMapAreas(), nullptr);
+    pump.reset();
+    desktop.reset();
+    EXPECT_EQ(KeptMapLines(), nullptr);
+    EXPECT_EQ(KeptMapAreas(), nullptr);
 }
 
 TEST_F(MovesInWindow, EscapeLeavesAMapAsFarAsItIsFilledIn) {

@@ -14,6 +14,7 @@
 #include "platform/machine.h"
 #include "projection/projection_table.h"
 #include "view/undo.h"
+#include "view/view_state.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -334,6 +335,26 @@ TEST_F(HandOnMap, LongPictureIsCutAndFilledInAtRest) {
     surface.Forget();
     EXPECT_TRUE(hand.FillIn());
     EXPECT_TRUE(MainWindowNow.Picture->whole);
+}
+
+TEST_F(HandOnMap, PictureThatWasCutIsFilledInWhileTheButtonIsHeld) {
+    ViewNow.movingPictureSeconds = 0.0;
+    hand.Press(Middle, false);
+    ASSERT_TRUE(hand.Drag(East));
+    ASSERT_TRUE(hand.LacksLines());
+    const int beeps = machine.clock.beeps;
+    const auto menus = window.menusEnabled;
+    EXPECT_TRUE(hand.FillIn());
+    EXPECT_TRUE(MainWindowNow.Picture->whole);
+    EXPECT_FALSE(hand.LacksLines());
+    EXPECT_TRUE(hand.IsDragging()) << "the drag goes on";
+    EXPECT_EQ(machine.clock.beeps, beeps);
+    EXPECT_EQ(window.menusEnabled, menus);
+    EXPECT_THAT(changes.names, IsEmpty());
+    hand.Drag(Middle);
+    EXPECT_TRUE(hand.Release(Middle));
+    EXPECT_EQ(Design.GridText[GridTextWest], "180    00    00    W");
+    EXPECT_THAT(changes.names, IsEmpty()) << "it came back";
 }
 
 TEST_F(HandOnMap, ThinnedPictureHasEveryNthLine) {
