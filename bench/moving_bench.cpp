@@ -22,7 +22,12 @@
 /// 924 pixels: from the move of the mouse to the painted window. On the offscreen platform, unless
 /// QT_QPA_PLATFORM names another.
 ///
-/// Times are those of the processor. With the name of a map file it is that file that is drawn.
+/// Times are those of the processor.
+///
+///     moving_bench [--projection NUMBER] [--filled] [MAPFILE]
+///
+/// NUMBER is that of quelmont-draw; without it all of them. Filled: land, lakes and sea in colours. MAPFILE
+/// is drawn instead of the default map.
 
 namespace {
 
@@ -92,14 +97,25 @@ int main(int argc, char** argv) {
     desktop.Start();
     desktop.Window().SetAreaSize(Width, Height);
     QApplication::processEvents();
-    if (argc > 1) {
-        Design.InputFiles.at(0).MapFileName = argv[1];
+    QStringList arguments = QApplication::arguments().mid(1);
+    if (arguments.removeAll("--filled") > 0) {
+        Design.Fill = {.land = Rgb(233, 226, 200), .lakes = Rgb(190, 216, 230), .sea = Rgb(214, 232, 243)};
+    }
+    int only = 0;
+    if (const auto at = arguments.indexOf("--projection"); at >= 0) {
+        only = arguments.value(at + 1).toInt();
+        arguments.remove(at, 2);
+    }
+    if (!arguments.isEmpty()) {
+        Design.InputFiles.at(0).MapFileName = arguments[0].toStdString();
     }
     const QSize size = desktop.Window().Area().DeviceSize();
     std::printf("Pictures a second, median (slowest tenth), %d x %d pixels\n\n", size.width(), size.height());
     std::printf("| projection | smooth | plain |\n|---|---:|---:|\n");
     for (const ProjectionEntry& entry : Projections) {
-        Measure(entry);
+        if (only == 0 || entry.ProjNum == only) {
+            Measure(entry);
+        }
     }
     return 0;
 }
