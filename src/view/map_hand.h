@@ -66,8 +66,8 @@ public:
 
     /// The picture lacks lines: FillIn is to be called when the hand rests, with its button held or not.
     bool LacksLines() const;
-    /// Draws the whole map as Draw Again does, without its beep; in a drag without anything else that tells of
-    /// a draw. Events run meanwhile. False when it was stopped or something failed.
+    /// Draws the whole map as Draw Again does, without its beep; in a drag without anything else that tells
+    /// of a draw. Events run meanwhile. False when it was stopped or something failed.
     bool FillIn();
     /// The picture is to stay as it is.
     void LeaveAsItIs() { cut = false; }
