@@ -56,7 +56,7 @@ std::shared_ptr<const FileAreas> AreasOfFile(const InputFileEntry& file, const L
     if (auto areas = kept->areas.Find(key)) {
         return areas;
     }
-    const auto areas = Read(file, detail);
+    auto areas = Read(file, detail);
     if (areas && StampOf(file.MapFileName) == stamp) {
         kept->areas.Keep(std::move(key), areas, BytesOf(*areas));
     }

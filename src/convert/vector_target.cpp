@@ -201,7 +201,7 @@ std::vector<std::string> VectorTarget::EarlierParts() const {
     }
     for (const std::string_view ending : ShapePartEndings) {
         for (const fs::directory_entry& entry : fs::directory_iterator(place)) {
-            const fs::path part = entry.path();
+            const fs::path& part = entry.path();
             if (part.stem() == stem && Capitals(part.extension().string()) == Capitals(ending) &&
                 entry.is_regular_file()) {
                 parts.push_back(part.string());

@@ -37,7 +37,7 @@ std::shared_ptr<const MinuteGridLines> KeptLines::OfOpenFile() {
     if (auto kept = lines.Find(*stamp)) {
         return kept;
     }
-    const auto read = Read(*stamp);
+    auto read = Read(*stamp);
     if (read) {
         lines.Keep(*stamp, read, read->Bytes());
     }
