@@ -134,15 +134,27 @@ void ForwardMollweide() {
     StoreProjected(((Sqrt2 + Sqrt2) * lam * cosine) / Pi + Design.LobeOffsetX, sine * Sqrt2);
 }
 
+namespace {
+
+/// Of a parallel: its length of that of the equator, and its distance from the equator, negative in the
+/// south.
+struct RobinsonParallel {
+    double length, distance;
+};
+
+RobinsonParallel RobinsonAt(double latitude) {
+    const double a = std::fabs(latitude);
+    const double distance = RobinsonDistance(a);
+    return {RobinsonLength(a), latitude < 0.0 ? -distance : distance};
+}
+
+} // namespace
+
 void ForwardRobinson() {
-    const double lat = Design.ProjLat;
-    const double a = std::fabs(lat);
+    static WholeMinutes<RobinsonParallel> minutes;
     const double lam = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    double y = RobinsonDistance(a);
-    if (lat < 0.0) {
-        y = -y;
-    }
-    StoreProjected((RobinsonLength(a) * RobinsonWidth) * lam, y * RobinsonHeight);
+    const auto [length, distance] = minutes.Of(Design.ProjLat, [] { return RobinsonAt(Design.ProjLat); });
+    StoreProjected((length * RobinsonWidth) * lam, distance * RobinsonHeight);
 }
 
 } // namespace quelmont

@@ -34,21 +34,37 @@ std::int64_t PolygonScan::FirstRow() const {
 }
 
 std::size_t PolygonScan::FindCrossings(std::int64_t y, std::size_t next) {
-    std::erase_if(active, [&](std::size_t index) { return edges[index].lower.y <= y; });
+    std::erase_if(crossings, [&](const Crossing& crossing) { return edges[crossing.edge].lower.y <= y; });
+    const std::size_t before = crossings.size();
     for (; next < edges.size() && edges[next].upper.y <= y; ++next) {
         if (edges[next].lower.y > y) {
-            active.push_back(next);
+            crossings.push_back({0.0, edges[next].direction, next});
         }
     }
-    crossings.clear();
-    for (const std::size_t index : active) {
-        const Edge& edge = edges[index];
-        crossings.push_back(
-            {edge.upper.x + static_cast<double>(y - edge.upper.y) * edge.slope, edge.direction});
+    for (Crossing& crossing : crossings) {
+        const Edge& edge = edges[crossing.edge];
+        crossing.x = edge.upper.x + static_cast<double>(y - edge.upper.y) * edge.slope;
     }
-    std::sort(crossings.begin(), crossings.end(),
-              [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
+    SortCrossings(crossings.size() - before);
     return next;
+}
+
+void PolygonScan::SortCrossings(std::size_t added) {
+    constexpr std::size_t few = 8;
+    const auto isLeft = [](const Crossing& a, const Crossing& b) { return a.x < b.x; };
+    if (added > few) {
+        std::sort(crossings.begin(), crossings.end(), isLeft);
+        return;
+    }
+    // From one row to the next hardly any of them change places.
+    for (std::size_t i = 1; i < crossings.size(); ++i) {
+        const Crossing crossing = crossings[i];
+        std::size_t place = i;
+        for (; place > 0 && isLeft(crossing, crossings[place - 1]); --place) {
+            crossings[place] = crossings[place - 1];
+        }
+        crossings[place] = crossing;
+    }
 }
 
 } // namespace quelmont

@@ -35,8 +35,8 @@ public:
     template <typename Span>
     void EachSpan(int fillMode, Span&& span) {
         std::size_t next = 0;
-        for (std::int64_t row = FirstRow(); row < scanned.count && (next < edges.size() || !active.empty());
-             ++row) {
+        for (std::int64_t row = FirstRow();
+             row < scanned.count && (next < edges.size() || !crossings.empty()); ++row) {
             next = FindCrossings(scanned.At(row), next);
             int winding = 0;
             for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
@@ -60,16 +60,18 @@ private:
     struct Crossing {
         double x;
         int direction;
+        std::size_t edge; ///< its number
     };
 
     std::int64_t FirstRow() const;
     /// Those of the row at y; gives the first edge that begins below it.
     std::size_t FindCrossings(std::int64_t y, std::size_t next);
+    /// Orders them from left to right.
+    void SortCrossings(std::size_t added);
 
     ScanRows scanned;
     std::vector<Edge> edges;         ///< that go through the rows, from above to below
-    std::vector<std::size_t> active; ///< edges that cut the row
-    std::vector<Crossing> crossings;
+    std::vector<Crossing> crossings; ///< of the row, from left to right
 };
 
 } // namespace quelmont
