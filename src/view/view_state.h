@@ -31,8 +31,8 @@ struct ViewState {
     std::optional<SurfacePoint> pointer; ///< the pixel of the picture that the mouse is over
     bool older = false;                  ///< the picture is not one of the design as it is now
     std::optional<Measured> measured;
-    /// Seconds of the processor that a picture of a map should take while it is moved: of a larger map it has
-    /// every n-th line. After three times as much it is shown as far as it has come.
+    /// Seconds of the processor, above 0, that a picture of a map should take while it is moved: of a larger
+    /// map it has every n-th line. After three times as much it is shown as far as it has come.
     double movingPictureSeconds = 0.05;
     Picking picking;
 };

@@ -338,7 +338,7 @@ TEST_F(HandOnMap, LongPictureIsCutAndFilledInAtRest) {
 }
 
 TEST_F(HandOnMap, PictureThatWasCutIsFilledInWhileTheButtonIsHeld) {
-    ViewNow.movingPictureSeconds = 0.0;
+    ViewNow.movingPictureSeconds = 1e-9;
     hand.Press(Middle, false);
     ASSERT_TRUE(hand.Drag(East));
     ASSERT_TRUE(hand.LacksLines());
