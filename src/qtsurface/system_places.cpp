@@ -7,10 +7,12 @@
 
 namespace quelmont {
 
-std::string SystemPlaces::ProgramFolder() const {
+SystemPlaces::SystemPlaces() {
     std::error_code failed;
     const std::filesystem::path program = std::filesystem::canonical("/proc/self/exe", failed);
-    return failed ? std::string() : program.parent_path().string() + "/";
+    if (!failed) {
+        programFolder = program.parent_path().string() + "/";
+    }
 }
 
 std::string SystemPlaces::SettingsFolder() const {

@@ -8,11 +8,17 @@ namespace quelmont {
 
 class SystemPlaces : public Places {
 public:
-    /// Where the executable really lies; empty when the system does not tell.
-    std::string ProgramFolder() const override;
+    SystemPlaces();
+
+    /// Where the executable really lay when this was made, also after an upgrade has put another one there;
+    /// empty when the system does not tell.
+    std::string ProgramFolder() const override { return programFolder; }
     /// "quelmont/" in the user's configuration folder; empty without a home.
     std::string SettingsFolder() const override;
     std::string Version() const override { return ProgramVersion; }
+
+private:
+    std::string programFolder;
 };
 
 /// Local time, to the microsecond. Beep does nothing.

@@ -104,6 +104,14 @@ TEST_F(HostileStart, OrdinaryStartLeavesItsSettingsBesideTheProgram) {
     EXPECT_FALSE(fs::exists(UserIni()));
 }
 
+TEST_F(HostileStart, ProgramThatIsReplacedWhileItRunsKeepsItsFolder) {
+    const Ended ended = Run(Folder() / "probe", {"upgraded"});
+    EXPECT_EQ(ended.exitCode, 0) << ended.errors;
+    EXPECT_FALSE(fs::exists(Folder() / "probe"));
+    EXPECT_THAT(ended.output, HasSubstr("program " + fs::canonical(Folder()).string() + "/\n"));
+    EXPECT_TRUE(fs::exists(Ini())) << "and not in the folder that it was started from";
+}
+
 TEST_F(HostileStart, WithoutHome) {
     environment.remove("HOME");
     const Ended ended = ExpectQuietStart();

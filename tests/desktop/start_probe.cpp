@@ -4,12 +4,15 @@
 #include <QApplication>
 #include <QWindow>
 
+#include <filesystem>
 #include <iostream>
 #include <string>
 
 /// Brings the program up as it comes up for a user, waits until it is idle, closes its window and
 /// tells what happened, one word and its value a line. It is copied to wherever a test wants a
 /// start, since the program looks about itself from where its executable lies.
+///
+/// With the argument "upgraded" its executable is removed as soon as it runs.
 
 namespace {
 
@@ -29,6 +32,9 @@ public:
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     quelmont::Desktop desktop;
+    if (argc > 1 && std::string(argv[1]) == "upgraded") {
+        std::filesystem::remove(std::filesystem::read_symlink("/proc/self/exe"));
+    }
     ToldBoxes boxes;
     quelmont::Machine().boxes = &boxes;
     desktop.Start();
