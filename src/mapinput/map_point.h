@@ -81,10 +81,13 @@ public:
     /// when Escape was pressed meanwhile.
     bool SkipPoints(std::int64_t count);
 
+    /// Whether points of this map are ever passed over.
+    bool MayPassOver() const { return Family() == ClippingFamily::Rectangle; }
+
     /// How many points may be passed over by PassOutside before the next turn of events; none unless the
     /// last point was outside of a map bounded by parallels and meridians.
     std::int64_t OutsideLimit() const {
-        return Family() == ClippingFamily::Rectangle && !PointInBounds && !MapInputNow.StartLine
+        return MayPassOver() && !PointInBounds && !MapInputNow.StartLine
                    ? PointsPerTurn - 1 - PointsRead % PointsPerTurn
                    : 0;
     }

@@ -88,7 +88,8 @@ private:
     }
 
     bool PlotLine(const MinuteGridLines& all, const MinuteGridLines::Line& line) {
-        const bool outside = !BoxMayTouchMap(PlaceBox{line.south * SecPerMinute, line.north * SecPerMinute,
+        const bool outside = point.MayPassOver() &&
+                             !BoxMayTouchMap(PlaceBox{line.south * SecPerMinute, line.north * SecPerMinute,
                                                       line.west * SecPerMinute, line.east * SecPerMinute});
         for (std::size_t i = line.first; i < line.end; ++i) {
             if (outside && i > line.first) {

@@ -5,6 +5,7 @@
 #include "projection/forward.h"
 #include "projection/projection_table.h"
 #include "projection/sine_cosine.h"
+#include "projection/whole_minutes.h"
 
 #include <cmath>
 
@@ -14,9 +15,8 @@ namespace {
 
 AzimuthalTerms TermsOfPoint() {
     AzimuthalTerms terms;
-    const double phi = Design.ProjLat * DegToRad;
     const double dLon = (Design.ProjLon - Design.LonCentral) * DegToRad;
-    const SineCosine lat = SineCosineOf(phi);
+    const SineCosine lat = SineCosineOfLatitude(Design.ProjLat);
     const SineCosine lon = SineCosineOf(dLon);
     terms.cosLat = lat.cosine;
     terms.sinLat = lat.sine;

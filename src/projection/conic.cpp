@@ -3,6 +3,7 @@
 #include "core/map_design.h"
 #include "projection/forward.h"
 #include "projection/sine_cosine.h"
+#include "projection/whole_minutes.h"
 
 #include <cmath>
 
@@ -19,7 +20,7 @@ double ConicRho() {
     case ProjEquidistantConic:
         return (Design.ConicG - lat) * DegToRad; // Snyder 1987, eq. 16-1
     case ProjAlbers:
-        return Divide(SquareRoot(Design.ConicC - (n + n) * SineCosineOf(lat * DegToRad).sine), n); // eq. 14-3
+        return Divide(SquareRoot(Design.ConicC - (n + n) * SineCosineOfLatitude(lat).sine), n); // eq. 14-3
     default:
         break;
     }

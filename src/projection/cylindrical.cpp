@@ -3,7 +3,6 @@
 #include "core/map_design.h"
 #include "projection/forward.h"
 #include "projection/log_tangent.h"
-#include "projection/sine_cosine.h"
 #include "projection/whole_minutes.h"
 
 #include <cmath>
@@ -54,7 +53,7 @@ void ForwardCylindricalEqualArea() {
         return;
     }
     // Snyder 1987, eq. 10-1, 10-2 for a latitude of true scale.
-    StoreProjected(x, SineCosineOf(Design.ProjLat * DegToRad).sine / Design.CosStdPar);
+    StoreProjected(x, SineCosineOfLatitude(Design.ProjLat).sine / Design.CosStdPar);
 }
 
 } // namespace quelmont

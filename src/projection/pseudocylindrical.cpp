@@ -15,9 +15,8 @@ namespace quelmont {
 
 void ForwardHammer() {
     // Snyder 1987, eq. 24-1 and following, with half the longitude difference.
-    const double phi = Design.ProjLat * DegToRad;
     const double lam = (Design.ProjLon - Design.LonCentral) * HalfDegToRad;
-    const auto [sinPhi, c] = SineCosineOf(phi);
+    const auto [sinPhi, c] = SineCosineOfLatitude(Design.ProjLat);
     const auto [sinLam, cosLam] = SineCosineOf(lam);
     const double denominator = c * cosLam + 1.0;
     if (!(denominator > 0.0)) {

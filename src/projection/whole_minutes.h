@@ -1,5 +1,8 @@
 #pragma once
 
+#include "core/coordinates.h"
+#include "projection/sine_cosine.h"
+
 #include <array>
 #include <bit>
 #include <cmath>
@@ -26,9 +29,9 @@ public:
         }
         Kept& kept = answers[static_cast<std::size_t>(static_cast<std::int32_t>(whole) + ToPole)];
         const auto bits = std::bit_cast<std::uint64_t>(latitude);
-        if (kept.latitude != bits) {
+        if (kept.otherBits != ~bits) {
             kept.answer = work();
-            kept.latitude = bits;
+            kept.otherBits = ~bits;
         }
         return kept.answer;
     }
@@ -36,10 +39,17 @@ public:
 private:
     static constexpr std::int32_t ToPole = 90 * 60;
     struct Kept {
-        std::uint64_t latitude = ~std::uint64_t{0}; ///< the bits of degrees; those of no number at first
+        std::uint64_t otherBits = 0; ///< those that the degrees have not; at first those of no number
         Answer answer{};
     };
-    std::array<Kept, std::size_t{2} * ToPole + 1> answers;
+    std::array<Kept, std::size_t{2}* ToPole + 1> answers = {};
 };
+
+extern WholeMinutes<SineCosine> TheSinesOfLatitude;
+
+/// SineCosineOf(latitude * DegToRad) for a latitude in degrees, the same doubles.
+inline SineCosine SineCosineOfLatitude(double latitude) {
+    return TheSinesOfLatitude.Of(latitude, [latitude] { return SineCosineOf(latitude * DegToRad); });
+}
 
 } // namespace quelmont

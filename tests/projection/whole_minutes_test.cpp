@@ -59,5 +59,17 @@ TEST_F(MinutesOfLatitude, NumbersBeyondThePolesAreWorkedOutEachTime) {
     EXPECT_EQ(worked, 6);
 }
 
+TEST(SinesOfLatitude, AreThoseOfTheAngle) {
+    for (int round = 0; round < 2; ++round) {
+        for (int second = -90 * 3600; second <= 90 * 3600; second += 20) {
+            const double latitude = second / 3600.0;
+            const SineCosine expected = SineCosineOf(latitude * DegToRad);
+            const SineCosine answer = SineCosineOfLatitude(latitude);
+            ASSERT_EQ(answer.sine, expected.sine) << latitude;
+            ASSERT_EQ(answer.cosine, expected.cosine) << latitude;
+        }
+    }
+}
+
 } // namespace
 } // namespace quelmont

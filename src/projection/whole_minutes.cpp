@@ -1,0 +1,7 @@
+#include "projection/whole_minutes.h"
+
+namespace quelmont {
+
+constinit WholeMinutes<SineCosine> TheSinesOfLatitude;
+
+} // namespace quelmont
