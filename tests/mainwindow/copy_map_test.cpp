@@ -7,11 +7,15 @@
 #include "mainwindow/started_program.h"
 #include "mainwindow/told_changes.h"
 #include "support/svg_file.h"
+#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <string>
 
 namespace quelmont {
@@ -21,7 +25,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// The started program on a map without map files, its files in the folders of the system.
+/// The started program on a map without map files, its files in the folders of the system; temporary ones in
+/// a folder of its own, since other tests run at the same time.
 class CopiedMap : public StartedProgram {
 protected:
     CopiedMap() {
@@ -29,21 +34,24 @@ protected:
         Design.MapFileCount = 0;
         Design.InputFiles.clear();
         window.pixels = {2, 1, {0x0000FFU, 0xFF0000U}};
+        setenv("TMPDIR", temporary.Path().c_str(), 1);
+    }
+    ~CopiedMap() override {
+        if (folderBefore.empty()) {
+            unsetenv("TMPDIR");
+        } else {
+            setenv("TMPDIR", folderBefore.c_str(), 1);
+        }
     }
 
     static void Copy() { ClickMenuItem(Menu::mnuEdit, CopyMapItem); }
     const std::vector<std::pair<std::string, std::string>>& Copied() const { return machine.pictures.copied; }
     /// Files of copies that were left over.
-    static int FilesLeft() {
-        int count = 0;
-        for (const auto& entry :
-             std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
-            const std::string name = entry.path().filename().string();
-            count += name.starts_with("quelmont-") && name.size() == 15 ? 1 : 0;
-        }
-        return count;
+    std::ptrdiff_t FilesLeft() const {
+        return std::distance(std::filesystem::directory_iterator(temporary.Path()), {});
     }
-    int filesBefore = FilesLeft();
+    std::string folderBefore = std::getenv("TMPDIR") == nullptr ? "" : std::getenv("TMPDIR");
+    TemporaryFolder temporary;
 };
 
 TEST_F(CopiedMap, IsThePictureAndTheSameMapAsADrawing) {
@@ -53,7 +61,7 @@ TEST_F(CopiedMap, IsThePictureAndTheSameMapAsADrawing) {
     EXPECT_EQ(Copied()[0].first, "PNG 2x1, 3780x3780 in a metre, Outline map, Quelmont 3.00");
     EXPECT_GT(SvgElements(Copied()[0].second, "path").size(), 5U);
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
-    EXPECT_EQ(FilesLeft(), filesBefore);
+    EXPECT_EQ(FilesLeft(), 0);
 }
 
 TEST_F(CopiedMap, LeavesThePictureTheLastDrawAndTheBellAlone) {
@@ -108,7 +116,7 @@ TEST_F(CopiedMap, StoppedCopyLeavesTheClipboard) {
     machine.pump.At(machine.pump.calls + 2, EscapeKey);
     Copy();
     EXPECT_THAT(Copied(), IsEmpty());
-    EXPECT_EQ(FilesLeft(), filesBefore);
+    EXPECT_EQ(FilesLeft(), 0);
     EXPECT_THAT(machine.boxes.asked, IsEmpty());
     ExpectIdle();
     Copy();
